@@ -1,0 +1,49 @@
+# One static library a folder; its link line says which other folders it may know.
+
+set(CMAKE_CXX_STANDARD 23)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+
+add_library(orvane_flags INTERFACE)
+target_compile_options(orvane_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+target_include_directories(orvane_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
+
+if(ORVANE_SANITIZE)
+  add_compile_options(-fsanitize=${ORVANE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${ORVANE_SANITIZE})
+endif()
+
+# orvane_library(NAME SOURCES a.cpp ... LINK lib ... [QT])
+# QT turns on moc for the folder; a folder without it cannot see a Qt header by accident.
+function(orvane_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "" "SOURCES;LINK")
+  if(arg_SOURCES)
+    add_library(${name} STATIC ${arg_SOURCES})
+    target_link_libraries(${name} PUBLIC orvane_flags ${arg_LINK})
+  else()
+    add_library(${name} INTERFACE)
+    target_link_libraries(${name} INTERFACE orvane_flags ${arg_LINK})
+  endif()
+  if(arg_QT)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
+    target_compile_definitions(${name} PRIVATE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII)
+  endif()
+endfunction()
+
+# orvane_test(NAME SOURCES a_test.cpp ... LINK lib ... [QT] [SESSION])
+# SESSION runs the test through tests/support/with_session: a private bus, keyring and display.
+function(orvane_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "QT;SESSION" "" "SOURCES;LINK")
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE orvane_flags ${arg_LINK} test_support GTest::gmock_main)
+  if(arg_QT)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  endif()
+  if(arg_SESSION)
+    add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/tests/support/with_session $<TARGET_FILE:${name}>)
+  else()
+    add_test(NAME ${name} COMMAND ${name})
+  endif()
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+endfunction()

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <expected>
+#include <string>
+#include <vector>
+
+#include "address/address_summary.h"
+#include "address/explorer_documents.h"
+#include "address/explorer_error.h"
+#include "platform/async/task.h"
+#include "platform/http/http_transport.h"
+
+namespace orvane {
+
+/// Reads one Bitcoin address from a public block explorer. Needs no account and keeps nothing
+/// between calls; any number of calls may run at once.
+class WatchedAddressClient {
+ public:
+  /// `explorerHost` is "host[:port]".
+  WatchedAddressClient(HttpTransport& transport, std::string explorerHost);
+
+  /// Three requests side by side: totals, transactions, tip. Their failures count in this order,
+  /// and no request outlives the call.
+  [[nodiscard]] Task<std::expected<WatchedAddressSummary, ExplorerError>> summary(
+      std::string address);
+
+  [[nodiscard]] Task<std::expected<AddressStats, ExplorerError>> fetchAddressStats(
+      std::string address);
+  [[nodiscard]] Task<std::expected<std::vector<Transaction>, ExplorerError>> fetchTransactions(
+      std::string address);
+  [[nodiscard]] Task<std::expected<std::string, ExplorerError>> fetchTipHeightText();
+
+ private:
+  [[nodiscard]] Task<std::expected<std::string, ExplorerError>> fetchData(std::string path);
+
+  HttpTransport& transport_;
+  std::string explorerBaseURL_;
+};
+
+}  // namespace orvane

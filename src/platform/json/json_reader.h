@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/json/json_document.h"
+
+namespace orvane {
+
+/// Whether a document has matched its record so far. One failed member fails the whole document:
+/// readers of the same document share one JsonMatch and decoders ask it once, at the end.
+class JsonMatch {
+ public:
+  void fail() { failed_ = true; }
+  [[nodiscard]] bool failed() const { return failed_; }
+
+ private:
+  bool failed_ = false;
+};
+
+/// Reads the members of one object by name. A required member that is missing, null or of another
+/// type, and an optional one of another type, fail the match; the value read is then the type's
+/// empty one. Members that nobody asks for are ignored; of members with the same name the last
+/// one counts. A value that is not an object fails the match.
+class JsonObjectReader {
+ public:
+  JsonObjectReader(JsonValue object, JsonMatch& match);
+
+  [[nodiscard]] std::string text(std::string_view name) const;
+  [[nodiscard]] double number(std::string_view name) const;
+  [[nodiscard]] std::int64_t integer(std::string_view name) const;
+  [[nodiscard]] bool boolean(std::string_view name) const;
+  /// The member's value, to be read by another reader; nothing when it is missing or null, which
+  /// fails the match.
+  [[nodiscard]] std::optional<JsonValue> value(std::string_view name) const;
+
+  [[nodiscard]] std::optional<std::string> optionalText(std::string_view name) const;
+  /// As `optionalText`, without a copy; valid while the document lives.
+  [[nodiscard]] std::optional<std::string_view> optionalTextView(std::string_view name) const;
+  [[nodiscard]] std::optional<double> optionalNumber(std::string_view name) const;
+  [[nodiscard]] std::optional<std::int64_t> optionalInteger(std::string_view name) const;
+
+ private:
+  [[nodiscard]] std::optional<JsonValue> find(std::string_view name) const;
+
+  JsonValue object_;
+  JsonMatch& match_;
+};
+
+/// The elements of `value` when it is an array; fails the match when it is not. Use as
+/// `for (JsonMember element : arrayElements(value, match))`.
+[[nodiscard]] JsonValue arrayElements(JsonValue value, JsonMatch& match);
+
+/// The same for the members of an object that is a map from names to values.
+[[nodiscard]] JsonValue objectMembers(JsonValue value, JsonMatch& match);
+
+}  // namespace orvane

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/async/task.h"
+
+namespace orvane {
+
+/// Names generic-password items. Only synchronisable items are ever found, written or deleted.
+struct KeychainQuery {
+  std::string service;
+  std::string account;
+  std::optional<std::string> accessGroup = std::nullopt;  ///< nothing: any group
+};
+
+struct KeychainItem {
+  std::string data;                        ///< bytes, not necessarily text
+  std::optional<std::string> accessGroup;  ///< nothing when the item carries none
+};
+
+enum class KeychainStatus { success, itemNotFound, failed };
+
+/// Whether a read may ask the user to unlock the keychain.
+enum class KeychainPrompt { never, allowed };
+
+/// The user's keychain. Every call ends by itself within a few seconds, but for a read that waits
+/// for the user to answer a prompt; with no keychain service it ends at once without effect. A
+/// cancelled call counts as failed.
+class Keychain {
+ public:
+  virtual ~Keychain() = default;
+
+  /// One matching item with its data. Nothing when there is none, or when it is locked and the
+  /// user did not unlock it.
+  [[nodiscard]] virtual Task<std::optional<KeychainItem>> copyMatching(KeychainQuery query,
+                                                                       KeychainPrompt prompt) = 0;
+  /// Replaces the data of the matching item.
+  [[nodiscard]] virtual Task<KeychainStatus> update(KeychainQuery query, std::string data) = 0;
+  /// Creates an item.
+  [[nodiscard]] virtual Task<KeychainStatus> add(KeychainQuery query, std::string data) = 0;
+  /// Removes every matching item.
+  [[nodiscard]] virtual Task<KeychainStatus> remove(KeychainQuery query) = 0;
+};
+
+}  // namespace orvane

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/async/executor.h"
+
+namespace orvane {
+
+/// Which locales and which time zone the user's texts follow. Names are those of the environment
+/// ("de_DE.UTF-8"); "C" and "POSIX" count as en_US. The time zone is an Olson name; empty: the
+/// system's own.
+struct LocaleNames {
+  std::string numbers;
+  std::string dates;
+  std::string timeZone = {};
+
+  /// Reads LC_ALL, then LC_NUMERIC or LC_TIME, then LANG.
+  [[nodiscard]] static LocaleNames fromEnvironment();
+};
+
+/// Numbers, dates and times in the user's own style. One is made at start and shared by all
+/// texts; its formatters are expensive to make and cheap to use.
+class LocaleFormat {
+ public:
+  explicit LocaleFormat(const LocaleNames& names);
+  ~LocaleFormat();
+
+  /// With the locale's grouping: 12,345 or 12.345. A negative number has the locale's minus sign.
+  [[nodiscard]] std::string integer(std::int64_t value) const;
+  /// With the locale's grouping and exactly `digits` fraction digits, to nearest, halves away
+  /// from zero.
+  [[nodiscard]] std::string fixed(double value, int digits) const;
+  /// 2:05 PM or 14:05, in the user's time zone.
+  [[nodiscard]] std::string shortTime(WallTime time) const;
+  /// Nov 15, 2026 at 2:05 PM: medium date and short time, in the user's time zone.
+  [[nodiscard]] std::string mediumDateShortTime(std::chrono::sys_seconds time) const;
+  /// Nov 15, 2026: the Gregorian calendar day in UTC.
+  [[nodiscard]] std::string mediumDateUtc(std::chrono::sys_seconds time) const;
+
+ private:
+  struct Formatters;
+  std::unique_ptr<Formatters> formatters_;
+};
+
+}  // namespace orvane

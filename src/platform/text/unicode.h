@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// Unicode text operations. All texts are UTF-8.
+namespace orvane {
+
+/// Without the white space and line breaks at both ends, in the Unicode sense: no-break space,
+/// U+0085 and U+2028 among them.
+[[nodiscard]] std::string_view trimmed(std::string_view text);
+
+/// Full Unicode lower case, independent of the locale.
+[[nodiscard]] std::string lowercased(std::string_view text);
+
+/// Canonical composition (NFC). A text that is not valid UTF-8 comes back unchanged.
+[[nodiscard]] std::string nfcNormalized(std::string_view text);
+
+/// Whether `a` sorts before `b` by code points after canonical normalization.
+[[nodiscard]] bool normalizedLess(std::string_view a, std::string_view b);
+
+[[nodiscard]] bool isValidUtf8(std::string_view bytes);
+
+/// The bytes as text; every invalid sequence becomes the replacement character U+FFFD.
+[[nodiscard]] std::string decodedLossily(std::string_view bytes);
+
+/// Every character that is not a letter, mark or digit replaced by the percent-escapes of its
+/// UTF-8 bytes. A text that is not valid UTF-8 comes back unchanged.
+[[nodiscard]] std::string percentEscaped(std::string_view text);
+
+}  // namespace orvane

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string_view>
+
+namespace orvane {
+
+/// The price of one bitcoin, as the sources give it: nothing checks that it is positive.
+struct CurrentBitcoinPrices {
+  double eur = 0;
+  double usd = 0;
+
+  bool operator==(const CurrentBitcoinPrices&) const = default;
+};
+
+enum class PreferredFiatCurrency { eur, usd };
+
+/// In the order of the settings choice.
+inline constexpr std::array allFiatCurrencies{PreferredFiatCurrency::eur,
+                                              PreferredFiatCurrency::usd};
+
+/// The form that settings keep: "EUR" or "USD".
+[[nodiscard]] std::string_view rawValue(PreferredFiatCurrency currency);
+/// Accepts exactly a raw value; anything else gives nothing.
+[[nodiscard]] std::optional<PreferredFiatCurrency> fiatCurrencyFromRawValue(std::string_view text);
+/// "€" or "$".
+[[nodiscard]] std::string_view symbol(PreferredFiatCurrency currency);
+
+}  // namespace orvane

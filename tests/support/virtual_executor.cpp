@@ -1,0 +1,53 @@
+#include "support/virtual_executor.h"
+
+#include <algorithm>
+
+namespace orvane::test {
+
+using std::chrono::duration_cast;
+using std::chrono::milliseconds;
+
+VirtualExecutor::VirtualExecutor()
+    : startOfCalendar_(std::chrono::sys_days{std::chrono::year{2026} / 11 / 16} +
+                       std::chrono::hours{12}) {}
+
+WallTime VirtualExecutor::wallClock() const {
+  return startOfCalendar_ + duration_cast<milliseconds>(now_.time_since_epoch());
+}
+
+void VirtualExecutor::setWallClock(WallTime time) {
+  startOfCalendar_ = time - duration_cast<milliseconds>(now_.time_since_epoch());
+}
+
+void VirtualExecutor::post(Callback callback) { queue_.push_back(std::move(callback)); }
+
+Executor::TimerId VirtualExecutor::schedule(Instant when, Callback callback) {
+  timers_.emplace(std::pair{std::max(when, now_), ++lastTimer_}, std::move(callback));
+  return lastTimer_;
+}
+
+void VirtualExecutor::cancel(TimerId timer) {
+  std::erase_if(timers_, [timer](const auto& entry) { return entry.first.second == timer; });
+}
+
+void VirtualExecutor::runUntilIdle() {
+  while (!queue_.empty()) {
+    const Callback next = std::move(queue_.front());
+    queue_.pop_front();
+    next();
+  }
+}
+
+void VirtualExecutor::advance(ExecutorClock::duration duration) {
+  const Instant end = now_ + duration;
+  runUntilIdle();
+  while (!timers_.empty() && timers_.begin()->first.first <= end) {
+    auto due = timers_.extract(timers_.begin());
+    now_ = due.key().first;
+    due.mapped()();
+    runUntilIdle();
+  }
+  now_ = end;
+}
+
+}  // namespace orvane::test

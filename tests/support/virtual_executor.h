@@ -1,0 +1,40 @@
+#pragma once
+
+#include <deque>
+#include <map>
+#include <utility>
+
+#include "platform/async/executor.h"
+
+namespace orvane::test {
+
+/// An executor whose time passes only when a test says so: an hour takes no time, and the order
+/// of callbacks is the real one's.
+class VirtualExecutor final : public Executor {
+ public:
+  /// The calendar starts at 2026-11-16T12:00:00 UTC unless the test sets it.
+  VirtualExecutor();
+
+  [[nodiscard]] Instant now() const override { return now_; }
+  [[nodiscard]] WallTime wallClock() const override;
+  void post(Callback callback) override;
+  TimerId schedule(Instant when, Callback callback) override;
+  void cancel(TimerId timer) override;
+
+  /// Runs what is queued, and what that queues, until nothing is left. Time stands still.
+  void runUntilIdle();
+  /// Lets time pass; every timer that comes due runs at its own moment.
+  void advance(ExecutorClock::duration duration);
+
+  void setWallClock(WallTime time);
+  [[nodiscard]] std::size_t pendingTimers() const { return timers_.size(); }
+
+ private:
+  Instant now_{};
+  WallTime startOfCalendar_;
+  std::deque<Callback> queue_;
+  std::map<std::pair<Instant, TimerId>, Callback> timers_;
+  TimerId lastTimer_ = 0;
+};
+
+}  // namespace orvane::test
