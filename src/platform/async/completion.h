@@ -41,9 +41,7 @@ class Completion {
 
   /// Ends the operation with `value`; the task goes on from the executor's queue, never inside
   /// this call.
-  void resolve(T value) const {
-    detail::CompletionState<T>::resolve(state_, std::move(value));
-  }
+  void resolve(T value) const { detail::CompletionState<T>::resolve(state_, std::move(value)); }
 
  private:
   std::shared_ptr<detail::CompletionState<T>> state_;

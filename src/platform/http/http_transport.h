@@ -15,9 +15,9 @@ struct HttpHeader {
 };
 
 struct HttpRequest {
-  std::string url;                          ///< absolute, https
-  std::vector<HttpHeader> headers = {};     ///< never sent to another origin than that of `url`
-  std::chrono::seconds idleTimeout{60};     ///< gives up when nothing arrives for so long
+  std::string url;                       ///< absolute, https
+  std::vector<HttpHeader> headers = {};  ///< never sent to another origin than that of `url`
+  std::chrono::seconds idleTimeout{60};  ///< gives up when nothing arrives for so long
 };
 
 struct HttpResponse {

@@ -1,7 +1,7 @@
-#include <gtest/gtest.h>
-
 #include <string>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 #include "platform/async/async_mutex.h"
 #include "platform/async/child_task.h"
@@ -218,7 +218,8 @@ TEST_F(TaskTest, ATurnGivenToADestroyedTaskPassesOn) {
 Task<int> immediate() { co_return 1; }
 
 Task<void> countMany(int& sum) {
-  for (int i = 0; i < 200'000; ++i) sum += co_await immediate();
+  for (int i = 0; i < 200'000; ++i)
+    sum += co_await immediate();
 }
 
 TEST_F(TaskTest, ManyAwaitsThatCompleteAtOnceDoNotGrowTheStack) {
