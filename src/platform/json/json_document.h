@@ -8,10 +8,12 @@
 namespace orvane {
 
 class JsonValue;
+struct JsonNode;
 struct JsonTree;
 
 /// A parsed JSON text. Parsing is strict: the whole text is one value, strings are valid UTF-8,
-/// nesting is at most 512 levels deep, numbers fit a double. Parsing never throws.
+/// nesting is at most 512 levels deep, numbers fit a double. A byte-order mark before the value is
+/// skipped. Parsing never throws.
 class JsonDocument {
  public:
   /// Nothing when `text` is not such a JSON text. The document does not refer to `text`.
@@ -35,6 +37,9 @@ struct JsonMember;
 /// reads give nothing when the value is of another type.
 class JsonValue {
  public:
+  /// A null that belongs to no document and is always valid.
+  [[nodiscard]] static JsonValue null();
+
   [[nodiscard]] bool isNull() const;
   [[nodiscard]] bool isObject() const;
   [[nodiscard]] bool isArray() const;
@@ -42,11 +47,15 @@ class JsonValue {
   [[nodiscard]] std::optional<bool> boolean() const;
   /// Any JSON number.
   [[nodiscard]] std::optional<double> number() const;
-  /// A whole number in the range of 64 bits with sign, however it is written (1e3 is 1000).
+  /// A whole number in the range of 64 bits with sign, however it is written (1e3 is 1000). One
+  /// with a fraction or an exponent is judged by the double nearest to it.
   [[nodiscard]] std::optional<std::int64_t> integer() const;
 
   /// The number of members or elements; 0 for other types.
   [[nodiscard]] std::size_t size() const;
+
+  /// The member of an object by its name; of members with the same name the last one.
+  [[nodiscard]] std::optional<JsonValue> last(std::string_view name) const;
 
   /// Iterates over the members of an object or the elements of an array, in document order.
   /// Of members with the same name every one is visited.
@@ -58,6 +67,8 @@ class JsonValue {
   friend class JsonDocument;
   friend class Iterator;
   JsonValue(const JsonTree* tree, std::uint32_t node) : tree_(tree), node_(node) {}
+  [[nodiscard]] const JsonNode& node() const;
+
   const JsonTree* tree_;
   std::uint32_t node_;
 };

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orvane {
+
+/// A stretch of a tree's text pool.
+struct JsonSpan {
+  std::uint32_t offset;
+  std::uint32_t length;
+};
+
+enum class JsonType : std::uint8_t { null, boolean, integer, number, text, array, object };
+
+/// One value of a document. The nodes of a document lie in document order, so the children of a
+/// container follow it directly and `end` leads from one child to the next.
+struct JsonNode {
+  union {
+    bool boolean;
+    std::int64_t integer;  ///< exact, for whole numbers in range
+    double number;         ///< for all other numbers
+    JsonSpan text;
+    std::uint32_t childCount;
+  };
+  JsonSpan name;      ///< empty unless the node is the member of an object
+  std::uint32_t end;  ///< the index behind the node and everything inside it
+  JsonType type;
+};
+
+/// A whole document in two blocks of memory. There is nothing recursive in it, so neither its size
+/// nor its depth matters to the stack.
+struct JsonTree {
+  std::vector<JsonNode> nodes;
+  std::string pool;  ///< all names and texts, one after the other
+
+  [[nodiscard]] std::string_view view(JsonSpan span) const {
+    return std::string_view(pool).substr(span.offset, span.length);
+  }
+};
+
+/// Nothing when `text` is not a JSON text in the sense of JsonDocument.
+[[nodiscard]] std::optional<JsonTree> parseJsonTree(std::string_view text);
+
+}  // namespace orvane
