@@ -1,0 +1,41 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "core/balance_state.h"
+#include "platform/text/locale_format.h"
+
+/// The texts in which figures are shown. All are functions of the state and the user's locale.
+namespace orvane {
+
+/// "12,345" or "0.00012345", in the state's unit, without the unit's word.
+[[nodiscard]] std::string amountNumberText(const BalanceState& state, const LocaleFormat& format,
+                                           std::int64_t sats);
+/// "12,345 sats" or "0.00012345 BTC".
+[[nodiscard]] std::string amountText(const BalanceState& state, const LocaleFormat& format,
+                                     std::int64_t sats);
+/// "203 | 0 sats": the balances for the menu bar, the pool's first; empty without figures.
+[[nodiscard]] std::string menuBarTitle(const BalanceState& state, const LocaleFormat& format);
+/// The value of `sats` in the preferred currency; nothing without prices.
+[[nodiscard]] std::optional<std::string> fiatText(const BalanceState& state,
+                                                  const LocaleFormat& format, double sats);
+/// "1 BTC = 84,123 €"; nothing without prices.
+[[nodiscard]] std::optional<std::string> priceText(const BalanceState& state,
+                                                   const LocaleFormat& format);
+
+/// "12.35 TH/s", always with a decimal point; "—" for a rate that cannot be right.
+[[nodiscard]] std::string hashRateText(double hashesPerSecond);
+/// "Last share Nov 15, 2026 at 2:05 PM"; empty without a time.
+[[nodiscard]] std::string lastShareText(const LocaleFormat& format,
+                                        std::optional<std::chrono::sys_seconds> lastShare);
+
+/// The line beneath the pool's figures: a failure, else what is being waited for, else when the
+/// figures were read.
+[[nodiscard]] std::string poolStatusLine(const BalanceState& state, const LocaleFormat& format);
+/// The same for the watched address.
+[[nodiscard]] std::string addressStatusLine(const BalanceState& state, const LocaleFormat& format);
+
+}  // namespace orvane

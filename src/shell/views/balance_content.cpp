@@ -1,0 +1,97 @@
+#include "shell/views/balance_content.h"
+
+#include <QHBoxLayout>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "shell/view_models/window_layout.h"
+#include "shell/views/close_bar.h"
+#include "shell/views/frames.h"
+
+namespace orvane {
+namespace {
+
+/// What a window's title bar and borders take of the screen, before there is a window to ask.
+constexpr QSize usualWindowFrame(2, 40);
+
+}  // namespace
+
+BalanceContent::BalanceContent(const BalanceState& state, const LocaleFormat& format,
+                               const std::string& poolWebHost, BalanceActions actions,
+                               QWidget* parent)
+    : QWidget(parent), state_(state), format_(format), actions_(std::move(actions)) {
+  leftColumn_ = new ColumnArea(tr("Balance and settings"), theme::leftColumnSpacing, this);
+  rightColumn_ = new ColumnArea(tr("Workers and history"), theme::rightColumnSpacing, this);
+  columnDivider_ = new Divider(Qt::Vertical, this);
+  poolCard_ = new PoolCardView(actions_, leftColumn_->widget());
+  addressCard_ = new AddressCardView(actions_, leftColumn_->widget());
+  settings_ = new SettingsSection(state_, actions_, poolWebHost, leftColumn_->widget());
+  workers_ = new WorkersSection(format_, rightColumn_->widget());
+  history_ = new HistorySection(format_, actions_, rightColumn_->widget());
+  layOut();
+  showState();
+}
+
+void BalanceContent::layOut() {
+  for (QWidget* part : {static_cast<QWidget*>(poolCard_), static_cast<QWidget*>(addressCard_),
+                        static_cast<QWidget*>(settings_)}) {
+    part->setMaximumWidth(theme::readableWidth);
+    leftColumn_->column()->addWidget(part);
+  }
+  leftColumn_->column()->addStretch();
+  rightColumn_->column()->addWidget(workers_);
+  rightColumn_->column()->addWidget(history_, 1);
+  rightColumn_->widget()->setMinimumWidth(theme::rightColumnMinimumWidth - columnDivider_->width());
+
+  auto* const columns = new QHBoxLayout;
+  columns->setSpacing(0);
+  columns->addWidget(leftColumn_);
+  columns->addWidget(columnDivider_);
+  columns->addWidget(rightColumn_, 1);
+  auto* const window = new QVBoxLayout(this);
+  window->setContentsMargins(0, 0, 0, 0);
+  window->setSpacing(0);
+  window->addLayout(columns, 1);
+  window->addWidget(new Divider(Qt::Horizontal, this));
+  window->addWidget(new CloseBar(actions_.close, actions_.openHelp, this));
+}
+
+void BalanceContent::showState() {
+  const auto layout = windowLayout(state_);
+  if (layout.showsPoolCard) poolCard_->showCard(poolCard(state_, format_), state_.unit);
+  if (layout.showsAddressCard) addressCard_->showCard(addressCard(state_, format_), state_.unit);
+  poolCard_->setVisible(layout.showsPoolCard);
+  addressCard_->setVisible(layout.showsAddressCard);
+  settings_->showState();
+  if (layout.showsAccountColumn) {
+    workers_->showWorkers(state_.workers);
+    history_->showHistory(state_);
+  }
+  rightColumn_->setVisible(layout.showsAccountColumn);
+  columnDivider_->setVisible(layout.showsAccountColumn);
+  leftColumn_->setMaximumWidth(layout.showsAccountColumn ? theme::leftColumnWidth
+                                                         : QWIDGETSIZE_MAX);
+  askForSize();
+}
+
+void BalanceContent::askForSize() {
+  const auto wanted = windowLayout(state_);
+  const auto frame = window()->isVisible() ? window()->frameGeometry().size() - window()->size()
+                                           : usualWindowFrame;
+  const auto available = screen()->availableGeometry().size() - frame.expandedTo(usualWindowFrame);
+  const QSize size = QSize(wanted.minimumWidth, wanted.minimumHeight).boundedTo(available);
+  if (size != minimumSize()) setMinimumSize(size);
+  leftColumn_->setMinimumWidth(std::min(theme::leftColumnWidth, size.width()));
+}
+
+void BalanceContent::showEvent(QShowEvent* event) {
+  if (!tokenFieldLoaded_) {
+    tokenFieldLoaded_ = true;
+    settings_->loadDrafts();
+  }
+  askForSize();
+  QWidget::showEvent(event);
+}
+
+}  // namespace orvane

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QLayout>
+#include <memory>
+#include <vector>
+
+namespace orvane {
+
+/// Lays widgets out in a row, each as wide as it wants to be, and goes on in a further row when
+/// the width is used up. Widgets of a row stand on one text baseline, or at the row's top.
+class FlowLayout final : public QLayout {
+  Q_OBJECT
+
+ public:
+  enum class Align { top, baseline };
+
+  FlowLayout(Align align, int horizontalSpacing, int verticalSpacing, QWidget* parent = nullptr);
+  ~FlowLayout() override;
+
+  void addItem(QLayoutItem* item) override;
+  [[nodiscard]] int count() const override;
+  [[nodiscard]] QLayoutItem* itemAt(int index) const override;
+  QLayoutItem* takeAt(int index) override;
+  [[nodiscard]] Qt::Orientations expandingDirections() const override { return {}; }
+  [[nodiscard]] bool hasHeightForWidth() const override { return true; }
+  [[nodiscard]] int heightForWidth(int width) const override;
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSize() const override;
+  void setGeometry(const QRect& rect) override;
+
+ private:
+  struct Row;
+
+  /// The rows that a content of `width` needs.
+  [[nodiscard]] std::vector<Row> rows(int width) const;
+  [[nodiscard]] QSize marginSize() const;
+  [[nodiscard]] int baseline(const QLayoutItem& item) const;
+  void placeRow(const Row& row, const QRect& area) const;
+
+  Align align_;
+  int horizontalSpacing_;
+  int verticalSpacing_;
+  std::vector<std::unique_ptr<QLayoutItem>> items_;
+};
+
+}  // namespace orvane

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+#include <QTextDocument>
+#include <string>
+#include <string_view>
+
+namespace orvane {
+
+[[nodiscard]] inline QString toQString(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+[[nodiscard]] inline std::string toUtf8(const QString& text) { return text.toStdString(); }
+
+/// A tool tip that shows `text` as it is, also when it looks like markup.
+[[nodiscard]] inline QString plainToolTip(std::string_view text) {
+  const auto plain = toQString(text);
+  return Qt::mightBeRichText(plain) ? plain.toHtmlEscaped() : plain;
+}
+
+}  // namespace orvane

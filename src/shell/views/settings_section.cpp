@@ -1,0 +1,149 @@
+#include "shell/views/settings_section.h"
+
+#include <QAccessible>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "shell/views/qt_text.h"
+
+namespace orvane {
+namespace {
+
+using theme::TextColor;
+using theme::TextStyle;
+
+constexpr const char* tokenHelp =
+    "Create a read-only token in Braiins Pool → Settings → Access Profiles. It is stored in your "
+    "iCloud Keychain, shared with Hashwick on this Mac, and used only to load this account's "
+    "balance, rewards, workers and history.";
+constexpr const char* addressHelp =
+    "Shows the balance and block rewards of one address and notifies you when it receives a "
+    "payment or a block reward. Without an address here, Orvane watches the payout address "
+    "Hashwick uses for solo mining on mainnet, through iCloud Keychain also on your other Macs; an "
+    "address entered here takes precedence. The balance is read from Chainpeek, which learns the "
+    "address but no key; nothing can be spent from here.";
+constexpr const char* currencyHelp =
+    "for the value of the balance and rewards at the current Bitcoin price.";
+
+TextLabel* helpText(const char* text, QWidget* parent) {
+  auto* const label = new TextLabel(TextStyle::callout, TextColor::secondary, parent);
+  label->showText(text);
+  label->setWordWrap(true);
+  return label;
+}
+
+std::function<void(int)> currencyChoice(const BalanceActions& actions) {
+  return [choose = actions.setFiatCurrency](int index) {
+    choose(allFiatCurrencies.at(static_cast<std::size_t>(index)));
+  };
+}
+
+QStringList currencySymbols() {
+  QStringList symbols;
+  for (const auto currency : allFiatCurrencies) {
+    symbols.append(toQString(symbol(currency)));
+  }
+  return symbols;
+}
+
+int choiceIndex(PreferredFiatCurrency currency) {
+  const auto* const found = std::ranges::find(allFiatCurrencies, currency);
+  return static_cast<int>(found - allFiatCurrencies.begin());
+}
+
+}  // namespace
+
+SettingsSection::SettingsSection(const BalanceState& state, const BalanceActions& actions,
+                                 const std::string& poolWebHost, QWidget* parent)
+    : QWidget(parent), state_(state), actions_(actions) {
+  token_ = new SettingsField(
+      {.field = tr("Braiins API token"), .save = tr("Save token"), .remove = tr("Remove token")},
+      [this] { commitToken(); }, this);
+  token_->edit().setEchoMode(QLineEdit::Password);
+  token_->edit().setPlaceholderText(tr("Read-only Braiins API token"));
+  address_ = new SettingsField(
+      {.field = tr("Bitcoin address to watch"),
+       .save = tr("Save address"),
+       .remove = tr("Remove address")},
+      [this] { commitAddress(); }, this);
+  addressMessageLabel_ = new TextLabel(TextStyle::callout, TextColor::red, this);
+  addressMessageLabel_->setWordWrap(true);
+  addressMessageLabel_->makeSelectable();
+  currency_ = new SegmentedPicker(tr("Preferred currency"), currencySymbols(),
+                                  currencyChoice(actions), this);
+  const auto link = accountLink(poolWebHost);
+  accountLink_ = new LinkLabel(TextStyle::callout, link.text, link.url, this);
+  for (auto* const field : {token_, address_}) {
+    field->onDraftChange([this] { showFieldStates(); });
+  }
+  layOut();
+}
+
+void SettingsSection::layOut() {
+  auto* const heading = new TextLabel(TextStyle::headline, TextColor::primary, this);
+  heading->setText(tr("Settings"));
+  auto* const currencyName = new TextLabel(TextStyle::body, TextColor::primary, this);
+  currencyName->setText(tr("Preferred currency"));
+  auto* const currencyRow = new QHBoxLayout;
+  currencyRow->setSpacing(theme::barPadding);
+  currencyRow->addWidget(currencyName);
+  currencyRow->addWidget(currency_);
+  currencyRow->addStretch();
+
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(0, theme::groupGap, 0, 0);
+  column->setSpacing(theme::smallSpacing);
+  column->addWidget(heading);
+  column->addWidget(token_);
+  column->addWidget(helpText(tokenHelp, this));
+  column->addSpacing(theme::groupGap);
+  column->addWidget(address_);
+  column->addWidget(addressMessageLabel_);
+  column->addWidget(helpText(addressHelp, this));
+  column->addSpacing(theme::groupGap);
+  column->addLayout(currencyRow);
+  column->addWidget(helpText(currencyHelp, this));
+  column->addWidget(accountLink_, 0, Qt::AlignLeading);
+}
+
+void SettingsSection::loadDrafts() {
+  token_->setDraft(state_.token);
+  address_->setDraft(state_.ownAddress);
+}
+
+void SettingsSection::showState() {
+  showFieldStates();
+  const auto placeholder = toQString(addressPlaceholder(state_));
+  if (placeholder != address_->edit().placeholderText()) {
+    address_->edit().setPlaceholderText(placeholder);
+  }
+  addressMessageLabel_->showTextOrHide(addressMessage_.value_or(std::string()));
+  currency_->showChoice(choiceIndex(state_.preferredFiatCurrency));
+  accountLink_->setVisible(!state_.token.empty());
+}
+
+void SettingsSection::showFieldStates() {
+  // The placeholder is a sentence, and too long for the field in the font of addresses.
+  const bool isEmpty = address_->draft().empty();
+  address_->edit().setFont(theme::textFont(isEmpty ? TextStyle::body : TextStyle::bodyMonospaced));
+  token_->showState(tokenFieldState(state_, token_->draft()));
+  address_->showState(addressFieldState(state_, address_->draft()));
+}
+
+void SettingsSection::commitToken() {
+  actions_.setToken(token_->draft());
+  showState();
+}
+
+void SettingsSection::commitAddress() {
+  addressMessage_ = actions_.setOwnAddress(address_->draft());
+  if (!addressMessage_) address_->setDraft(state_.ownAddress);
+  showState();
+  if (addressMessage_) {
+    QAccessibleEvent alert(addressMessageLabel_, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+  }
+}
+
+}  // namespace orvane

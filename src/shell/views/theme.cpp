@@ -1,0 +1,164 @@
+#include "shell/views/theme.h"
+
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace orvane::theme {
+namespace {
+
+enum class Family { interface, figures, monospaced };
+
+struct StyleDescription {
+  double scale;  ///< of the interface font's size
+  QFont::Weight weight;
+  Family family;
+};
+
+/// In the order of `TextStyle`.
+constexpr std::array<StyleDescription, 15> styles{{
+    {0.85, QFont::Normal, Family::interface},
+    {0.85, QFont::DemiBold, Family::interface},
+    {0.85, QFont::Bold, Family::interface},
+    {0.93, QFont::Normal, Family::interface},
+    {0.93, QFont::Normal, Family::figures},
+    {0.93, QFont::Normal, Family::monospaced},
+    {1.0, QFont::Normal, Family::interface},
+    {1.0, QFont::Normal, Family::monospaced},
+    {1.0, QFont::Bold, Family::figures},
+    {1.0, QFont::DemiBold, Family::interface},
+    {1.3, QFont::Medium, Family::figures},
+    {1.3, QFont::Bold, Family::interface},
+    {1.5, QFont::Medium, Family::figures},
+    {1.7, QFont::Bold, Family::interface},
+    {0, QFont::DemiBold, Family::figures},  // its size is the design's own
+}};
+static_assert(styles.size() == static_cast<std::size_t>(TextStyle::largeFigure) + 1);
+
+constexpr int largeFigureSize = 34;
+constexpr int smallestInterfaceSize = 12;
+
+bool hasDigitsOfEqualWidth(const QFont& font) {
+  const QFontMetricsF metrics(font);
+  const auto width = metrics.horizontalAdvance(u'0');
+  return std::ranges::all_of(QStringView(u"123456789"), [&](QChar digit) {
+    return std::abs(metrics.horizontalAdvance(digit) - width) < 0.01;
+  });
+}
+
+/// Qt 6.4 cannot switch on a font's tabular digits, so a family that has no others is looked for
+/// when the interface font's digits differ in width: figures must not jump when they change.
+QFont withDigitsOfEqualWidth(QFont font) {
+  font.setKerning(false);
+  if (hasDigitsOfEqualWidth(font)) return font;
+  for (const auto* family : {"Noto Sans", "Roboto", "Liberation Sans", "DejaVu Sans"}) {
+    auto candidate = font;
+    candidate.setFamilies({QString::fromLatin1(family)});
+    if (QFontInfo(candidate).family() == QLatin1String(family) &&
+        hasDigitsOfEqualWidth(candidate)) {
+      return candidate;
+    }
+  }
+  return font;
+}
+
+QFont baseFont(Family family) {
+  auto font = QGuiApplication::font();
+  switch (family) {
+    case Family::interface:
+    case Family::figures:
+      return font;
+    case Family::monospaced:
+      font.setFamilies(QFontDatabase::systemFont(QFontDatabase::FixedFont).families());
+      font.setStyleHint(QFont::Monospace);
+      return font;
+  }
+  return font;
+}
+
+int interfacePixelSize() {
+  return std::max(smallestInterfaceSize, QFontInfo(QGuiApplication::font()).pixelSize());
+}
+
+struct LightAndDark {
+  QRgb light;
+  QRgb dark;
+};
+
+QColor chosen(const LightAndDark& pair, const QPalette& palette) {
+  return QColor(isDark(palette) ? pair.dark : pair.light);
+}
+
+QColor mixed(const QColor& a, const QColor& b, double shareOfA) {
+  const auto channel = [shareOfA](int x, int y) {
+    return static_cast<int>(std::lround(x * shareOfA + y * (1 - shareOfA)));
+  };
+  return {channel(a.red(), b.red()), channel(a.green(), b.green()), channel(a.blue(), b.blue())};
+}
+
+}  // namespace
+
+QFont textFont(TextStyle style) {
+  const auto& description = styles.at(static_cast<std::size_t>(style));
+  auto font = baseFont(description.family);
+  const int base = interfacePixelSize();
+  font.setPixelSize(style == TextStyle::largeFigure
+                        ? std::max(largeFigureSize, 2 * base)
+                        : static_cast<int>(std::lround(base * description.scale)));
+  font.setWeight(description.weight);
+  return description.family == Family::figures ? withDigitsOfEqualWidth(std::move(font)) : font;
+}
+
+QColor textColor(TextColor color, const QPalette& palette) {
+  switch (color) {
+    case TextColor::primary:
+      return palette.color(QPalette::WindowText);
+    case TextColor::secondary:
+      return mixed(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.62);
+    case TextColor::green:
+      return chosen({.light = 0xff1d7a36, .dark = 0xff45d068}, palette);
+    case TextColor::orange:
+      return chosen({.light = 0xffa84a00, .dark = 0xffffa733}, palette);
+    case TextColor::red:
+      return chosen({.light = 0xffc6121f, .dark = 0xffff7a70}, palette);
+  }
+  return palette.color(QPalette::WindowText);
+}
+
+QColor markColor(MarkColor color, const QPalette& palette) {
+  switch (color) {
+    case MarkColor::green:
+      return chosen({.light = 0xff28a745, .dark = 0xff32d25c}, palette);
+    case MarkColor::orange:
+      return chosen({.light = 0xfff08c00, .dark = 0xffff9f1a}, palette);
+    case MarkColor::red:
+      return chosen({.light = 0xffe03131, .dark = 0xffff5147}, palette);
+    case MarkColor::gray:
+      return chosen({.light = 0xff8a8f96, .dark = 0xff989da4}, palette);
+  }
+  return palette.color(QPalette::WindowText);
+}
+
+QColor outlineColor(const QPalette& palette) {
+  return withOpacity(textColor(TextColor::secondary, palette), panelOutlineOpacity);
+}
+
+QColor chipColor(const QPalette& palette) {
+  return withOpacity(textColor(TextColor::secondary, palette), chipOpacity);
+}
+
+bool isDark(const QPalette& palette) {
+  return palette.color(QPalette::Window).lightness() <
+         palette.color(QPalette::WindowText).lightness();
+}
+
+QColor withOpacity(QColor color, double opacity) {
+  color.setAlphaF(static_cast<float>(opacity));
+  return color;
+}
+
+}  // namespace orvane::theme

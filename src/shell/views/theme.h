@@ -1,0 +1,99 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPalette>
+
+/// The design's numbers, type and colours, in one place. Lengths are logical pixels.
+namespace orvane::theme {
+
+inline constexpr int windowPadding = 24;
+inline constexpr int barPadding = 12;  ///< above and below the bar at the bottom
+inline constexpr int leftColumnWidth = 500;
+inline constexpr int rightColumnMinimumWidth = 690;  ///< with the line at its left
+/// Lines of text and fields beyond this width are hard to read; wider windows leave the rest empty.
+inline constexpr int readableWidth = 760;
+inline constexpr int leftColumnSpacing = 8;
+inline constexpr int rightColumnSpacing = 22;
+inline constexpr int groupGap = 12;  ///< the "space above" a further group of settings
+inline constexpr int smallSpacing = 8;
+
+inline constexpr int cardPadding = 20;
+inline constexpr int cardSpacing = 14;
+inline constexpr int cardRadius = 14;
+inline constexpr double cardFillOpacity = 0.08;
+inline constexpr double cardOutlineOpacity = 0.25;
+
+inline constexpr int panelRadius = 10;
+inline constexpr double panelOutlineOpacity = 0.2;
+
+inline constexpr int metricSpacing = 28;
+inline constexpr int metricRowGap = 12;
+inline constexpr int metricLineSpacing = 2;
+inline constexpr int pickerWidth = 120;
+inline constexpr int chipHorizontalPadding = 10;
+inline constexpr int chipVerticalPadding = 5;
+inline constexpr int chipRadius = 6;
+inline constexpr double chipOpacity = 0.12;
+
+inline constexpr int tableRowHeight = 30;
+inline constexpr int tableCellPadding = 12;
+inline constexpr int workersRowsInSight = 12;  ///< longer lists scroll within the table
+inline constexpr int stateColumnWidth = 80;
+inline constexpr int rateColumnWidth = 110;
+inline constexpr int stateDotSize = 8;
+inline constexpr int historyTableMinimumHeight = 200;
+inline constexpr int summaryHorizontalPadding = 20;
+inline constexpr int summaryVerticalPadding = 10;
+
+inline constexpr int symbolSize = 14;
+inline constexpr int busyIndicatorSize = 14;
+inline constexpr int busyStepMilliseconds = 80;
+
+inline constexpr int appIconSize = 82;
+inline constexpr int aboutWidth = 470;
+inline constexpr int helpMinimumWidth = 620;
+inline constexpr int helpMinimumHeight = 500;
+inline constexpr int helpSpacing = 18;
+inline constexpr int footerHeight = 52;
+inline constexpr int footerPadding = 22;
+
+enum class TextStyle {
+  caption,
+  captionSemibold,
+  captionBold,
+  callout,
+  calloutFigure,  ///< "figure": digits of equal width
+  calloutMonospaced,
+  body,
+  bodyMonospaced,
+  bodyBoldFigure,
+  headline,
+  title2MediumFigure,
+  title2Bold,
+  titleMediumFigure,
+  titleBold,
+  largeFigure,
+};
+
+/// The font of a style. Sizes follow the desktop's own interface font.
+[[nodiscard]] QFont textFont(TextStyle style);
+
+enum class TextColor { primary, secondary, green, orange, red };
+
+[[nodiscard]] QColor textColor(TextColor color, const QPalette& palette);
+
+/// Colours of areas and marks; too light for text on a light ground.
+enum class MarkColor { green, orange, red, gray };
+
+[[nodiscard]] QColor markColor(MarkColor color, const QPalette& palette);
+
+/// Lines between and around things.
+[[nodiscard]] QColor outlineColor(const QPalette& palette);
+/// The ground of the address and of the picker.
+[[nodiscard]] QColor chipColor(const QPalette& palette);
+
+[[nodiscard]] bool isDark(const QPalette& palette);
+[[nodiscard]] QColor withOpacity(QColor color, double opacity);
+
+}  // namespace orvane::theme
