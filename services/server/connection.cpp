@@ -1,0 +1,95 @@
+#include "services/server/connection.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <span>
+#include <utility>
+
+#include <poll.h>
+#include <sys/socket.h>
+
+namespace orvane::services {
+namespace {
+
+constexpr std::size_t headLimit = 64 * 1024;
+constexpr std::size_t bodyLimit = 1024 * 1024;
+constexpr std::string_view headEnd = "\r\n\r\n";
+
+/// Whether the peer closed, or the socket was shut down here, within the time; negative: forever.
+bool endsWithin(int socket, std::chrono::milliseconds duration) {
+  pollfd entry{.fd = socket, .events = POLLRDHUP, .revents = 0};
+  const auto deadline = std::chrono::steady_clock::now() + duration;
+  const bool forever = duration < std::chrono::milliseconds::zero();
+  while (true) {
+    const auto left =
+        std::chrono::ceil<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
+    const int timeout = forever ? -1 : static_cast<int>(std::max<long>(left.count(), 0));
+    const int outcome = ::poll(&entry, 1, timeout);
+    if (outcome >= 0 || errno != EINTR) return outcome != 0;
+  }
+}
+
+}  // namespace
+
+Connection::Connection(FileDescriptor socket, SSL_CTX* tls)
+    : socket_(std::move(socket)), tls_(tls) {}
+
+bool Connection::readMore() {
+  std::array<char, 4096> buffer;
+  const std::size_t count = stream_->read(buffer);
+  received_.append(buffer.data(), count);
+  return count > 0;
+}
+
+std::optional<std::string> Connection::takeHead() {
+  std::size_t end = received_.find(headEnd);
+  while (end == std::string::npos) {
+    if (received_.size() > headLimit || !readMore()) return std::nullopt;
+    end = received_.find(headEnd);
+  }
+  std::string head = received_.substr(0, end);
+  received_.erase(0, end + headEnd.size());
+  return head;
+}
+
+std::optional<Request> Connection::receive() {
+  if (stream_ == nullptr) {
+    stream_ =
+        tls_ != nullptr ? makeTlsStream(socket_.get(), *tls_) : makePlainStream(socket_.get());
+    if (stream_ == nullptr) return std::nullopt;
+  }
+  const std::optional<std::string> head = takeHead();
+  if (!head) return std::nullopt;
+  std::optional<Request> request = parseRequestHead(*head);
+  if (!request) return std::nullopt;
+  const std::optional<std::size_t> size = bodySize(*request);
+  if (!size || *size > bodyLimit) return std::nullopt;
+  while (received_.size() < *size) {
+    if (!readMore()) return std::nullopt;
+  }
+  request->body = received_.substr(0, *size);
+  received_.erase(0, *size);
+  return request;
+}
+
+bool Connection::send(const Response& response, bool keepAlive) {
+  return write(responseHead(response, response.body.size(), keepAlive) + response.body);
+}
+
+bool Connection::write(std::string_view bytes) { return stream_->write(bytes); }
+
+bool Connection::pause(std::chrono::milliseconds duration) const {
+  return !endsWithin(socket_.get(), duration);
+}
+
+void Connection::waitUntilGone() const { endsWithin(socket_.get(), std::chrono::milliseconds(-1)); }
+
+void Connection::finish() {
+  if (stream_ != nullptr) stream_->finish();
+  cut();
+}
+
+void Connection::cut() const { ::shutdown(socket_.get(), SHUT_RDWR); }
+
+}  // namespace orvane::services
