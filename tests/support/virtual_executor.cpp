@@ -42,12 +42,20 @@ void VirtualExecutor::advance(ExecutorClock::duration duration) {
   const Instant end = now_ + duration;
   runUntilIdle();
   while (!timers_.empty() && timers_.begin()->first.first <= end) {
-    auto due = timers_.extract(timers_.begin());
-    now_ = due.key().first;
-    due.mapped()();
-    runUntilIdle();
+    runNextTimer();
   }
   now_ = end;
+}
+
+bool VirtualExecutor::runNextTimer() {
+  if (timers_.empty()) {
+    return false;
+  }
+  auto due = timers_.extract(timers_.begin());
+  now_ = due.key().first;
+  due.mapped()();
+  runUntilIdle();
+  return true;
 }
 
 }  // namespace orvane::test

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <optional>
+#include <stdexcept>
+#include <utility>
+
+#include "platform/async/task.h"
+#include "platform/async/task_scope.h"
+#include "support/virtual_executor.h"
+
+namespace orvane::test {
+
+namespace detail {
+
+template <class T>
+Task<void> storeResult(Task<T> task, std::optional<T>& result) {
+  T value = co_await std::move(task);
+  result.emplace(std::move(value));
+}
+
+}  // namespace detail
+
+/// Runs `task` to its end, letting as much virtual time pass as it needs and no more. Fails the
+/// test (by an exception) when the task waits for something that no timer will bring, or goes on
+/// for more than 100,000 timers.
+inline void runTask(VirtualExecutor& executor, Task<void> task) {
+  TaskScope scope(executor);
+  const TaskHandle handle = scope.spawn(std::move(task));
+  executor.runUntilIdle();
+  for (int timersLeft = 100'000; !handle.finished(); --timersLeft) {
+    if (timersLeft == 0 || !executor.runNextTimer()) {
+      throw std::runtime_error("the task does not end");
+    }
+  }
+}
+
+/// The same for a task with a result.
+template <class T>
+T runTask(VirtualExecutor& executor, Task<T> task) {
+  std::optional<T> result;
+  runTask(executor, detail::storeResult(std::move(task), result));
+  return std::move(*result);
+}
+
+}  // namespace orvane::test
