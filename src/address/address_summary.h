@@ -15,7 +15,7 @@ struct WatchedAddressTransaction {
   std::string txid;
   std::int64_t sats = 0;  ///< what it paid to the address, at least 1
   bool isCoinbase = false;
-  std::optional<std::int64_t> blockHeight;  ///< absent while unconfirmed
+  std::optional<std::int64_t> blockHeight = {};  ///< absent while unconfirmed
 
   bool operator==(const WatchedAddressTransaction&) const = default;
 };

@@ -26,7 +26,7 @@ struct BraiinsWorkerStatus {
   double hashRate5m = 0;
   double hashRate60m = 0;
   double hashRate24h = 0;
-  std::optional<std::chrono::sys_seconds> lastShare;
+  std::optional<std::chrono::sys_seconds> lastShare = {};
 
   bool operator==(const BraiinsWorkerStatus&) const = default;
 };

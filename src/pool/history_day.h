@@ -12,11 +12,11 @@ namespace orvane {
 
 /// One day of the pool's daily history; its identity is `date`.
 struct BraiinsHistoryDay {
-  std::chrono::sys_seconds date;          ///< the pool's own timestamp, not reduced to a day
-  std::optional<double> averageHashRate;  ///< hashes per second
-  std::optional<std::int64_t> shares;
+  std::chrono::sys_seconds date = {};          ///< the pool's own timestamp, not reduced to a day
+  std::optional<double> averageHashRate = {};  ///< hashes per second
+  std::optional<std::int64_t> shares = {};
   /// The confirmed reward in BTC, as the pool's own decimal text so that nothing is lost.
-  std::optional<std::string> rewardBTC;
+  std::optional<std::string> rewardBTC = {};
 
   bool operator==(const BraiinsHistoryDay&) const = default;
 };
