@@ -21,12 +21,13 @@ BalanceContent::BalanceContent(const BalanceState& state, const LocaleFormat& fo
                                const std::string& poolWebHost, BalanceActions actions,
                                QWidget* parent)
     : QWidget(parent), state_(state), format_(format), actions_(std::move(actions)) {
+  // The Tab key goes from part to part in the order in which they are made.
   leftColumn_ = new ColumnArea(tr("Balance and settings"), theme::leftColumnSpacing, this);
-  rightColumn_ = new ColumnArea(tr("Workers and history"), theme::rightColumnSpacing, this);
-  columnDivider_ = new Divider(Qt::Vertical, this);
   poolCard_ = new PoolCardView(actions_, leftColumn_->widget());
   addressCard_ = new AddressCardView(actions_, leftColumn_->widget());
   settings_ = new SettingsSection(state_, actions_, poolWebHost, leftColumn_->widget());
+  columnDivider_ = new Divider(Qt::Vertical, this);
+  rightColumn_ = new ColumnArea(tr("Workers and history"), theme::rightColumnSpacing, this);
   workers_ = new WorkersSection(format_, rightColumn_->widget());
   history_ = new HistorySection(format_, actions_, rightColumn_->widget());
   layOut();

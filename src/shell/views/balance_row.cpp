@@ -26,7 +26,9 @@ BalanceRow::BalanceRow(const QString& title, QWidget* parent)
 void BalanceRow::showFigure(const BalanceFigure& figure) {
   amount_->showText(figure.text);
   amount_->setColor(figure.isPlaceholder ? TextColor::secondary : TextColor::primary);
-  amount_->setAccessibleName(QStringLiteral("%1: %2").arg(title_, toQString(figure.text)));
+  auto spoken = QStringLiteral("%1: %2").arg(title_, toQString(figure.text));
+  if (figure.fiatValue) spoken += QStringLiteral(", ≈ ") + toQString(*figure.fiatValue);
+  if (spoken != amount_->accessibleName()) amount_->setAccessibleName(spoken);
   fiatValue_->showTextOrHide(figure.fiatValue ? "≈ " + *figure.fiatValue : std::string());
 }
 

@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QShortcut>
 
 #include "shell/views/symbol_icon.h"
 #include "shell/views/theme.h"
@@ -41,7 +42,9 @@ CloseBar::CloseBar(const std::function<void()>& onClose, const std::function<voi
                           theme::barPadding);
   auto* const close = new QPushButton(tr("Close"), this);
   close->setAutoDefault(false);
-  close->setShortcut(QKeySequence(Qt::Key_Escape));
+  // Not the button's own shortcut: that one would first show the button pressed for a moment.
+  auto* const escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+  connect(escape, &QShortcut::activated, this, [onClose] { onClose(); });
   close->setToolTip(tr("Close the window; the app stays in the menu bar"));
   connect(close, &QPushButton::clicked, this, [onClose] { onClose(); });
   row->addWidget(close);

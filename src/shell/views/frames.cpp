@@ -31,6 +31,12 @@ void Card::paintEvent(QPaintEvent* /*event*/) {
                    theme::withOpacity(tint, theme::cardOutlineOpacity));
 }
 
+Panel::Panel(QWidget* parent) : QWidget(parent), rows_(new QVBoxLayout(this)) {
+  // Scroll bars have corners of their own, so they end where the rounded ones begin.
+  rows_->setContentsMargins(1, theme::panelRadius / 2, 1, theme::panelRadius / 2);
+  rows_->setSpacing(0);
+}
+
 void Panel::paintEvent(QPaintEvent* /*event*/) {
   drawRoundedFrame(*this, theme::panelRadius, palette().color(QPalette::Base),
                    theme::outlineColor(palette()));

@@ -29,10 +29,16 @@ class Panel final : public QWidget {
   Q_OBJECT
 
  public:
-  explicit Panel(QWidget* parent = nullptr) : QWidget(parent) {}
+  explicit Panel(QWidget* parent = nullptr);
+
+  /// Where the content goes, from top to bottom.
+  [[nodiscard]] QVBoxLayout* rows() const { return rows_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QVBoxLayout* rows_;
 };
 
 /// A rounded, filled rectangle around a text that may be copied.

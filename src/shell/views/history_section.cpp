@@ -33,13 +33,9 @@ HistorySection::HistorySection(const LocaleFormat& format, const BalanceActions&
 }
 
 void HistorySection::layOut() {
-  auto* const frame = new QVBoxLayout(panel_);
-  // Room for the rounded corners, which the table's scroll bar would stand in otherwise.
-  frame->setContentsMargins(1, 1, 1, theme::panelRadius / 2);
-  frame->setSpacing(0);
-  frame->addWidget(summaryRow_);
-  frame->addWidget(new Divider(Qt::Horizontal, panel_));
-  frame->addWidget(table_, 1);
+  panel_->rows()->addWidget(summaryRow_);
+  panel_->rows()->addWidget(new Divider(Qt::Horizontal, panel_));
+  panel_->rows()->addWidget(table_, 1);
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(theme::smallSpacing);

@@ -6,6 +6,7 @@
 #include "core/balance_state.h"
 #include "platform/text/locale_format.h"
 #include "shell/views/balance_actions.h"
+#include "shell/views/frames.h"
 #include "shell/views/history_summary_row.h"
 #include "shell/views/history_table.h"
 #include "shell/views/refresh_button.h"
@@ -32,7 +33,7 @@ class HistorySection final : public QWidget {
   RefreshButton* loadButton_;
   TextLabel* hint_;
   TextLabel* status_;
-  QWidget* panel_;
+  Panel* panel_;
   RefreshButton* reloadButton_;
   BraiinsHistorySummaryRow* summaryRow_;
   BraiinsHistoryTable* table_;

@@ -8,6 +8,8 @@
 namespace orvane {
 namespace {
 
+constexpr int textMargin = 4;
+
 QPushButton* textButton(const QString& text, const QString& accessibleName, QWidget* parent) {
   auto* const button = new QPushButton(text, parent);
   button->setAccessibleName(accessibleName);
@@ -24,6 +26,8 @@ SettingsField::SettingsField(const Names& names, std::function<void()> onCommit,
       save_(textButton(tr("Save"), names.save, this)),
       remove_(textButton(tr("Remove"), names.remove, this)) {
   edit_->setAccessibleName(names.field);
+  edit_->setMinimumHeight(save_->sizeHint().height());  // whatever font is typed in
+  edit_->setTextMargins(textMargin, 0, textMargin, 0);
   auto* const row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(theme::smallSpacing);

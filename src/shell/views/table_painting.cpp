@@ -12,9 +12,13 @@ QRect insetCell(const QRect& cell) {
   return cell.adjusted(theme::tableCellPadding, 0, -theme::tableCellPadding, 0);
 }
 
+/// `alignment` is the visual one; the text itself runs in its own direction, whatever the
+/// desktop's.
 void drawElided(QPainter& painter, const QRect& box, const QString& text, Qt::Alignment alignment) {
+  painter.setLayoutDirection(Qt::LayoutDirectionAuto);
   const auto shown = painter.fontMetrics().elidedText(text, Qt::ElideRight, box.width());
-  painter.drawText(box, static_cast<int>(alignment) | Qt::TextSingleLine, shown);
+  painter.drawText(box, static_cast<int>(alignment | Qt::AlignAbsolute) | Qt::TextSingleLine,
+                   shown);
 }
 
 /// Draws the dot at the leading end of `box` and gives what is left for the text.

@@ -3,7 +3,6 @@
 #include <QVBoxLayout>
 
 #include "shell/view_models/worker_row.h"
-#include "shell/views/frames.h"
 
 namespace orvane {
 
@@ -15,9 +14,7 @@ WorkersSection::WorkersSection(const LocaleFormat& format, QWidget* parent)
       table_(new WorkersTable(format, panel_)) {
   emptyHint_->setText(tr("Braiins lists no worker for this account."));
   emptyHint_->setWordWrap(true);
-  auto* const frame = new QVBoxLayout(panel_);
-  frame->setContentsMargins(1, 1, 1, 1);
-  frame->addWidget(table_);
+  panel_->rows()->addWidget(table_);
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(theme::smallSpacing);

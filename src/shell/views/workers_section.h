@@ -5,6 +5,7 @@
 
 #include "platform/text/locale_format.h"
 #include "pool/account_records.h"
+#include "shell/views/frames.h"
 #include "shell/views/section_header.h"
 #include "shell/views/workers_table.h"
 
@@ -21,7 +22,7 @@ class WorkersSection final : public QWidget {
  private:
   SectionHeader* header_;
   TextLabel* emptyHint_;
-  QWidget* panel_;
+  Panel* panel_;
   WorkersTable* table_;
 };
 
