@@ -10,14 +10,14 @@
 namespace orvane {
 
 /// Which locales and which time zone the user's texts follow. Names are those of the environment
-/// ("de_DE.UTF-8"); "C" and "POSIX" count as en_US. The time zone is an Olson name; empty: the
-/// system's own.
+/// ("de_DE.UTF-8@euro"); "C", "POSIX" and the empty name count as en_US. The time zone is an Olson
+/// name; empty: the system's own.
 struct LocaleNames {
   std::string numbers;
   std::string dates;
   std::string timeZone = {};
 
-  /// Reads LC_ALL, then LC_NUMERIC or LC_TIME, then LANG.
+  /// Reads LC_ALL, then LC_NUMERIC or LC_TIME, then LANG. An empty variable counts as not set.
   [[nodiscard]] static LocaleNames fromEnvironment();
 };
 
@@ -30,12 +30,12 @@ class LocaleFormat {
 
   /// With the locale's grouping: 12,345 or 12.345. A negative number has the locale's minus sign.
   [[nodiscard]] std::string integer(std::int64_t value) const;
-  /// With the locale's grouping and exactly `digits` fraction digits, to nearest, halves away
-  /// from zero.
+  /// With the locale's grouping and exactly `digits` fraction digits (0 to 17), to nearest, halves
+  /// away from zero. Infinities and NaN have the locale's own signs.
   [[nodiscard]] std::string fixed(double value, int digits) const;
   /// 2:05 PM or 14:05, in the user's time zone.
   [[nodiscard]] std::string shortTime(WallTime time) const;
-  /// Nov 15, 2026 at 2:05 PM: medium date and short time, in the user's time zone.
+  /// Nov 15, 2026, 2:05 PM: medium date and short time, in the user's time zone.
   [[nodiscard]] std::string mediumDateShortTime(std::chrono::sys_seconds time) const;
   /// Nov 15, 2026: the Gregorian calendar day in UTC.
   [[nodiscard]] std::string mediumDateUtc(std::chrono::sys_seconds time) const;

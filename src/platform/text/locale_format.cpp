@@ -1,0 +1,155 @@
+#include "platform/text/locale_format.h"
+
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
+#include <unicode/datefmt.h>
+#include <unicode/locid.h>
+#include <unicode/numberformatter.h>
+#include <unicode/timezone.h>
+#include <unicode/unistr.h>
+
+namespace orvane {
+namespace {
+
+using icu::number::LocalizedNumberFormatter;
+using icu::number::NumberFormatter;
+using icu::number::Precision;
+
+// Nobody shows more; a double has no more than 17 digits to show.
+constexpr int mostDigits = 17;
+
+struct ScriptModifier {
+  std::string_view modifier;
+  std::string_view script;
+};
+
+// What the environment says behind "@" where it matters to numbers and dates.
+constexpr ScriptModifier scriptModifiers[] = {
+    {.modifier = "latin", .script = "_Latn"},
+    {.modifier = "iqtelif", .script = "_Latn"},
+    {.modifier = "cyrillic", .script = "_Cyrl"},
+    {.modifier = "devanagari", .script = "_Deva"},
+};
+
+std::string_view scriptOf(std::string_view modifier) {
+  for (const ScriptModifier& known : scriptModifiers) {
+    if (known.modifier == modifier) {
+      return known.script;
+    }
+  }
+  return {};
+}
+
+/// Reads language[_territory][.codeset][@modifier].
+icu::Locale localeNamed(std::string_view name) {
+  const std::string_view base = name.substr(0, name.find_first_of(".@"));
+  if (base.empty() || base == "C" || base == "POSIX") {
+    return icu::Locale::getUS();
+  }
+  const std::size_t at = name.find('@');
+  const std::string_view modifier = at == name.npos ? std::string_view() : name.substr(at + 1);
+  std::string identifier(base);
+  identifier.insert(base.substr(0, base.find('_')).size(), scriptOf(modifier));
+  const icu::Locale locale(identifier.c_str());
+  return locale.isBogus() != 0 ? icu::Locale::getUS() : locale;
+}
+
+icu::Locale withGregorianCalendar(icu::Locale locale) {
+  UErrorCode status = U_ZERO_ERROR;
+  locale.setKeywordValue("calendar", "gregorian", status);
+  return locale;
+}
+
+std::unique_ptr<icu::TimeZone> timeZoneNamed(const std::string& name) {
+  return std::unique_ptr<icu::TimeZone>(
+      name.empty() ? icu::TimeZone::createDefault()
+                   : icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(name)));
+}
+
+std::unique_ptr<icu::DateFormat> inZone(icu::DateFormat* format, const icu::TimeZone& zone) {
+  std::unique_ptr<icu::DateFormat> owned(format);
+  if (owned) {
+    owned->setTimeZone(zone);
+  }
+  return owned;
+}
+
+/// The empty text when ICU has no data to make a format of.
+std::string formatted(const std::unique_ptr<icu::DateFormat>& format, UDate milliseconds) {
+  icu::UnicodeString text;
+  std::string result;
+  if (format) {
+    format->format(milliseconds, text).toUTF8String(result);
+  }
+  return result;
+}
+
+// In floating point: no moment overflows, and ICU keeps to the years it can write.
+UDate milliseconds(std::chrono::sys_seconds time) {
+  return static_cast<UDate>(time.time_since_epoch().count()) * 1000;
+}
+
+LocalizedNumberFormatter fixedFormatter(const icu::Locale& locale, int digits) {
+  return NumberFormatter::withLocale(locale)
+      .precision(Precision::fixedFraction(digits))
+      .roundingMode(UNUM_ROUND_HALFUP);  // in ICU this is away from zero
+}
+
+}  // namespace
+
+struct LocaleFormat::Formatters {
+  LocalizedNumberFormatter integer;
+  std::vector<LocalizedNumberFormatter> fixed;  ///< by the number of digits
+  std::unique_ptr<icu::DateFormat> shortTime;
+  std::unique_ptr<icu::DateFormat> mediumDateShortTime;
+  std::unique_ptr<icu::DateFormat> mediumDateUtc;
+};
+
+LocaleFormat::LocaleFormat(const LocaleNames& names) : formatters_(std::make_unique<Formatters>()) {
+  using icu::DateFormat;
+  const icu::Locale numbers = localeNamed(names.numbers);
+  const icu::Locale dates = localeNamed(names.dates);
+  const std::unique_ptr<icu::TimeZone> zone = timeZoneNamed(names.timeZone);
+  Formatters& made = *formatters_;
+  made.integer = NumberFormatter::withLocale(numbers);
+  for (int digits = 0; digits <= mostDigits; ++digits) {
+    made.fixed.push_back(fixedFormatter(numbers, digits));
+  }
+  made.shortTime = inZone(DateFormat::createTimeInstance(DateFormat::kShort, dates), *zone);
+  made.mediumDateShortTime = inZone(
+      DateFormat::createDateTimeInstance(DateFormat::kMedium, DateFormat::kShort, dates), *zone);
+  made.mediumDateUtc =
+      inZone(DateFormat::createDateInstance(DateFormat::kMedium, withGregorianCalendar(dates)),
+             *icu::TimeZone::getGMT());
+}
+
+LocaleFormat::~LocaleFormat() = default;
+
+std::string LocaleFormat::integer(std::int64_t value) const {
+  UErrorCode status = U_ZERO_ERROR;
+  std::string text;
+  return formatters_->integer.formatInt(value, status).toString(status).toUTF8String(text);
+}
+
+std::string LocaleFormat::fixed(double value, int digits) const {
+  UErrorCode status = U_ZERO_ERROR;
+  std::string text;
+  const auto index = static_cast<std::size_t>(std::clamp(digits, 0, mostDigits));
+  return formatters_->fixed[index].formatDouble(value, status).toString(status).toUTF8String(text);
+}
+
+std::string LocaleFormat::shortTime(WallTime time) const {
+  return formatted(formatters_->shortTime, static_cast<UDate>(time.time_since_epoch().count()));
+}
+
+std::string LocaleFormat::mediumDateShortTime(std::chrono::sys_seconds time) const {
+  return formatted(formatters_->mediumDateShortTime, milliseconds(time));
+}
+
+std::string LocaleFormat::mediumDateUtc(std::chrono::sys_seconds time) const {
+  return formatted(formatters_->mediumDateUtc, milliseconds(time));
+}
+
+}  // namespace orvane

@@ -1,0 +1,147 @@
+#include "platform/text/unicode.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include <unicode/bytestream.h>
+#include <unicode/casemap.h>
+#include <unicode/normalizer2.h>
+#include <unicode/stringpiece.h>
+#include <unicode/uchar.h>
+#include <unicode/unistr.h>
+#include <unicode/utf8.h>
+
+namespace orvane {
+namespace {
+
+constexpr std::size_t longestSequence = 4;
+
+/// One character at an end of a text; `codePoint` is negative where the bytes are not UTF-8.
+struct Character {
+  UChar32 codePoint;
+  std::size_t size;
+};
+
+Character firstCharacter(std::string_view text) {
+  const std::string_view head = text.substr(0, longestSequence);
+  std::int32_t end = 0;
+  UChar32 codePoint = 0;
+  U8_NEXT(head.data(), end, static_cast<std::int32_t>(head.size()), codePoint);
+  return {.codePoint = codePoint, .size = static_cast<std::size_t>(end)};
+}
+
+Character lastCharacter(std::string_view text) {
+  const std::string_view tail = text.substr(text.size() - std::min(text.size(), longestSequence));
+  auto start = static_cast<std::int32_t>(tail.size());
+  UChar32 codePoint = 0;
+  U8_PREV(tail.data(), 0, start, codePoint);
+  return {.codePoint = codePoint, .size = tail.size() - static_cast<std::size_t>(start)};
+}
+
+bool isWhiteSpace(Character character) {
+  return character.codePoint >= 0 && u_isUWhiteSpace(character.codePoint) != 0;
+}
+
+bool isLetterMarkOrNumber(UChar32 codePoint) {
+  return (U_GET_GC_MASK(codePoint) & (U_GC_L_MASK | U_GC_M_MASK | U_GC_N_MASK)) != 0;
+}
+
+bool isAscii(std::string_view text) {
+  return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+icu::StringPiece piece(std::string_view text) {
+  return {text.data(), static_cast<std::int32_t>(text.size())};
+}
+
+}  // namespace
+
+std::string_view trimmed(std::string_view text) {
+  while (!text.empty()) {
+    const Character first = firstCharacter(text);
+    if (!isWhiteSpace(first)) {
+      break;
+    }
+    text.remove_prefix(first.size);
+  }
+  while (!text.empty()) {
+    const Character last = lastCharacter(text);
+    if (!isWhiteSpace(last)) {
+      break;
+    }
+    text.remove_suffix(last.size);
+  }
+  return text;
+}
+
+std::string lowercased(std::string_view text) {
+  std::string result;
+  icu::StringByteSink<std::string> sink(&result);
+  UErrorCode status = U_ZERO_ERROR;
+  const char* const rootLocale = "";
+  icu::CaseMap::utf8ToLower(rootLocale, 0, piece(text), sink, nullptr, status);
+  return U_SUCCESS(status) ? result : std::string(text);
+}
+
+std::string nfcNormalized(std::string_view text) {
+  UErrorCode status = U_ZERO_ERROR;
+  const icu::Normalizer2* const composition = icu::Normalizer2::getNFCInstance(status);
+  if (U_FAILURE(status) || isAscii(text) || !isValidUtf8(text)) {
+    return std::string(text);
+  }
+  std::string result;
+  icu::StringByteSink<std::string> sink(&result);
+  composition->normalizeUTF8(0, piece(text), sink, nullptr, status);
+  return U_SUCCESS(status) ? result : std::string(text);
+}
+
+// UTF-8 sorts by its bytes as its code points do.
+bool normalizedLess(std::string_view a, std::string_view b) {
+  if (isAscii(a) && isAscii(b)) {
+    return a < b;
+  }
+  return nfcNormalized(a) < nfcNormalized(b);
+}
+
+bool isValidUtf8(std::string_view bytes) {
+  while (!bytes.empty()) {
+    const Character first = firstCharacter(bytes);
+    if (first.codePoint < 0) {
+      return false;
+    }
+    bytes.remove_prefix(first.size);
+  }
+  return true;
+}
+
+std::string decodedLossily(std::string_view bytes) {
+  if (isValidUtf8(bytes)) {
+    return std::string(bytes);
+  }
+  std::string text;
+  return icu::UnicodeString::fromUTF8(piece(bytes)).toUTF8String(text);
+}
+
+std::string percentEscaped(std::string_view text) {
+  if (!isValidUtf8(text)) {
+    return std::string(text);
+  }
+  constexpr std::string_view hexDigits = "0123456789ABCDEF";
+  std::string escaped;
+  while (!text.empty()) {
+    const Character first = firstCharacter(text);
+    const std::string_view bytes = text.substr(0, first.size);
+    if (isLetterMarkOrNumber(first.codePoint)) {
+      escaped += bytes;
+    } else {
+      for (const char byte : bytes) {
+        const auto value = static_cast<unsigned char>(byte);
+        escaped += {'%', hexDigits[value >> 4U], hexDigits[value & 0xFU]};
+      }
+    }
+    text.remove_prefix(first.size);
+  }
+  return escaped;
+}
+
+}  // namespace orvane
