@@ -1,0 +1,51 @@
+#include "shell/menu_bar/status_button.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace orvane {
+namespace {
+
+constexpr double symbolPointSize = 13;
+constexpr double textPointSize = 9;
+constexpr double gapBeforeText = 3;
+constexpr double leastHeight = 18;
+constexpr double lengthBesideImage = 8;
+
+std::optional<StatusImage> symbolImage(const StatusBar& statusBar,
+                                       const StatusButtonContent& content) {
+  for (const auto& name : content.symbolNames) {
+    const auto size = statusBar.symbolSize(name, symbolPointSize);
+    if (!size) continue;
+    return StatusImage{.symbolName = name,
+                       .symbolPointSize = symbolPointSize,
+                       .symbolColor = content.color,
+                       .text = {},
+                       .size = *size,
+                       .accessibilityDescription = content.symbolDescription};
+  }
+  return std::nullopt;
+}
+
+void placeText(StatusImage& image, const StatusBar& statusBar, const StatusButtonContent& content) {
+  const auto text = statusBar.textSize(content.text, textPointSize);
+  image.text = content.text;
+  image.textPointSize = textPointSize;
+  image.textColor = StatusColor::systemGreen;
+  image.size = {.width = std::ceil(text.width) + image.size.width + gapBeforeText,
+                .height = std::max({image.size.height, text.height, leastHeight})};
+  image.accessibilityDescription += " " + content.text + content.spokenSuffix;
+}
+
+}  // namespace
+
+StatusButton composeStatusButton(const StatusBar& statusBar, const StatusButtonContent& content) {
+  StatusButton button{.image = symbolImage(statusBar, content)};
+  if (button.image && !content.text.empty()) {
+    placeText(*button.image, statusBar, content);
+    button.length = button.image->size.width + lengthBesideImage;
+  }
+  return button;
+}
+
+}  // namespace orvane

@@ -1,0 +1,216 @@
+#include "shell/menu_bar/key_presses.h"
+#include "shell/menu_bar/runtime_fixture.h"
+
+namespace orvane::test {
+namespace {
+
+using BackgroundRuntimeTest = RuntimeFixture;
+
+TEST_F(BackgroundRuntimeTest, NothingHappensBeforeTheTitleIsKnown) {
+  runtime->showMainWindow();
+  runtime->hideMainWindow();
+  EXPECT_TRUE(runtime->windowShouldClose(window));
+  EXPECT_EQ(log, CallLog());
+  EXPECT_TRUE(runtime->isMainWindowVisible());
+  EXPECT_FALSE(runtime->isMenuBarOnly());
+}
+
+TEST_F(BackgroundRuntimeTest, AttachingBecomesTheDelegateOnTheNextTurn) {
+  runtime->attachMainWindow("Orvane");
+  EXPECT_EQ(window.delegate(), nullptr);
+  executor.runUntilIdle();
+  EXPECT_EQ(window.delegate(), runtime);
+  EXPECT_EQ(help.delegate(), nullptr);
+}
+
+TEST_F(BackgroundRuntimeTest, AttachingAgainCreatesNothingTwice) {
+  attach();
+  attach();
+  EXPECT_EQ(statusBar.created, 1);
+  EXPECT_EQ(application.installedMonitors(), 2U);
+  EXPECT_EQ(executor.pendingTimers(), 1U);
+}
+
+TEST_F(BackgroundRuntimeTest, TheFirstOfTwoWindowsWithTheTitleIsTheMainWindow) {
+  auto& second = application.addWindow("Orvane");
+  attach();
+  runtime->showMainWindow();
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_FALSE(second.isVisible());
+}
+
+TEST_F(BackgroundRuntimeTest, HidingLeavesOnlyTheStatusAreaItsWindows) {
+  application.addWindow("item", DesktopWindow::statusBarLevel);
+  application.addWindow("floating", 3).miniaturize();
+  attach();
+  runtime->hideMainWindow();
+  const CallLog expected{"policy accessory", "Orvane Help: order out", "Orvane: order out",
+                         "floating: deminiaturize", "floating: order out"};
+  EXPECT_EQ(log, expected);
+  EXPECT_TRUE(runtime->isMenuBarOnly());
+  EXPECT_FALSE(runtime->isMainWindowVisible());
+  log.clear();
+  executor.runUntilIdle();
+  EXPECT_EQ(log, CallLog{"policy accessory"}) << "the policy is set once more afterwards";
+}
+
+TEST_F(BackgroundRuntimeTest, DeminiaturizingWhileHidingDoesNotCountAsShown) {
+  attach();
+  window.makeKeyAndOrderFront();
+  window.miniaturize();
+  EXPECT_FALSE(runtime->isMainWindowVisible());
+  runtime->hideMainWindow();
+  EXPECT_FALSE(runtime->isMainWindowVisible());
+}
+
+TEST_F(BackgroundRuntimeTest, ShowingBringsApplicationAndWindowBack) {
+  attach();
+  runtime->hideMainWindow();
+  executor.runUntilIdle();
+  log.clear();
+  runtime->showMainWindow();
+  EXPECT_EQ(log, (CallLog{"policy regular", "unhide", "Orvane: order front", "activate"}));
+  EXPECT_FALSE(runtime->isMenuBarOnly());
+  EXPECT_TRUE(runtime->isMainWindowVisible());
+}
+
+TEST_F(BackgroundRuntimeTest, ShowingAMiniaturizedWindowRestoresItFirst) {
+  attach();
+  window.miniaturize();
+  log.clear();
+  runtime->showMainWindow();
+  EXPECT_EQ(log, (CallLog{"policy regular", "unhide", "Orvane: deminiaturize",
+                          "Orvane: order front", "activate"}));
+}
+
+TEST_F(BackgroundRuntimeTest, MiniaturizingIsFollowedForTheMainWindowAlone) {
+  attach();
+  help.setDelegate(runtime);
+  help.miniaturize();
+  EXPECT_TRUE(runtime->isMainWindowVisible());
+  window.miniaturize();
+  EXPECT_FALSE(runtime->isMainWindowVisible());
+  help.deminiaturize();
+  EXPECT_FALSE(runtime->isMainWindowVisible());
+  window.deminiaturize();
+  EXPECT_TRUE(runtime->isMainWindowVisible());
+}
+
+TEST_F(BackgroundRuntimeTest, ObserversHearEachChangeAndNothingElse) {
+  attach();
+  int heard = 0;
+  const auto observer = runtime->observe([&heard] { ++heard; });
+  runtime->showMainWindow();
+  EXPECT_EQ(heard, 0);
+  runtime->hideMainWindow();
+  EXPECT_EQ(heard, 2) << "one for each of the two fields";
+  runtime->hideMainWindow();
+  EXPECT_EQ(heard, 2);
+}
+
+TEST_F(BackgroundRuntimeTest, TheMainWindowNeverCloses) {
+  struct Case {
+    std::optional<DesktopEvent> event;
+    bool hides;
+  };
+  const std::vector<Case> cases{
+      {command("w"), true},
+      {command("W"), true},
+      {keyDown("W", {.shift = true, .control = true}), true},
+      {escape(), true},
+      {std::nullopt, false},  // the window manager's close control
+      {leftClick(), false},
+      {keyDown("w"), false},
+      {keyDown("w", {.option = true}), false},
+      {escape({.shift = true}), false},
+      {command("q"), false},
+  };
+  for (const auto& [event, hides] : cases) {
+    attach();
+    application.setCurrentEvent(event);
+    EXPECT_FALSE(runtime->windowShouldClose(window));
+    const auto* const first = hides ? "policy accessory" : "terminate";
+    EXPECT_EQ(log.front(), first) << (event ? event->charactersIgnoringModifiers : "no event");
+    EXPECT_EQ(log.size() == 1, !hides);
+  }
+}
+
+TEST_F(BackgroundRuntimeTest, OtherWindowsCloseAsUsual) {
+  attach();
+  EXPECT_TRUE(runtime->windowShouldClose(help));
+  EXPECT_EQ(log, CallLog());
+}
+
+TEST_F(BackgroundRuntimeTest, MonitorsSwallowOnlyTheirKeysInTheMainWindow) {
+  struct Case {
+    DesktopEvent event;
+    bool swallowed;
+  };
+  const std::vector<Case> cases{
+      {command("m"), true},
+      {command("M"), true},
+      {keyDown("m", {.control = true, .option = true}), true},
+      {escape(), true},
+      {keyDown("m"), false},
+      {keyDown("m", {.meta = true}), false},
+      {command("n"), false},
+      {command("w"), false},
+      {escape({.shift = true}), false},
+      {escape({.control = true}), false},
+      {escape({.option = true}), false},
+      {escape({.meta = true}), false},
+  };
+  attach();
+  for (const auto& [event, swallowed] : cases) {
+    runtime->showMainWindow();
+    EXPECT_EQ(application.press(event), swallowed) << event.charactersIgnoringModifiers;
+    EXPECT_EQ(runtime->isMenuBarOnly(), swallowed);
+  }
+  window.resignKey();
+  help.makeKeyAndOrderFront();
+  runtime->hideMainWindow();
+  for (const auto& [event, swallowed] : cases) {
+    EXPECT_FALSE(application.press(event)) << "in the help window";
+  }
+}
+
+TEST_F(BackgroundRuntimeTest, ALeftClickOrNoEventBringsTheWindowBack) {
+  attach();
+  for (const auto& event : {std::optional(leftClick()), std::optional<DesktopEvent>()}) {
+    runtime->hideMainWindow();
+    statusBar.item.action(event);
+    EXPECT_FALSE(runtime->isMenuBarOnly());
+    EXPECT_TRUE(window.isVisible());
+  }
+}
+
+TEST_F(BackgroundRuntimeTest, ARightClickShowsTheMenuAndTakesItAwayAgain) {
+  attach();
+  statusBar.item.action(rightClick());
+  EXPECT_FALSE(statusBar.item.poppedUp) << "without a provider";
+  runtime->statusMenuProvider = [] { return std::optional<Menu>(); };
+  statusBar.item.action(rightClick());
+  EXPECT_FALSE(statusBar.item.poppedUp) << "without a menu";
+
+  runtime->statusMenuProvider = [] { return Menu{{MenuItem{.title = "Quit Orvane"}}}; };
+  statusBar.item.action(rightClick());
+  ASSERT_TRUE(statusBar.item.poppedUp);
+  EXPECT_EQ(statusBar.item.poppedUp->items[0].title, "Quit Orvane");
+  EXPECT_FALSE(statusBar.item.menu) << "the next left click would open it";
+  EXPECT_EQ(log, CallLog());
+}
+
+TEST_F(BackgroundRuntimeTest, CallbacksAfterItsEndDoNothing) {
+  attach();
+  const auto action = statusBar.item.action;
+  runtime->hideMainWindow();
+  runtime->attachMainWindow("Orvane");
+  log.clear();
+  runtime.reset();
+  executor.runUntilIdle();
+  action(leftClick());
+  EXPECT_EQ(log, CallLog());
+}
+
+}  // namespace
+}  // namespace orvane::test

@@ -1,0 +1,81 @@
+#include "shell/menu_bar/window_visibility.h"
+
+#include "shell/menu_bar/runtime_fixture.h"
+
+namespace orvane::test {
+namespace {
+
+class WindowVisibilityTest : public RuntimeFixture {
+ protected:
+  WindowVisibilityTest() { attach(); }
+
+  int changes = 0;
+  WindowVisibility visibility{runtime, [this] { ++changes; }};
+};
+
+TEST_F(WindowVisibilityTest, ShowsNothingBeforeItsWindowIsOnScreen) {
+  EXPECT_FALSE(visibility.showsContent());
+  visibility.handleWindow(nullptr);
+  visibility.handleWindow(&help);
+  EXPECT_FALSE(visibility.showsContent());
+  help.makeKeyAndOrderFront();
+  EXPECT_TRUE(visibility.showsContent());
+  EXPECT_EQ(changes, 1);
+}
+
+TEST_F(WindowVisibilityTest, FollowsAWindowThatIsAlreadyOnScreen) {
+  help.makeKeyAndOrderFront();
+  visibility.handleWindow(&help);
+  EXPECT_TRUE(visibility.showsContent());
+  visibility.handleWindow(nullptr);
+  EXPECT_TRUE(visibility.showsContent()) << "no window changes nothing";
+}
+
+TEST_F(WindowVisibilityTest, HidesWithTheApplicationAndComesBackWithItsWindow) {
+  visibility.handleWindow(&help);
+  help.makeKeyAndOrderFront();
+  runtime->hideMainWindow();
+  EXPECT_FALSE(visibility.showsContent());
+  runtime->showMainWindow();
+  EXPECT_FALSE(visibility.showsContent()) << "the help window itself is still hidden";
+  help.makeKeyAndOrderFront();
+  EXPECT_TRUE(visibility.showsContent());
+}
+
+TEST_F(WindowVisibilityTest, AWindowOpenedInTheStatusAreaStaysClearUntilTheApplicationIsBack) {
+  visibility.handleWindow(&help);
+  runtime->hideMainWindow();
+  help.makeKeyAndOrderFront();
+  visibility.handleWindow(&help);
+  EXPECT_FALSE(visibility.showsContent());
+  help.miniaturize();
+  help.deminiaturize();
+  EXPECT_FALSE(visibility.showsContent());
+  runtime->showMainWindow();
+  EXPECT_TRUE(visibility.showsContent());
+}
+
+TEST_F(WindowVisibilityTest, MiniaturizingAndClosingHideTheContent) {
+  visibility.handleWindow(&help);
+  help.makeKeyAndOrderFront();
+  help.miniaturize();
+  EXPECT_FALSE(visibility.showsContent());
+  help.deminiaturize();
+  EXPECT_TRUE(visibility.showsContent());
+  help.performClose();
+  EXPECT_FALSE(visibility.showsContent());
+}
+
+TEST_F(WindowVisibilityTest, OnlyTheRememberedWindowCounts) {
+  visibility.handleWindow(&help);
+  window.makeKeyAndOrderFront();
+  EXPECT_FALSE(visibility.showsContent());
+  visibility.handleWindow(&window);
+  EXPECT_TRUE(visibility.showsContent());
+  help.makeKeyAndOrderFront();
+  help.performClose();
+  EXPECT_TRUE(visibility.showsContent());
+}
+
+}  // namespace
+}  // namespace orvane::test
