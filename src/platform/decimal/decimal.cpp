@@ -8,7 +8,8 @@
 
 namespace orvane {
 
-using Number = boost::multiprecision::cpp_dec_float_50;
+using Number = boost::multiprecision::number<boost::multiprecision::cpp_dec_float<50>,
+                                             boost::multiprecision::et_off>;
 
 struct Decimal::Value {
   Number number;

@@ -26,7 +26,9 @@ Character firstCharacter(std::string_view text) {
   const std::string_view head = text.substr(0, longestSequence);
   std::int32_t end = 0;
   UChar32 codePoint = 0;
-  U8_NEXT(head.data(), end, static_cast<std::int32_t>(head.size()), codePoint);
+  const auto size = static_cast<std::int32_t>(head.size());
+  // NOLINTNEXTLINE(bugprone-inc-dec-in-conditions): inside ICU's macro
+  U8_NEXT(head.data(), end, size, codePoint);
   return {.codePoint = codePoint, .size = static_cast<std::size_t>(end)};
 }
 
