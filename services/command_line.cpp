@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <iterator>
+#include <optional>
 #include <string_view>
 #include <utility>
 
 #include <fmt/format.h>
+
+#include "services/number_text.h"
 
 namespace orvane::services {
 namespace {
@@ -17,9 +19,9 @@ constexpr ScenarioSeconds demoRewardAfter{40};
 
 template <typename T>
 bool readNumber(std::string_view text, T& target) {
-  const char* const end = text.data() + text.size();
-  const auto [stopped, error] = std::from_chars(text.data(), end, target);
-  return error == std::errc() && stopped == end;
+  const std::optional<T> number = numberFrom<T>(text);
+  if (number) target = *number;
+  return number.has_value();
 }
 
 template <Service service>

@@ -60,8 +60,8 @@ class LocalServices {
   [[nodiscard]] std::string description() const;
 
   void fault(Fault fault);
-  /// Forgets all faults and opens the ports that were closed. Connections that are silent already
-  /// stay so.
+  /// Forgets all faults and opens the ports that were closed; throws std::system_error when one of
+  /// them was taken meanwhile. Connections that are silent already stay so.
   void clearFaults();
 
   [[nodiscard]] std::vector<LoggedRequest> requests() const { return log_.entries(); }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <system_error>
 
 #include <nlohmann/json.hpp>
 
@@ -22,7 +23,12 @@ Response addFault(const Request& request, LocalServices& services) {
 }
 
 Response clearFaults(const Request&, LocalServices& services) {
-  services.clearFaults();
+  try {
+    services.clearFaults();
+  } catch (const std::system_error& problem) {
+    // Another program has taken a port that was closed here.
+    return textResponse(500, problem.what());
+  }
   return done();
 }
 

@@ -1,12 +1,12 @@
 #include "services/api/pool_api.h"
 
 #include <algorithm>
-#include <charconv>
 #include <string_view>
 
 #include <nlohmann/json.hpp>
 
 #include "services/api/pool_documents.h"
+#include "services/number_text.h"
 
 namespace orvane::services {
 namespace {
@@ -18,20 +18,12 @@ struct DayRange {
   sys_days to;
 };
 
-std::optional<int> number(std::string_view digits) {
-  int value = 0;
-  const char* const end = digits.data() + digits.size();
-  const auto [stopped, error] = std::from_chars(digits.data(), end, value);
-  if (error != std::errc() || stopped != end) return std::nullopt;
-  return value;
-}
-
 /// A date written YYYY-MM-DD.
 std::optional<sys_days> dateOf(std::string_view text) {
   if (text.size() != 10 || text[4] != '-' || text[7] != '-') return std::nullopt;
-  const auto year = number(text.substr(0, 4));
-  const auto month = number(text.substr(5, 2));
-  const auto day = number(text.substr(8, 2));
+  const auto year = numberFrom<int>(text.substr(0, 4));
+  const auto month = numberFrom<int>(text.substr(5, 2));
+  const auto day = numberFrom<int>(text.substr(8, 2));
   if (!year || !month || !day || *month < 1 || *day < 1) return std::nullopt;
   const std::chrono::year_month_day date(std::chrono::year(*year),
                                          std::chrono::month(static_cast<unsigned>(*month)),

@@ -1,12 +1,13 @@
 #include "services/faults/faulty_answer.h"
 
-#include <charconv>
 #include <utility>
+
+#include "services/number_text.h"
 
 namespace orvane::services {
 namespace {
 
-constexpr std::size_t endlessBlock = 64 * 1024;
+constexpr std::size_t endlessBlock = 65'536;
 
 Response redirectTo(std::string location) {
   return {.status = 302,
@@ -21,11 +22,8 @@ Response withStatus(int status) {
 
 /// A text that is a height, lowered; any other document is left alone.
 std::string lowerHeight(std::string text, std::int64_t blocks) {
-  std::int64_t height = 0;
-  const char* const end = text.data() + text.size();
-  const auto [stopped, error] = std::from_chars(text.data(), end, height);
-  if (error != std::errc() || stopped != end) return text;
-  return std::to_string(height - blocks);
+  const auto height = numberFrom<std::int64_t>(text);
+  return height ? std::to_string(*height - blocks) : text;
 }
 
 Outcome kept(bool sent, bool keepAlive) {

@@ -135,6 +135,7 @@ PoolDay historyDay(sys_days date) {
 
 std::vector<PoolWorker> workersAt(const Moment& moment) {
   std::vector<PoolWorker> workers;
+  workers.reserve(cast.size());
   for (std::size_t index = 0; index < cast.size(); ++index) {
     workers.push_back(workerAt(moment, index));
   }

@@ -12,8 +12,8 @@
 namespace orvane::services {
 namespace {
 
-constexpr std::size_t headLimit = 64 * 1024;
-constexpr std::size_t bodyLimit = 1024 * 1024;
+constexpr std::size_t headLimit = 65'536;
+constexpr std::size_t bodyLimit = 1'048'576;
 constexpr std::string_view headEnd = "\r\n\r\n";
 
 /// Whether the peer closed, or the socket was shut down here, within the time; negative: forever.

@@ -2,11 +2,12 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <iterator>
 #include <utility>
 
 #include <fmt/format.h>
+
+#include "services/number_text.h"
 
 namespace orvane::services {
 namespace {
@@ -104,11 +105,7 @@ std::optional<std::size_t> bodySize(const Request& request) {
   if (request.header("Transfer-Encoding") != nullptr) return std::nullopt;
   const std::string* const text = request.header("Content-Length");
   if (text == nullptr) return 0;
-  std::size_t size = 0;
-  const char* const end = text->data() + text->size();
-  const auto [stopped, error] = std::from_chars(text->data(), end, size);
-  if (error != std::errc() || stopped != end) return std::nullopt;
-  return size;
+  return numberFrom<std::size_t>(*text);
 }
 
 bool wantsKeepAlive(const Request& request) {

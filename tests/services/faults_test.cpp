@@ -101,7 +101,7 @@ TEST_F(FaultsTest, SlowBodyArrivesWholeByteForByte) {
 
 TEST_F(FaultsTest, HugeBodyHasNoEnd) {
   expect(FaultKind::huge);
-  constexpr std::size_t enough = 40 * 1024 * 1024;
+  constexpr std::size_t enough = 40'000'000;
   std::size_t received = 0;
   const auto result = client_.Get(tipTarget, [&](const char*, std::size_t count) {
     received += count;
