@@ -9,3 +9,8 @@ set(ORVANE_EXTRA_CA_FILE "" CACHE STRING "PEM file trusted beside the system's c
 set(ORVANE_KEYCHAIN_ACCESS_GROUPS "QVX7K2M4PD.com.quorvex.hashwick.shared" CACHE STRING
     "Keychain access groups, separated by semicolons")
 set(ORVANE_BRAND_URL "" CACHE STRING "Destination of the brand line; empty: plain text")
+
+configure_file(${CMAKE_CURRENT_LIST_DIR}/build_settings.h.in
+               ${PROJECT_BINARY_DIR}/generated/build_settings.h @ONLY)
+add_library(orvane_build_settings INTERFACE)
+target_include_directories(orvane_build_settings INTERFACE ${PROJECT_BINARY_DIR}/generated)

@@ -31,17 +31,20 @@ function(orvane_library name)
   endif()
 endfunction()
 
-# orvane_test(NAME SOURCES a_test.cpp ... LINK lib ... [QT] [SESSION])
-# SESSION runs the test through tests/support/with_session: a private bus, keyring and display.
+# orvane_test(NAME SOURCES a_test.cpp ... LINK lib ... [QT] [SESSION [keyring] [accessibility]])
+# SESSION runs the test through tests/support/with_session: a bus and a display of its own, and
+# the services named after it. SESSION comes last.
 function(orvane_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "QT;SESSION" "" "SOURCES;LINK")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "" "SOURCES;LINK;SESSION")
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE orvane_flags ${arg_LINK} test_support GTest::gmock_main)
   if(arg_QT)
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
   endif()
-  if(arg_SESSION)
-    add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/tests/support/with_session $<TARGET_FILE:${name}>)
+  if("SESSION" IN_LIST ARGN)
+    list(TRANSFORM arg_SESSION PREPEND "--" OUTPUT_VARIABLE session_options)
+    add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/tests/support/with_session
+             ${session_options} -- $<TARGET_FILE:${name}>)
   else()
     add_test(NAME ${name} COMMAND ${name})
   endif()
