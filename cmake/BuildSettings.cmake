@@ -10,7 +10,26 @@ set(ORVANE_KEYCHAIN_ACCESS_GROUPS "QVX7K2M4PD.com.quorvex.hashwick.shared" CACHE
     "Keychain access groups, separated by semicolons")
 set(ORVANE_BRAND_URL "" CACHE STRING "Destination of the brand line; empty: plain text")
 
-configure_file(${CMAKE_CURRENT_LIST_DIR}/build_settings.h.in
-               ${PROJECT_BINARY_DIR}/generated/build_settings.h @ONLY)
-add_library(orvane_build_settings INTERFACE)
-target_include_directories(orvane_build_settings INTERFACE ${PROJECT_BINARY_DIR}/generated)
+# orvane_build_settings_library(NAME): a library that carries the header, filled from the
+# variables as they stand in the calling scope.
+function(orvane_build_settings_library name)
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/build_settings.h.in
+                 ${PROJECT_BINARY_DIR}/generated/${name}/build_settings.h @ONLY)
+  add_library(${name} INTERFACE)
+  target_include_directories(${name} INTERFACE ${PROJECT_BINARY_DIR}/generated/${name})
+endfunction()
+
+orvane_build_settings_library(orvane_build_settings)
+
+# The demo's settings: services on this machine.
+set(ORVANE_DEMO_PORT "38330" CACHE STRING "First of the local ports that the demo's services use")
+set(ORVANE_DEMO_CA_FILE "${PROJECT_BINARY_DIR}/demo/ca.pem" CACHE STRING
+    "Certificate authority of the demo's services")
+function(orvane_demo_settings_library name)
+  foreach(host POOL EXPLORER PRICE FALLBACK_PRICE)
+    set(ORVANE_${host}_HOST "localhost:${ORVANE_DEMO_PORT}")
+    math(EXPR ORVANE_DEMO_PORT "${ORVANE_DEMO_PORT} + 1")
+  endforeach()
+  set(ORVANE_EXTRA_CA_FILE "${ORVANE_DEMO_CA_FILE}")
+  orvane_build_settings_library(${name})
+endfunction()

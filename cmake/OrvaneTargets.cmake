@@ -32,7 +32,7 @@ function(orvane_library name)
 endfunction()
 
 # orvane_test(NAME SOURCES a_test.cpp ... LINK lib ... [QT] [SESSION [keyring] [accessibility]])
-# SESSION runs the test through tests/support/with_session: a bus and a display of its own, and
+# SESSION runs the test through scripts/with_session: a bus and a display of its own, and
 # the services named after it. SESSION comes last.
 function(orvane_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "" "SOURCES;LINK;SESSION")
@@ -43,7 +43,7 @@ function(orvane_test name)
   endif()
   if("SESSION" IN_LIST ARGN)
     list(TRANSFORM arg_SESSION PREPEND "--" OUTPUT_VARIABLE session_options)
-    add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/tests/support/with_session
+    add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/scripts/with_session
              ${session_options} -- $<TARGET_FILE:${name}>)
   else()
     add_test(NAME ${name} COMMAND ${name})
