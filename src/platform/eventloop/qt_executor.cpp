@@ -8,8 +8,14 @@
 
 namespace orvane {
 
+namespace {
+
+constexpr QEvent::Type nextCallback = QEvent::User;
+
+}  // namespace
+
 QtExecutor::QtExecutor() : timerDue_(bootTimer_.descriptor(), QSocketNotifier::Read) {
-  QObject::connect(&timerDue_, &QSocketNotifier::activated, &receiver_, [this] { runNextTimer(); });
+  QObject::connect(&timerDue_, &QSocketNotifier::activated, this, [this] { runNextTimer(); });
 }
 
 QtExecutor::~QtExecutor() {
@@ -27,7 +33,7 @@ WallTime QtExecutor::wallClock() const {
 void QtExecutor::post(Callback callback) {
   queue_.push_back(std::move(callback));
   // One event for each callback: a nested event loop then finds those that are left.
-  QMetaObject::invokeMethod(&receiver_, [this] { runNextCallback(); }, Qt::QueuedConnection);
+  QCoreApplication::postEvent(this, new QEvent(nextCallback));
 }
 
 Executor::TimerId QtExecutor::schedule(Instant when, Callback callback) {
@@ -47,6 +53,12 @@ void QtExecutor::cancel(TimerId timer) {
   if (wasEarliest) armForEarliest();
 }
 
+bool QtExecutor::event(QEvent* event) {
+  if (event->type() != nextCallback) return QObject::event(event);
+  runNextCallback();
+  return true;
+}
+
 void QtExecutor::runNextCallback() {
   const Callback callback = std::move(queue_.front());
   queue_.pop_front();
@@ -54,7 +66,7 @@ void QtExecutor::runNextCallback() {
 }
 
 void QtExecutor::runNextTimer() {
-  QCoreApplication::sendPostedEvents(&receiver_, QEvent::MetaCall);
+  QCoreApplication::sendPostedEvents(this, nextCallback);
   if (timers_.empty() || timers_.begin()->first.first > now()) {
     armForEarliest();
     return;

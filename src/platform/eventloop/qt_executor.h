@@ -19,13 +19,11 @@ namespace orvane {
 /// Lives on the main thread, between the QCoreApplication's construction and its end. Callbacks
 /// that are left at its destruction are destroyed without being run; a callback must not destroy
 /// the executor.
-class QtExecutor final : public Executor {
+class QtExecutor final : public Executor, private QObject {
  public:
   /// Throws std::system_error when the process has no file descriptor left.
   QtExecutor();
   ~QtExecutor() override;
-  QtExecutor(const QtExecutor&) = delete;
-  QtExecutor& operator=(const QtExecutor&) = delete;
 
   [[nodiscard]] Instant now() const override { return BootTimer::now(); }
   [[nodiscard]] WallTime wallClock() const override;
@@ -36,6 +34,7 @@ class QtExecutor final : public Executor {
  private:
   using TimerKey = std::pair<Instant, TimerId>;
 
+  bool event(QEvent* event) override;
   void runNextCallback();
   void runNextTimer();
   void armForEarliest();
@@ -44,7 +43,6 @@ class QtExecutor final : public Executor {
   std::map<TimerKey, Callback> timers_;
   TimerId lastTimer_ = 0;
   BootTimer bootTimer_;
-  QObject receiver_;
   QSocketNotifier timerDue_;
 };
 

@@ -29,7 +29,7 @@ class QtExecutorTest : public ::testing::Test {
     executor->schedule(executor->now() + duration, [&loop] { loop.quit(); });
     loop.exec();
   }
-  Executor::Callback note(std::string what) {
+  Executor::Callback note(const std::string& what) {
     return [this, what] { log.push_back(what); };
   }
 
@@ -125,7 +125,7 @@ TEST_F(QtExecutorTest, CancellingTheEarliestLeavesTheNextOneItsMoment) {
 }
 
 TEST_F(QtExecutorTest, NestedEventLoopRunsWhatIsLeft) {
-  const auto runALoop = [this](std::string what) {
+  const auto runALoop = [this](const std::string& what) {
     return [this, what] {
       log.push_back(what);
       letPass(2ms);
