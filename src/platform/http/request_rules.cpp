@@ -1,0 +1,56 @@
+#include "platform/http/request_rules.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace orvane {
+namespace {
+
+constexpr int httpsPort = 443;
+constexpr std::array followedStatuses{301, 302, 303, 307, 308};
+
+// A user name would travel as an Authorization header that nobody asked for.
+bool isPlainHttps(const QUrl& url) {
+  return url.isValid() && url.scheme() == QLatin1String("https") && !url.host().isEmpty() &&
+         url.userInfo().isEmpty();
+}
+
+bool isSameOrigin(const QUrl& left, const QUrl& right) {
+  return left.host() == right.host() && left.port(httpsPort) == right.port(httpsPort);
+}
+
+bool isTokenCharacter(char character) {
+  constexpr std::string_view marks = "!#$%&'*+-.^_`|~";
+  return (character >= '0' && character <= '9') || (character >= 'A' && character <= 'Z') ||
+         (character >= 'a' && character <= 'z') || marks.contains(character);
+}
+
+bool canBeSent(const HttpHeader& header) {
+  using namespace std::string_view_literals;
+  return !header.name.empty() && std::ranges::all_of(header.name, isTokenCharacter) &&
+         header.value.find_first_of("\r\n\0"sv) == std::string::npos;
+}
+
+}  // namespace
+
+std::optional<QUrl> httpsUrl(const std::string& text) {
+  QUrl url = QUrl::fromEncoded(QByteArray::fromStdString(text), QUrl::StrictMode);
+  return isPlainHttps(url) ? std::optional(std::move(url)) : std::nullopt;
+}
+
+bool canBeSent(const std::vector<HttpHeader>& headers) {
+  return std::ranges::all_of(headers, [](const HttpHeader& header) { return canBeSent(header); });
+}
+
+std::optional<QUrl> allowedRedirect(int status, const QUrl& url, const QUrl& location,
+                                    bool hasOwnHeaders) {
+  const bool isFollowed = std::ranges::find(followedStatuses, status) != followedStatuses.end();
+  if (!isFollowed || location.isEmpty()) return std::nullopt;
+  QUrl target = url.resolved(location);
+  if (!isPlainHttps(target)) return std::nullopt;
+  if (hasOwnHeaders && !isSameOrigin(url, target)) return std::nullopt;
+  return target;
+}
+
+}  // namespace orvane

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QUrl>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/http/http_transport.h"
+
+namespace orvane {
+
+/// The URL, when it is an absolute https one with a host and without a user name.
+[[nodiscard]] std::optional<QUrl> httpsUrl(const std::string& text);
+
+/// Whether the headers can be sent as they are: names are tokens, values stay on their line.
+[[nodiscard]] bool canBeSent(const std::vector<HttpHeader>& headers);
+
+/// Where an answer to a request for `url` sends the client, when the client may go there: within
+/// https, and within the origin when the request has headers of its own. `location` is what the
+/// answer says, relative or absolute.
+[[nodiscard]] std::optional<QUrl> allowedRedirect(int status, const QUrl& url, const QUrl& location,
+                                                  bool hasOwnHeaders);
+
+}  // namespace orvane

@@ -1,0 +1,91 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <chrono>
+#include <list>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "platform/async/child_task.h"
+#include "platform/async/task_scope.h"
+#include "platform/eventloop/qt_executor.h"
+
+namespace orvane::test {
+
+namespace detail {
+
+template <class T>
+Task<void> keepResult(Task<T> task, std::optional<T>& result, QEventLoop& loop) {
+  T value = co_await std::move(task);
+  result.emplace(std::move(value));
+  loop.quit();
+}
+
+}  // namespace detail
+
+/// Runs all tasks side by side to their ends.
+template <class T>
+Task<std::vector<T>> allOf(std::vector<Task<T>> tasks) {
+  const TaskContext context = co_await currentContext();
+  std::list<ChildTask<T>> children;
+  for (Task<T>& task : tasks)
+    children.emplace_back(context, std::move(task));
+  std::vector<T> results;
+  for (ChildTask<T>& child : children) {
+    T result = co_await child.result();
+    results.push_back(std::move(result));
+  }
+  co_return results;
+}
+
+/// For tests of real parts: Qt's event loop, and time as it is.
+class RealTimeTest : public ::testing::Test {
+ protected:
+  /// Runs the event loop until the task has ended; fails (by an exception) after half a minute.
+  template <class T>
+  T run(Task<T> task) {
+    std::optional<T> result;
+    QEventLoop loop;
+    const auto guard =
+        executor->schedule(executor->now() + std::chrono::seconds(30), [&loop] { loop.quit(); });
+    TaskScope scope(*executor);
+    scope.spawn(detail::keepResult(std::move(task), result, loop));
+    loop.exec();
+    executor->cancel(guard);
+    if (!result) throw std::runtime_error("the task does not end");
+    return std::move(*result);
+  }
+
+  /// Lets the event loop run for so long.
+  void letPass(ExecutorClock::duration duration) {
+    QEventLoop loop;
+    executor->schedule(executor->now() + duration, [&loop] { loop.quit(); });
+    loop.exec();
+  }
+
+  /// Lets the event loop run until `condition` holds, at most half a minute.
+  template <class Condition>
+  bool letPassUntil(Condition condition) {
+    const Instant end = executor->now() + std::chrono::seconds(30);
+    while (!condition() && executor->now() < end)
+      letPass(std::chrono::milliseconds(2));
+    return condition();
+  }
+
+ private:
+  int argc_ = 1;
+  char name_[5] = "test";
+  char* argv_[2] = {name_, nullptr};
+  QCoreApplication application_{argc_, argv_};
+
+ protected:
+  std::unique_ptr<QtExecutor> executor = std::make_unique<QtExecutor>();
+};
+
+}  // namespace orvane::test
