@@ -1,8 +1,4 @@
-#include "platform/eventloop/qt_executor.h"
-
 #include <QAbstractEventDispatcher>
-#include <QCoreApplication>
-#include <QEventLoop>
 #include <ctime>
 #include <functional>
 #include <memory>
@@ -14,6 +10,7 @@
 #include "platform/async/sleep.h"
 #include "platform/async/task_scope.h"
 #include "platform/async/timer.h"
+#include "platform/eventloop/real_time.h"
 
 namespace orvane::test {
 namespace {
@@ -21,23 +18,12 @@ namespace {
 using namespace std::chrono_literals;
 using Log = std::vector<std::string>;
 
-class QtExecutorTest : public ::testing::Test {
+class QtExecutorTest : public RealTimeTest {
  protected:
-  /// Lets the event loop run for so long.
-  void letPass(ExecutorClock::duration duration) {
-    QEventLoop loop;
-    executor->schedule(executor->now() + duration, [&loop] { loop.quit(); });
-    loop.exec();
-  }
   Executor::Callback note(const std::string& what) {
     return [this, what] { log.push_back(what); };
   }
 
-  int argc = 1;
-  char name[5] = "test";
-  char* argv[2] = {name, nullptr};
-  QCoreApplication application{argc, argv};
-  std::unique_ptr<QtExecutor> executor = std::make_unique<QtExecutor>();
   Log log;
 };
 

@@ -44,10 +44,10 @@ Task<std::vector<T>> allOf(std::vector<Task<T>> tasks) {
   co_return results;
 }
 
-/// For tests of real parts: Qt's event loop, and time as it is.
-class RealTimeTest : public ::testing::Test {
- protected:
-  /// Runs the event loop until the task has ended; fails (by an exception) after half a minute.
+/// Qt's event loop and the real executor, for tests of real parts; time is as it is.
+class RealTime {
+ public:
+  /// Runs the event loop until the task has ended; throws after half a minute.
   template <class T>
   T run(Task<T> task) {
     std::optional<T> result;
@@ -78,14 +78,24 @@ class RealTimeTest : public ::testing::Test {
     return condition();
   }
 
+  /// How long `work` takes.
+  template <class Work>
+  ExecutorClock::duration timeOf(Work work) {
+    const Instant begin = executor->now();
+    work();
+    return executor->now() - begin;
+  }
+
  private:
   int argc_ = 1;
   char name_[5] = "test";
   char* argv_[2] = {name_, nullptr};
   QCoreApplication application_{argc_, argv_};
 
- protected:
+ public:
   std::unique_ptr<QtExecutor> executor = std::make_unique<QtExecutor>();
 };
+
+class RealTimeTest : public ::testing::Test, public RealTime {};
 
 }  // namespace orvane::test

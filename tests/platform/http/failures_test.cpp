@@ -1,5 +1,4 @@
 #include <cstdlib>
-#include <functional>
 #include <mutex>
 
 #include "platform/http/odd_server.h"
@@ -12,11 +11,6 @@ using namespace std::chrono_literals;
 
 class FailuresTest : public TransportTest {
  protected:
-  ExecutorClock::duration timeOf(const std::function<void()>& work) {
-    const Instant begin = executor->now();
-    work();
-    return executor->now() - begin;
-  }
   void expectFailure(const HttpResult& result, HttpFailure failure) {
     ASSERT_FALSE(result) << "status " << result->status;
     EXPECT_EQ(result.error(), failure);

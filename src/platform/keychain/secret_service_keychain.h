@@ -1,0 +1,41 @@
+#pragma once
+
+#include <chrono>
+
+#include "platform/async/executor.h"
+#include "platform/keychain/keychain.h"
+
+namespace orvane {
+
+/// The desktop's Secret Service as the keychain: one item of the service for each item, with the
+/// attributes "service", "account", "synchronizable" (always "true") and, where it has one,
+/// "access-group". New items go to the default collection.
+///
+/// A read that may prompt asks the user to unlock matching items when all of them are locked, and
+/// waits for the answer. Nothing else prompts: locked items count as absent for other reads, and
+/// writes to them, or to a locked or missing default collection, fail; so does adding an item that
+/// exists. Where other programs have made an item exist several times, reads give the one changed
+/// last, and updates change all of them.
+///
+/// Answers arrive through GLib's default main context, which Qt's event loop iterates on Linux; in
+/// a program where nobody does, every call ends unsuccessfully at its deadline. Tasks must not
+/// outlive the keychain.
+class SecretServiceKeychain final : public Keychain {
+ public:
+  static constexpr std::chrono::milliseconds usualDeadline{5000};
+
+  /// `deadline` is for everything that waits for the service and not for the user.
+  explicit SecretServiceKeychain(ExecutorClock::duration deadline = usualDeadline)
+      : deadline_(deadline) {}
+
+  [[nodiscard]] Task<std::optional<KeychainItem>> copyMatching(KeychainQuery query,
+                                                               KeychainPrompt prompt) override;
+  [[nodiscard]] Task<KeychainStatus> update(KeychainQuery query, std::string data) override;
+  [[nodiscard]] Task<KeychainStatus> add(KeychainQuery query, std::string data) override;
+  [[nodiscard]] Task<KeychainStatus> remove(KeychainQuery query) override;
+
+ private:
+  ExecutorClock::duration deadline_;
+};
+
+}  // namespace orvane

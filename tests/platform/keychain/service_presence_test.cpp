@@ -1,0 +1,110 @@
+#include "platform/keychain/service_presence.h"
+
+#include <QProcess>
+
+#include "platform/eventloop/real_time.h"
+#include "platform/keychain/secret_service_keychain.h"
+#include "platform/keychain/silent_service.h"
+
+namespace orvane::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// A session in which no service runs until a test starts one.
+class ServicePresenceTest : public RealTimeTest {
+ protected:
+  void expectEveryCallInVain() {
+    EXPECT_FALSE(run(keychain.copyMatching(query, KeychainPrompt::never)));
+    EXPECT_FALSE(run(keychain.copyMatching(query, KeychainPrompt::allowed)));
+    EXPECT_EQ(run(keychain.update(query, "x")), KeychainStatus::failed);
+    EXPECT_EQ(run(keychain.add(query, "x")), KeychainStatus::failed);
+    EXPECT_EQ(run(keychain.remove(query)), KeychainStatus::failed);
+  }
+
+  SecretServiceKeychain keychain;
+  KeychainQuery query{.service = "presence", .account = "token"};
+};
+
+TEST_F(ServicePresenceTest, WithoutAServiceEveryCallEndsAtOnce) {
+  const auto time = timeOf([this] { expectEveryCallInVain(); });
+  EXPECT_LT(time, 1s);
+}
+
+TEST_F(ServicePresenceTest, AServiceThatNeverAnswersIsWaitedForNoLongerThanTheDeadline) {
+  const SilentService service;
+  keychain = SecretServiceKeychain(100ms);
+  const auto time = timeOf([this] { expectEveryCallInVain(); });
+  EXPECT_GE(time, 500ms) << "five calls that wait";
+  EXPECT_LT(time, 2s);
+}
+
+TEST_F(ServicePresenceTest, DestroyedWhileTheServiceIsSilentACallLeavesNothingBehind) {
+  const SilentService service;
+  std::optional<std::optional<KeychainItem>> item;
+  QEventLoop loop;
+  {
+    TaskScope scope(*executor);
+    scope.spawn(
+        detail::keepResult(keychain.copyMatching(query, KeychainPrompt::never), item, loop));
+    letPass(20ms);
+  }
+  letPass(20ms);
+  EXPECT_FALSE(item);
+}
+
+/// The keyring daemon, with its password given at the start.
+class Daemon {
+ public:
+  explicit Daemon(RealTime& time) {
+    process_.setProcessEnvironment(QProcessEnvironment::systemEnvironment());
+    process_.start("gnome-keyring-daemon", {"--foreground", "--unlock", "--components=secrets"});
+    process_.write("password");
+    process_.closeWriteChannel();
+    process_.waitForStarted();
+    isThere_ = time.letPassUntil([&time] { return time.run(secretServiceIsPresent()); });
+  }
+  ~Daemon() {
+    process_.kill();
+    process_.waitForFinished();
+  }
+  [[nodiscard]] bool isThere() const { return isThere_; }
+
+ private:
+  QProcess process_;
+  bool isThere_ = false;
+};
+
+TEST_F(ServicePresenceTest, AServiceMayComeGoAndComeBack) {
+  auto daemon = std::make_unique<Daemon>(*this);
+  ASSERT_TRUE(daemon->isThere());
+  EXPECT_EQ(run(keychain.add(query, "secret")), KeychainStatus::success);
+  EXPECT_TRUE(run(keychain.copyMatching(query, KeychainPrompt::never)));
+
+  daemon.reset();
+  const auto time = timeOf([this] { expectEveryCallInVain(); });
+  EXPECT_LT(time, 1s);
+
+  daemon = std::make_unique<Daemon>(*this);
+  ASSERT_TRUE(daemon->isThere());
+  const auto item = run(keychain.copyMatching(query, KeychainPrompt::never));
+  ASSERT_TRUE(item);
+  EXPECT_EQ(item->data, "secret");
+  EXPECT_EQ(run(keychain.update(query, "new")), KeychainStatus::success);
+  EXPECT_EQ(run(keychain.copyMatching(query, KeychainPrompt::never))->data, "new");
+}
+
+TEST(ForeignLoopTest, WhereNobodyServesGLibEveryCallEndsAtTheDeadline) {
+  ::setenv("QT_NO_GLIB", "1", 1);
+  {
+    RealTime time;
+    SecretServiceKeychain keychain(100ms);
+    const KeychainQuery query{.service = "presence", .account = "token"};
+    EXPECT_FALSE(time.run(keychain.copyMatching(query, KeychainPrompt::never)));
+    EXPECT_EQ(time.run(keychain.add(query, "x")), KeychainStatus::failed);
+  }
+  ::unsetenv("QT_NO_GLIB");
+}
+
+}  // namespace
+}  // namespace orvane::test
