@@ -74,9 +74,11 @@ Task<Found> findItems(KeychainQuery query) {
 }
 
 Task<bool> unlockItem(SecretItemRef item) {
-  GlibBegin begin = [&](GCancellable* cancellable, GAsyncReadyCallback callback, gpointer data) {
+  // Not cancellable: a cancelled prompt is dismissed over the bus, which ends gnome-keyring 42 by a
+  // failed assertion. A dialog that nobody waits for any more is the user's to close.
+  GlibBegin begin = [&](GCancellable*, GAsyncReadyCallback callback, gpointer data) {
     GList list{.data = item.get(), .next = nullptr, .prev = nullptr};
-    secret_service_unlock(nullptr, &list, cancellable, callback, data);
+    secret_service_unlock(nullptr, &list, nullptr, callback, data);
   };
   const GlibFinish<bool> finish = [](GObject*, GAsyncResult* result) {
     return secret_service_unlock_finish(nullptr, result, nullptr, nullptr) > 0;

@@ -2,6 +2,7 @@
 
 #include "platform/eventloop/real_time.h"
 #include "platform/keychain/secret_service_keychain.h"
+#include "platform/keychain/service_presence.h"
 #include "platform/keychain/session_tools.h"
 
 namespace orvane::test {
@@ -47,9 +48,13 @@ class Prompter {
         outputOf("xdotool search --onlyvisible --class gcr-prompter 2>/dev/null");
     return ids.substr(0, ids.find('\n'));
   }
-  /// Types into the dialog, again and again until it is gone: it may not listen at once.
-  static void answer(const std::string& keys) {
-    outputOf("xdotool windowfocus " + window() + " " + keys + " 2>/dev/null");
+  /// Types into the dialog, and Return, unless it is gone; it may not listen at first.
+  static bool isClosedWith(const std::string& keys) {
+    const std::string dialog = window();
+    if (!dialog.empty())
+      outputOf("xdotool windowfocus " + dialog + " key ctrl+a " + keys +
+               " 2>/dev/null; xdotool key Return");
+    return dialog.empty();
   }
 
  private:
@@ -102,20 +107,20 @@ class PromptTest : public LockedTest {
   TaskScope scope{*executor};
 };
 
-TEST_F(PromptTest, CancellingTakesTheDialogAway) {
+TEST_F(PromptTest, CancellingEndsTheReadAtOnceAndHarmsNoService) {
   beginToRead();
   reading.cancel();
-  EXPECT_TRUE(letPassUntil([] { return Prompter::window().empty(); }));
+  letPass(50ms);
   EXPECT_TRUE(reading.finished());
   EXPECT_FALSE(item);
+  EXPECT_TRUE(letPassUntil([] { return Prompter::isClosedWith("key Escape"); }));
+  EXPECT_TRUE(run(secretServiceIsPresent()));
 }
 
 TEST_F(PromptTest, ARefusalGivesNothing) {
   beginToRead();
-  EXPECT_TRUE(letPassUntil([&] {
-    if (!reading.finished()) Prompter::answer("key Escape");
-    return reading.finished();
-  }));
+  EXPECT_TRUE(letPassUntil([] { return Prompter::isClosedWith("key Escape"); }));
+  EXPECT_TRUE(letPassUntil([this] { return reading.finished(); }));
   EXPECT_FALSE(item);
 }
 
@@ -124,10 +129,8 @@ TEST_F(PromptTest, TheReadWaitsForTheUserLongerThanForTheServiceAndGivesTheItem)
   beginToRead();
   letPass(400ms);
   EXPECT_FALSE(reading.finished());
-  EXPECT_TRUE(letPassUntil([&] {
-    if (!reading.finished()) Prompter::answer("type --clearmodifiers $'password\\n'");
-    return reading.finished();
-  }));
+  EXPECT_TRUE(letPassUntil([] { return Prompter::isClosedWith("type password"); }));
+  EXPECT_TRUE(letPassUntil([this] { return reading.finished(); }));
   ASSERT_TRUE(item);
   EXPECT_EQ(item->data, "secret");
 }
