@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <expected>
 #include <string>
 #include <vector>
@@ -24,7 +25,9 @@ class BraiinsAccountClient {
   /// `poolHost` is "host[:port]".
   BraiinsAccountClient(Executor& executor, HttpTransport& transport, std::string poolHost);
 
-  /// The access token sent with every request, unchanged; the store assigns it.
+  /// The access token sent with every request, unchanged; the store assigns it. No request is sent
+  /// while it is empty or has a line break or NUL in it, which no header can carry: calls then fail
+  /// with `userAuthenticationRequired`, at once and without using a slot.
   std::string token;
 
   [[nodiscard]] Task<std::expected<BraiinsAccountStats, PoolError>> fetchStats();
@@ -35,7 +38,10 @@ class BraiinsAccountClient {
   [[nodiscard]] Task<std::expected<std::vector<BraiinsHistoryDay>, PoolError>> fetchHistory();
 
  private:
+  /// One paced request; its body.
   [[nodiscard]] Task<std::expected<std::string, PoolError>> fetchPoolData(std::string url);
+  /// Waits until a request may be sent and claims that moment. A failed claim uses no slot.
+  [[nodiscard]] Task<std::expected<void, PoolError>> claimSlot();
 
   Executor& executor_;
   HttpTransport& transport_;

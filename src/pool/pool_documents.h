@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+/// The answers of the pool's account API, with the members that are read of them. Hash rates are
+/// in the unit that stands beside them; times are seconds since 1970-01-01T00:00:00 UTC.
+namespace orvane {
+
+/// Values under names that the pool chooses. Of members with the same name the last one counts.
+template <class Value>
+using NamedValues = std::map<std::string, Value, std::less<>>;
+
+struct BraiinsProfileResponse {
+  struct Profile {
+    std::string hashRateUnit;
+    double hashRate60m = 0;
+    double shares24h = 0;
+    std::string todayReward;     ///< BTC, decimal text
+    std::string currentBalance;  ///< BTC, decimal text
+  };
+  Profile btc;
+};
+
+struct BraiinsWorkersResponse {
+  struct Worker {
+    std::optional<std::string> state;
+    std::optional<std::int64_t> lastShare;
+    std::optional<std::string> hashRateUnit;
+    std::optional<double> hashRate5m;
+    std::optional<double> hashRate60m;
+    std::optional<double> hashRate24h;
+  };
+  struct BTC {
+    NamedValues<Worker> workers;  ///< by full name
+  };
+  NamedValues<BTC> values;  ///< by currency, in practice "btc"
+};
+
+struct BraiinsRewardsResponse {
+  struct Reward {
+    std::int64_t date = 0;
+    std::string totalReward;  ///< BTC, decimal text
+  };
+  struct BTC {
+    std::vector<Reward> dailyRewards;
+  };
+  BTC btc;
+};
+
+struct BraiinsDailyHashrateResponse {
+  struct Day {
+    std::int64_t date = 0;
+    std::string hashRateUnit;
+    double hashRate24h = 0;
+    double totalShares = 0;
+  };
+  NamedValues<std::vector<Day>> values;  ///< by group, in practice "btc"
+};
+
+/// The entry that an account in bitcoin is read from: "btc", else the first by name, else the
+/// empty value.
+template <class Value>
+[[nodiscard]] Value currencyEntry(NamedValues<Value> values) {
+  auto entry = values.find("btc");
+  if (entry == values.end()) {
+    entry = values.begin();
+  }
+  return entry == values.end() ? Value{} : std::move(entry->second);
+}
+
+}  // namespace orvane

@@ -1,0 +1,116 @@
+#include "pool/history_builder.h"
+
+#include <string>
+
+#include <gmock/gmock.h>
+
+namespace orvane::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::Field;
+using ::testing::IsEmpty;
+
+constexpr std::int64_t today = 1'794'700'800;  // 2026-11-15T00:00:00 UTC
+constexpr std::int64_t aDay = 86'400;
+
+std::string reward(std::int64_t date, const std::string& amount) {
+  return R"({"date":)" + std::to_string(date) + R"(,"total_reward":")" + amount + R"("})";
+}
+
+std::string hashrate(std::int64_t date, const std::string& rate, const std::string& shares) {
+  return R"({"date":)" + std::to_string(date) + R"(,"hash_rate_unit":"Gh/s","hash_rate_24h":)" +
+         rate + R"(,"total_shares":)" + shares + "}";
+}
+
+std::string rewardsBody(const std::string& rewards) {
+  return R"({"btc":{"daily_rewards":[)" + rewards + "]}}";
+}
+
+std::vector<BraiinsHistoryDay> build(const std::string& rewards, const std::string& days) {
+  const auto built = buildHistoryDays(rewardsBody(rewards), R"({"btc":[)" + days + "]}");
+  if (!built) {
+    ADD_FAILURE() << "not built from " << rewards;
+  }
+  return built.value_or(std::vector<BraiinsHistoryDay>{});
+}
+
+std::chrono::sys_seconds at(std::int64_t date) {
+  return std::chrono::sys_seconds(std::chrono::seconds(date));
+}
+
+TEST(HistoryBuilderTest, JoinsBothDocumentsByTheirTimestamps) {
+  EXPECT_THAT(build(reward(today, "0.0001"), hashrate(today, "5", "2048")),
+              ElementsAre(BraiinsHistoryDay{
+                  .date = at(today), .averageHashRate = 5e9, .shares = 2, .rewardBTC = "0.0001"}));
+}
+
+TEST(HistoryBuilderTest, ASecondApartIsAnotherDay) {
+  EXPECT_THAT(
+      build(reward(today, "0.0001"), hashrate(today + 1, "5", "2048")),
+      ElementsAre(BraiinsHistoryDay{.date = at(today + 1), .averageHashRate = 5e9, .shares = 2},
+                  BraiinsHistoryDay{.date = at(today), .rewardBTC = "0.0001"}));
+}
+
+TEST(HistoryBuilderTest, LaterEntriesReplaceEarlierOnesAndKeepTheReward) {
+  EXPECT_THAT(build(reward(today, "1") + "," + reward(today, "2"),
+                    hashrate(today, "1", "0") + "," + hashrate(today, "0", "1024")),
+              ElementsAre(BraiinsHistoryDay{
+                  .date = at(today), .averageHashRate = 0, .shares = 1, .rewardBTC = "2"}));
+}
+
+TEST(HistoryBuilderTest, KeepsDaysOnWhichSomethingHappened) {
+  struct Case {
+    std::string rewards;
+    std::string days;
+    bool kept;
+  };
+  const std::vector<Case> cases{
+      {.rewards = reward(today, "0"), .days = "", .kept = false},
+      {.rewards = reward(today, "0.00000000"), .days = "", .kept = false},
+      {.rewards = reward(today, "-1"), .days = "", .kept = false},
+      {.rewards = reward(today, "abc"), .days = "", .kept = false},
+      {.rewards = reward(today, "nan"), .days = "", .kept = false},
+      {.rewards = reward(today, "0.00000001"), .days = "", .kept = true},
+      {.rewards = reward(today, "1e-400"), .days = "", .kept = true},
+      {.rewards = "", .days = hashrate(today, "0", "511"), .kept = false},
+      {.rewards = "", .days = hashrate(today, "0", "512"), .kept = true},
+      {.rewards = "", .days = hashrate(today, "0.1", "0"), .kept = true},
+      {.rewards = "", .days = hashrate(today, "-1", "-2048"), .kept = false},
+      {.rewards = reward(today, "0"), .days = hashrate(today, "0", "0"), .kept = false},
+      {.rewards = reward(today, "1"), .days = hashrate(today, "0", "0"), .kept = true},
+  };
+  for (const Case& test : cases) {
+    EXPECT_EQ(build(test.rewards, test.days).size(), test.kept ? 1U : 0U)
+        << test.rewards << test.days;
+  }
+}
+
+TEST(HistoryBuilderTest, NewestFirstWhateverTheOrder) {
+  const std::vector<BraiinsHistoryDay> days =
+      build(reward(today - aDay, "1") + "," + reward(today + aDay, "1"),
+            hashrate(-aDay, "1", "1") + "," + hashrate(today, "1", "1"));
+  const auto dated = [](std::int64_t date) { return Field(&BraiinsHistoryDay::date, at(date)); };
+  EXPECT_THAT(days,
+              ElementsAre(dated(today + aDay), dated(today), dated(today - aDay), dated(-aDay)));
+}
+
+TEST(HistoryBuilderTest, WithoutHashratesTheDaysCarryRewardsOnly) {
+  const std::string rewards = rewardsBody(reward(today, "1") + "," + reward(today + aDay, "0"));
+  const BraiinsHistoryDay day{.date = at(today), .rewardBTC = "1"};
+  EXPECT_THAT(buildHistoryDays(rewards, std::nullopt).value(), ElementsAre(day));
+  for (const std::string& body : {std::string(), std::string("[]"), std::string("{}"),
+                                  R"({"btc":[)" + hashrate(today, "\"5\"", "1") + "]}"}) {
+    EXPECT_THAT(buildHistoryDays(rewards, body).value(), ElementsAre(day)) << body;
+  }
+}
+
+TEST(HistoryBuilderTest, FailsWithoutRewards) {
+  const std::string hashrates = R"({"btc":[)" + hashrate(today, "5", "2048") + "]}";
+  EXPECT_EQ(buildHistoryDays("", hashrates).error(), PoolError{PoolError::Kind::decoding});
+  EXPECT_EQ(buildHistoryDays("{}", hashrates).error(), PoolError{PoolError::Kind::decoding});
+  EXPECT_THAT(buildHistoryDays(rewardsBody(""), "{}").value(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace orvane::test

@@ -1,0 +1,182 @@
+#include "pool/pool_decoding.h"
+
+#include <functional>
+#include <limits>
+
+#include <gtest/gtest.h>
+
+#include "pool/malformed_bodies.h"
+
+namespace orvane::test {
+namespace {
+
+const std::string profileBody =
+    R"({"btc":{"hash_rate_unit":"Gh/s","hash_rate_60m":5.5,"shares_24h":1536,)"
+    R"("today_reward":"0.1","current_balance":"0.2","all_time_reward":null}})";
+const std::string workersBody =
+    R"({"btc":{"workers":{"pellam.mac":{"state":"ok","last_share":1700000000,)"
+    R"("hash_rate_unit":"Gh/s","hash_rate_5m":1,"hash_rate_60m":2.5,"hash_rate_24h":3e2}}}})";
+const std::string rewardsBody = R"({"btc":{"daily_rewards":[{"date":1794700800,)"
+                                R"("total_reward":"0.0001"},{"date":2,"total_reward":""}]}})";
+const std::string hashrateBody =
+    R"({"btc":[{"date":1794700800,"hash_rate_unit":"Gh/s","hash_rate_24h":5,)"
+    R"("total_shares":2048.5}],"other":[]})";
+
+struct Document {
+  std::string body;
+  std::function<bool(std::string_view)> decodes;
+};
+
+const std::vector<Document> documents{
+    {.body = profileBody, .decodes = [](auto body) { return decodeProfile(body).has_value(); }},
+    {.body = workersBody, .decodes = [](auto body) { return decodeWorkers(body).has_value(); }},
+    {.body = rewardsBody, .decodes = [](auto body) { return decodeRewards(body).has_value(); }},
+    {.body = hashrateBody,
+     .decodes = [](auto body) { return decodeDailyHashrate(body).has_value(); }},
+};
+const Document& profile = documents[0];
+const Document& workers = documents[1];
+const Document& rewards = documents[2];
+const Document& hashrate = documents[3];
+
+TEST(PoolDecodingTest, ReadsEveryMember) {
+  const std::optional<BraiinsProfileResponse> account = decodeProfile(profileBody);
+  ASSERT_TRUE(account);
+  EXPECT_EQ(account->btc.hashRateUnit, "Gh/s");
+  EXPECT_EQ(account->btc.hashRate60m, 5.5);
+  EXPECT_EQ(account->btc.shares24h, 1536);
+  EXPECT_EQ(account->btc.todayReward, "0.1");
+  EXPECT_EQ(account->btc.currentBalance, "0.2");
+
+  const std::optional<BraiinsWorkersResponse> mining = decodeWorkers(workersBody);
+  ASSERT_TRUE(mining);
+  const BraiinsWorkersResponse::Worker& worker = mining->values.at("btc").workers.at("pellam.mac");
+  EXPECT_EQ(worker.state, "ok");
+  EXPECT_EQ(worker.lastShare, 1'700'000'000);
+  EXPECT_EQ(worker.hashRateUnit, "Gh/s");
+  EXPECT_EQ(worker.hashRate5m, 1);
+  EXPECT_EQ(worker.hashRate60m, 2.5);
+  EXPECT_EQ(worker.hashRate24h, 300);
+
+  const std::optional<BraiinsRewardsResponse> earned = decodeRewards(rewardsBody);
+  ASSERT_TRUE(earned);
+  ASSERT_EQ(earned->btc.dailyRewards.size(), 2U);
+  EXPECT_EQ(earned->btc.dailyRewards[0].date, 1'794'700'800);
+  EXPECT_EQ(earned->btc.dailyRewards[0].totalReward, "0.0001");
+
+  const std::optional<BraiinsDailyHashrateResponse> mined = decodeDailyHashrate(hashrateBody);
+  ASSERT_TRUE(mined);
+  ASSERT_EQ(mined->values.at("btc").size(), 1U);
+  const BraiinsDailyHashrateResponse::Day& day = mined->values.at("btc")[0];
+  EXPECT_EQ(day.date, 1'794'700'800);
+  EXPECT_EQ(day.hashRateUnit, "Gh/s");
+  EXPECT_EQ(day.hashRate24h, 5);
+  EXPECT_EQ(day.totalShares, 2048.5);
+}
+
+TEST(PoolDecodingTest, GivesNothingForMalformedBodies) {
+  for (const Document& document : documents) {
+    EXPECT_TRUE(document.decodes(document.body)) << document.body;
+    EXPECT_TRUE(document.decodes(withUnreadMember(document.body, "[{}]"))) << document.body;
+    EXPECT_TRUE(document.decodes("\xEF\xBB\xBF" + document.body)) << document.body;
+    EXPECT_FALSE(document.decodes("[]"));
+    for (const std::string& body : malformedBodies(document.body)) {
+      EXPECT_FALSE(document.decodes(body)) << body.substr(0, 200);
+    }
+  }
+}
+
+TEST(PoolDecodingTest, OneMistypedMemberFailsTheWholeDocument) {
+  const std::vector<std::string> noText{"null", "1", "true", "[]", "{}"};
+  const std::vector<std::string> noNumber{"null", "\"1\"", "true", "[]", "{}"};
+  const std::vector<std::string> noInteger{"null", "\"1\"", "true", "1.5", "9223372036854775808"};
+  const std::vector<std::string> noObject{"null", "1", "\"\"", "[]", "[{}]"};
+  const std::vector<std::string> noArray{"null", "1", "\"\"", "{}", "[1]", "[null]", "[{}]"};
+  // An optional member may be null.
+  const std::vector<std::string> noOptionalText{"1", "true", "[]"};
+  const std::vector<std::string> noOptionalNumber{"\"1\"", "true", "[]"};
+  const std::vector<std::string> noOptionalInteger{"\"1\"", "1.5", "-9223372036854775809", "1e19"};
+  struct Case {
+    const Document& document;
+    std::string member;
+    const std::vector<std::string>& values;
+  };
+  const std::vector<Case> cases{
+      {profile, R"("hash_rate_unit":"Gh/s")", noText},
+      {profile, R"("hash_rate_60m":5.5)", noNumber},
+      {profile, R"("shares_24h":1536)", noNumber},
+      {profile, R"("today_reward":"0.1")", noText},
+      {profile, R"("current_balance":"0.2")", noText},
+      {profile, profileBody.substr(1, profileBody.size() - 2), noObject},
+      {workers, R"("state":"ok")", noOptionalText},
+      {workers, R"("last_share":1700000000)", noOptionalInteger},
+      {workers, R"("hash_rate_unit":"Gh/s")", noOptionalText},
+      {workers, R"("hash_rate_5m":1)", noOptionalNumber},
+      {workers, R"("hash_rate_60m":2.5)", noOptionalNumber},
+      {workers, R"("hash_rate_24h":3e2)", noOptionalNumber},
+      {workers, workersBody.substr(8, workersBody.size() - 10), noObject},
+      {workers, workersBody.substr(1, workersBody.size() - 2), noObject},
+      {rewards, R"("date":1794700800)", noInteger},
+      {rewards, R"("total_reward":"0.0001")", noText},
+      {rewards, rewardsBody.substr(8, rewardsBody.size() - 10), noArray},
+      {rewards, rewardsBody.substr(1, rewardsBody.size() - 2), noObject},
+      {hashrate, R"("date":1794700800)", noInteger},
+      {hashrate, R"("hash_rate_unit":"Gh/s")", noText},
+      {hashrate, R"("hash_rate_24h":5)", noNumber},
+      {hashrate, R"("total_shares":2048.5)", noNumber},
+      {hashrate, R"("other":[])", noArray},
+  };
+  for (const Case& test : cases) {
+    ASSERT_TRUE(test.document.body.contains(test.member)) << test.member;
+    for (const std::string& body : withMember(test.document.body, test.member, test.values)) {
+      EXPECT_FALSE(test.document.decodes(body)) << body;
+    }
+  }
+}
+
+TEST(PoolDecodingTest, RequiredMembersMayNotBeMissing) {
+  EXPECT_FALSE(decodeProfile("{}"));
+  EXPECT_FALSE(decodeProfile(R"({"btc":{}})"));
+  EXPECT_FALSE(decodeWorkers(R"({"btc":{}})"));
+  EXPECT_FALSE(decodeWorkers(R"({"btc":{"workers":{}},"ltc":{}})"));
+  EXPECT_FALSE(decodeWorkers(R"({"btc":{"workers":{"a":null}}})"));
+  EXPECT_FALSE(decodeRewards("{}"));
+  EXPECT_FALSE(decodeRewards(R"({"btc":{}})"));
+  EXPECT_FALSE(decodeRewards(R"({"btc":{"daily_rewards":[{"date":1}]}})"));
+  EXPECT_FALSE(decodeDailyHashrate(R"({"btc":[{}]})"));
+}
+
+TEST(PoolDecodingTest, OptionalMembersMayBeMissingOrNull) {
+  for (const std::string_view worker :
+       {"{}", R"({"state":null,"last_share":null,"hash_rate_unit":null,"hash_rate_5m":null})"}) {
+    const std::optional<BraiinsWorkersResponse> response =
+        decodeWorkers(R"({"btc":{"workers":{"a":)" + std::string(worker) + "}}}");
+    ASSERT_TRUE(response);
+    EXPECT_FALSE(response->values.at("btc").workers.at("a").state);
+    EXPECT_FALSE(response->values.at("btc").workers.at("a").lastShare);
+  }
+  EXPECT_TRUE(decodeWorkers("{}"));
+  EXPECT_TRUE(decodeDailyHashrate("{}"));
+}
+
+TEST(PoolDecodingTest, WholeNumbersCountHoweverTheyAreWritten) {
+  const std::optional<BraiinsRewardsResponse> response =
+      decodeRewards(R"({"btc":{"daily_rewards":[{"date":17947008e2,"total_reward":"1"},)"
+                    R"({"date":1.0,"total_reward":"1"},)"
+                    R"({"date":-9223372036854775808,"total_reward":"1"}]}})");
+  ASSERT_TRUE(response);
+  EXPECT_EQ(response->btc.dailyRewards[0].date, 1'794'700'800);
+  EXPECT_EQ(response->btc.dailyRewards[1].date, 1);
+  EXPECT_EQ(response->btc.dailyRewards[2].date, std::numeric_limits<std::int64_t>::min());
+}
+
+TEST(PoolDecodingTest, OfMembersWithTheSameNameTheLastCounts) {
+  const std::optional<BraiinsWorkersResponse> response =
+      decodeWorkers(R"({"btc":{"workers":{"b":{"state":"low"},"a":{},"b":{"state":"ok"}}}})");
+  ASSERT_TRUE(response);
+  EXPECT_EQ(response->values.at("btc").workers.size(), 2U);
+  EXPECT_EQ(response->values.at("btc").workers.at("b").state, "ok");
+}
+
+}  // namespace
+}  // namespace orvane::test
