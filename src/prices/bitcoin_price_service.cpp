@@ -1,0 +1,90 @@
+#include "prices/bitcoin_price_service.h"
+
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include "prices/price_decoding.h"
+#include "prices/price_text.h"
+
+namespace orvane {
+namespace {
+
+using Kind = PriceError::Kind;
+
+std::unexpected<PriceError> failure(Kind kind) { return std::unexpected(PriceError{.kind = kind}); }
+
+std::expected<std::string, PriceError> bodyOf(HttpResult result) {
+  if (!result && result.error() == HttpFailure::cancelled) {
+    return failure(Kind::cancelled);
+  }
+  if (!result) {
+    return std::unexpected(PriceError{.kind = Kind::transport, .failure = result.error()});
+  }
+  if (result->status < 200 || result->status > 299) {
+    return failure(Kind::badServerResponse);
+  }
+  return std::move(result->body);
+}
+
+std::optional<double> rate(const CoinbasePriceResponse& response, std::string_view currency) {
+  const auto found = response.data.rates.find(currency);
+  return found == response.data.rates.end() ? std::nullopt : parsePriceText(found->second);
+}
+
+PriceResult pricesFromCoinGecko(std::string_view body) {
+  const std::optional<CurrentPriceResponse> response = decodeCurrentPrice(body);
+  if (!response) {
+    return failure(Kind::decoding);
+  }
+  return CurrentBitcoinPrices{.eur = response->bitcoin.eur, .usd = response->bitcoin.usd};
+}
+
+PriceResult pricesFromCoinbase(std::string_view body) {
+  const std::optional<CoinbasePriceResponse> response = decodeCoinbasePrice(body);
+  if (!response) {
+    return failure(Kind::decoding);
+  }
+  const std::optional<double> eur = rate(*response, rawValue(PreferredFiatCurrency::eur));
+  const std::optional<double> usd = rate(*response, rawValue(PreferredFiatCurrency::usd));
+  if (!eur || !usd) {
+    return failure(Kind::cannotParseResponse);
+  }
+  return CurrentBitcoinPrices{.eur = *eur, .usd = *usd};
+}
+
+Task<PriceResult> fetch(HttpTransport& transport, std::string url,
+                        PriceResult (*pricesFrom)(std::string_view body)) {
+  HttpRequest request{.url = std::move(url)};
+  HttpResult result = co_await transport.get(std::move(request));
+  const std::expected<std::string, PriceError> body = bodyOf(std::move(result));
+  if (!body) co_return std::unexpected(body.error());
+  co_return pricesFrom(*body);
+}
+
+}  // namespace
+
+BitcoinPriceService::BitcoinPriceService(HttpTransport& transport, std::string primaryHost,
+                                         std::string fallbackHost)
+    : transport_(transport),
+      primaryHost_(std::move(primaryHost)),
+      fallbackHost_(std::move(fallbackHost)) {}
+
+Task<PriceResult> BitcoinPriceService::current() {
+  const PriceResult primary = co_await fetchFromCoinGecko();
+  if (primary || primary.error().kind == Kind::cancelled) co_return primary;
+  co_return co_await fetchFromCoinbase();
+}
+
+Task<PriceResult> BitcoinPriceService::fetchFromCoinGecko() {
+  return fetch(transport_,
+               "https://" + primaryHost_ + "/api/v3/simple/price?ids=bitcoin&vs_currencies=eur,usd",
+               pricesFromCoinGecko);
+}
+
+Task<PriceResult> BitcoinPriceService::fetchFromCoinbase() {
+  return fetch(transport_, "https://" + fallbackHost_ + "/v2/exchange-rates?currency=BTC",
+               pricesFromCoinbase);
+}
+
+}  // namespace orvane

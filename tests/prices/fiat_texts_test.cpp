@@ -1,0 +1,59 @@
+#include "prices/fiat_texts.h"
+
+#include <gtest/gtest.h>
+
+namespace orvane::test {
+namespace {
+
+using enum PreferredFiatCurrency;
+
+const LocaleFormat english({.numbers = "en_US", .dates = "en_US"});
+const LocaleFormat german({.numbers = "de_DE", .dates = "de_DE"});
+
+TEST(FiatTextsTest, CurrenciesHaveExactlyTheirRawValues) {
+  EXPECT_EQ(fiatCurrencyFromRawValue("EUR"), eur);
+  EXPECT_EQ(fiatCurrencyFromRawValue("USD"), usd);
+  for (const std::string_view text : {"", "eur", "usd", "EUR ", "GBP"}) {
+    EXPECT_EQ(fiatCurrencyFromRawValue(text), std::nullopt) << text;
+  }
+  EXPECT_EQ(rawValue(eur), "EUR");
+  EXPECT_EQ(rawValue(usd), "USD");
+}
+
+TEST(FiatTextsTest, TakesThePriceOfTheChosenCurrency) {
+  const CurrentBitcoinPrices prices{.eur = 2, .usd = 50'000};
+  EXPECT_EQ(fiatValue(150'000'000, prices, eur), 3.0);
+  EXPECT_EQ(fiatValue(10'000, prices, usd), 5.0);
+  EXPECT_EQ(fiatValue(1'000, prices, usd), 0.5);
+  EXPECT_EQ(fiatValue(-1'000, prices, usd), -0.5);
+}
+
+TEST(FiatTextsTest, ShowsTwoDigitsFromOneOnAndThreeBelow) {
+  struct Case {
+    double sats;
+    std::string_view text;
+  };
+  const std::vector<Case> cases{
+      {.sats = 123'450'000'000, .text = "1,234.50 €"},
+      {.sats = 100'000'000, .text = "1.00 €"},
+      {.sats = 99'999'999, .text = "1.000 €"},
+      {.sats = 50'000'000, .text = "0.500 €"},
+      {.sats = 0, .text = "0.000 €"},
+      {.sats = -500'000'000, .text = "-5.000 €"},
+  };
+  for (const Case& test : cases) {
+    EXPECT_EQ(fiatValueText(english, eur, test.sats, {.eur = 1}), test.text) << test.sats;
+  }
+  EXPECT_EQ(fiatValueText(english, usd, 50'000'000, {.eur = 9, .usd = 1}), "0.500 $");
+  EXPECT_EQ(fiatValueText(german, usd, 123'450'000'000, {.eur = 9, .usd = 1}), "1.234,50 $");
+}
+
+TEST(FiatTextsTest, RoundsTheRateToWholeUnits) {
+  const CurrentBitcoinPrices prices{.eur = 84'123.4, .usd = 97'000.6};
+  EXPECT_EQ(rateText(english, eur, prices), "1 BTC = 84,123 €");
+  EXPECT_EQ(rateText(english, usd, prices), "1 BTC = 97,001 $");
+  EXPECT_EQ(rateText(german, eur, prices), "1 BTC = 84.123 €");
+}
+
+}  // namespace
+}  // namespace orvane::test
