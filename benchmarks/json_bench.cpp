@@ -24,7 +24,7 @@ void reportBytes(benchmark::State& state, const std::string& text) {
 
 void libraryTree(benchmark::State& state, std::string (*document)()) {
   const std::string text = document();
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     benchmark::DoNotOptimize(nlohmann::json::parse(text, nullptr, false));
   }
   reportBytes(state, text);
@@ -32,7 +32,7 @@ void libraryTree(benchmark::State& state, std::string (*document)()) {
 
 void ourDocument(benchmark::State& state, std::string (*document)()) {
   const std::string text = document();
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     benchmark::DoNotOptimize(JsonDocument::parse(text));
   }
   reportBytes(state, text);

@@ -32,7 +32,7 @@ Bodies storedHistory() {
 
 void libraryTree(benchmark::State& state, Bodies (*documents)()) {
   const Bodies bodies = documents();
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     for (const std::string& body : bodies) {
       benchmark::DoNotOptimize(nlohmann::json::parse(body, nullptr, false));
     }
@@ -41,7 +41,7 @@ void libraryTree(benchmark::State& state, Bodies (*documents)()) {
 
 void decodeAndMap(benchmark::State& state, Bodies (*documents)(), bool (*decode)(const Bodies&)) {
   const Bodies bodies = documents();
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     if (!decode(bodies)) {
       state.SkipWithError("the documents do not decode");
       break;
