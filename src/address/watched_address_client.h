@@ -1,7 +1,9 @@
 #pragma once
 
 #include <expected>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "address/address_summary.h"
@@ -25,13 +27,18 @@ class WatchedAddressClient {
       std::string address);
 
   [[nodiscard]] Task<std::expected<AddressStats, ExplorerError>> fetchAddressStats(
-      std::string address);
+      std::string_view address);
   [[nodiscard]] Task<std::expected<std::vector<Transaction>, ExplorerError>> fetchTransactions(
-      std::string address);
+      std::string_view address);
   [[nodiscard]] Task<std::expected<std::string, ExplorerError>> fetchTipHeightText();
 
  private:
+  /// The body of the answer to one GET; `path` begins with "/".
   [[nodiscard]] Task<std::expected<std::string, ExplorerError>> fetchData(std::string path);
+  [[nodiscard]] Task<std::expected<std::string, ExplorerError>> fetchText(std::string path);
+  template <class Record>
+  [[nodiscard]] Task<std::expected<Record, ExplorerError>> fetchJSON(
+      std::string path, std::optional<Record> (*decode)(std::string_view body));
 
   HttpTransport& transport_;
   std::string explorerBaseURL_;

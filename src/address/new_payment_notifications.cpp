@@ -1,0 +1,82 @@
+#include "address/new_payment_notifications.h"
+
+#include <optional>
+#include <set>
+#include <string_view>
+#include <utility>
+
+#include <fmt/format.h>
+
+namespace orvane {
+namespace {
+
+constexpr std::string_view seenTransactionsKey = "balance.watchedAddressSeenTransactions";
+
+Task<void> post(NotificationCenter& center, std::vector<NotificationRequest> requests) {
+  const bool granted = co_await center.requestAuthorization();
+  if (!granted) {
+    co_return;
+  }
+  for (NotificationRequest& request : requests) {
+    // One that the service does not take must not cost the user those behind it.
+    (void)co_await center.add(std::move(request));
+  }
+}
+
+}  // namespace
+
+NewPaymentNotifications::NewPaymentNotifications(Executor& executor, UserDefaults& defaults,
+                                                 NotificationCenter& center,
+                                                 const LocaleFormat& format, AmountText amountText)
+    : defaults_(defaults),
+      center_(center),
+      format_(format),
+      amountText_(std::move(amountText)),
+      posting_(executor) {}
+
+void NewPaymentNotifications::notifyNewTransactions(const WatchedAddressSummary& summary) {
+  const std::optional<std::vector<std::string>> known = defaults_.texts(seenTransactionsKey);
+  std::vector<std::string> seen = known.value_or(std::vector<std::string>());
+  std::set<std::string> seenIds(seen.begin(), seen.end());
+  std::vector<const WatchedAddressTransaction*> arrivals;
+  for (const WatchedAddressTransaction& transaction : summary.incoming) {
+    if (seenIds.insert(transaction.txid).second) {
+      seen.push_back(transaction.txid);
+      arrivals.push_back(&transaction);
+    }
+  }
+  defaults_.setTexts(seenTransactionsKey, seen);
+  if (!known || arrivals.empty()) {
+    return;
+  }
+  std::vector<NotificationRequest> requests;
+  requests.reserve(arrivals.size());
+  for (const WatchedAddressTransaction* const transaction : arrivals) {
+    requests.push_back(makeNotificationRequest(*transaction));
+  }
+  posting_.spawn(post(center_, std::move(requests)));
+}
+
+void NewPaymentNotifications::forgetSeenTransactions() { defaults_.remove(seenTransactionsKey); }
+
+NotificationRequest NewPaymentNotifications::makeNotificationRequest(
+    const WatchedAddressTransaction& transaction) const {
+  const std::string identifier = "address-" + transaction.txid;
+  const std::string amount = amountText_(transaction.sats);
+  if (!transaction.isCoinbase) {
+    return {.identifier = identifier,
+            .title = "Payment received",
+            .body = amount + " to your watched address.",
+            .sound = NotificationSound::standard};
+  }
+  const std::string height =
+      transaction.blockHeight ? format_.integer(*transaction.blockHeight) : "—";
+  return {.identifier = identifier,
+          .title = "Block reward received",
+          .body = fmt::format("{} from block #{} to your watched address. "
+                              "It can be spent after {} confirmations.",
+                              amount, height, coinbaseMaturity),
+          .sound = NotificationSound::critical};
+}
+
+}  // namespace orvane

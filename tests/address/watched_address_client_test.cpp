@@ -1,0 +1,186 @@
+#include "address/watched_address_client.h"
+
+#include <chrono>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "explorer_texts.h"
+#include "support/run_task.h"
+#include "support/scripted_transport.h"
+#include "support/virtual_executor.h"
+
+namespace orvane::test {
+namespace {
+
+using namespace std::chrono_literals;
+using Kind = ExplorerError::Kind;
+using Summary = std::expected<WatchedAddressSummary, ExplorerError>;
+
+const std::string base = "https://explorer.test:8443/api";
+const std::string totalsPath = "/address/" + watchedAddress;
+const std::string transactionsPath = totalsPath + "/txs";
+const std::string tipPath = "/blocks/tip/height";
+
+class WatchedAddressClientTest : public testing::Test {
+ protected:
+  WatchedAddressClientTest() {
+    transport.onEnding(totalsPath).respond(200, totalsText(150000, 50000));
+    transport.onEnding(transactionsPath)
+        .respond(200, "[" + TransactionText("t").paying(watchedAddress, 5).coinbase().json() + "]");
+    transport.onEnding(tipPath).respond(200, "850000\n");
+  }
+
+  Summary summary() { return runTask(executor, client.summary(watchedAddress)); }
+  std::optional<ExplorerError> failure() {
+    const Summary result = summary();
+    return result ? std::nullopt : std::optional(result.error());
+  }
+  ScriptedTransport::Script& on(const std::string& path) { return transport.onEnding(path); }
+
+  VirtualExecutor executor;
+  ScriptedTransport transport{executor};
+  WatchedAddressClient client{transport, "explorer.test:8443"};
+};
+
+TEST_F(WatchedAddressClientTest, AsksForThreeDocumentsAtOnceAndJoinsThem) {
+  on(totalsPath).respond(200, totalsText(150000, 50000)).after(3s);
+  on(transactionsPath).respond(200, "[]").after(5s);
+  on(tipPath).respond(200, "850000").after(4s);
+  const WatchedAddressSummary expected{
+      .confirmedSats = 100000, .pendingSats = -20000, .tipHeight = 850000, .incoming = {}};
+  EXPECT_EQ(summary(), expected);
+  EXPECT_EQ(executor.now(), Instant(5s));
+  const std::vector<std::string> urls{base + totalsPath, base + transactionsPath, base + tipPath};
+  ASSERT_EQ(transport.sent().size(), urls.size());
+  for (std::size_t index = 0; index < urls.size(); ++index) {
+    EXPECT_EQ(transport.sent()[index].request.url, urls[index]);
+    EXPECT_EQ(transport.sent()[index].at, Instant());
+    EXPECT_TRUE(transport.sent()[index].request.headers.empty());
+  }
+}
+
+TEST_F(WatchedAddressClientTest, ListsIncomingTransactions) {
+  const std::vector<WatchedAddressTransaction> expected{
+      {.txid = "t", .sats = 5, .isCoinbase = true, .blockHeight = 850000}};
+  EXPECT_EQ(summary().value().incoming, expected);
+}
+
+struct FailingAnswer {
+  HttpResult answer;
+  ExplorerError error;
+};
+
+TEST_F(WatchedAddressClientTest, NamesTheFailureOfEachRequest) {
+  const std::vector<FailingAnswer> answers{
+      {.answer = HttpResponse{.status = 404, .body = {}}, .error = {Kind::badServerResponse}},
+      {.answer = HttpResponse{.status = 500, .body = {}}, .error = {Kind::badServerResponse}},
+      {.answer = HttpResponse{.status = 199, .body = {}}, .error = {Kind::badServerResponse}},
+      {.answer = HttpResponse{.status = 300, .body = {}}, .error = {Kind::badServerResponse}},
+      {.answer = HttpResponse{.status = 299, .body = "no"}, .error = {Kind::decoding}},
+      {.answer = HttpResponse{.status = 204, .body = {}}, .error = {Kind::decoding}},
+      {.answer = std::unexpected(HttpFailure::invalidUrl), .error = {Kind::badURL}},
+      {.answer = std::unexpected(HttpFailure::cancelled), .error = {Kind::cancelled}},
+      {.answer = std::unexpected(HttpFailure::timedOut),
+       .error = {.kind = Kind::transport, .failure = HttpFailure::timedOut}},
+      {.answer = std::unexpected(HttpFailure::cannotFindHost),
+       .error = {.kind = Kind::transport, .failure = HttpFailure::cannotFindHost}},
+  };
+  for (const std::string& path : {totalsPath, transactionsPath, tipPath}) {
+    for (const FailingAnswer& test : answers) {
+      on(path).respondBy([&](const HttpRequest&) { return test.answer; }).times(1);
+      const bool isText = path == tipPath && test.error.kind == Kind::decoding;
+      const ExplorerError expected = isText ? ExplorerError{Kind::cannotParseResponse} : test.error;
+      EXPECT_EQ(failure(), expected) << path;
+      EXPECT_EQ(transport.inFlight(), 0U);
+    }
+  }
+}
+
+TEST_F(WatchedAddressClientTest, AnAmountBeyondTheRangeIsAMalformedAnswer) {
+  on(totalsPath).respond(200, totalsText(INT64_MIN, 1));
+  EXPECT_EQ(failure(), ExplorerError{Kind::decoding});
+}
+
+TEST_F(WatchedAddressClientTest, ReplacesInvalidTextBeforeItIsParsed) {
+  on(tipPath).respond(200, "850000\xff");
+  EXPECT_EQ(runTask(executor, client.fetchTipHeightText()), "850000\ufffd");
+  EXPECT_EQ(failure(), ExplorerError{Kind::cannotParseResponse});
+}
+
+TEST_F(WatchedAddressClientTest, AFailureEndsTheOthersBeforeItIsReported) {
+  on(totalsPath).respond(500).after(1s);
+  on(transactionsPath).neverAnswer();
+  on(tipPath).respond(200, "850000").after(1h);
+  EXPECT_EQ(failure(), ExplorerError{Kind::badServerResponse});
+  EXPECT_EQ(executor.now(), Instant(1s));
+  EXPECT_EQ(transport.inFlight(), 0U);
+  EXPECT_EQ(transport.aborted(), 2U);
+  EXPECT_EQ(executor.pendingTimers(), 0U);
+}
+
+TEST_F(WatchedAddressClientTest, FailuresCountInTheOrderOfTheRequests) {
+  on(totalsPath).respond(404).after(9s);
+  on(transactionsPath).fail(HttpFailure::timedOut).after(1s);
+  on(tipPath).respond(200, "none");
+  EXPECT_EQ(failure(), ExplorerError{Kind::badServerResponse});
+  EXPECT_EQ(executor.now(), Instant(9s));
+
+  on(totalsPath).respond(200, totalsText(1, 1)).after(9s);
+  on(tipPath).respond(500).after(20s);
+  const ExplorerError timedOut{.kind = Kind::transport, .failure = HttpFailure::timedOut};
+  EXPECT_EQ(failure(), timedOut);
+  EXPECT_EQ(executor.now(), Instant(18s));
+  EXPECT_EQ(transport.inFlight(), 0U);
+}
+
+TEST_F(WatchedAddressClientTest, CancellingAbortsAllThreeRequests) {
+  transport.on("/api/").neverAnswer();
+  std::optional<Summary> result;
+  TaskScope scope(executor);
+  const TaskHandle handle =
+      scope.spawn(detail::storeResult(client.summary(watchedAddress), result));
+  executor.runUntilIdle();
+  EXPECT_EQ(transport.inFlight(), 3U);
+  handle.cancel();
+  EXPECT_EQ(transport.inFlight(), 0U);
+  executor.runUntilIdle();
+  ASSERT_TRUE(result);
+  EXPECT_EQ(result->error(), ExplorerError{Kind::cancelled});
+}
+
+TEST_F(WatchedAddressClientTest, CancellingBetweenAnswersIsNoFigure) {
+  on(transactionsPath).neverAnswer();
+  std::optional<Summary> result;
+  TaskScope scope(executor);
+  const TaskHandle handle =
+      scope.spawn(detail::storeResult(client.summary(watchedAddress), result));
+  executor.runUntilIdle();
+  handle.cancel();
+  executor.runUntilIdle();
+  EXPECT_EQ(result.value().error(), ExplorerError{Kind::cancelled});
+  EXPECT_EQ(transport.aborted(), 1U);
+}
+
+TEST_F(WatchedAddressClientTest, DroppedSummariesLeaveNoRequest) {
+  transport.on("/api/").neverAnswer();
+  std::optional<Summary> result;
+  {
+    TaskScope scope(executor);
+    scope.spawn(detail::storeResult(client.summary(watchedAddress), result));
+    executor.runUntilIdle();
+  }
+  executor.runUntilIdle();
+  EXPECT_FALSE(result);
+  EXPECT_EQ(transport.aborted(), 3U);
+}
+
+TEST_F(WatchedAddressClientTest, EscapesWhatCannotStandInAPath) {
+  const auto answer = runTask(executor, client.fetchTransactions("a/b?é"));
+  EXPECT_EQ(answer.error(), ExplorerError{Kind::badServerResponse});
+  EXPECT_EQ(transport.sent()[0].request.url, base + "/address/a%2Fb%3Fé/txs");
+}
+
+}  // namespace
+}  // namespace orvane::test
