@@ -1,0 +1,48 @@
+#pragma once
+
+#include <filesystem>
+
+#include "platform/defaults/setting_value.h"
+#include "platform/defaults/settings_file.h"
+#include "platform/defaults/user_defaults.h"
+
+namespace orvane {
+
+/// Settings in one SQLite file. It is read once, at construction, so that reading never waits;
+/// what another program changes meanwhile is seen after the next start. A change is in the file
+/// when its call returns, and stays there whatever happens to the process.
+///
+/// A file that is damaged, another program's or a later version's is set aside under another name
+/// beside it, never deleted, and the settings start empty. Where the file cannot be read or
+/// written, now or for good (no rights, no room, locked by another process for more than a
+/// moment), changes live in memory; each later change tries to save them too.
+class SqliteDefaults final : public UserDefaults {
+ public:
+  /// Creates `file` and its folder when they are missing, for the user's eyes only.
+  explicit SqliteDefaults(const std::filesystem::path& file);
+  ~SqliteDefaults() override;
+  SqliteDefaults(const SqliteDefaults&) = delete;
+  SqliteDefaults& operator=(const SqliteDefaults&) = delete;
+
+  [[nodiscard]] std::optional<std::string> text(std::string_view key) const override;
+  [[nodiscard]] std::optional<std::string> data(std::string_view key) const override;
+  [[nodiscard]] std::optional<bool> boolean(std::string_view key) const override;
+  [[nodiscard]] std::optional<std::vector<std::string>> texts(std::string_view key) const override;
+
+  void setText(std::string_view key, std::string_view value) override;
+  void setData(std::string_view key, std::string_view bytes) override;
+  void setBoolean(std::string_view key, bool value) override;
+  void setTexts(std::string_view key, const std::vector<std::string>& values) override;
+  void remove(std::string_view key) override;
+
+ private:
+  template <class T>
+  [[nodiscard]] const T* find(std::string_view key) const;
+  void set(std::string_view key, SettingValue value);
+  void save();
+
+  OpenedSettings settings_;
+  SettingChanges unsaved_;
+};
+
+}  // namespace orvane

@@ -1,0 +1,261 @@
+#include "platform/defaults/sqlite_defaults.h"
+
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "settings_fixture.h"
+
+namespace orvane::test {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+using namespace std::string_literals;
+using testing::ElementsAre;
+using testing::Optional;
+
+/// Another program that has the file open.
+class OtherProgram {
+ public:
+  explicit OtherProgram(const fs::path& file) { sqlite3_open(file.c_str(), &connection_); }
+  OtherProgram(const OtherProgram&) = delete;
+  OtherProgram& operator=(const OtherProgram&) = delete;
+  ~OtherProgram() { sqlite3_close(connection_); }
+
+  void run(const std::string& sql) {
+    EXPECT_EQ(sqlite3_exec(connection_, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sql;
+  }
+
+ private:
+  sqlite3* connection_ = nullptr;
+};
+
+/// The rights of an ordinary user, also where the tests run as root.
+class OrdinaryUser {
+ public:
+  OrdinaryUser() {
+    if (previous_ == 0) EXPECT_EQ(::seteuid(65534), 0);
+  }
+  OrdinaryUser(const OrdinaryUser&) = delete;
+  OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+  ~OrdinaryUser() {
+    if (previous_ == 0) EXPECT_EQ(::seteuid(0), 0);
+  }
+
+ private:
+  uid_t previous_ = ::geteuid();
+};
+
+/// A disk without room: no file may grow beyond `bytes`.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    ::getrlimit(RLIMIT_FSIZE, &previous_);
+    const rlimit limit{.rlim_cur = bytes, .rlim_max = previous_.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+  ~FullDisk() {
+    ::setrlimit(RLIMIT_FSIZE, &previous_);
+    std::signal(SIGXFSZ, handler_);
+  }
+
+ private:
+  void (*handler_)(int);
+  rlimit previous_{};
+};
+
+class SqliteDefaultsTest : public SettingsFileTest {};
+
+TEST_F(SqliteDefaultsTest, EverythingIsThereAfterARestart) {
+  {
+    SqliteDefaults defaults(file);
+    defaults.setText("text", "a\0b"s);
+    defaults.setData("data", "\xff\0"s);
+    defaults.setBoolean("boolean", false);
+    defaults.setTexts("texts", {"b", "", "ä\0\"\\"s});
+    defaults.setTexts("empty", {});
+    defaults.setText("removed", "a");
+    defaults.remove("removed");
+  }
+  EXPECT_THAT(files(), ElementsAre("settings.sqlite"));
+  const SqliteDefaults defaults(file);
+  EXPECT_EQ(defaults.text("text"), "a\0b"s);
+  EXPECT_EQ(defaults.data("data"), "\xff\0"s);
+  EXPECT_EQ(defaults.boolean("boolean"), false);
+  EXPECT_THAT(defaults.texts("texts"), Optional(ElementsAre("b", "", "ä\0\"\\"s)));
+  EXPECT_THAT(defaults.texts("empty"), Optional(testing::IsEmpty()));
+  EXPECT_EQ(defaults.text("removed"), std::nullopt);
+}
+
+TEST_F(SqliteDefaultsTest, NobodyElseMayLook) {
+  const auto permissions = [](const fs::path& path) { return fs::status(path).permissions(); };
+  {
+    SqliteDefaults defaults(file);
+    defaults.setText("key", "value");
+    EXPECT_EQ(permissions(file.parent_path()), fs::perms::owner_all);
+    EXPECT_EQ(permissions(file.parent_path().parent_path()), fs::perms::owner_all);
+    for (const std::string& name : files()) {
+      EXPECT_EQ(permissions(file.parent_path() / name),
+                fs::perms::owner_read | fs::perms::owner_write)
+          << name;
+    }
+  }
+  fs::permissions(file, fs::perms::others_read, fs::perm_options::add);
+  EXPECT_EQ(SqliteDefaults(file).text("key"), "value");
+  EXPECT_EQ(permissions(file), fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST_F(SqliteDefaultsTest, ValuesThatMakeNoSenseAreMissing) {
+  {
+    const SqliteDefaults defaults(file);
+  }
+  OtherProgram(file).run(
+      "INSERT INTO settings VALUES ('a', 'text', 5), ('b', 'data', 'text'), ('c', 'boolean', "
+      "'yes'),"
+      " ('d', 'texts', 'no list'), ('e', 'texts', '[\"x\", 5]'), ('f', 'texts', '{}'),"
+      " ('g', 'date', 'today'), ('h', 'texts', ' [ \"x\" ] ')");
+  SqliteDefaults defaults(file);
+  for (const char* const key : {"a", "b", "c", "d", "e", "f", "g"}) {
+    EXPECT_FALSE(defaults.text(key) || defaults.data(key) || defaults.boolean(key) ||
+                 defaults.texts(key))
+        << key;
+  }
+  EXPECT_THAT(defaults.texts("h"), Optional(ElementsAre("x")));
+  defaults.setText("a", "now it does");
+  EXPECT_EQ(SqliteDefaults(file).text("a"), "now it does");
+}
+
+TEST_F(SqliteDefaultsTest, ALockedFileDelaysNobodyAndTheChangeIsSavedLater) {
+  SqliteDefaults defaults(file);
+  defaults.setText("a", "old");
+  OtherProgram other(file);
+  other.run("BEGIN EXCLUSIVE");
+  const auto start = std::chrono::steady_clock::now();
+  defaults.setText("a", "new");
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 1s);
+  EXPECT_EQ(defaults.text("a"), "new");
+  EXPECT_EQ(SqliteDefaults(file).text("a"), "old");
+  other.run("ROLLBACK");
+  defaults.setText("b", "next");
+  EXPECT_EQ(SqliteDefaults(file).text("a"), "new");
+  EXPECT_EQ(SqliteDefaults(file).text("b"), "next");
+}
+
+TEST_F(SqliteDefaultsTest, WhatCouldNotBeReadIsNotOverwritten) {
+  {
+    SqliteDefaults(file).setText("a", "old");
+  }
+  OtherProgram other(file);
+  other.run("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE");
+  SqliteDefaults defaults(file);
+  defaults.setText("a", "new");
+  EXPECT_EQ(defaults.text("a"), "new");
+  other.run("COMMIT; PRAGMA locking_mode = NORMAL; SELECT * FROM settings");
+  defaults.setText("b", "b");
+  EXPECT_EQ(SqliteDefaults(file).text("a"), "old");
+}
+
+TEST_F(SqliteDefaultsTest, ChangesLiveInMemoryWhereNothingCanBeWritten) {
+  const fs::path pipe = folder.path() / "pipe";
+  ASSERT_EQ(::mkfifo(pipe.c_str(), S_IRUSR | S_IWUSR | S_IRGRP), 0);
+  const std::vector<fs::path> places{"/proc/orvane/settings.sqlite", pipe / "settings.sqlite",
+                                     folder.path() / std::string(300, 'x'), pipe, ""};
+  for (const fs::path& place : places) {
+    SqliteDefaults defaults(place);
+    defaults.setText("a", "value");
+    defaults.setBoolean("b", true);
+    defaults.remove("b");
+    EXPECT_EQ(defaults.text("a"), "value") << place;
+    EXPECT_EQ(defaults.boolean("b"), std::nullopt) << place;
+  }
+  EXPECT_EQ(fs::status(pipe).type(), fs::file_type::fifo);
+  EXPECT_EQ(fs::status(pipe).permissions() & fs::perms::group_all, fs::perms::group_read);
+}
+
+TEST_F(SqliteDefaultsTest, ReadsWhatItMayNotWrite) {
+  for (const fs::path& readOnly : {file, file.parent_path()}) {
+    {
+      SqliteDefaults(file).setText("a", "old");
+    }
+    for (const fs::path& path : {folder.path(), folder.path() / "config"}) {
+      fs::permissions(path, fs::perms::all);
+    }
+    fs::permissions(file.parent_path(), fs::perms::all);
+    fs::permissions(file, fs::perms::all);
+    const auto write = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    fs::permissions(readOnly, write, fs::perm_options::remove);
+    {
+      const OrdinaryUser user;
+      SqliteDefaults defaults(file);
+      EXPECT_EQ(defaults.text("a"), "old") << readOnly;
+      defaults.setText("a", "new");
+      EXPECT_EQ(defaults.text("a"), "new") << readOnly;
+    }
+    EXPECT_THAT(files(), testing::Each(testing::Not(testing::HasSubstr("aside"))));
+    fs::permissions(readOnly, write, fs::perm_options::add);
+    EXPECT_EQ(SqliteDefaults(file).text("a"), "old");
+  }
+}
+
+TEST_F(SqliteDefaultsTest, AFullDiskLosesNothingOld) {
+  {
+    SqliteDefaults(file).setText("a", "old");
+  }
+  const std::string large(1'000'000, 'x');
+  {
+    SqliteDefaults defaults(file);
+    {
+      const FullDisk fullDisk(100'000);
+      defaults.setData("large", large);
+      defaults.setText("a", "new");
+      EXPECT_EQ(defaults.data("large"), large);
+      EXPECT_EQ(SqliteDefaults(file).text("a"), "old");
+    }
+    defaults.setText("b", "there is room again");
+    EXPECT_EQ(SqliteDefaults(file).text("a"), "new");
+  }
+  EXPECT_EQ(SqliteDefaults(file).data("large"), large);
+  EXPECT_THAT(files(), ElementsAre("settings.sqlite"));
+}
+
+TEST_F(SqliteDefaultsTest, AFullDiskAtTheStartIsNoDamage) {
+  fs::create_directories(file.parent_path());
+  {
+    const FullDisk fullDisk(0);
+    SqliteDefaults defaults(file);
+    defaults.setText("a", "value");
+    EXPECT_EQ(defaults.text("a"), "value");
+  }
+  {
+    SqliteDefaults(file).setText("a", "kept");
+  }
+  EXPECT_EQ(SqliteDefaults(file).text("a"), "kept");
+  EXPECT_THAT(files(), ElementsAre("settings.sqlite"));
+}
+
+TEST_F(SqliteDefaultsTest, FollowsALinkAndTakesAnyName) {
+  file = folder.path() / "a%b?c#d é.sqlite";
+  const fs::path target = folder.path() / "elsewhere.sqlite";
+  fs::create_symlink(target, file);
+  {
+    SqliteDefaults(file).setText("a", "value");
+  }
+  EXPECT_TRUE(fs::is_symlink(file));
+  EXPECT_EQ(SqliteDefaults(target).text("a"), "value");
+}
+
+}  // namespace
+}  // namespace orvane::test
