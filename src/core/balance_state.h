@@ -19,6 +19,8 @@ enum class BalanceUnit { sats, btc };
 /// writer; everything shown is a function of it.
 struct BalanceState {
   std::string token;
+  /// The stored token is still being read from the keychain: `token` may yet arrive by itself.
+  bool isReadingToken = false;
   std::optional<BraiinsAccountStats> stats;
   std::vector<BraiinsWorkerStatus> workers;
   std::vector<BraiinsHistoryDay> history;  ///< newest day first

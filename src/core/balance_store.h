@@ -1,43 +1,22 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 
-#include "address/watched_address_client.h"
+#include "core/address_watch.h"
 #include "core/announcer.h"
+#include "core/balance_fields.h"
+#include "core/balance_platform.h"
 #include "core/balance_state.h"
 #include "core/keychain_items.h"
-#include "platform/async/executor.h"
-#include "platform/async/task_scope.h"
-#include "platform/defaults/user_defaults.h"
-#include "platform/http/http_transport.h"
-#include "platform/notifications/notification_center.h"
-#include "platform/text/locale_format.h"
-#include "pool/braiins_account_client.h"
-#include "prices/bitcoin_price_service.h"
+#include "core/pool_account.h"
+#include "core/price_feed.h"
+#include "core/stored_settings.h"
 
 namespace orvane {
-
-/// The remote services that the store reads, each "host[:port]".
-struct ServiceHosts {
-  std::string pool;
-  std::string explorer;
-  std::string price;
-  std::string fallbackPrice;
-};
-
-/// What the store works with; all of it outlives the store.
-struct BalancePlatform {
-  Executor& executor;
-  HttpTransport& transport;
-  UserDefaults& defaults;
-  Keychain& keychain;
-  NotificationCenter& notifications;
-  const LocaleFormat& format;
-  ServiceHosts hosts;
-};
 
 /// Holds everything the application shows, runs the refresh cycles, keeps settings and secrets,
 /// and turns figures into texts. One exists per process; the views read it and call it.
@@ -45,17 +24,20 @@ class BalanceStore {
  public:
   using Unit = BalanceUnit;
 
+  /// Reads the settings, then goes on from the executor's queue: the stored token is read, and
+  /// both cycles start with an immediate refresh.
   explicit BalanceStore(BalancePlatform platform);
   BalanceStore(const BalanceStore&) = delete;
   BalanceStore& operator=(const BalanceStore&) = delete;
-  ~BalanceStore();
 
-  [[nodiscard]] const BalanceState& state() const { return state_; }
+  [[nodiscard]] const BalanceState& state() const { return fields_.state(); }
 
   /// Tells views that a field was assigned; several assignments in a row announce several times.
   [[nodiscard]] Announcer::Subscription observe(Announcer::Listener listener);
 
-  /// The menu bar's callback, invoked when its title or status may have changed, and only then.
+  /// The menu bar's callback, invoked when its title or status may have changed, and only then:
+  /// when a token was set or the stored one has been read, account figures or an address summary
+  /// came or failed to, prices came, or another address is watched.
   std::function<void()> onChange;
 
   /// Trims and keeps the token, forgets the figures of the old one and starts over; an empty text
@@ -83,11 +65,16 @@ class BalanceStore {
   [[nodiscard]] std::optional<std::string> priceText() const;
 
   /// True when every write to the keychain has ended: the process may end without losing one.
-  [[nodiscard]] bool writesFinished() const;
+  [[nodiscard]] bool writesFinished() const { return keychain_.writesFinished(); }
 
  private:
-  BalancePlatform platform_;
-  BalanceState state_;
+  const LocaleFormat& format_;
+  BalanceFields fields_;
+  StoredSettings settings_;
+  KeychainItems keychain_;
+  PriceFeed prices_;
+  PoolAccount pool_;
+  AddressWatch address_;
 };
 
 }  // namespace orvane

@@ -28,7 +28,9 @@ namespace orvane {
 
 /// "12.35 TH/s", always with a decimal point; "—" for a rate that cannot be right.
 [[nodiscard]] std::string hashRateText(double hashesPerSecond);
-/// "Last share Nov 15, 2026 at 2:05 PM"; empty without a time.
+/// "Updated 2:05 PM".
+[[nodiscard]] std::string updatedText(const LocaleFormat& format, WallTime time);
+/// "Last share Nov 15, 2026, 2:05 PM"; empty without a time.
 [[nodiscard]] std::string lastShareText(const LocaleFormat& format,
                                         std::optional<std::chrono::sys_seconds> lastShare);
 

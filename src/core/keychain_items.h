@@ -6,7 +6,9 @@
 #include <vector>
 
 #include "platform/async/async_mutex.h"
+#include "platform/async/executor.h"
 #include "platform/async/task.h"
+#include "platform/async/task_scope.h"
 #include "platform/keychain/keychain.h"
 
 namespace orvane {
@@ -20,20 +22,32 @@ namespace orvane {
 /// were made, so a read sees every write before it. Every failure is silent.
 class KeychainItems {
  public:
-  KeychainItems(Keychain& keychain, std::optional<std::string> accessGroup);
+  KeychainItems(Executor& executor, Keychain& keychain, std::optional<std::string> accessGroup);
 
-  /// The item's text, from whichever group holds it; an item in another group than the shared one
-  /// is moved there. Nothing when it is absent, locked or not UTF-8.
+  /// The item's text, from whichever group holds it. Nothing when it is absent, locked or not
+  /// UTF-8, or when the task was cancelled. An item in another group than the shared one is moved
+  /// there; the move goes on by itself, also when the task is cancelled.
   [[nodiscard]] Task<std::optional<std::string>> readItem(std::string service, std::string account,
                                                           KeychainPrompt prompt);
 
-  /// Saves `text` in the shared group; an empty text removes the item from every group.
-  [[nodiscard]] Task<void> saveItem(std::string text, std::string service, std::string account);
+  /// Saves `text` in the shared group; an empty text removes the item from every group. Returns
+  /// at once; nothing cancels a save.
+  void saveItem(std::string text, std::string service, std::string account);
+
+  /// True when every save and move has ended.
+  [[nodiscard]] bool writesFinished() const { return writes_.idle(); }
 
  private:
+  [[nodiscard]] bool belongsElsewhere(const KeychainItem& item) const;
+  [[nodiscard]] Task<void> saveInTurn(std::string text, KeychainQuery query);
+  [[nodiscard]] Task<void> save(std::string text, KeychainQuery query);
+  [[nodiscard]] Task<void> moveToSharedGroup(AsyncMutex::Lock turn, KeychainItem item,
+                                             KeychainQuery query);
+
   Keychain& keychain_;
   std::optional<std::string> accessGroup_;
   AsyncMutex order_;
+  TaskScope writes_;
 };
 
 }  // namespace orvane

@@ -1,0 +1,122 @@
+#include "core/address_watch.h"
+
+#include <utility>
+
+#include "address/bitcoin_address.h"
+#include "core/cancelled_result.h"
+#include "core/display_texts.h"
+#include "core/failure_texts.h"
+#include "core/shared_items.h"
+#include "platform/async/sleep.h"
+#include "platform/text/unicode.h"
+
+namespace orvane {
+
+AddressWatch::AddressWatch(const BalancePlatform& platform, BalanceFields& fields,
+                           StoredSettings& settings, KeychainItems& keychain, PriceFeed& prices)
+    : executor_(platform.executor),
+      fields_(fields),
+      settings_(settings),
+      keychain_(keychain),
+      prices_(prices),
+      client_(platform.transport, platform.hosts.explorer),
+      notifications_(platform.executor, platform.defaults, platform.notifications, platform.format,
+                     [&fields, &format = platform.format](std::int64_t sats) {
+                       return amountText(fields.state(), format, sats);
+                     }),
+      tasks_(platform.executor) {}
+
+void AddressWatch::start() {
+  if (!fields_->ownAddress.empty()) useAddresses("");
+  restartAddressWatch();
+}
+
+std::optional<std::string> AddressWatch::setOwnAddress(std::string_view text) {
+  const std::string address(trimmed(text));
+  if (address == fields_->ownAddress) return std::nullopt;
+  if (!address.empty() && !isValidMainnetAddress(address)) {
+    return "This is not a Bitcoin mainnet address. It starts with bc1, 1 or 3.";
+  }
+  fields_.set(&BalanceState::ownAddress, address);
+  settings_.setOwnAddress(address);
+  restartAddressWatch();
+  return std::nullopt;
+}
+
+void AddressWatch::restartAddressWatch() {
+  // The old loop resets its busy flag before the new one, which starts from the queue, sets it.
+  watchTask_.cancel();
+  watchTask_ = tasks_.spawn(watchLoop());
+}
+
+Task<void> AddressWatch::watchLoop() {
+  const TaskContext context = co_await currentContext();
+  while (!context.stop.stop_requested()) {
+    co_await refreshAddress();
+    const SleepEnd sleep = co_await sleepFor(watchInterval);
+    if (sleep == SleepEnd::cancelled) co_return;
+  }
+}
+
+Task<void> AddressWatch::refreshAddress() {
+  co_await resolveWatchedAddress();
+  if (fields_->watchedAddress.empty()) co_return;
+  co_await loadAddressSummary();
+  // With a token the pool's cycle fetches the prices.
+  if (fields_->token.empty()) co_await prices_.refreshPrices();
+}
+
+Task<void> AddressWatch::resolveWatchedAddress() {
+  const TaskContext context = co_await currentContext();
+  std::string payout;
+  // An entered address does not wait for a keychain that may be waiting for the user.
+  if (fields_->ownAddress.empty()) payout = co_await payoutAddress();
+  if (!context.stop.stop_requested()) useAddresses(payout);
+}
+
+Task<std::string> AddressWatch::payoutAddress() {
+  const std::optional<std::string> stored = co_await keychain_.readItem(
+      payoutAddressItem.service, payoutAddressItem.account, KeychainPrompt::never);
+  std::string address(trimmed(stored.value_or("")));
+  if (!isValidMainnetAddress(address)) address.clear();
+  co_return address;
+}
+
+void AddressWatch::useAddresses(std::string_view payoutAddress) {
+  const bool isEntered = !fields_->ownAddress.empty();
+  std::string effective = isEntered ? fields_->ownAddress : std::string(payoutAddress);
+  fields_.set(&BalanceState::addressIsFromMiner, !isEntered && !effective.empty());
+  if (effective == fields_->watchedAddress) return;
+
+  fields_.set(&BalanceState::watchedAddress, std::move(effective));
+  notifications_.forgetSeenTransactions();
+  fields_.set(&BalanceState::addressSummary, std::nullopt);
+  fields_.set(&BalanceState::addressStatus, std::nullopt);
+  fields_.set(&BalanceState::addressLastUpdate, std::nullopt);
+  fields_.invokeOnChange();
+}
+
+Task<void> AddressWatch::loadAddressSummary() {
+  const TaskContext context = co_await currentContext();
+  const std::string address = fields_->watchedAddress;
+  if (address.empty()) co_return;
+  fields_.set(&BalanceState::isRefreshingAddress, true);
+  std::expected<WatchedAddressSummary, ExplorerError> summary = co_await client_.summary(address);
+  const bool isWatched = fields_->watchedAddress == address;
+  if (isWatched && !isCancelled(context, summary)) applySummary(std::move(summary));
+  fields_.set(&BalanceState::isRefreshingAddress, false);
+}
+
+void AddressWatch::applySummary(std::expected<WatchedAddressSummary, ExplorerError> summary) {
+  if (summary) {
+    notifications_.notifyNewTransactions(*summary);
+    fields_.set(&BalanceState::addressSummary, *std::move(summary));
+    fields_.set(&BalanceState::addressLastUpdate, executor_.wallClock());
+    fields_.set(&BalanceState::addressStatus, std::nullopt);
+  } else {
+    fields_.set(&BalanceState::addressStatus, explorerErrorText());
+  }
+  fields_.invokeOnChange();
+}
+
+}  // namespace orvane

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <chrono>
+#include <expected>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "address/new_payment_notifications.h"
+#include "address/watched_address_client.h"
+#include "core/balance_fields.h"
+#include "core/balance_platform.h"
+#include "core/keychain_items.h"
+#include "core/price_feed.h"
+#include "core/stored_settings.h"
+#include "platform/async/task.h"
+#include "platform/async/task_scope.h"
+
+namespace orvane {
+
+/// The address side of the store: which address is watched, and the loop that reads it. The loop
+/// always runs, so that a payout address which the miner stores later is found.
+class AddressWatch {
+ public:
+  static constexpr std::chrono::seconds watchInterval{600};
+
+  /// Everything given outlives the object.
+  AddressWatch(const BalancePlatform& platform, BalanceFields& fields, StoredSettings& settings,
+               KeychainItems& keychain, PriceFeed& prices);
+
+  /// Watches the stored address, if there is one, and starts the loop.
+  void start();
+
+  [[nodiscard]] std::optional<std::string> setOwnAddress(std::string_view text);
+  void restartAddressWatch();
+
+ private:
+  [[nodiscard]] Task<void> watchLoop();
+  [[nodiscard]] Task<void> refreshAddress();
+  [[nodiscard]] Task<void> resolveWatchedAddress();
+  [[nodiscard]] Task<std::string> payoutAddress();
+  void useAddresses(std::string_view payoutAddress);
+  [[nodiscard]] Task<void> loadAddressSummary();
+  void applySummary(std::expected<WatchedAddressSummary, ExplorerError> summary);
+
+  Executor& executor_;
+  BalanceFields& fields_;
+  StoredSettings& settings_;
+  KeychainItems& keychain_;
+  PriceFeed& prices_;
+  WatchedAddressClient client_;
+  NewPaymentNotifications notifications_;
+  TaskHandle watchTask_;
+  TaskScope tasks_;
+};
+
+}  // namespace orvane

@@ -1,0 +1,72 @@
+#include "core/balance_store.h"
+
+#include <utility>
+
+#include "core/display_texts.h"
+
+namespace orvane {
+
+BalanceStore::BalanceStore(BalancePlatform platform)
+    : format_(platform.format),
+      fields_([this] {
+        if (onChange) onChange();
+      }),
+      settings_(platform.defaults),
+      keychain_(platform.executor, platform.keychain, sharedAccessGroup(platform.accessGroups)),
+      prices_(fields_, BitcoinPriceService(platform.transport, platform.hosts.price,
+                                           platform.hosts.fallbackPrice)),
+      pool_(platform, fields_, settings_, keychain_, prices_),
+      address_(platform, fields_, settings_, keychain_, prices_) {
+  fields_.set(&BalanceState::unit, settings_.unit());
+  fields_.set(&BalanceState::preferredFiatCurrency, settings_.preferredFiatCurrency());
+  pool_.readStoredToken();
+  fields_.set(&BalanceState::history, settings_.history());
+  fields_.set(&BalanceState::ownAddress, settings_.ownAddress());
+  address_.start();
+}
+
+Announcer::Subscription BalanceStore::observe(Announcer::Listener listener) {
+  return fields_.observe(std::move(listener));
+}
+
+void BalanceStore::setToken(std::string_view text) { pool_.setToken(text); }
+
+std::optional<std::string> BalanceStore::setOwnAddress(std::string_view text) {
+  return address_.setOwnAddress(text);
+}
+
+void BalanceStore::setUnit(Unit unit) {
+  fields_.set(&BalanceState::unit, unit);
+  settings_.setUnit(unit);
+}
+
+void BalanceStore::setPreferredFiatCurrency(PreferredFiatCurrency currency) {
+  fields_.set(&BalanceState::preferredFiatCurrency, currency);
+  settings_.setPreferredFiatCurrency(currency);
+}
+
+void BalanceStore::loadHistory() { pool_.loadHistory(); }
+
+void BalanceStore::restartPolling() { pool_.restartPolling(); }
+
+void BalanceStore::restartAddressWatch() { address_.restartAddressWatch(); }
+
+std::string BalanceStore::amountNumberText(std::int64_t sats) const {
+  return orvane::amountNumberText(state(), format_, sats);
+}
+
+std::string BalanceStore::amountText(std::int64_t sats) const {
+  return orvane::amountText(state(), format_, sats);
+}
+
+std::string BalanceStore::menuBarTitle() const { return orvane::menuBarTitle(state(), format_); }
+
+std::optional<std::string> BalanceStore::fiatText(double sats) const {
+  return orvane::fiatText(state(), format_, sats);
+}
+
+std::optional<std::string> BalanceStore::priceText() const {
+  return orvane::priceText(state(), format_);
+}
+
+}  // namespace orvane

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <chrono>
+#include <string_view>
+
+#include "core/balance_fields.h"
+#include "core/balance_platform.h"
+#include "core/keychain_items.h"
+#include "core/price_feed.h"
+#include "core/stored_settings.h"
+#include "platform/async/task.h"
+#include "platform/async/task_scope.h"
+#include "pool/braiins_account_client.h"
+
+namespace orvane {
+
+/// The pool's side of the store: the token, the poll loop that reads the account while there is
+/// one, and the load of the daily history.
+class PoolAccount {
+ public:
+  static constexpr std::chrono::seconds pollInterval{300};
+
+  /// Everything given outlives the object.
+  PoolAccount(const BalancePlatform& platform, BalanceFields& fields, StoredSettings& settings,
+              KeychainItems& keychain, PriceFeed& prices);
+
+  /// Reads the stored token and starts polling with it. The user may have to unlock the keychain;
+  /// a token that is set meanwhile counts.
+  void readStoredToken();
+
+  void setToken(std::string_view text);
+  void restartPolling();
+  void loadHistory();
+
+ private:
+  [[nodiscard]] Task<void> useStoredToken();
+  void assignToken(std::string token);
+
+  [[nodiscard]] Task<void> pollLoop();
+  [[nodiscard]] Task<void> refreshAccount();
+  [[nodiscard]] Task<bool> refreshStats();
+  [[nodiscard]] Task<void> refreshWorkers();
+  [[nodiscard]] Task<void> historyLoad();
+  void applyHistory(std::vector<BraiinsHistoryDay> days);
+
+  Executor& executor_;
+  const LocaleFormat& format_;
+  BalanceFields& fields_;
+  StoredSettings& settings_;
+  KeychainItems& keychain_;
+  PriceFeed& prices_;
+  BraiinsAccountClient client_;
+  TaskHandle pollTask_;
+  TaskScope tasks_;
+};
+
+}  // namespace orvane
