@@ -1,0 +1,252 @@
+#include "core/address_watch.h"
+
+#include <gmock/gmock.h>
+
+#include "store_fixture.h"
+
+namespace orvane::test {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+constexpr const char* seenKey = "balance.watchedAddressSeenTransactions";
+constexpr const char* failureText =
+    "Chainpeek could not be reached. The last figures stay until the next try in 10 minutes.";
+
+class AddressWatchTest : public StoreTest {
+ protected:
+  void startWatching(const char* address) {
+    defaults.setText("balance.watchedAddress", address);
+    startAndSettle();
+    takeChanges();
+  }
+  [[nodiscard]] std::vector<std::string> notified() const {
+    std::vector<std::string> identifiers;
+    for (const auto& request : notifications.shown()) {
+      identifiers.push_back(request.identifier);
+    }
+    return identifiers;
+  }
+};
+
+TEST_F(AddressWatchTest, AnEnteredAddressIsWatchedWithPricesAndWithoutAnyPoolRequest) {
+  startAndSettle();
+  EXPECT_EQ(store->setOwnAddress(std::string(" ") + firstAddress + "\n"), std::nullopt);
+  EXPECT_EQ(state().ownAddress, firstAddress);
+  EXPECT_EQ(state().watchedAddress, "");
+  executor.runUntilIdle();
+  EXPECT_EQ(state().watchedAddress, firstAddress);
+  EXPECT_FALSE(state().addressIsFromMiner);
+  EXPECT_EQ(state().addressSummary->confirmedSats, 100'000);
+  EXPECT_EQ(state().addressSummary->pendingSats, -20'000);
+  EXPECT_EQ(state().addressLastUpdate, executor.wallClock());
+  EXPECT_TRUE(state().prices);
+  EXPECT_EQ(takeChanges(), 3);  // the address, its summary, the prices
+  EXPECT_EQ(store->setOwnAddress(firstAddress), std::nullopt);
+  executor.advance(599s);
+  EXPECT_EQ(transport.sent().size(), 4U);
+  executor.advance(1s);
+  EXPECT_EQ(transport.sent().size(), 8U);
+  EXPECT_EQ(takeChanges(), 2);
+  EXPECT_EQ(transport.sentTo("pool.test"), 0U);
+}
+
+TEST_F(AddressWatchTest, RefusesATextThatIsNoMainnetAddressAndChangesNothing) {
+  startWatching(firstAddress);
+  const auto sentBefore = transport.sent().size();
+  EXPECT_EQ(store->setOwnAddress("tb1qw508d6qejxtdg4y5r3zarvary0c5xw7kxpjzsx"),
+            "This is not a Bitcoin mainnet address. It starts with bc1, 1 or 3.");
+  executor.runUntilIdle();
+  EXPECT_EQ(state().ownAddress, firstAddress);
+  EXPECT_EQ(defaults.text("balance.watchedAddress"), firstAddress);
+  EXPECT_EQ(transport.sent().size(), sentBefore);
+}
+
+TEST_F(AddressWatchTest, PicksUpAPayoutAddressThatTheMinerStoresLater) {
+  startAndSettle();
+  storePayoutAddress("no address");
+  executor.advance(600s);
+  EXPECT_EQ(state().watchedAddress, "");
+  EXPECT_FALSE(state().addressIsFromMiner);
+  EXPECT_THAT(transport.sent(), IsEmpty());
+  storePayoutAddress(std::string(firstAddress) + "\n");
+  executor.advance(600s);
+  EXPECT_EQ(state().watchedAddress, firstAddress);
+  EXPECT_TRUE(state().addressIsFromMiner);
+  EXPECT_TRUE(state().addressSummary);
+  storePayoutAddress("");
+  executor.advance(600s);
+  EXPECT_EQ(state().watchedAddress, "");
+  EXPECT_FALSE(state().addressIsFromMiner);
+  EXPECT_EQ(state().addressSummary, std::nullopt);
+}
+
+TEST_F(AddressWatchTest, AnEnteredAddressTakesPrecedenceAndClearingItFallsBack) {
+  storePayoutAddress(firstAddress);
+  startAndSettle();
+  ASSERT_EQ(state().watchedAddress, firstAddress);
+  EXPECT_EQ(store->setOwnAddress(secondAddress), std::nullopt);
+  executor.runUntilIdle();
+  EXPECT_EQ(state().watchedAddress, secondAddress);
+  EXPECT_FALSE(state().addressIsFromMiner);
+  EXPECT_EQ(store->setOwnAddress(""), std::nullopt);
+  executor.runUntilIdle();
+  EXPECT_EQ(state().watchedAddress, firstAddress);
+  EXPECT_TRUE(state().addressIsFromMiner);
+  EXPECT_EQ(defaults.text("balance.watchedAddress"), "");
+}
+
+TEST_F(AddressWatchTest, AnAddressChangedInFlightDropsTheOldAnswerAndItsHistory) {
+  setPayments(firstAddress, {"old payment"});
+  setPayments(secondAddress, {"other payment"});
+  startWatching(firstAddress);
+  transport.onEnding(firstAddress).respond(200, "{}").after(10s);
+  store->restartAddressWatch();
+  executor.advance(1s);
+  EXPECT_TRUE(state().isRefreshingAddress);
+  EXPECT_EQ(store->setOwnAddress(secondAddress), std::nullopt);
+  executor.runUntilIdle();
+  EXPECT_EQ(state().watchedAddress, secondAddress);
+  ASSERT_TRUE(state().addressSummary);
+  EXPECT_EQ(state().addressSummary->incoming[0].txid, "other payment");
+  EXPECT_FALSE(state().isRefreshingAddress);
+  EXPECT_EQ(transport.inFlight(), 0U);
+  EXPECT_EQ(transport.aborted(), 1U);
+  executor.advance(20s);
+  EXPECT_EQ(state().addressStatus, std::nullopt);
+  EXPECT_EQ(defaults.texts(seenKey), std::vector<std::string>{"other payment"});
+  EXPECT_THAT(notifications.received(), IsEmpty());
+}
+
+// All answers are there, but the user is quicker than the task that waits for them.
+TEST_F(AddressWatchTest, ASummaryThatIsOvertakenByAnotherAddressIsDropped) {
+  setPayments(firstAddress, {"old payment"});
+  transport.on("/blocks/tip/height")
+      .respondBy([this](const HttpRequest&) {
+        executor.post([this] { (void)store->setOwnAddress(secondAddress); });
+        return HttpResponse{.status = 200, .body = "850000"};
+      })
+      .times(1);
+  std::vector<std::string> shown;
+  start();
+  const auto subscription = store->observe([&] {
+    if (state().addressSummary) shown.push_back(state().watchedAddress);
+  });
+  EXPECT_EQ(store->setOwnAddress(firstAddress), std::nullopt);
+  executor.runUntilIdle();
+  EXPECT_EQ(state().watchedAddress, secondAddress);
+  EXPECT_TRUE(state().addressSummary);
+  EXPECT_THAT(shown, testing::Each(std::string(secondAddress)));
+  EXPECT_EQ(defaults.texts(seenKey), std::vector<std::string>{});
+}
+
+TEST_F(AddressWatchTest, AnotherAddressClearsWhatWasShownOfTheOldOne) {
+  startWatching(firstAddress);
+  transport.on("explorer.test").respond(500);
+  store->restartAddressWatch();
+  executor.runUntilIdle();
+  ASSERT_TRUE(state().addressStatus);
+  transport.on("explorer.test").neverAnswer();
+  EXPECT_EQ(store->setOwnAddress(secondAddress), std::nullopt);
+  takeChanges();
+  executor.runUntilIdle();
+  EXPECT_EQ(state().addressSummary, std::nullopt);
+  EXPECT_EQ(state().addressStatus, std::nullopt);
+  EXPECT_EQ(state().addressLastUpdate, std::nullopt);
+  EXPECT_EQ(defaults.texts(seenKey), std::nullopt);
+  EXPECT_EQ(takeChanges(), 1);
+}
+
+TEST_F(AddressWatchTest, NotifiesOfANewPaymentBeforeItIsShown) {
+  setPayments(firstAddress, {"a", "b"});
+  startWatching(firstAddress);
+  EXPECT_THAT(notifications.received(), IsEmpty());
+  setPayments(firstAddress, {"c", "a", "b"});
+  const auto subscription = store->observe([&] {
+    if (state().addressSummary->incoming.size() == 3) {
+      EXPECT_THAT(defaults.texts(seenKey).value(), UnorderedElementsAre("a", "b", "c"));
+    }
+  });
+  store->setUnit(BalanceUnit::btc);
+  executor.advance(2h);
+  EXPECT_THAT(notified(), ElementsAre("address-c"));
+  EXPECT_EQ(notifications.received()[0].body, "0.00001000 BTC to your watched address.");
+}
+
+TEST_F(AddressWatchTest, AnyFailureKeepsTheFiguresUnderOneText) {
+  startWatching(firstAddress);
+  for (const char* path : {"/txs", "/height", "explorer.test"}) {
+    const BalanceState before = state();
+    transport.on(path).fail(HttpFailure::timedOut).times(1);
+    executor.advance(600s);
+    EXPECT_EQ(state().addressStatus, failureText);
+    EXPECT_EQ(state().addressSummary, before.addressSummary);
+    EXPECT_EQ(state().addressLastUpdate, before.addressLastUpdate);
+    EXPECT_FALSE(state().isRefreshingAddress);
+    EXPECT_EQ(takeChanges(), 2);  // the failure, the prices
+    executor.advance(600s);
+    EXPECT_EQ(state().addressStatus, std::nullopt);
+    takeChanges();
+  }
+}
+
+TEST_F(AddressWatchTest, IsBusyAroundTheSummaryOnly) {
+  transport.on("/height").respond(200, "850000").after(5s);
+  transport.on("price.test").respond(500).after(5s);
+  startWatching(firstAddress);
+  EXPECT_TRUE(state().isRefreshingAddress);
+  executor.advance(4s);
+  EXPECT_TRUE(state().isRefreshingAddress);
+  executor.advance(1s);
+  EXPECT_FALSE(state().isRefreshingAddress);
+  EXPECT_EQ(transport.inFlight(), 1U);
+}
+
+TEST_F(AddressWatchTest, WithATokenThePoolsCycleFetchesThePrices) {
+  storeToken("token");
+  startWatching(firstAddress);
+  executor.advance(59s);
+  EXPECT_EQ(transport.sentTo("price.test"), 0U);
+  executor.advance(1s);
+  EXPECT_EQ(transport.sentTo("price.test"), 1U);
+}
+
+TEST_F(AddressWatchTest, ARestartLeavesTheNewCyclesBusyFlagAlone) {
+  startWatching(firstAddress);
+  transport.on("explorer.test").neverAnswer();
+  std::vector<bool> flags;
+  const auto subscription = store->observe([&] {
+    if (flags.empty() || flags.back() != state().isRefreshingAddress) {
+      flags.push_back(state().isRefreshingAddress);
+    }
+  });
+  store->restartAddressWatch();
+  executor.runUntilIdle();
+  store->restartAddressWatch();
+  store->restartAddressWatch();
+  executor.runUntilIdle();
+  EXPECT_THAT(flags, ElementsAre(false, true, false, true));
+  EXPECT_EQ(transport.inFlight(), 3U);
+  EXPECT_EQ(transport.aborted(), 3U);
+}
+
+// A cancelled read of the keychain is not a payout address that has gone.
+TEST_F(AddressWatchTest, ARestartDuringTheReadOfThePayoutAddressKeepsTheAddress) {
+  storePayoutAddress(firstAddress);
+  startAndSettle();
+  keychain.delay = 2s;
+  takeChanges();
+  store->restartAddressWatch();
+  executor.advance(1s);
+  store->restartAddressWatch();
+  executor.advance(1s);
+  EXPECT_EQ(state().watchedAddress, firstAddress);
+  EXPECT_TRUE(state().addressSummary);
+  EXPECT_EQ(takeChanges(), 0);
+}
+
+}  // namespace
+}  // namespace orvane::test

@@ -1,0 +1,50 @@
+#include "core/announcer.h"
+
+#include <optional>
+
+#include <gtest/gtest.h>
+
+namespace orvane {
+namespace {
+
+TEST(AnnouncerTest, TellsEveryListenerUntilItsSubscriptionEnds) {
+  Announcer announcer;
+  int first = 0;
+  int second = 0;
+  const auto kept = announcer.subscribe([&] { ++first; });
+  {
+    const auto dropped = announcer.subscribe([&] { ++second; });
+    announcer.announce();
+  }
+  announcer.announce();
+  EXPECT_EQ(first, 2);
+  EXPECT_EQ(second, 1);
+}
+
+TEST(AnnouncerTest, LetsListenersComeAndGoWhileTheyAreTold) {
+  Announcer announcer;
+  int told = 0;
+  std::optional<Announcer::Subscription> later;
+  std::optional<Announcer::Subscription> once;
+  once = announcer.subscribe([&] {
+    ++told;
+    later = announcer.subscribe([&] { told += 10; });
+    once.reset();
+  });
+  announcer.announce();
+  EXPECT_EQ(told, 1);
+  announcer.announce();
+  EXPECT_EQ(told, 11);
+}
+
+TEST(AnnouncerTest, MayGoBeforeItsListeners) {
+  std::optional<Announcer::Subscription> subscription;
+  {
+    Announcer announcer;
+    subscription = announcer.subscribe([] {});
+  }
+  subscription.reset();
+}
+
+}  // namespace
+}  // namespace orvane

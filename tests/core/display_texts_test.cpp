@@ -1,0 +1,138 @@
+#include "core/display_texts.h"
+
+#include <chrono>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+#include <gtest/gtest.h>
+
+namespace orvane {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto rightNow = std::chrono::sys_days{2026y / 11 / 16} + 14h + 5min;
+
+const LocaleFormat english({.numbers = "en_US.UTF-8", .dates = "en_US.UTF-8", .timeZone = "UTC"});
+const LocaleFormat german({.numbers = "de_DE.UTF-8", .dates = "de_DE.UTF-8", .timeZone = "UTC"});
+
+BalanceState in(BalanceUnit unit) {
+  BalanceState state;
+  state.unit = unit;
+  return state;
+}
+
+struct AmountCase {
+  std::int64_t sats;
+  const char* satsText;
+  const char* btcText;
+};
+
+class AmountTest : public testing::TestWithParam<AmountCase> {};
+
+TEST_P(AmountTest, HasGroupedSatsAndEightPlainDecimalsOfBitcoin) {
+  EXPECT_EQ(amountText(in(BalanceUnit::sats), english, GetParam().sats), GetParam().satsText);
+  EXPECT_EQ(amountText(in(BalanceUnit::btc), german, GetParam().sats), GetParam().btcText);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Amounts, AmountTest,
+    testing::Values(AmountCase{0, "0 sats", "0.00000000 BTC"},
+                    AmountCase{5'000, "5,000 sats", "0.00005000 BTC"},
+                    AmountCase{99'999'999, "99,999,999 sats", "0.99999999 BTC"},
+                    AmountCase{100'000'000, "100,000,000 sats", "1.00000000 BTC"},
+                    AmountCase{123'456'789, "123,456,789 sats", "1.23456789 BTC"},
+                    AmountCase{-5'000, "-5,000 sats", "-0.00005000 BTC"},
+                    AmountCase{-150'000'000, "-150,000,000 sats", "-1.50000000 BTC"},
+                    AmountCase{2'100'000'000'000'000, "2,100,000,000,000,000 sats",
+                               "21000000.00000000 BTC"},
+                    AmountCase{std::numeric_limits<std::int64_t>::min(),
+                               "-9,223,372,036,854,775,808 sats", "-92233720368.54775808 BTC"}));
+
+TEST(DisplayTextsTest, GroupSatsAsTheUsersLocaleDoes) {
+  EXPECT_EQ(amountText(in(BalanceUnit::sats), english, 12'345), "12,345 sats");
+  EXPECT_EQ(amountText(in(BalanceUnit::sats), german, 12'345), "12.345 sats");
+  EXPECT_EQ(amountNumberText(in(BalanceUnit::sats), german, 12'345), "12.345");
+}
+
+TEST(DisplayTextsTest, TitleTheMenuBarWithThePoolFirstAndOneUnitWord) {
+  BalanceState state;
+  EXPECT_EQ(menuBarTitle(state, english), "");
+  state.addressSummary = WatchedAddressSummary{};
+  EXPECT_EQ(menuBarTitle(state, english), "0 sats");
+  state.stats = BraiinsAccountStats{.balanceSats = 203};
+  EXPECT_EQ(menuBarTitle(state, english), "203 | 0 sats");
+  state.unit = BalanceUnit::btc;
+  EXPECT_EQ(menuBarTitle(state, english), "0.00000203 | 0.00000000 BTC");
+  state.addressSummary.reset();
+  EXPECT_EQ(menuBarTitle(state, english), "0.00000203 BTC");
+}
+
+TEST(DisplayTextsTest, GiveValuesOnlyWithPricesAndInThePreferredCurrency) {
+  BalanceState state;
+  EXPECT_EQ(fiatText(state, english, 1e8), std::nullopt);
+  EXPECT_EQ(priceText(state, english), std::nullopt);
+  state.prices = CurrentBitcoinPrices{.eur = 84'123.4, .usd = 97'000.1};
+  EXPECT_EQ(fiatText(state, english, 1e8), "84,123.40 €");
+  EXPECT_EQ(priceText(state, english), "1 BTC = 84,123 €");
+  state.preferredFiatCurrency = PreferredFiatCurrency::usd;
+  EXPECT_EQ(fiatText(state, german, 1e8), "97.000,10 $");
+  EXPECT_EQ(priceText(state, german), "1 BTC = 97.000 $");
+}
+
+struct HashRateCase {
+  double rate;
+  const char* text;
+};
+
+class HashRateTest : public testing::TestWithParam<HashRateCase> {};
+
+TEST_P(HashRateTest, HasTheFirstUnitItReaches) {
+  EXPECT_EQ(hashRateText(GetParam().rate), GetParam().text);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rates, HashRateTest,
+    testing::Values(HashRateCase{0, "0 H/s"}, HashRateCase{999.4, "999 H/s"},
+                    HashRateCase{1'000, "1.00 kH/s"}, HashRateCase{1'500, "1.50 kH/s"},
+                    HashRateCase{999'999, "1000.00 kH/s"}, HashRateCase{1e6, "1.00 MH/s"},
+                    HashRateCase{2.5e9, "2.50 GH/s"},
+                    HashRateCase{12'345'678'901'234, "12.35 TH/s"},
+                    HashRateCase{1e14, "100.00 TH/s"}, HashRateCase{1.1e14, "—"},
+                    HashRateCase{-1, "—"}, HashRateCase{std::nan(""), "—"},
+                    HashRateCase{std::numeric_limits<double>::infinity(), "—"}));
+
+TEST(DisplayTextsTest, ShowALastShareOnlyWhenThereWasOne) {
+  EXPECT_EQ(lastShareText(german, rightNow), "Last share 16.11.2026, 14:05");
+  EXPECT_EQ(lastShareText(english, rightNow), "Last share Nov 16, 2026, 2:05\u202fPM");
+  EXPECT_EQ(lastShareText(english, std::nullopt), "");
+}
+
+TEST(DisplayTextsTest, PutThePoolsFailureBeforeItsTimeAndItsTimeBeforeThePrice) {
+  BalanceState state;
+  EXPECT_EQ(poolStatusLine(state, german), "Paste a read-only Braiins API token below to start.");
+  state.token = "t";
+  EXPECT_EQ(poolStatusLine(state, german), "Asking Braiins…");
+  state.lastUpdate = rightNow;
+  EXPECT_EQ(poolStatusLine(state, german), "Updated 14:05 · refreshes every 5 minutes");
+  state.prices = CurrentBitcoinPrices{.eur = 84'123.4, .usd = 0};
+  EXPECT_EQ(poolStatusLine(state, german),
+            "Updated 14:05 · 1 BTC = 84.123 € · refreshes every 5 minutes");
+  state.accountStatus = "Failed.";
+  EXPECT_EQ(poolStatusLine(state, german), "Failed.");
+}
+
+TEST(DisplayTextsTest, PutTheAddressesFailureBeforeItsTime) {
+  BalanceState state;
+  state.prices = CurrentBitcoinPrices{.eur = 84'123.4, .usd = 0};
+  EXPECT_EQ(addressStatusLine(state, german), "Asking Chainpeek…");
+  state.addressLastUpdate = rightNow;
+  EXPECT_EQ(addressStatusLine(state, german),
+            "Updated 14:05 · Chainpeek · refreshes every 10 minutes");
+  state.addressStatus = "Failed.";
+  EXPECT_EQ(addressStatusLine(state, german), "Failed.");
+}
+
+}  // namespace
+}  // namespace orvane

@@ -1,0 +1,155 @@
+#include "core/keychain_items.h"
+
+#include <gmock/gmock.h>
+
+#include "support/memory_keychain.h"
+#include "support/run_task.h"
+
+namespace orvane {
+namespace {
+
+using std::chrono::seconds;
+using test::MemoryKeychain;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr const char* service = "com.example.service";
+constexpr const char* account = "token";
+constexpr const char* sharedGroup = "TEAM.com.quorvex.hashwick.shared";
+
+MemoryKeychain::Item item(std::string data, std::optional<std::string> group = sharedGroup) {
+  return {.service = service, .account = account, .data = std::move(data), .accessGroup = group};
+}
+
+class KeychainItemsTest : public testing::Test {
+ protected:
+  std::optional<std::string> read(KeychainItems& items,
+                                  KeychainPrompt prompt = KeychainPrompt::never) {
+    auto text = test::runTask(executor, items.readItem(service, account, prompt));
+    settle();
+    return text;
+  }
+  void save(KeychainItems& items, std::string text) {
+    items.saveItem(std::move(text), service, account);
+    settle();
+  }
+  void settle() { executor.advance(seconds(10)); }
+
+  test::VirtualExecutor executor;
+  MemoryKeychain keychain;
+  KeychainItems shared{executor, keychain, sharedGroup};
+  KeychainItems withoutGroup{executor, keychain, std::nullopt};
+};
+
+TEST(SharedAccessGroupTest, IsTheFirstOneWithTheSharedSuffix) {
+  EXPECT_EQ(sharedAccessGroup({}), std::nullopt);
+  EXPECT_EQ(sharedAccessGroup({"TEAM.own", "com.quorvex.hashwick.shared"}), std::nullopt);
+  EXPECT_EQ(sharedAccessGroup({"TEAM.own", sharedGroup, "B.com.quorvex.hashwick.shared"}),
+            sharedGroup);
+}
+
+TEST_F(KeychainItemsTest, SaveAddsOneItemAndThenReplacesItsText) {
+  save(shared, "first");
+  EXPECT_THAT(keychain.items, ElementsAre(item("first")));
+  save(shared, "second");
+  EXPECT_THAT(keychain.items, ElementsAre(item("second")));
+  EXPECT_EQ(read(shared), "second");
+}
+
+TEST_F(KeychainItemsTest, SaveOfNothingRemovesTheItemFromEveryGroup) {
+  keychain.items = {item("a"), item("b", "TEAM.own")};
+  save(shared, "");
+  EXPECT_THAT(keychain.items, IsEmpty());
+  EXPECT_EQ(read(shared), std::nullopt);
+}
+
+TEST_F(KeychainItemsTest, ReadMovesAnItemOfAnotherGroup) {
+  keychain.items = {item("text", "TEAM.own")};
+  EXPECT_EQ(read(shared), "text");
+  EXPECT_THAT(keychain.items, ElementsAre(item("text")));
+}
+
+TEST_F(KeychainItemsTest, ReadLeavesAnItemWithoutGroupOrWithoutASharedGroupAlone) {
+  keychain.items = {item("text", std::nullopt)};
+  EXPECT_EQ(read(shared), "text");
+  EXPECT_THAT(keychain.items, ElementsAre(item("text", std::nullopt)));
+  keychain.items = {item("text", "TEAM.own")};
+  EXPECT_EQ(read(withoutGroup), "text");
+  EXPECT_THAT(keychain.items, ElementsAre(item("text", "TEAM.own")));
+}
+
+TEST_F(KeychainItemsTest, WithoutASharedGroupSavesGoToTheDefaultGroup) {
+  keychain.defaultGroup = "TEAM.own";
+  save(withoutGroup, "text");
+  EXPECT_THAT(keychain.items, ElementsAre(item("text", "TEAM.own")));
+}
+
+TEST_F(KeychainItemsTest, ReadGivesNothingForWhatItCannotUse) {
+  keychain.items = {item("text")};
+  keychain.items[0].synchronizable = false;
+  EXPECT_EQ(read(shared), std::nullopt);
+  keychain.items = {item("\xff\xfe", "TEAM.own")};
+  EXPECT_EQ(read(shared), std::nullopt);
+  EXPECT_EQ(keychain.items[0].accessGroup, "TEAM.own");
+}
+
+TEST_F(KeychainItemsTest, FailuresAreSilent) {
+  for (const auto condition : {MemoryKeychain::Condition::locked, MemoryKeychain::Condition::broken,
+                               MemoryKeychain::Condition::absent}) {
+    keychain.items = {item("text")};
+    keychain.condition = condition;
+    EXPECT_EQ(read(shared), std::nullopt);
+    save(shared, "other");
+    save(shared, "");
+    EXPECT_THAT(keychain.items, ElementsAre(item("text")));
+    EXPECT_TRUE(shared.writesFinished());
+  }
+}
+
+TEST_F(KeychainItemsTest, AReadSeesTheSavesBeforeIt) {
+  keychain.delay = seconds(1);
+  shared.saveItem("first", service, account);
+  shared.saveItem("second", service, account);
+  EXPECT_FALSE(shared.writesFinished());
+  EXPECT_EQ(read(shared), "second");
+  EXPECT_TRUE(shared.writesFinished());
+}
+
+Task<void> readAndIgnore(KeychainItems& items) {
+  co_await items.readItem(service, account, KeychainPrompt::never);
+}
+
+// Between its two steps a move has taken the item away and not yet put it back.
+TEST_F(KeychainItemsTest, AMoveOutlivesTheTaskThatStartedIt) {
+  keychain.delay = seconds(1);
+  keychain.items = {item("text", "TEAM.own")};
+  {
+    TaskScope tasks(executor);
+    const TaskHandle reading = tasks.spawn(readAndIgnore(shared));
+    executor.advance(seconds(2));
+    reading.cancel();
+    EXPECT_THAT(keychain.items, IsEmpty());
+    EXPECT_FALSE(shared.writesFinished());
+  }
+  EXPECT_EQ(read(shared), "text");
+  EXPECT_THAT(keychain.items, ElementsAre(item("text")));
+  EXPECT_TRUE(shared.writesFinished());
+}
+
+TEST_F(KeychainItemsTest, ACancelledReadLetsTheNextCallThrough) {
+  keychain.condition = MemoryKeychain::Condition::locked;
+  keychain.items = {item("text")};
+  TaskScope tasks(executor);
+  const TaskHandle prompting = tasks.spawn([](KeychainItems& items) -> Task<void> {
+    co_await items.readItem(service, account, KeychainPrompt::allowed);
+  }(shared));
+  executor.runUntilIdle();
+  EXPECT_TRUE(keychain.isPrompting());
+  prompting.cancel();
+  EXPECT_EQ(read(shared), std::nullopt);
+  EXPECT_TRUE(prompting.finished());
+  EXPECT_FALSE(keychain.isPrompting());
+}
+
+}  // namespace
+}  // namespace orvane

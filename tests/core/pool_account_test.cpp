@@ -1,0 +1,286 @@
+#include "core/pool_account.h"
+
+#include <gmock/gmock.h>
+
+#include "store_fixture.h"
+
+namespace orvane::test {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr const char* refused = "Braiins did not accept the API token. Check it in Settings below.";
+
+class PoolAccountTest : public StoreTest {
+ protected:
+  /// Starts with a stored token and lets the first cycle pass; the second begins after 360 s.
+  void startWithFigures() {
+    storeToken("first");
+    start();
+    executor.advance(100s);
+    takeChanges();
+  }
+  [[nodiscard]] std::vector<bool> busyFlagsWhile(const std::function<void()>& story) {
+    std::vector<bool> flags;
+    const auto subscription = store->observe([&] {
+      if (flags.empty() || flags.back() != state().isRefreshing) {
+        flags.push_back(state().isRefreshing);
+      }
+    });
+    story();
+    return flags;
+  }
+};
+
+TEST_F(PoolAccountTest, ANewTokenForgetsTheOldFiguresBeforeAnybodyHears) {
+  startWithFigures();
+  store->loadHistory();
+  executor.advance(200s);
+  const auto lastUpdate = state().lastUpdate;
+  const auto sentBefore = transport.sent().size();
+  takeChanges();
+  int heard = 0;
+  store->onChange = [&] {
+    ++heard;
+    EXPECT_EQ(state().token, "second");
+    EXPECT_EQ(state().stats, std::nullopt);
+    EXPECT_THAT(state().workers, IsEmpty());
+    EXPECT_EQ(state().accountStatus, std::nullopt);
+    EXPECT_FALSE(state().isLoadingHistory);
+    EXPECT_EQ(transport.sent().size(), sentBefore);
+  };
+  store->setToken("\u00a0 second\n");
+  EXPECT_EQ(heard, 1);
+  EXPECT_TRUE(state().isLoadingHistory);
+  EXPECT_EQ(state().history.size(), 1U);
+  EXPECT_EQ(state().lastUpdate, lastUpdate);
+  EXPECT_TRUE(state().prices);
+  store->onChange = nullptr;
+  executor.runUntilIdle();
+  EXPECT_EQ(keptToken(), "second");
+}
+
+TEST_F(PoolAccountTest, TheSameTokenChangesNothing) {
+  startWithFigures();
+  const auto sentBefore = transport.sent().size();
+  store->setToken("  first\r\n");
+  executor.advance(60s);
+  EXPECT_EQ(takeChanges(), 0);
+  EXPECT_EQ(transport.sent().size(), sentBefore);
+  EXPECT_TRUE(state().stats);
+}
+
+TEST_F(PoolAccountTest, ClearingTheTokenForgetsTheAccountAndStopsPolling) {
+  startWithFigures();
+  store->loadHistory();
+  executor.advance(200s);
+  ASSERT_TRUE(defaults.data("balance.braiinsHistory"));
+  const auto lastUpdate = state().lastUpdate;
+  transport.clearSent();
+  store->setToken(" ");
+  executor.advance(24h);
+  EXPECT_THAT(keychain.items, IsEmpty());
+  EXPECT_EQ(state().stats, std::nullopt);
+  EXPECT_THAT(state().workers, IsEmpty());
+  EXPECT_THAT(state().history, IsEmpty());
+  EXPECT_EQ(state().historyStatus, std::nullopt);
+  EXPECT_EQ(defaults.data("balance.braiinsHistory"), std::nullopt);
+  EXPECT_EQ(state().lastUpdate, lastUpdate);
+  EXPECT_THAT(transport.sent(), IsEmpty());
+  store->loadHistory();
+  store->restartPolling();
+  executor.advance(1h);
+  EXPECT_THAT(transport.sent(), IsEmpty());
+  EXPECT_FALSE(state().isLoadingHistory);
+}
+
+TEST_F(PoolAccountTest, ATokenEnteredWhileALoadRunsStartsNoSecondLoad) {
+  start();
+  store->setToken("first");
+  executor.advance(65s);
+  ASSERT_EQ(transport.sentTo("/rewards"), 1U);
+  store->setToken("second");
+  executor.advance(1h);
+  EXPECT_EQ(transport.sentTo("/rewards"), 1U);
+  EXPECT_EQ(transport.sentTo("/hash_rate_daily"), 1U);
+  EXPECT_FALSE(state().isLoadingHistory);
+  EXPECT_EQ(state().history.size(), 1U);
+  store->loadHistory();
+  executor.advance(1h);
+  EXPECT_EQ(transport.sentTo("/rewards"), 2U);
+}
+
+TEST_F(PoolAccountTest, ARestartLeavesTheNewCyclesBusyFlagAlone) {
+  startWithFigures();
+  executor.advance(50s);
+  transport.on("/profile").respond(500).after(10s);
+  const auto flags = busyFlagsWhile([&] {
+    store->restartPolling();
+    executor.advance(1s);
+    store->restartPolling();
+    store->restartPolling();
+    executor.advance(1s);
+  });
+  EXPECT_THAT(flags, ElementsAre(true, false, true));
+  executor.advance(100s);
+  EXPECT_FALSE(state().isRefreshing);
+  EXPECT_EQ(transport.aborted(), 1U);
+}
+
+TEST_F(PoolAccountTest, IsBusyUntilTheWorkersHaveComeOrFailed) {
+  storeToken("first");
+  transport.on("/workers").fail(HttpFailure::networkConnectionLost).after(5s);
+  startAndSettle();
+  EXPECT_TRUE(state().stats);
+  EXPECT_TRUE(state().isRefreshing);
+  executor.advance(64s);
+  EXPECT_TRUE(state().isRefreshing);
+  executor.advance(1s);
+  EXPECT_FALSE(state().isRefreshing);
+  EXPECT_EQ(state().accountStatus, std::nullopt);
+}
+
+TEST_F(PoolAccountTest, AFailedWorkersRequestKeepsTheLastWorkers) {
+  startWithFigures();
+  transport.on("/workers").respond(500);
+  executor.advance(1h);
+  EXPECT_EQ(state().workers.size(), 1U);
+  EXPECT_EQ(state().accountStatus, std::nullopt);
+}
+
+TEST_F(PoolAccountTest, FailingPricesKeepTheLastOnesSilently) {
+  startWithFigures();
+  transport.on("price.test").respond(429);
+  transport.on("fallback.test").respond(500);
+  executor.advance(360s);
+  EXPECT_EQ(transport.sentTo("fallback.test"), 1U);
+  EXPECT_EQ(takeChanges(), 1);  // the figures
+  EXPECT_TRUE(state().prices);
+}
+
+// The answer is there, but the user is quicker than the task that waits for it.
+TEST_F(PoolAccountTest, ALateRefusalOfTheOldTokenSaysNothingAboutTheNewOne) {
+  startWithFigures();
+  transport.on("/profile")
+      .respondBy([this](const HttpRequest&) {
+        executor.post([this] { store->setToken("second"); });
+        return HttpResponse{.status = 401, .body = {}};
+      })
+      .times(1);
+  executor.advance(261s);
+  EXPECT_EQ(state().token, "second");
+  EXPECT_EQ(state().accountStatus, std::nullopt);
+  EXPECT_EQ(takeChanges(), 1);
+  executor.advance(60s);
+  EXPECT_TRUE(state().stats);
+}
+
+TEST_F(PoolAccountTest, AHistoryLoadIsKeptAndReadBack) {
+  startWithFigures();
+  store->loadHistory();
+  EXPECT_TRUE(state().isLoadingHistory);
+  executor.advance(59s);
+  EXPECT_EQ(state().historyStatus, std::nullopt);
+  executor.advance(30s);
+  EXPECT_EQ(state().historyStatus, "Updated 12:03");
+  EXPECT_FALSE(state().isLoadingHistory);
+  EXPECT_EQ(takeChanges(), 0);
+  const auto loaded = state().history;
+  ASSERT_EQ(loaded.size(), 1U);
+  EXPECT_EQ(loaded[0].rewardBTC, "0.0001");
+  EXPECT_EQ(loaded[0].shares, 2);
+  EXPECT_THAT(defaults.data("balance.braiinsHistory").value(), testing::HasSubstr("816393600"));
+  start();
+  EXPECT_EQ(state().history, loaded);
+  EXPECT_EQ(state().historyStatus, std::nullopt);
+}
+
+TEST_F(PoolAccountTest, AnAccountWithoutDaysIsAnEmptyHistory) {
+  startWithFigures();
+  transport.on("/rewards").respond(200, R"({"btc":{"daily_rewards":[]}})");
+  transport.on("/hash_rate_daily").respond(200, R"({"btc":[]})");
+  store->loadHistory();
+  executor.advance(200s);
+  EXPECT_EQ(state().historyStatus, "Braiins has no daily entry for this account yet.");
+  EXPECT_EQ(defaults.data("balance.braiinsHistory"), "[]");
+}
+
+enum class Text { refused, unreachable, notLoaded };
+
+struct FailureCase {
+  const char* name;
+  std::function<void(ScriptedTransport::Script&)> script;
+  Text text;
+};
+
+std::string textOf(Text text, const std::string& word) {
+  switch (text) {
+    case Text::refused:
+      return refused;
+    case Text::unreachable:
+      return "Braiins could not be reached. The last figures stay until the next try.";
+    case Text::notLoaded:
+      return "The Braiins " + word + " could not be loaded. The next try is in 5 minutes.";
+  }
+  return {};
+}
+
+FailureCase status(const char* name, int code, Text text, std::string body = {}) {
+  return {name, [code, body](auto& script) { script.respond(code, body).times(1); }, text};
+}
+FailureCase failure(const char* name, HttpFailure kind, Text text) {
+  return {name, [kind](auto& script) { script.fail(kind).times(1); }, text};
+}
+
+class PoolFailureTest : public PoolAccountTest, public testing::WithParamInterface<FailureCase> {};
+
+TEST_P(PoolFailureTest, KeepsTheFiguresUnderItsTextUntilTheNextGoodCycle) {
+  startWithFigures();
+  const BalanceState before = state();
+  GetParam().script(transport.on("/profile"));
+  executor.advance(300s);
+  EXPECT_EQ(state().accountStatus, textOf(GetParam().text, "account"));
+  EXPECT_EQ(state().stats, before.stats);
+  EXPECT_EQ(state().workers, before.workers);
+  EXPECT_EQ(state().lastUpdate, before.lastUpdate);
+  EXPECT_FALSE(state().isRefreshing);
+  EXPECT_EQ(takeChanges(), 2);  // the failure, the prices
+  executor.advance(300s);
+  EXPECT_EQ(state().accountStatus, std::nullopt);
+  EXPECT_GT(state().lastUpdate, before.lastUpdate);
+}
+
+TEST_P(PoolFailureTest, KeepsTheHistoryUnderItsText) {
+  startWithFigures();
+  store->loadHistory();
+  executor.advance(100s);
+  const BalanceState before = state();
+  const auto stored = defaults.data("balance.braiinsHistory");
+  GetParam().script(transport.on("/rewards"));
+  store->loadHistory();
+  executor.advance(100s);
+  EXPECT_EQ(state().historyStatus, textOf(GetParam().text, "history"));
+  EXPECT_EQ(state().history, before.history);
+  EXPECT_EQ(defaults.data("balance.braiinsHistory"), stored);
+  EXPECT_FALSE(state().isLoadingHistory);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, PoolFailureTest,
+    testing::Values(
+        status("Status401", 401, Text::refused), status("Status403", 403, Text::refused),
+        status("Status404", 404, Text::notLoaded), status("Status429", 429, Text::notLoaded),
+        status("Status500", 500, Text::notLoaded), status("Status204", 204, Text::notLoaded),
+        status("Redirect", 302, Text::notLoaded), status("Garbage", 200, Text::notLoaded, "<html>"),
+        FailureCase{"Silence", [](auto& script) { script.stall().times(1); }, Text::unreachable},
+        failure("Refused", HttpFailure::cannotConnectToHost, Text::unreachable),
+        failure("Lost", HttpFailure::networkConnectionLost, Text::unreachable),
+        failure("NoHost", HttpFailure::cannotFindHost, Text::unreachable),
+        failure("Offline", HttpFailure::notConnectedToInternet, Text::unreachable),
+        failure("Untrusted", HttpFailure::other, Text::notLoaded)),
+    [](const auto& info) { return std::string(info.param.name); });
+
+}  // namespace
+}  // namespace orvane::test
