@@ -46,7 +46,7 @@ void PoolAccount::setToken(std::string_view text) {
   }
   fields_.invokeOnChange();
   restartPolling();
-  if (!token.empty()) loadHistory();
+  loadHistory();
 }
 
 }  // namespace orvane

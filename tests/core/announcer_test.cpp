@@ -37,14 +37,5 @@ TEST(AnnouncerTest, LetsListenersComeAndGoWhileTheyAreTold) {
   EXPECT_EQ(told, 11);
 }
 
-TEST(AnnouncerTest, MayGoBeforeItsListeners) {
-  std::optional<Announcer::Subscription> subscription;
-  {
-    Announcer announcer;
-    subscription = announcer.subscribe([] {});
-  }
-  subscription.reset();
-}
-
 }  // namespace
 }  // namespace orvane

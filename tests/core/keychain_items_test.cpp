@@ -18,7 +18,10 @@ constexpr const char* account = "token";
 constexpr const char* sharedGroup = "TEAM.com.quorvex.hashwick.shared";
 
 MemoryKeychain::Item item(std::string data, std::optional<std::string> group = sharedGroup) {
-  return {.service = service, .account = account, .data = std::move(data), .accessGroup = group};
+  return {.service = service,
+          .account = account,
+          .data = std::move(data),
+          .accessGroup = std::move(group)};
 }
 
 class KeychainItemsTest : public testing::Test {

@@ -25,7 +25,9 @@ class StoreDayTest : public StoreTest {
     std::optional<Instant> last;
     for (const auto& sent : transport.sent()) {
       if (!sent.request.url.starts_with("https://pool.test/")) continue;
-      if (last) ASSERT_GE(sent.at - *last, BraiinsAccountClient::poolRequestGap);
+      if (last) {
+        ASSERT_GE(sent.at - *last, BraiinsAccountClient::poolRequestGap);
+      }
       last = sent.at;
     }
   }

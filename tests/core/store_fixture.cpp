@@ -70,6 +70,13 @@ void StoreTest::startAndSettle() {
   executor.runUntilIdle();
 }
 
+void StoreTest::startWithFigures() {
+  storeToken("first");
+  start();
+  executor.advance(std::chrono::seconds(100));
+  takeChanges();
+}
+
 void StoreTest::storeToken(std::string token) {
   keychain.items.push_back({.service = poolService,
                             .account = "braiins-api-token",

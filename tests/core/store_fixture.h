@@ -32,6 +32,9 @@ class StoreTest : public testing::Test {
   void start();
   /// Starts it and lets the first things happen, in no time.
   void startAndSettle();
+  /// Starts it with the stored token "first" and lets the first 100 seconds pass, and with them
+  /// the first pool cycle; the second begins after 360 seconds.
+  void startWithFigures();
 
   void storeToken(std::string token);
   void storePayoutAddress(std::string address);

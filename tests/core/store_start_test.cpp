@@ -6,7 +6,6 @@ namespace orvane::test {
 namespace {
 
 using namespace std::chrono_literals;
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 class StoreStartTest : public StoreTest {

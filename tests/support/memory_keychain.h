@@ -47,12 +47,12 @@ class MemoryKeychain final : public Keychain {
     const bool answers = co_await begin();
     const auto found = std::ranges::find_if(items, matches(query));
     if (!answers || found == items.end()) co_return std::nullopt;
-    const Item item = *found;
+    KeychainItem item{.data = found->data, .accessGroup = found->accessGroup};
     if (condition == Condition::locked) {
       const bool unlocked = prompt == KeychainPrompt::allowed && co_await askUser();
       if (!unlocked) co_return std::nullopt;
     }
-    co_return KeychainItem{.data = item.data, .accessGroup = item.accessGroup};
+    co_return item;
   }
 
   [[nodiscard]] Task<KeychainStatus> update(KeychainQuery query, std::string data) override {
