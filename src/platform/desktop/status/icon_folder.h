@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QImage>
+#include <QString>
+
+namespace orvane {
+
+/// Hands images to hosts that read icons from files. Each image gets a name of its own, for hosts
+/// do not read a name twice. The folder lies in the user's runtime directory and goes with the
+/// object; what a killed process left behind goes with the next one.
+class IconFolder {
+ public:
+  IconFolder();
+  ~IconFolder();
+  IconFolder(const IconFolder&) = delete;
+  IconFolder& operator=(const IconFolder&) = delete;
+
+  /// Empty when there is no place to write to.
+  [[nodiscard]] const QString& path() const { return path_; }
+  /// The icon's name, which stands for a file in `path`; empty when it could not be written. The
+  /// image before it stays readable for hosts that are late.
+  [[nodiscard]] QString store(const QImage& image);
+
+ private:
+  QString path_;
+  QString newest_;
+  QString previous_;
+  int count_ = 0;
+};
+
+}  // namespace orvane

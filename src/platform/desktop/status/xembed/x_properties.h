@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include <xcb/xcb.h>
+
+/// The few requests to the X server that docking needs.
+namespace orvane {
+
+/// Replies and errors of the X library are freed by their receiver.
+struct FreeReply {
+  void operator()(void* reply) const;
+};
+template <class Reply>
+using XReply = std::unique_ptr<Reply, FreeReply>;
+
+[[nodiscard]] xcb_atom_t internAtom(xcb_connection_t* connection, const char* name);
+
+/// The 32-bit values of a property; empty when there is none.
+[[nodiscard]] std::vector<std::uint32_t> propertyValues(xcb_connection_t* connection,
+                                                        xcb_window_t window, xcb_atom_t property);
+
+/// The window of the screen that the application's connection was opened for.
+[[nodiscard]] xcb_window_t rootWindow(xcb_connection_t* connection);
+
+/// The depth of a visual; 0 when there is no such visual.
+[[nodiscard]] int visualDepth(xcb_connection_t* connection, xcb_visualid_t visual);
+
+/// The parent of a window; 0 when there is no such window.
+[[nodiscard]] xcb_window_t parentWindow(xcb_connection_t* connection, xcb_window_t window);
+
+/// Listens to a window in addition to what the application listens to already.
+void addEventMask(xcb_connection_t* connection, xcb_window_t window, std::uint32_t mask);
+
+/// The application's connection, shared with Qt; null when it does not run on an X server.
+[[nodiscard]] xcb_connection_t* applicationConnection();
+
+}  // namespace orvane
