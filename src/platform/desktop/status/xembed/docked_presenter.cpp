@@ -22,13 +22,17 @@ DockedPresenter::DockedPresenter(DockedWindow::Shape shape, TrayManager& manager
       failed_(std::move(failed)),
       popup_(executor) {
   managerObserver_ = manager_.observe([this] { dock(); });
+  takenObserver_ = manager_.observeTaken([this](xcb_window_t icon) {
+    // Shown earlier, it would stand on the screen for a moment.
+    if (window_ && icon == windowId()) window_->show();
+  });
 }
 
 void DockedPresenter::show(const StatusContent& content) {
   if (content_ == content) return;
   content_ = content;
   if (window_) {
-    window_->show(content);
+    window_->setContent(content);
   } else {
     dock();
   }
@@ -40,18 +44,21 @@ void DockedPresenter::dock() {
   check_.reset();
   if (!content_ || manager_.window() == XCB_WINDOW_NONE) return;
   window_ = std::make_unique<DockedWindow>(
+      executor_,
       DockedWindow::Look{
           .shape = shape_, .alpha = manager_.wantsAlpha(), .foreground = manager_.foreground()},
       requests_.click, [this](QPoint position) {
         if (const auto menu = requests_.menu()) popup_.popUp(*menu, position);
       });
-  window_->show(*content_);
-  manager_.requestDock(static_cast<xcb_window_t>(window_->winId()));
-  check_.emplace(executor_, dockingPatience, [this] { checkDocked(); });
+  window_->setContent(*content_);
+  manager_.requestDock(windowId());
+  check_.emplace(executor_, dockingPatience, [this] {
+    if (!manager_.hasTaken(windowId())) failed_();
+  });
 }
 
-void DockedPresenter::checkDocked() {
-  if (!manager_.hasTaken(static_cast<xcb_window_t>(window_->winId()))) failed_();
+xcb_window_t DockedPresenter::windowId() const {
+  return static_cast<xcb_window_t>(window_->winId());
 }
 
 }  // namespace orvane

@@ -25,7 +25,7 @@ class DockedPresenter final : public StatusPresenter {
 
  private:
   void dock();
-  void checkDocked();
+  [[nodiscard]] xcb_window_t windowId() const;
 
   DockedWindow::Shape shape_;
   TrayManager& manager_;
@@ -37,6 +37,7 @@ class DockedPresenter final : public StatusPresenter {
   std::unique_ptr<DockedWindow> window_;
   std::optional<OneShotTimer> check_;
   Registration managerObserver_;
+  Registration takenObserver_;
 };
 
 }  // namespace orvane

@@ -3,6 +3,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <utility>
 
@@ -12,9 +13,12 @@
 namespace orvane {
 namespace {
 
+using namespace std::chrono_literals;
+
 constexpr int firstHeight = 22;
 constexpr int largestIcon = 24;
 constexpr int smallestIcon = 12;
+constexpr auto panelPaintingTime = 400ms;
 
 PanelShade shadeForText(const QColor& text) {
   return shadeOfBackground(text) == PanelShade::dark ? PanelShade::light : PanelShade::dark;
@@ -26,8 +30,10 @@ QColor average(const QImage& image) {
 
 }  // namespace
 
-DockedWindow::DockedWindow(Look look, std::function<void()> click, std::function<void(QPoint)> menu)
+DockedWindow::DockedWindow(Executor& executor, Look look, std::function<void()> click,
+                           std::function<void(QPoint)> menu)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::X11BypassWindowManagerHint),
+      executor_(executor),
       look_(std::move(look)),
       click_(std::move(click)),
       menu_(std::move(menu)) {
@@ -39,7 +45,7 @@ DockedWindow::DockedWindow(Look look, std::function<void()> click, std::function
   resize(firstHeight, firstHeight);
 }
 
-void DockedWindow::show(const StatusContent& content) {
+void DockedWindow::setContent(const StatusContent& content) {
   content_ = content;
   setToolTip(QString::fromStdString(content.toolTip));
   const auto name =
@@ -52,8 +58,8 @@ void DockedWindow::show(const StatusContent& content) {
 int DockedWindow::iconHeight() const { return std::clamp(height(), smallestIcon, largestIcon); }
 
 PanelShade DockedWindow::shade() const {
-  if (look_.foreground) return shadeForText(*look_.foreground);
   if (!background_.isNull()) return shadeOfBackground(average(background_));
+  if (look_.foreground) return shadeForText(*look_.foreground);
   return content_.shade;
 }
 
@@ -71,45 +77,51 @@ void DockedWindow::redraw() {
 }
 
 void DockedWindow::askForWidth() {
-  const auto size = drawn_.deviceIndependentSize().toSize();
-  const int needed = std::max(size.width(), smallestIcon);
-  if (minimumWidth() == needed) return;
-  setMinimumSize(needed, smallestIcon);
-  resize(needed, height());
+  // Trays take the least size for the wanted one, and some of them only its proportions.
+  const QSize needed(std::max(drawn_.deviceIndependentSize().toSize().width(), smallestIcon),
+                     iconHeight());
+  if (minimumSize() == needed) return;
+  setMinimumSize(needed);
+  resize(needed.width(), height());
 }
 
-const QImage& DockedWindow::background() {
-  if (background_.isNull()) {
-    background_ = panelBackground(static_cast<xcb_window_t>(winId()), size() * devicePixelRatio());
-    background_.setDevicePixelRatio(devicePixelRatio());
-    if (!background_.isNull()) redraw();
-  }
-  return background_;
+/// The panel paints itself around a window that is new or has moved, in its own time.
+void DockedWindow::readBackgroundSoon() {
+  readBackground();
+  readingBackground_.emplace(executor_, panelPaintingTime, [this] { readBackground(); });
+}
+
+void DockedWindow::readBackground() {
+  if (!isVisible()) return;
+  auto background = panelBackground(static_cast<xcb_window_t>(winId()));
+  background.setDevicePixelRatio(devicePixelRatio());
+  if (background == background_) return;
+  background_ = std::move(background);
+  redraw();
 }
 
 void DockedWindow::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  if (look_.alpha) {
+  if (background_.isNull()) {
     painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.fillRect(rect(), Qt::transparent);
+    painter.fillRect(rect(),
+                     look_.alpha ? QColor(Qt::transparent) : palette().color(backgroundRole()));
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
   } else {
-    painter.fillRect(rect(), palette().window());
-    painter.drawImage(0, 0, background());
+    painter.drawImage(rect(), background_);
   }
   const auto size = drawn_.deviceIndependentSize().toSize();
   painter.drawImage((width() - size.width()) / 2, (height() - size.height()) / 2, drawn_);
 }
 
 void DockedWindow::resizeEvent(QResizeEvent* /*event*/) {
-  background_ = {};
   redraw();
+  readBackgroundSoon();
 }
 
-void DockedWindow::moveEvent(QMoveEvent* /*event*/) {
-  background_ = {};
-  update();
-}
+void DockedWindow::moveEvent(QMoveEvent* /*event*/) { readBackgroundSoon(); }
+
+void DockedWindow::showEvent(QShowEvent* /*event*/) { readBackgroundSoon(); }
 
 void DockedWindow::mouseReleaseEvent(QMouseEvent* event) {
   if (!rect().contains(event->position().toPoint())) return;

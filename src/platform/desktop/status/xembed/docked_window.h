@@ -5,6 +5,8 @@
 #include <functional>
 #include <optional>
 
+#include "platform/async/executor.h"
+#include "platform/async/timer.h"
 #include "platform/desktop/status/status_presenter.h"
 
 namespace orvane {
@@ -22,14 +24,16 @@ class DockedWindow final : public QWidget {
     std::optional<QColor> foreground;  ///< of the panel's texts, where it is known
   };
 
-  DockedWindow(Look look, std::function<void()> click, std::function<void(QPoint)> menu);
+  DockedWindow(Executor& executor, Look look, std::function<void()> click,
+               std::function<void(QPoint)> menu);
 
-  void show(const StatusContent& content);
+  void setContent(const StatusContent& content);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
@@ -37,14 +41,17 @@ class DockedWindow final : public QWidget {
   void askForWidth();
   [[nodiscard]] int iconHeight() const;
   [[nodiscard]] PanelShade shade() const;
-  [[nodiscard]] const QImage& background();
+  void readBackgroundSoon();
+  void readBackground();
 
+  Executor& executor_;
   Look look_;
   std::function<void()> click_;
   std::function<void(QPoint)> menu_;
   StatusContent content_;
   QImage background_;
   QImage drawn_;
+  std::optional<OneShotTimer> readingBackground_;
 };
 
 }  // namespace orvane

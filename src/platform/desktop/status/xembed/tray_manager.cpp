@@ -31,6 +31,10 @@ Registration TrayManager::observe(std::function<void()> listener) {
   return changed_.subscribe(std::move(listener));
 }
 
+Registration TrayManager::observeTaken(std::function<void(xcb_window_t)> listener) {
+  return taken_.subscribe(std::move(listener));
+}
+
 void TrayManager::findOwner() {
   const auto request = xcb_get_selection_owner(connection_, selection_);
   const XReply<xcb_get_selection_owner_reply_t> reply(
@@ -54,6 +58,9 @@ bool TrayManager::nativeEventFilter(const QByteArray& eventType, void* message,
   } else if (type == XCB_DESTROY_NOTIFY && window_ != XCB_WINDOW_NONE) {
     const auto& destroyed = *reinterpret_cast<const xcb_destroy_notify_event_t*>(event);
     if (destroyed.window == window_) findOwner();
+  } else if (type == XCB_REPARENT_NOTIFY) {
+    const auto& moved = *reinterpret_cast<const xcb_reparent_notify_event_t*>(event);
+    if (moved.parent != rootWindow(connection_)) taken_.send(moved.window);
   }
   return false;
 }

@@ -30,6 +30,8 @@ class TrayManager final : public QAbstractNativeEventFilter {
   [[nodiscard]] std::optional<QColor> foreground() const;
   /// Asks the tray to take a window in.
   void requestDock(xcb_window_t icon) const;
+  /// Tells of each window of the application that is put into another one.
+  [[nodiscard]] Registration observeTaken(std::function<void(xcb_window_t icon)> listener);
   /// The window is inside another one now.
   [[nodiscard]] bool hasTaken(xcb_window_t icon) const;
 
@@ -43,6 +45,7 @@ class TrayManager final : public QAbstractNativeEventFilter {
   xcb_atom_t managerMessage_ = XCB_ATOM_NONE;
   xcb_window_t window_ = XCB_WINDOW_NONE;
   Signal<> changed_;
+  Signal<xcb_window_t> taken_;
 };
 
 }  // namespace orvane

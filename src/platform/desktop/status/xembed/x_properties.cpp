@@ -53,6 +53,18 @@ xcb_window_t parentWindow(xcb_connection_t* connection, xcb_window_t window) {
   return reply ? reply->parent : XCB_WINDOW_NONE;
 }
 
+QRect areaOnScreen(xcb_connection_t* connection, xcb_window_t window) {
+  const auto sizeRequest = xcb_get_geometry(connection, window);
+  const auto placeRequest =
+      xcb_translate_coordinates(connection, window, rootWindow(connection), 0, 0);
+  const XReply<xcb_get_geometry_reply_t> size(
+      xcb_get_geometry_reply(connection, sizeRequest, nullptr));
+  const XReply<xcb_translate_coordinates_reply_t> place(
+      xcb_translate_coordinates_reply(connection, placeRequest, nullptr));
+  if (!size || !place) return {};
+  return {place->dst_x, place->dst_y, size->width, size->height};
+}
+
 void addEventMask(xcb_connection_t* connection, xcb_window_t window, std::uint32_t mask) {
   const auto request = xcb_get_window_attributes(connection, window);
   const XReply<xcb_get_window_attributes_reply_t> reply(

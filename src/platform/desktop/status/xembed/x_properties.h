@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QRect>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -30,6 +31,9 @@ using XReply = std::unique_ptr<Reply, FreeReply>;
 
 /// The parent of a window; 0 when there is no such window.
 [[nodiscard]] xcb_window_t parentWindow(xcb_connection_t* connection, xcb_window_t window);
+
+/// Where a window is on the screen; empty when there is no such window.
+[[nodiscard]] QRect areaOnScreen(xcb_connection_t* connection, xcb_window_t window);
 
 /// Listens to a window in addition to what the application listens to already.
 void addEventMask(xcb_connection_t* connection, xcb_window_t window, std::uint32_t mask);
