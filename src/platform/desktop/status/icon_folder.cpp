@@ -47,7 +47,8 @@ QString IconFolder::store(const QImage& image) {
   const auto name = QStringLiteral("orvane-status-%1").arg(++count_);
   const auto file = path_ + u'/' + name + QStringLiteral(".png");
   if (!image.save(file)) return {};
-  QFile::remove(std::exchange(previous_, std::exchange(newest_, file)));
+  if (!previous_.isEmpty()) QFile::remove(previous_);
+  previous_ = std::exchange(newest_, file);
   return name;
 }
 

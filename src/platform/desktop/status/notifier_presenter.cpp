@@ -10,7 +10,7 @@ namespace {
 
 /// The icon heights of panels at 100 and 200 %. Hosts take the nearest and scale it.
 constexpr std::array squareSides{16, 22, 24, 32, 44, 48, 64};
-constexpr std::array wideHeights{22, 44};
+constexpr std::array wideHeights{22, 24, 26, 28, 30, 32, 36, 40, 44, 48};
 /// Files cannot be offered in several sizes: hosts scale this one down.
 constexpr int fileHeight = 22;
 
@@ -24,12 +24,6 @@ NotifierPixmaps drawAll(const Heights& heights, Drawing draw, const StatusImage&
     pixmaps.append(notifierPixmap(draw(image, height, ink)));
   }
   return pixmaps;
-}
-
-/// Hosts that squeeze wide images show the figures whole here.
-QString toolTipDescription(const StatusContent& content, Presentation presentation) {
-  const bool hidesText = presentation == Presentation::square;
-  return hidesText && content.image ? QString::fromStdString(content.image->text) : QString();
 }
 
 }  // namespace
@@ -80,8 +74,8 @@ NotifierRequests NotifierPresenter::notifierRequests() {
 
 NotifierState NotifierPresenter::stateFor(const StatusContent& content) {
   NotifierState state;
-  state.toolTip.title = QString::fromStdString(content.toolTip);
-  state.toolTip.description = toolTipDescription(content, presentation_);
+  state.toolTip.title = QString::fromStdString(
+      presentation_ == Presentation::square ? toolTipWithText(content) : content.toolTip);
   if (!content.image) return state;
   state.title = QString::fromStdString(content.image->accessibilityDescription);
   addIcon(state, *content.image, inkFor(*content.image, content.shade));

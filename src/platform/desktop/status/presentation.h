@@ -22,12 +22,12 @@ enum class Presentation {
 
 /// What is known about the desktop around the status item at the moment.
 struct TrayFacts {
-  std::vector<std::string> desktopNames;  ///< of XDG_CURRENT_DESKTOP
-  bool notifierWatcher = false;           ///< a StatusNotifierWatcher is on the session bus
-  bool notifierHost = false;              ///< and says that somebody draws its items
-  bool indicatorService = false;          ///< the service that feeds indicator panels is there
-  bool trayManager = false;               ///< an old system tray is on the X screen
-  bool dockingFailed = false;             ///< that tray did not take our window
+  std::vector<std::string> desktopNames = {};  ///< of XDG_CURRENT_DESKTOP
+  bool notifierWatcher = false;                ///< a StatusNotifierWatcher is on the session bus
+  bool notifierHost = false;                   ///< and says that somebody draws its items
+  bool indicatorService = false;               ///< the service that feeds indicator panels is there
+  bool trayManager = false;                    ///< an old system tray is on the X screen
+  bool dockingFailed = false;                  ///< that tray did not take our window
 
   bool operator==(const TrayFacts&) const = default;
 };

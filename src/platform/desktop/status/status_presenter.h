@@ -19,6 +19,14 @@ struct StatusContent {
   bool operator==(const StatusContent&) const = default;
 };
 
+/// The tool tip where there is no room for the text itself: it is added unless the tool tip says it
+/// already.
+[[nodiscard]] inline std::string toolTipWithText(const StatusContent& content) {
+  const auto text = content.image ? content.image->text : std::string();
+  const bool saysIt = content.toolTip.find(text) != std::string::npos;
+  return saysIt ? content.toolTip : content.toolTip + "\n" + text;
+}
+
 /// What the user does to the status item, wherever it is drawn.
 struct StatusRequests {
   std::function<void()> click;

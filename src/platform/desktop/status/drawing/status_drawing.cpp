@@ -35,7 +35,7 @@ int symbolHeightInSquare(int side) {
 
 /// The largest text that fits; a figure of five characters sets the least size.
 int figurePixelSize(const QString& figure, int side) {
-  const int largest = toPixels(side * 0.66);
+  const int largest = toPixels(side * 0.56);
   for (int size = largest; size > 5; --size) {
     if (TabularText(size).size(figure).width() <= side) return size;
   }

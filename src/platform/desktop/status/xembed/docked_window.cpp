@@ -47,7 +47,8 @@ DockedWindow::DockedWindow(Executor& executor, Look look, std::function<void()> 
 
 void DockedWindow::setContent(const StatusContent& content) {
   content_ = content;
-  setToolTip(QString::fromStdString(content.toolTip));
+  setToolTip(QString::fromStdString(look_.shape == Shape::square ? toolTipWithText(content)
+                                                                 : content.toolTip));
   const auto name =
       content.image ? QString::fromStdString(content.image->accessibilityDescription) : QString();
   setAccessibleName(name);

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <memory>
+
+#include <xcb/xcb.h>
+
+namespace orvane::test {
+
+/// The least that an old system tray does: it owns the selection, takes one window in and gives it
+/// a place in a panel of one colour. It has a connection to the X server of its own.
+class FakeTray {
+ public:
+  static constexpr int slotHeight = 22;
+
+  /// `takesWindows` false: it owns the selection and ignores what is asked of it.
+  explicit FakeTray(std::uint32_t panelColor, bool takesWindows = true);
+  ~FakeTray();
+  FakeTray(const FakeTray&) = delete;
+  FakeTray& operator=(const FakeTray&) = delete;
+
+  /// Handles what the X server sent since the last call.
+  void handleEvents();
+  /// 0 until a window asked to be taken in.
+  [[nodiscard]] xcb_window_t icon() const { return icon_; }
+  [[nodiscard]] int iconWidth() const;
+  /// The pixel of the panel where the icon has its corner, and the share of pixels of the icon
+  /// that differ from it, in percent.
+  [[nodiscard]] std::uint32_t cornerPixel() const;
+  [[nodiscard]] int drawnPercent() const;
+  void click(int button) const;
+
+ private:
+  [[nodiscard]] xcb_atom_t atom(const char* name) const;
+  void announce() const;
+  void takeIn(xcb_window_t icon);
+
+  xcb_connection_t* connection_;
+  xcb_screen_t* screen_;
+  bool takesWindows_;
+  xcb_window_t panel_;
+  xcb_window_t icon_ = XCB_WINDOW_NONE;
+};
+
+}  // namespace orvane::test

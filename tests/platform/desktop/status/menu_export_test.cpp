@@ -1,0 +1,134 @@
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "desktop_session.h"
+#include "fake_host.h"
+#include "platform/desktop/status/desktop_status_bar.h"
+#include "platform/eventloop/qt_executor.h"
+#include "sample_status.h"
+
+namespace orvane::test {
+namespace {
+
+/// "Refresh Now [off] Control+R"
+std::string describe(const MenuLayoutNode& row) {
+  const auto text = [&](const char* name) {
+    return row.properties.value(QLatin1String(name)).toString().toStdString();
+  };
+  if (text("type") == "separator") return "-";
+  auto line = text("label");
+  if (!row.properties.value(QStringLiteral("enabled"), true).toBool()) line += " [off]";
+  const auto shortcut = qdbus_cast<MenuShortcut>(row.properties.value(QStringLiteral("shortcut")));
+  if (!shortcut.isEmpty()) line += " " + shortcut.front().join(u'+').toStdString();
+  return line;
+}
+
+class MenuExportTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    host.startWatcher();
+    item->setAction(actionOn(
+        *item, [] {},
+        [this] {
+          ++built;
+          return menu;
+        }));
+    item->setImage(sampleImage(bar, "1 sats"));
+    ASSERT_TRUE(waitUntil([this] { return !host.registered.isEmpty(); }));
+  }
+  [[nodiscard]] std::vector<std::string> rows() {
+    std::vector<std::string> lines;
+    for (const auto& child : host.layout().children) {
+      lines.push_back(describe(qdbus_cast<MenuLayoutNode>(child.variant())));
+    }
+    return lines;
+  }
+  [[nodiscard]] Menu sample(const std::string& balance) {
+    return sampleMenu(balance, [this](const std::string& title) { log.push_back(title); });
+  }
+  [[nodiscard]] QVariantList clicked(int id) const {
+    return {id, QStringLiteral("clicked"), QVariant::fromValue(QDBusVariant(0)), 0U};
+  }
+
+  FakeHost host;
+  QtExecutor executor;
+  DesktopStatusBar bar{executor};
+  std::vector<std::string> log;
+  int built = 0;
+  std::optional<Menu> menu = sample("1 sats");
+  std::unique_ptr<StatusItem> item = bar.createItem(StatusItem::squareLength);
+};
+
+TEST_F(MenuExportTest, RowsCarryStateAndShortcut) {
+  EXPECT_EQ(rows(),
+            (std::vector<std::string>{"Balance 1 sats [off]", "Today 815 sats [off]", "-",
+                                      "Open Orvane", "Refresh Now Control+R", "-", "Orvane Help",
+                                      "About Orvane", "-", "Quit Orvane Control+Q"}));
+}
+
+TEST_F(MenuExportTest, IsBuiltAfreshEachTimeItIsAboutToShow) {
+  const int open = host.rowId("Open Orvane");
+  menu = sample("2 sats");
+  EXPECT_EQ(host.callMenu("AboutToShow", {0}).arguments().value(0), QVariant(true));
+  EXPECT_EQ(host.callMenu("AboutToShow", {0}).arguments().value(0), QVariant(false));
+  EXPECT_TRUE(
+      waitUntil([this] { return host.signalsHeard.contains(QStringLiteral("LayoutUpdated")); }));
+  EXPECT_EQ(rows().front(), "Balance 2 sats [off]");
+  EXPECT_EQ(host.rowId("Open Orvane"), open) << "a menu that is open means this row by its number";
+
+  const auto before = built;
+  host.callMenu("Event", {0, QStringLiteral("opened"), QVariant::fromValue(QDBusVariant(0)), 0U});
+  host.callMenu("AboutToShowGroup", {QVariant::fromValue(QList<int>{0})});
+  EXPECT_EQ(built, before + 2);
+}
+
+TEST_F(MenuExportTest, HostsThatNeverAskAgainHearOfAChange) {
+  EXPECT_EQ(rows().front(), "Balance 1 sats [off]");
+  host.signalsHeard.clear();
+  menu = sample("3 sats");
+  item->setToolTip("Orvane · Balance 3 sats");
+  EXPECT_TRUE(
+      waitUntil([this] { return host.signalsHeard.contains(QStringLiteral("LayoutUpdated")); }));
+}
+
+TEST_F(MenuExportTest, AChosenRowActsAfterTheReply) {
+  const int open = host.rowId("Open Orvane");
+  host.callMenu("Event", clicked(open));
+  EXPECT_TRUE(waitUntil([this] { return log == std::vector<std::string>{"Open Orvane"}; }));
+
+  const MenuEvents events{
+      {.id = host.rowId("Quit Orvane"), .name = QStringLiteral("clicked"), .data = QDBusVariant(0)},
+      {.id = 4711, .name = QStringLiteral("clicked"), .data = QDBusVariant(0)}};
+  const auto reply = host.callMenu("EventGroup", {QVariant::fromValue(events)});
+  EXPECT_EQ(qdbus_cast<QList<int>>(reply.arguments().value(0)), QList<int>{4711});
+  EXPECT_TRUE(waitUntil([this] { return log.back() == "Quit Orvane"; }));
+}
+
+TEST_F(MenuExportTest, AFigureCannotBeChosen) {
+  menu->items.front().action = [this] { log.emplace_back("figure"); };
+  host.callMenu("Event", clicked(host.rowId("Balance 1 sats")));
+  letSettle();
+  EXPECT_TRUE(log.empty());
+}
+
+TEST_F(MenuExportTest, PropertiesAreToldForAllRowsOrForOne) {
+  const int open = host.rowId("Open Orvane");
+  const auto all =
+      host.callMenu("GetGroupProperties", {QVariant::fromValue(QList<int>()), QStringList()});
+  EXPECT_EQ(qdbus_cast<MenuRowPropertiesList>(all.arguments().value(0)).size(), 11);
+  const auto label = host.callMenu("GetProperty", {open, QStringLiteral("label")});
+  EXPECT_EQ(qvariant_cast<QDBusVariant>(label.arguments().value(0)).variant(),
+            QStringLiteral("Open Orvane"));
+}
+
+TEST_F(MenuExportTest, WithoutAMenuThereAreNoRows) {
+  menu.reset();
+  EXPECT_TRUE(rows().empty());
+}
+
+}  // namespace
+}  // namespace orvane::test
