@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QVariantMap>
+
+#include "platform/desktop/instance/application_instance.h"
+
+namespace orvane {
+
+/// Makes the application one of its kind on the session bus, under the name `applicationId`, where
+/// launchers and second starts talk to it by the interface org.freedesktop.Application.
+class SessionInstance final : public QObject {
+  Q_OBJECT
+  Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+ public:
+  /// `applicationId`: "com.example.Name"; its object is "/com/example/Name".
+  explicit SessionInstance(const QString& applicationId);
+  ~SessionInstance() override;
+
+  /// Takes the name, or asks its owner to show itself. Waits for the bus at most half a second,
+  /// and for another instance at most three.
+  [[nodiscard]] InstanceRole claim();
+
+  /// Requests that came earlier are answered in the event loop, so none is lost when this follows
+  /// `claim` directly.
+  void setRequests(ApplicationRequests requests);
+
+ public Q_SLOTS:
+  // The methods on the bus; their names are the interface's.
+  void Activate(const QVariantMap& platformData);
+  void Open(const QStringList& uris, const QVariantMap& platformData);
+  void ActivateAction(const QString& name, const QVariantList& parameters,
+                      const QVariantMap& platformData);
+
+ private:
+  [[nodiscard]] bool activateOther();
+
+  QString id_;
+  QString path_;
+  QDBusConnection bus_;
+  ApplicationRequests requests_;
+};
+
+}  // namespace orvane

@@ -1,0 +1,60 @@
+#include "platform/desktop/qt/key_dispatch.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <algorithm>
+#include <utility>
+
+#include "platform/desktop/qt/key_events.h"
+
+namespace orvane {
+
+KeyDispatch::KeyDispatch(WindowKeys windowKeys) : windowKeys_(std::move(windowKeys)) {
+  QCoreApplication::instance()->installEventFilter(this);
+}
+
+Registration KeyDispatch::addMonitor(DesktopApplication::KeyMonitor monitor) {
+  auto shared = std::make_shared<const DesktopApplication::KeyMonitor>(std::move(monitor));
+  std::erase_if(monitors_, [](const auto& known) { return known.expired(); });
+  monitors_.push_back(shared);
+  return Registration(std::move(shared));
+}
+
+bool KeyDispatch::eventFilter(QObject* watched, QEvent* event) {
+  const auto type = event->type();
+  if (type != QEvent::ShortcutOverride && type != QEvent::KeyPress) return false;
+  // Widgets get the key only after their window has.
+  if (!watched->isWindowType() || QApplication::activePopupWidget()) return false;
+  auto& keyEvent = static_cast<QKeyEvent&>(*event);
+  // A press arrives twice, first to let a field claim it before the shortcuts; it is asked about
+  // once.
+  bool swallowed = false;
+  if (type == QEvent::ShortcutOverride) {
+    swallowed = answer(keyEvent);
+    answered_ = Answer{.key = keyEvent.key(), .swallowed = swallowed};
+  } else {
+    const auto answered = std::exchange(answered_, std::nullopt);
+    swallowed =
+        answered && answered->key == keyEvent.key() ? answered->swallowed : answer(keyEvent);
+  }
+  if (swallowed) keyEvent.accept();
+  return swallowed;
+}
+
+bool KeyDispatch::answer(const QKeyEvent& event) {
+  const auto before = std::exchange(currentEvent_, keyDownEvent(event));
+  const bool swallowed = isSwallowed(*currentEvent_);
+  currentEvent_ = before;
+  return swallowed;
+}
+
+bool KeyDispatch::isSwallowed(const DesktopEvent& event) {
+  const auto asked = monitors_;
+  for (const auto& known : asked) {
+    const auto monitor = known.lock();
+    if (monitor && (*monitor)(event) == KeyDecision::swallow) return true;
+  }
+  return windowKeys_(event);
+}
+
+}  // namespace orvane

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/desktop/desktop_application.h"
+#include "platform/desktop/qt/activation.h"
+#include "platform/desktop/qt/key_dispatch.h"
+#include "platform/desktop/qt/qt_desktop_window.h"
+
+namespace orvane {
+
+/// The running QApplication as the desktop's application. In every window Control with W closes
+/// it, with M minimises it and with Q ends the application; closing windows never does.
+class QtDesktopApplication final : public QObject, public DesktopApplication {
+  Q_OBJECT
+
+ public:
+  /// One at a time, after the QApplication and destroyed before it.
+  QtDesktopApplication();
+
+  /// The window that `widget`, a top-level widget with its title set, becomes; not on screen yet.
+  DesktopWindow& addWindow(std::unique_ptr<QWidget> widget);
+  /// The widget of a window that `addWindow` returned.
+  [[nodiscard]] static QWidget& widgetOf(DesktopWindow& window);
+
+  /// What `terminate`, and a desktop that asks the application to quit, lead to; unless set, the
+  /// event loop ends with 0.
+  void setTerminationHandler(std::function<void()> handler);
+  /// The permission to take the focus that came with a request; used by the next activation.
+  void setActivationToken(std::string token);
+  [[nodiscard]] ActivationPolicy activationPolicy() const { return policy_; }
+
+  [[nodiscard]] std::vector<DesktopWindow*> windows() const override;
+  [[nodiscard]] std::optional<DesktopEvent> currentEvent() const override;
+  /// Both policies are the same to a desktop that lists windows and not applications: hidden
+  /// windows are in no task bar and no switcher.
+  void setActivationPolicy(ActivationPolicy policy) override { policy_ = policy; }
+  /// Applications as a whole are never hidden here.
+  void unhide() override {}
+  void activateIgnoringOtherApps() override;
+  void terminate() override;
+  [[nodiscard]] Registration addKeyDownMonitor(KeyMonitor monitor) override;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  [[nodiscard]] DesktopWindow* keyWindow() const;
+  [[nodiscard]] bool handleWindowKey(const DesktopEvent& event);
+
+  std::vector<std::unique_ptr<QtDesktopWindow>> windows_;
+  KeyDispatch keys_;
+  QPointer<QWidget> frontWindow_;
+  std::string activationToken_;
+  ActivationPolicy policy_ = ActivationPolicy::regular;
+  std::function<void()> onTerminate_;
+};
+
+}  // namespace orvane

@@ -1,0 +1,93 @@
+#include "platform/desktop/qt/qt_desktop_window.h"
+
+#include <QEvent>
+#include <utility>
+
+namespace orvane {
+
+QtDesktopWindow::QtDesktopWindow(std::unique_ptr<QWidget> widget,
+                                 std::function<void(QtDesktopWindow&)> onOrderFront)
+    : widget_(std::move(widget)), onOrderFront_(std::move(onOrderFront)) {
+  widget_->installEventFilter(this);
+}
+
+QtDesktopWindow::~QtDesktopWindow() { widget_->removeEventFilter(this); }
+
+std::string QtDesktopWindow::title() const { return widget_->windowTitle().toStdString(); }
+
+bool QtDesktopWindow::isVisible() const { return widget_->isVisible() && !isMiniaturized(); }
+
+bool QtDesktopWindow::isKeyWindow() const { return isVisible() && widget_->isActiveWindow(); }
+
+void QtDesktopWindow::miniaturize() { widget_->showMinimized(); }
+
+void QtDesktopWindow::deminiaturize() {
+  widget_->setWindowState(widget_->windowState() & ~Qt::WindowMinimized);
+}
+
+void QtDesktopWindow::orderOut() { widget_->hide(); }
+
+void QtDesktopWindow::makeKeyAndOrderFront() {
+  onOrderFront_(*this);
+  if (isMiniaturized()) deminiaturize();
+  // A window manager places a window anew each time it appears unless it asks for its place.
+  if (const auto position = std::exchange(positionWhenHidden_, std::nullopt)) {
+    widget_->move(*position);
+  }
+  widget_->show();
+  widget_->raise();
+  widget_->activateWindow();
+}
+
+void QtDesktopWindow::performClose() { widget_->close(); }
+
+void QtDesktopWindow::setDelegate(std::weak_ptr<WindowDelegate> delegate) {
+  delegate_ = std::move(delegate);
+}
+
+Registration QtDesktopWindow::observe(std::function<void(const WindowNotification&)> listener) {
+  return notifications_.subscribe(std::move(listener));
+}
+
+bool QtDesktopWindow::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::Close:
+      if (mayClose()) break;
+      event->ignore();
+      return true;
+    case QEvent::Hide:
+      if (!event->spontaneous()) positionWhenHidden_ = widget_->pos();
+      break;
+    case QEvent::WindowActivate:
+      notifications_.send(WindowNotification::didBecomeKey);
+      break;
+    case QEvent::WindowStateChange:
+      handleStateChange();
+      break;
+    default:
+      break;
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+bool QtDesktopWindow::mayClose() {
+  const auto delegate = delegate_.lock();
+  if (delegate && !delegate->windowShouldClose(*this)) return false;
+  notifications_.send(WindowNotification::willClose);
+  return true;
+}
+
+void QtDesktopWindow::handleStateChange() {
+  const bool miniaturized = isMiniaturized();
+  if (std::exchange(wasMiniaturized_, miniaturized) == miniaturized) return;
+  const auto delegate = delegate_.lock();
+  if (miniaturized) {
+    if (delegate) delegate->windowDidMiniaturize(*this);
+    notifications_.send(WindowNotification::didMiniaturize);
+  } else {
+    if (delegate) delegate->windowDidDeminiaturize(*this);
+    notifications_.send(WindowNotification::didDeminiaturize);
+  }
+}
+
+}  // namespace orvane

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QObject>
+#include <QPoint>
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "platform/desktop/desktop_window.h"
+#include "platform/desktop/signal.h"
+
+namespace orvane {
+
+/// A top-level widget as a window of the desktop. Closing it takes it off the screen; it can be
+/// shown again, at the same place and with all it contains.
+class QtDesktopWindow final : public QObject, public DesktopWindow {
+  Q_OBJECT
+
+ public:
+  /// `onOrderFront` is told when the window is about to come to the front.
+  QtDesktopWindow(std::unique_ptr<QWidget> widget,
+                  std::function<void(QtDesktopWindow&)> onOrderFront);
+  ~QtDesktopWindow() override;
+
+  [[nodiscard]] QWidget& widget() const { return *widget_; }
+
+  [[nodiscard]] std::string title() const override;
+  [[nodiscard]] int level() const override { return normalLevel; }
+  [[nodiscard]] bool isMiniaturized() const override { return widget_->isMinimized(); }
+  [[nodiscard]] bool isVisible() const override;
+  [[nodiscard]] bool isKeyWindow() const override;
+
+  void miniaturize() override;
+  void deminiaturize() override;
+  void orderOut() override;
+  void makeKeyAndOrderFront() override;
+  void performClose() override;
+
+  void setDelegate(std::weak_ptr<WindowDelegate> delegate) override;
+  [[nodiscard]] Registration observe(
+      std::function<void(const WindowNotification&)> listener) override;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  [[nodiscard]] bool mayClose();
+  void handleStateChange();
+
+  std::unique_ptr<QWidget> widget_;
+  std::function<void(QtDesktopWindow&)> onOrderFront_;
+  std::weak_ptr<WindowDelegate> delegate_;
+  Signal<WindowNotification> notifications_;
+  bool wasMiniaturized_ = false;
+  std::optional<QPoint> positionWhenHidden_;
+};
+
+}  // namespace orvane
