@@ -10,7 +10,7 @@ namespace orvane {
 struct MenuItem {
   std::string title;
   bool enabled = true;
-  std::string keyEquivalent = {};  ///< one lower-case letter, with the Control key; empty: none
+  std::string keyEquivalent = {};  ///< one lower-case character, with Control; empty: none
   std::function<void()> action = {};
 
   [[nodiscard]] static MenuItem separator() { return MenuItem{}; }

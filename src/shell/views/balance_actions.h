@@ -5,11 +5,11 @@
 #include <string>
 
 #include "core/balance_state.h"
+#include "platform/desktop/menu.h"
 
 namespace orvane {
 
-/// What the main window's controls do. Every action is set, except that `openHelp` may be missing:
-/// then no help button shows.
+/// What the main window's controls do. Every action is set.
 struct BalanceActions {
   std::function<void()> refresh;
   std::function<void()> loadHistory;
@@ -19,7 +19,8 @@ struct BalanceActions {
   std::function<void(BalanceUnit)> setUnit;
   std::function<void(PreferredFiatCurrency)> setFiatCurrency;
   std::function<void()> close;
-  std::function<void()> openHelp = {};
+  /// Commands of the application, in a menu beside the Close button; empty: no such button.
+  Menu commands = {};
 };
 
 }  // namespace orvane

@@ -55,7 +55,7 @@ void BalanceContent::layOut() {
   window->setSpacing(0);
   window->addLayout(columns, 1);
   window->addWidget(new Divider(Qt::Horizontal, this));
-  window->addWidget(new CloseBar(actions_.close, actions_.openHelp, this));
+  window->addWidget(new CloseBar(actions_.close, actions_.commands, this));
 }
 
 void BalanceContent::showState() {
@@ -64,6 +64,7 @@ void BalanceContent::showState() {
   if (layout.showsAddressCard) addressCard_->showCard(addressCard(state_, format_), state_.unit);
   poolCard_->setVisible(layout.showsPoolCard);
   addressCard_->setVisible(layout.showsAddressCard);
+  if (isVisible()) settings_->loadDrafts();
   settings_->showState();
   if (layout.showsAccountColumn) {
     workers_->showWorkers(state_.workers);
@@ -87,10 +88,7 @@ void BalanceContent::askForSize() {
 }
 
 void BalanceContent::showEvent(QShowEvent* event) {
-  if (!tokenFieldLoaded_) {
-    tokenFieldLoaded_ = true;
-    settings_->loadDrafts();
-  }
+  settings_->loadDrafts();
   askForSize();
   QWidget::showEvent(event);
 }

@@ -42,7 +42,6 @@ class BalanceContent final : public QWidget {
   const BalanceState& state_;
   const LocaleFormat& format_;
   const BalanceActions actions_;
-  bool tokenFieldLoaded_ = false;
   ColumnArea* leftColumn_;
   ColumnArea* rightColumn_;
   QWidget* columnDivider_;

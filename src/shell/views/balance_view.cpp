@@ -20,7 +20,7 @@ BalanceActions actionsOn(BalanceStore& store, BalanceViewSettings settings,
       .setFiatCurrency =
           [&store](PreferredFiatCurrency currency) { store.setPreferredFiatCurrency(currency); },
       .close = std::move(onClose),
-      .openHelp = std::move(settings.openHelp)};
+      .commands = std::move(settings.commands)};
 }
 
 }  // namespace

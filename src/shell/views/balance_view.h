@@ -13,8 +13,8 @@
 namespace orvane {
 
 struct BalanceViewSettings {
-  std::string poolWebHost;              ///< host of the pool's web site, for the account link
-  std::function<void()> openHelp = {};  ///< missing: no help button
+  std::string poolWebHost;  ///< host of the pool's web site, for the account link
+  Menu commands = {};       ///< see BalanceActions
 };
 
 /// The content of the main window: shows the store's figures and redraws, once per turn of the

@@ -1,41 +1,15 @@
 #include "shell/views/close_bar.h"
 
-#include <QEvent>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QShortcut>
 
-#include "shell/views/symbol_icon.h"
+#include "shell/views/command_button.h"
 #include "shell/views/theme.h"
 
 namespace orvane {
-namespace {
 
-class HelpButton final : public QPushButton {
- public:
-  explicit HelpButton(QWidget* parent) : QPushButton(parent) {
-    setFlat(true);
-    setAutoDefault(false);
-    setIconSize({theme::symbolSize + 4, theme::symbolSize + 4});
-    drawSymbol();
-  }
-
- protected:
-  void changeEvent(QEvent* event) override {
-    QPushButton::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) drawSymbol();
-  }
-
- private:
-  void drawSymbol() {
-    setIcon(symbolIcon(QStringLiteral("questionmark.circle"), theme::symbolSize + 4, palette()));
-  }
-};
-
-}  // namespace
-
-CloseBar::CloseBar(const std::function<void()>& onClose, const std::function<void()>& onHelp,
-                   QWidget* parent)
+CloseBar::CloseBar(const std::function<void()>& onClose, const Menu& commands, QWidget* parent)
     : QWidget(parent) {
   auto* const row = new QHBoxLayout(this);
   row->setContentsMargins(theme::windowPadding, theme::barPadding, theme::windowPadding,
@@ -49,12 +23,7 @@ CloseBar::CloseBar(const std::function<void()>& onClose, const std::function<voi
   connect(close, &QPushButton::clicked, this, [onClose] { onClose(); });
   row->addWidget(close);
   row->addStretch();
-  if (!onHelp) return;
-  auto* const help = new HelpButton(this);
-  help->setAccessibleName(tr("Orvane Help"));
-  help->setToolTip(tr("Orvane Help"));
-  connect(help, &QPushButton::clicked, this, [onHelp] { onHelp(); });
-  row->addWidget(help);
+  if (!commands.items.empty()) row->addWidget(new CommandButton(commands, this));
 }
 
 }  // namespace orvane

@@ -3,15 +3,17 @@
 #include <QWidget>
 #include <functional>
 
+#include "platform/desktop/menu.h"
+
 namespace orvane {
 
-/// The bar at the bottom of the main window: closes it, and opens the help when there is one.
+/// The bar at the bottom of the main window: closes it, and holds a menu of the application's
+/// commands when there are any.
 class CloseBar final : public QWidget {
   Q_OBJECT
 
  public:
-  CloseBar(const std::function<void()>& onClose, const std::function<void()>& onHelp,
-           QWidget* parent = nullptr);
+  CloseBar(const std::function<void()>& onClose, const Menu& commands, QWidget* parent = nullptr);
 };
 
 }  // namespace orvane

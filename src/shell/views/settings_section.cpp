@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "shell/views/qt_text.h"
 
@@ -108,8 +109,10 @@ void SettingsSection::layOut() {
 }
 
 void SettingsSection::loadDrafts() {
-  token_->setDraft(state_.token);
-  address_->setDraft(state_.ownAddress);
+  if (!std::exchange(addressFieldLoaded_, true)) address_->setDraft(state_.ownAddress);
+  if (tokenFieldLoaded_ || state_.isReadingToken) return;
+  tokenFieldLoaded_ = true;
+  if (token_->draft().empty()) token_->setDraft(state_.token);
 }
 
 void SettingsSection::showState() {

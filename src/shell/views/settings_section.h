@@ -22,8 +22,9 @@ class SettingsSection final : public QWidget {
   SettingsSection(const BalanceState& state, const BalanceActions& actions,
                   const std::string& poolWebHost, QWidget* parent = nullptr);
 
-  /// Fills the fields with what the store keeps; done once, when the window first shows, so that
-  /// nothing that is being typed is ever overwritten.
+  /// Fills each field with what the store keeps, once: the token as soon as it has been read from
+  /// the keychain, and only into a field that is still empty. Nothing that is being typed is ever
+  /// overwritten.
   void loadDrafts();
   /// Shows what follows from the store's state; leaves the fields' texts alone.
   void showState();
@@ -36,6 +37,8 @@ class SettingsSection final : public QWidget {
 
   const BalanceState& state_;
   const BalanceActions& actions_;
+  bool tokenFieldLoaded_ = false;
+  bool addressFieldLoaded_ = false;
   std::optional<std::string> addressMessage_;
   SettingsField* token_;
   SettingsField* address_;

@@ -40,7 +40,7 @@ BalanceActions noActions() {
           .setUnit = [](BalanceUnit) {},
           .setFiatCurrency = [](PreferredFiatCurrency) {},
           .close = [] {},
-          .openHelp = [] {}};
+          .commands = {{{.title = "Orvane Help", .keyEquivalent = "?"}}}};
 }
 
 class Gallery {

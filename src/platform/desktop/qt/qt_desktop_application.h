@@ -26,6 +26,8 @@ class QtDesktopApplication final : public QObject, public DesktopApplication {
 
   /// The window that `widget`, a top-level widget with its title set, becomes; not on screen yet.
   DesktopWindow& addWindow(std::unique_ptr<QWidget> widget);
+  /// Destroys every window with what it contains.
+  void removeWindows() { windows_.clear(); }
   /// The widget of a window that `addWindow` returned.
   [[nodiscard]] static QWidget& widgetOf(DesktopWindow& window);
 

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "core/balance_store.h"
+#include "platform/desktop/broadcast_center.h"
+#include "platform/desktop/desktop_application.h"
+#include "platform/text/locale_format.h"
+#include "shell/app/balance_menu_actions.h"
+#include "shell/app/scene_windows.h"
+#include "shell/menu_bar/background_runtime.h"
+#include "shell/views/balance_view.h"
+
+namespace orvane {
+
+/// What the main window's content is made of; all of it outlives the content.
+struct BalanceMainScene {
+  std::shared_ptr<BalanceStore> store;
+  std::shared_ptr<BackgroundRuntime> runtime;
+  std::shared_ptr<BalanceMenuActions> menuActions;
+  const LocaleFormat& format;
+  BroadcastCenter& broadcasts;
+  DesktopApplication& application;
+  SceneWindows& windows;
+};
+
+/// The content of the main window. When it is first shown it connects the status item with the
+/// store, and from then on every change of the store reaches both.
+class BalanceMainSceneContent final : public QWidget {
+  Q_OBJECT
+
+ public:
+  BalanceMainSceneContent(BalanceMainScene scene, BalanceViewSettings settings,
+                          QWidget* parent = nullptr);
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void connectStatusItem();
+  void updateMenuBarStatus();
+  void openWindow(const std::string& id);
+
+  BalanceMainScene scene_;
+  bool isConnected_ = false;
+  Registration openWindowObserver_;
+};
+
+}  // namespace orvane

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "core/balance_store.h"
+#include "platform/desktop/broadcast_center.h"
+#include "platform/desktop/qt/qt_desktop_application.h"
+#include "platform/desktop/status_item.h"
+#include "shell/app/balance_app_delegate.h"
+#include "shell/app/balance_menu_actions.h"
+#include "shell/app/scene_windows.h"
+#include "shell/menu_bar/background_runtime.h"
+#include "shell/menu_bar/orderly_exit.h"
+
+namespace orvane {
+
+/// What the application works with; all of it outlives the application.
+struct OrvanePlatform {
+  BalancePlatform balance;
+  QtDesktopApplication& desktop;
+  StatusBar& statusBar;
+};
+
+/// What a build or a test chooses.
+struct OrvaneSettings {
+  std::string poolWebHost;  ///< host of the pool's web site
+  std::string brandUrl;     ///< destination of the brand line; empty: plain text
+  std::string version;
+};
+
+/// The application: its store, its runtime and its windows, from launch to end. One exists per
+/// process.
+class OrvaneApp {
+ public:
+  OrvaneApp(OrvanePlatform platform, OrvaneSettings settings);
+  OrvaneApp(const OrvaneApp&) = delete;
+  OrvaneApp& operator=(const OrvaneApp&) = delete;
+  ~OrvaneApp();
+
+  /// Brings the main window up, from the event loop.
+  void launch();
+  /// The user has started the application again: brings the main window back.
+  void reopen();
+  /// Carries out a command that a launcher names: "refresh-now", "show-help", "show-about" or
+  /// "quit". Others are ignored.
+  void runAction(std::string_view name);
+
+ private:
+  [[nodiscard]] std::unique_ptr<QWidget> makeContent(const WindowScene& scene);
+  [[nodiscard]] std::unique_ptr<QWidget> makeMainContent();
+  [[nodiscard]] Menu commands();
+  void end();
+
+  OrvanePlatform platform_;
+  OrvaneSettings settings_;
+  BroadcastCenter broadcasts_;
+  std::shared_ptr<BalanceStore> store_;
+  std::shared_ptr<BackgroundRuntime> runtime_;
+  std::shared_ptr<BalanceMenuActions> menuActions_;
+  SceneWindows windows_;
+  BalanceAppDelegate delegate_;
+  OrderlyExit exit_;
+};
+
+}  // namespace orvane
