@@ -7,20 +7,24 @@
 namespace orvane {
 namespace {
 
-constexpr int busTimeout = 500;     // milliseconds
-constexpr int otherTimeout = 3000;  // the other one may be busy starting
-constexpr uint doNotQueue = 4;      // flag of RequestName
-constexpr uint primaryOwner = 1;    // replies of RequestName
+constexpr int busTimeout = 500;   // milliseconds
+constexpr int claimAttempts = 2;  // the owner may be about to end
+constexpr uint doNotQueue = 4;    // flag of RequestName
+constexpr uint primaryOwner = 1;  // replies of RequestName
 constexpr uint nameHasOtherOwner = 3;
 
 const QString interfaceName = QStringLiteral("org.freedesktop.Application");
 
 QString objectPath(QString id) { return u'/' + id.replace(u'.', u'/').replace(u'-', u'_'); }
 
+QDBusMessage busCall(const QString& method) {
+  return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
+                                        QStringLiteral("/org/freedesktop/DBus"),
+                                        QStringLiteral("org.freedesktop.DBus"), method);
+}
+
 uint requestName(const QDBusConnection& bus, const QString& name) {
-  auto request = QDBusMessage::createMethodCall(
-      QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-      QStringLiteral("org.freedesktop.DBus"), QStringLiteral("RequestName"));
+  auto request = busCall(QStringLiteral("RequestName"));
   request << name << doNotQueue;
   const QDBusReply<uint> reply = bus.call(request, QDBus::Block, busTimeout);
   return reply.isValid() ? reply.value() : 0;
@@ -45,8 +49,11 @@ std::string activationToken(const QVariantMap& platformData) {
 
 }  // namespace
 
-SessionInstance::SessionInstance(const QString& applicationId)
-    : id_(applicationId), path_(objectPath(applicationId)), bus_(QDBusConnection::sessionBus()) {}
+SessionInstance::SessionInstance(const QString& applicationId, std::chrono::milliseconds patience)
+    : id_(applicationId),
+      path_(objectPath(applicationId)),
+      patience_(patience),
+      bus_(QDBusConnection::sessionBus()) {}
 
 SessionInstance::~SessionInstance() { bus_.unregisterObject(path_); }
 
@@ -54,24 +61,34 @@ InstanceRole SessionInstance::claim() {
   if (!bus_.isConnected()) return InstanceRole::alone;
   // The object comes before the name: who waits for the name may call at once.
   bus_.registerObject(path_, this, QDBusConnection::ExportAllSlots);
-  switch (requestName(bus_, id_)) {
-    case primaryOwner:
-      return InstanceRole::first;
-    case nameHasOtherOwner:
-      return activateOther() ? InstanceRole::handedOver : InstanceRole::unreachable;
-    default:
-      return InstanceRole::alone;
+  for (int attempt = 0; attempt < claimAttempts; ++attempt) {
+    switch (requestName(bus_, id_)) {
+      case primaryOwner:
+        return InstanceRole::first;
+      case nameHasOtherOwner:
+        if (activateOther()) return InstanceRole::handedOver;
+        break;
+      default:
+        return InstanceRole::alone;
+    }
   }
+  return InstanceRole::unreachable;
+}
+
+void SessionInstance::release() {
+  auto request = busCall(QStringLiteral("ReleaseName"));
+  request << id_;
+  bus_.asyncCall(request);
 }
 
 void SessionInstance::setRequests(ApplicationRequests requests) { requests_ = std::move(requests); }
 
-bool SessionInstance::activateOther() {
-  bus_.unregisterObject(path_);
+bool SessionInstance::activateOther() const {
   auto request =
       QDBusMessage::createMethodCall(id_, path_, interfaceName, QStringLiteral("Activate"));
   request << ownPlatformData();
-  return bus_.call(request, QDBus::Block, otherTimeout).type() == QDBusMessage::ReplyMessage;
+  const auto answer = bus_.call(request, QDBus::Block, static_cast<int>(patience_.count()));
+  return answer.type() == QDBusMessage::ReplyMessage;
 }
 
 void SessionInstance::Activate(const QVariantMap& platformData) {

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 #include <QVariantMap>
+#include <chrono>
 
 #include "platform/desktop/instance/application_instance.h"
 
@@ -17,13 +18,16 @@ class SessionInstance final : public QObject {
   Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
  public:
-  /// `applicationId`: "com.example.Name"; its object is "/com/example/Name".
-  explicit SessionInstance(const QString& applicationId);
+  /// `applicationId`: "com.example.Name"; its object is "/com/example/Name". `patience`: how long
+  /// another instance, which may be busy, is given for its answer.
+  explicit SessionInstance(const QString& applicationId,
+                           std::chrono::milliseconds patience = std::chrono::seconds(3));
   ~SessionInstance() override;
 
-  /// Takes the name, or asks its owner to show itself. Waits for the bus at most half a second,
-  /// and for another instance at most three.
+  /// Takes the name, or asks its owner to show itself. Waits for the bus at most half a second.
   [[nodiscard]] InstanceRole claim();
+  /// Gives the name up, so that a start from now on brings a new instance. Does not wait.
+  void release();
 
   /// Requests that came earlier are answered in the event loop, so none is lost when this follows
   /// `claim` directly.
@@ -37,10 +41,11 @@ class SessionInstance final : public QObject {
                       const QVariantMap& platformData);
 
  private:
-  [[nodiscard]] bool activateOther();
+  [[nodiscard]] bool activateOther() const;
 
   QString id_;
   QString path_;
+  std::chrono::milliseconds patience_;
   QDBusConnection bus_;
   ApplicationRequests requests_;
 };

@@ -40,10 +40,10 @@ ColorScheme::Preference preferenceIn(const QDBusVariant& value) {
 }  // namespace
 
 ColorScheme::ColorScheme() {
-  QDBusConnection::sessionBus().connect(portalName, portalPath, settingsInterface,
-                                        QStringLiteral("SettingChanged"),
-                                        {appearanceGroup, schemeKey}, QString(), this,
-                                        SLOT(handleSetting(QString, QString, QDBusVariant)));
+  // With a sender's name Qt would wait for the bus to say who that is.
+  QDBusConnection::sessionBus().connect(QString(), portalPath, settingsInterface,
+                                        QStringLiteral("SettingChanged"), this,
+                                        SLOT(handleSetting(QDBusMessage)));
   ask();
 }
 
@@ -60,9 +60,11 @@ void ColorScheme::ask() {
   });
 }
 
-void ColorScheme::handleSetting(const QString& group, const QString& key,
-                                const QDBusVariant& value) {
-  if (group == appearanceGroup && key == schemeKey) apply(preferenceIn(value));
+void ColorScheme::handleSetting(const QDBusMessage& message) {
+  const auto arguments = message.arguments();
+  if (arguments.value(0) == appearanceGroup && arguments.value(1) == schemeKey) {
+    apply(preferenceIn(arguments.value(2).value<QDBusVariant>()));
+  }
 }
 
 void ColorScheme::apply(Preference preference) {

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <QDBusVariant>
+#include <QDBusMessage>
 #include <QObject>
-#include <QString>
 
 namespace orvane {
 
@@ -23,7 +22,7 @@ class ColorScheme final : public QObject {
   static void apply(Preference preference);
 
  private Q_SLOTS:
-  void handleSetting(const QString& group, const QString& key, const QDBusVariant& value);
+  void handleSetting(const QDBusMessage& message);
 
  private:
   void ask();

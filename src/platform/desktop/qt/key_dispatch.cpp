@@ -8,6 +8,14 @@
 #include "platform/desktop/qt/key_events.h"
 
 namespace orvane {
+namespace {
+
+/// Shift and the like say something only together with another key.
+bool isModifierKey(int key) {
+  return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr;
+}
+
+}  // namespace
 
 KeyDispatch::KeyDispatch(WindowKeys windowKeys) : windowKeys_(std::move(windowKeys)) {
   QCoreApplication::instance()->installEventFilter(this);
@@ -26,6 +34,7 @@ bool KeyDispatch::eventFilter(QObject* watched, QEvent* event) {
   // Widgets get the key only after their window has.
   if (!watched->isWindowType() || QApplication::activePopupWidget()) return false;
   auto& keyEvent = static_cast<QKeyEvent&>(*event);
+  if (isModifierKey(keyEvent.key())) return false;
   // A press arrives twice, first to let a field claim it before the shortcuts; it is asked about
   // once.
   bool swallowed = false;

@@ -1,9 +1,24 @@
 #include "platform/desktop/qt/qt_desktop_window.h"
 
+#include <QApplication>
 #include <QEvent>
+#include <QWindow>
 #include <utility>
 
 namespace orvane {
+namespace {
+
+/// For a moment after a window is hidden Qt still takes it for the one with the focus, and then
+/// overlooks that the focus comes back to it.
+void noticeReturningFocus(QWidget& window) {
+  if (QGuiApplication::focusWindow() != window.windowHandle() || window.isActiveWindow()) return;
+  QT_WARNING_PUSH
+  QT_WARNING_DISABLE_DEPRECATED
+  QApplication::setActiveWindow(&window);
+  QT_WARNING_POP
+}
+
+}  // namespace
 
 QtDesktopWindow::QtDesktopWindow(std::unique_ptr<QWidget> widget,
                                  std::function<void(QtDesktopWindow&)> onOrderFront)
@@ -31,12 +46,15 @@ void QtDesktopWindow::makeKeyAndOrderFront() {
   onOrderFront_(*this);
   if (isMiniaturized()) deminiaturize();
   // A window manager places a window anew each time it appears unless it asks for its place.
-  if (const auto position = std::exchange(positionWhenHidden_, std::nullopt)) {
-    widget_->move(*position);
+  if (const auto place = std::exchange(placeWhenHidden_, std::nullopt)) {
+    widget_->setGeometry(*place);
   }
   widget_->show();
+  if (focusWhenHidden_) focusWhenHidden_->setFocus();
+  focusWhenHidden_.clear();
   widget_->raise();
   widget_->activateWindow();
+  noticeReturningFocus(*widget_);
 }
 
 void QtDesktopWindow::performClose() { widget_->close(); }
@@ -56,7 +74,7 @@ bool QtDesktopWindow::eventFilter(QObject* watched, QEvent* event) {
       event->ignore();
       return true;
     case QEvent::Hide:
-      if (!event->spontaneous()) positionWhenHidden_ = widget_->pos();
+      if (!event->spontaneous()) remember();
       break;
     case QEvent::WindowActivate:
       notifications_.send(WindowNotification::didBecomeKey);
@@ -68,6 +86,11 @@ bool QtDesktopWindow::eventFilter(QObject* watched, QEvent* event) {
       break;
   }
   return QObject::eventFilter(watched, event);
+}
+
+void QtDesktopWindow::remember() {
+  placeWhenHidden_ = widget_->geometry();
+  focusWhenHidden_ = widget_->focusWidget();
 }
 
 bool QtDesktopWindow::mayClose() {

@@ -1,7 +1,8 @@
 #pragma once
 
 #include <QObject>
-#include <QPoint>
+#include <QPointer>
+#include <QRect>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -45,6 +46,7 @@ class QtDesktopWindow final : public QObject, public DesktopWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void remember();
   [[nodiscard]] bool mayClose();
   void handleStateChange();
 
@@ -53,7 +55,8 @@ class QtDesktopWindow final : public QObject, public DesktopWindow {
   std::weak_ptr<WindowDelegate> delegate_;
   Signal<WindowNotification> notifications_;
   bool wasMiniaturized_ = false;
-  std::optional<QPoint> positionWhenHidden_;
+  std::optional<QRect> placeWhenHidden_;
+  QPointer<QWidget> focusWhenHidden_;
 };
 
 }  // namespace orvane

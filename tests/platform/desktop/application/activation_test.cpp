@@ -1,0 +1,44 @@
+#include "platform/desktop/qt/activation.h"
+
+#include <array>
+
+#include "platform/desktop/application/window_manager.h"
+#include "platform/desktop/qt/qt_desktop_application.h"
+
+namespace orvane::test {
+namespace {
+
+TEST(StartupTime, IsReadFromTheEndOfAStartupId) {
+  struct Case {
+    const char* token;
+    unsigned time;
+  };
+  for (const auto& [token, time] :
+       {Case{"", 0}, Case{"panel-12-host_TIME4711", 4711}, Case{"_TIME_TIME7", 7},
+        Case{"wayland-token", 0}, Case{"x_TIME", 0}, Case{"x_TIME99999999999", 0}}) {
+    EXPECT_EQ(startupTime(token), time) << token;
+  }
+}
+
+TEST(Activation, TakesTheFocusFromAnotherProgram) {
+  const WindowManager windowManager;
+  QtDesktopApplication application;
+  auto own = std::make_unique<QWidget>();
+  own->resize(300, 200);
+  auto& window = application.addWindow(std::move(own));
+  auto& widget = QtDesktopApplication::widgetOf(window);
+  window.makeKeyAndOrderFront();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&widget));
+
+  QProcess other;
+  other.start(QStringLiteral("xlogo"), QStringList());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !window.isKeyWindow(); })) << "xlogo takes no focus";
+  application.setActivationToken("panel-1-host_TIME1");
+  application.activateIgnoringOtherApps();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window.isKeyWindow(); }));
+  other.kill();
+  other.waitForFinished();
+}
+
+}  // namespace
+}  // namespace orvane::test

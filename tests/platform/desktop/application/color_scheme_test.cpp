@@ -1,0 +1,84 @@
+#include "platform/desktop/qt/color_scheme.h"
+
+#include <QApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace orvane::test {
+namespace {
+
+bool isDark() {
+  const auto palette = QApplication::palette();
+  return palette.color(QPalette::Window).lightness() <
+         palette.color(QPalette::WindowText).lightness();
+}
+
+/// The desktop's portal, on a connection of its own.
+class Portal final : public QObject {
+  Q_OBJECT
+  Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
+
+ public:
+  explicit Portal(uint scheme) : scheme_(scheme) {
+    bus_.registerObject(path, this, QDBusConnection::ExportAllSlots);
+    bus_.registerService(QStringLiteral("org.freedesktop.portal.Desktop"));
+  }
+  ~Portal() override { QDBusConnection::disconnectFromBus(QStringLiteral("portal")); }
+
+  void choose(uint scheme) {
+    auto changed = QDBusMessage::createSignal(
+        path, QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("SettingChanged"));
+    changed << QStringLiteral("org.freedesktop.appearance") << QStringLiteral("color-scheme")
+            << QVariant::fromValue(QDBusVariant(scheme));
+    bus_.send(changed);
+  }
+
+ public Q_SLOTS:
+  QDBusVariant Read(const QString& /*group*/, const QString& /*key*/) {
+    return QDBusVariant(QVariant::fromValue(QDBusVariant(scheme_)));
+  }
+
+ private:
+  const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
+  QDBusConnection bus_ =
+      QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("portal"));
+  uint scheme_;
+};
+
+TEST(ColorScheme, FollowsThePortalWhileTheProgramRuns) {
+  Portal portal(1);
+  const ColorScheme scheme;
+  EXPECT_FALSE(isDark());  // nothing waits for the answer
+  ASSERT_TRUE(QTest::qWaitFor(isDark));
+  portal.choose(0);
+  ASSERT_TRUE(QTest::qWaitFor([] { return !isDark(); }));
+  portal.choose(1);
+  ASSERT_TRUE(QTest::qWaitFor(isDark));
+  portal.choose(2);
+  ASSERT_TRUE(QTest::qWaitFor([] { return !isDark(); }));
+}
+
+TEST(ColorScheme, LeavesThePaletteAloneWithoutAPortal) {
+  const auto before = QApplication::palette();
+  const ColorScheme scheme;
+  QTest::qWait(50);
+  EXPECT_EQ(QApplication::palette(), before);
+}
+
+TEST(ColorScheme, GivesADesktopThatIsDarkByItselfWhatTheUserPrefers) {
+  ColorScheme::apply(ColorScheme::Preference::dark);
+  EXPECT_TRUE(isDark());
+  ColorScheme::apply(ColorScheme::Preference::none);
+  EXPECT_FALSE(isDark());
+  ColorScheme::apply(ColorScheme::Preference::light);
+  EXPECT_FALSE(isDark());
+}
+
+}  // namespace
+}  // namespace orvane::test
+
+#include "color_scheme_test.moc"

@@ -1,0 +1,43 @@
+#include <QCoreApplication>
+#include <QTest>
+#include <csignal>
+
+#include <gtest/gtest.h>
+
+#include "platform/desktop/application/recording_delegate.h"
+#include "platform/desktop/qt/qt_desktop_application.h"
+#include "platform/desktop/qt/termination_signals.h"
+
+namespace orvane::test {
+namespace {
+
+TEST(Termination, ByASignalArrivesInTheEventLoop) {
+  int heard = 0;
+  const TerminationSignals signalsHeard([&heard] { ++heard; });
+  for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
+    heard = 0;
+    ASSERT_EQ(raise(number), 0);
+    EXPECT_EQ(heard, 0);
+    EXPECT_TRUE(QTest::qWaitFor([&heard] { return heard == 1; })) << number;
+  }
+}
+
+TEST(Termination, ByTheSessionDoesNotDependOnWindowsThatRefuseToClose) {
+  QtDesktopApplication application;
+  int ends = 0;
+  application.setTerminationHandler([&ends] { ++ends; });
+  auto& window = application.addWindow(std::make_unique<QWidget>());
+  const auto delegate = std::make_shared<RecordingDelegate>(application);
+  window.setDelegate(delegate);
+  window.makeKeyAndOrderFront();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&QtDesktopApplication::widgetOf(window)));
+
+  QEvent die(QEvent::Quit);  // what a session manager's last word comes down to
+  QCoreApplication::sendEvent(QCoreApplication::instance(), &die);
+  EXPECT_EQ(ends, 0);
+  EXPECT_TRUE(QTest::qWaitFor([&ends] { return ends == 1; }));
+  EXPECT_TRUE(delegate->heard.empty());
+}
+
+}  // namespace
+}  // namespace orvane::test

@@ -1,0 +1,119 @@
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+#include "platform/desktop/application/recording_delegate.h"
+#include "platform/desktop/application/window_manager.h"
+#include "platform/desktop/qt/qt_desktop_application.h"
+
+namespace orvane::test {
+namespace {
+
+std::unique_ptr<QWidget> titled(const char* title) {
+  auto widget = std::make_unique<QWidget>();
+  widget->setWindowTitle(QString::fromLatin1(title));
+  widget->resize(300, 200);
+  (new QVBoxLayout(widget.get()))->addWidget(new QLineEdit);
+  return widget;
+}
+
+class WindowsTest : public testing::Test {
+ protected:
+  void bringUp() {
+    window.makeKeyAndOrderFront();
+    application.activateIgnoringOtherApps();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&widget));
+  }
+
+  WindowManager windowManager;
+  QtDesktopApplication application;
+  DesktopWindow& window = application.addWindow(titled("Orvane"));
+  QWidget& widget = QtDesktopApplication::widgetOf(window);
+  std::shared_ptr<RecordingDelegate> delegate = std::make_shared<RecordingDelegate>(application);
+  std::vector<WindowNotification> told;
+  Registration observer =
+      window.observe([this](const WindowNotification& heard) { told.push_back(heard); });
+};
+
+TEST_F(WindowsTest, AreListedInTheOrderOfTheirCreationWhetherShownOrNot) {
+  auto& help = application.addWindow(titled("Orvane Help"));
+  help.makeKeyAndOrderFront();
+  ASSERT_EQ(application.windows(), (std::vector<DesktopWindow*>{&window, &help}));
+  EXPECT_EQ(window.title(), "Orvane");
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_TRUE(help.isVisible());
+}
+
+TEST_F(WindowsTest, AskTheirDelegateWhenTheWindowManagerClosesThem) {
+  window.setDelegate(delegate);
+  bringUp();
+  closeByWindowManager(widget);
+  ASSERT_TRUE(QTest::qWaitFor([this] { return !delegate->heard.empty(); }));
+  EXPECT_EQ(delegate->eventWhenAsked, std::nullopt);
+  EXPECT_TRUE(window.isVisible());
+
+  delegate->closes = true;
+  closeByWindowManager(widget);
+  ASSERT_TRUE(QTest::qWaitFor([this] { return !window.isVisible(); }));
+  EXPECT_EQ(told.back(), WindowNotification::willClose);
+}
+
+TEST_F(WindowsTest, CloseWhenNobodyRefusesAndCanBeShownAgain) {
+  bringUp();
+  window.performClose();
+  EXPECT_FALSE(window.isVisible());
+  bringUp();
+  EXPECT_TRUE(window.isKeyWindow());
+}
+
+TEST_F(WindowsTest, KeepPlaceSizeTextAndFocusWhileHidden) {
+  bringUp();
+  const QRect place(311, 173, 420, 333);
+  widget.setGeometry(place);
+  auto& field = *widget.findChild<QLineEdit*>();
+  field.setFocus();
+  field.setText(QStringLiteral("half a tok"));
+  const auto isInPlace = [this, &place] { return widget.geometry() == place; };
+  ASSERT_TRUE(QTest::qWaitFor(isInPlace));
+
+  window.orderOut();
+  QTest::qWait(50);  // what the window manager makes of it
+  bringUp();
+  EXPECT_TRUE(QTest::qWaitFor([&field] { return field.hasFocus(); }));
+  EXPECT_TRUE(isInPlace()) << widget.x() << ' ' << widget.y();
+  EXPECT_EQ(field.text(), QStringLiteral("half a tok"));
+}
+
+TEST_F(WindowsTest, TellWhenTheyAreMinimisedAndRestoredByWhomever) {
+  window.setDelegate(delegate);
+  bringUp();
+  xdotool({QStringLiteral("windowminimize"), windowId(widget)});
+  ASSERT_TRUE(QTest::qWaitFor([this] { return window.isMiniaturized(); }));
+  EXPECT_FALSE(window.isVisible());
+  window.deminiaturize();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&widget));
+  EXPECT_EQ(delegate->heard, (std::vector<std::string>{"minimised", "restored"}));
+  EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(WindowsTest, ComeBackFromMinimisedWhenTheyAreOrderedFront) {
+  bringUp();
+  window.miniaturize();
+  QTest::qWait(50);
+  window.makeKeyAndOrderFront();
+  ASSERT_TRUE(QTest::qWaitFor([this] { return window.isKeyWindow(); }));
+}
+
+TEST_F(WindowsTest, ThatAreMinimisedWhenHiddenComeBackWhole) {
+  bringUp();
+  window.miniaturize();
+  QTest::qWait(50);
+  window.deminiaturize();
+  window.orderOut();
+  QTest::qWait(50);
+  EXPECT_FALSE(widget.isVisible());
+  window.makeKeyAndOrderFront();
+  ASSERT_TRUE(QTest::qWaitFor([this] { return window.isKeyWindow(); }));
+}
+
+}  // namespace
+}  // namespace orvane::test
