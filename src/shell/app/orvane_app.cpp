@@ -101,6 +101,7 @@ Menu OrvaneApp::commands() {
 }
 
 void OrvaneApp::end() {
+  if (const auto tell = std::exchange(onEnd, nullptr)) tell();
   // Gone for the user at once, even when a last write takes its time.
   for (auto* const window : platform_.desktop.windows()) {
     window->orderOut();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -38,6 +39,9 @@ class OrvaneApp {
   OrvaneApp(const OrvaneApp&) = delete;
   OrvaneApp& operator=(const OrvaneApp&) = delete;
   ~OrvaneApp();
+
+  /// Called once, when the application begins to end.
+  std::function<void()> onEnd;
 
   /// Brings the main window up, from the event loop.
   void launch();

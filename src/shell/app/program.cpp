@@ -1,0 +1,105 @@
+#include "shell/app/program.h"
+
+#include <QApplication>
+#include <QDBusConnection>
+#include <QStandardPaths>
+#include <filesystem>
+#include <utility>
+
+#include "platform/defaults/sqlite_defaults.h"
+#include "platform/desktop/instance/session_instance.h"
+#include "platform/desktop/qt/color_scheme.h"
+#include "platform/desktop/qt/qt_desktop_application.h"
+#include "platform/desktop/qt/termination_signals.h"
+#include "platform/desktop/status/desktop_status_bar.h"
+#include "platform/desktop/symbols.h"
+#include "platform/eventloop/qt_executor.h"
+#include "platform/http/qt_http_transport.h"
+#include "platform/keychain/access_groups.h"
+#include "platform/keychain/secret_service_keychain.h"
+#include "platform/notifications/desktop_notification_center.h"
+#include "shell/app/orvane_app.h"
+#include "shell/views/qt_text.h"
+
+namespace orvane {
+namespace {
+
+const QString applicationId = QStringLiteral("com.quorvex.Orvane");
+
+void introduceToDesktop(const std::string& version) {
+  QApplication::setApplicationName(applicationId);
+  QApplication::setApplicationVersion(toQString(version));
+  QApplication::setDesktopFileName(applicationId);
+  QApplication::setWindowIcon(applicationIcon());
+}
+
+std::filesystem::path settingsFile() {
+  const auto folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+  return std::filesystem::path(folder.toStdString()) / "orvane" / "settings.sqlite";
+}
+
+/// Everything that exists as long as the one running application does.
+int runInstance(SessionInstance& instance, const ProgramSettings& settings) {
+  const ColorScheme colorScheme;
+  QtExecutor executor;
+  const LocaleFormat format(LocaleNames::fromEnvironment());
+  SqliteDefaults defaults(settingsFile());
+  QtHttpTransport transport({.extraCaFile = settings.extraCaFile});
+  SecretServiceKeychain keychain;
+  DesktopNotificationCenter notifications(QDBusConnection::sessionBus());
+  QtDesktopApplication desktop;
+  DesktopStatusBar statusBar(
+      executor, [&desktop](const std::string& token) { desktop.setActivationToken(token); });
+
+  OrvaneApp app(
+      {.balance = {.executor = executor,
+                   .transport = transport,
+                   .defaults = defaults,
+                   .keychain = keychain,
+                   .notifications = notifications,
+                   .format = format,
+                   .hosts = settings.hosts,
+                   .accessGroups = accessGroupsFromSetting(settings.keychainAccessGroups)},
+       .desktop = desktop,
+       .statusBar = statusBar},
+      {.poolWebHost = settings.poolWebHost,
+       .brandUrl = settings.brandUrl,
+       .version = settings.version});
+  app.onEnd = [&instance] { instance.release(); };
+  notifications.onActivated([&app] { app.reopen(); });
+  const TerminationSignals signalsOfTheSession([&desktop] { desktop.terminate(); });
+  instance.setRequests({.activate =
+                            [&app, &desktop](const std::string& token) {
+                              desktop.setActivationToken(token);
+                              app.reopen();
+                            },
+                        .runAction =
+                            [&app, &desktop](const std::string& name, const std::string& token) {
+                              desktop.setActivationToken(token);
+                              app.runAction(name);
+                            }});
+  app.launch();
+  const int code = QApplication::exec();
+  instance.setRequests({});
+  return code;
+}
+
+}  // namespace
+
+int runProgram(int argc, char** argv, const ProgramSettings& settings) {
+  const QApplication application(argc, argv);
+  introduceToDesktop(settings.version);
+  SessionInstance instance(applicationId);
+  switch (instance.claim()) {
+    case InstanceRole::first:
+    case InstanceRole::alone:
+      return runInstance(instance, settings);
+    case InstanceRole::handedOver:
+      return 0;
+    case InstanceRole::unreachable:
+      return 1;
+  }
+  return 1;
+}
+
+}  // namespace orvane
