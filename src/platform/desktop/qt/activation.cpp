@@ -24,6 +24,13 @@ void activateOnX11(xcb_connection_t& connection, QWidget& window, const std::str
   xcb_flush(&connection);
 }
 
+/// Null where the display is no X server; other platforms offer the interface without a server.
+xcb_connection_t* x11Connection() {
+  if (QGuiApplication::platformName() != QStringLiteral("xcb")) return nullptr;
+  const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+  return x11 ? x11->connection() : nullptr;
+}
+
 }  // namespace
 
 unsigned startupTime(const std::string& token) {
@@ -36,12 +43,12 @@ unsigned startupTime(const std::string& token) {
 }
 
 void activateWindow(QWidget& window, const std::string& token) {
-  const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+  auto* const x11 = x11Connection();
   // Where the compositor hands out permissions, Qt takes them from the environment.
   if (!x11 && !token.empty()) qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(token));
   window.raise();
   window.activateWindow();
-  if (x11) activateOnX11(*x11->connection(), window, token);
+  if (x11) activateOnX11(*x11, window, token);
 }
 
 }  // namespace orvane

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QWindow>
+#include <optional>
+
+#include "core/store_fixture.h"
+#include "platform/desktop/qt/qt_desktop_application.h"
+#include "shell/app/orvane_app.h"
+#include "support/fake_desktop.h"
+
+namespace orvane::test {
+
+/// The application with its real windows, on services, keychain and tray that are the test's own
+/// and in time that passes only when the test says so.
+class AppTest : public StoreTest {
+ protected:
+  /// Starts the program and lets the first things happen.
+  void launch();
+  /// Lets everything happen that is due now.
+  void settle();
+  void pass(ExecutorClock::duration time);
+
+  [[nodiscard]] DesktopWindow* window(const std::string& title) const;
+  [[nodiscard]] QWidget& widget(const std::string& title) const;
+  [[nodiscard]] bool isOnScreen(const std::string& title) const;
+  /// Presses a key in the window that has the focus.
+  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+  /// The window manager's close control.
+  void closeByWindowManager(const std::string& title);
+
+  /// What a screen reader calls it; nothing when the main window has no such thing.
+  template <class Widget>
+  [[nodiscard]] Widget* find(const QString& accessibleName) const {
+    for (auto* const child : widget("Orvane").findChildren<Widget*>()) {
+      if (child->accessibleName() == accessibleName) return child;
+    }
+    return nullptr;
+  }
+  [[nodiscard]] bool showsText(const QString& text) const;
+
+  /// The status menu as a right click brings it up.
+  [[nodiscard]] std::vector<std::string> statusMenuTitles();
+  [[nodiscard]] MenuItem statusMenuItem(const std::string& title);
+  [[nodiscard]] const FakeStatusItemState& statusItem() const { return statusBar.item; }
+
+  FakeStatusBar statusBar;
+  QtDesktopApplication desktop;
+  std::optional<OrvaneApp> app;
+};
+
+}  // namespace orvane::test

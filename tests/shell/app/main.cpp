@@ -1,0 +1,11 @@
+#include <QApplication>
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+  // Real windows without a display; what needs one is tested elsewhere.
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication application(argc, argv);
+  testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}
