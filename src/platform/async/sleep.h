@@ -5,6 +5,7 @@
 
 namespace orvane {
 
+/// Why a sleep is over: its moment has come, or the sleeping task was cancelled before.
 enum class SleepEnd { elapsed, cancelled };
 
 /// Suspends the task until `when`; a moment that has passed does not suspend it.

@@ -14,6 +14,7 @@ struct JsonSpan {
   std::uint32_t length;
 };
 
+/// `integer` is a whole number in the range of 64 bits, however it is written; `number` any other.
 enum class JsonType : std::uint8_t { null, boolean, integer, number, text, array, object };
 
 /// One value of a document. The nodes of a document lie in document order, so the children of a

@@ -19,6 +19,7 @@ namespace orvane {
 /// Whether `a` sorts before `b` by code points after canonical normalization.
 [[nodiscard]] bool normalizedLess(std::string_view a, std::string_view b);
 
+/// False also for overlong forms, surrogates and code points above U+10FFFF.
 [[nodiscard]] bool isValidUtf8(std::string_view bytes);
 
 /// The bytes as text; every invalid sequence becomes the replacement character U+FFFD.
