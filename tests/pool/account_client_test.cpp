@@ -1,4 +1,7 @@
+#include <functional>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -35,6 +38,28 @@ Task<void> into(Task<Result> task, std::optional<Result>& outcome) {
   Result result = co_await std::move(task);
   outcome.emplace(std::move(result));
 }
+
+/// An executor that lets a test in between a callback's posting and its running.
+class InterruptedExecutor final : public Executor {
+ public:
+  explicit InterruptedExecutor(VirtualExecutor& executor) : executor_(executor) {}
+
+  std::function<void()> afterPost = [] {};
+
+  [[nodiscard]] Instant now() const override { return executor_.now(); }
+  [[nodiscard]] WallTime wallClock() const override { return executor_.wallClock(); }
+  void post(Callback callback) override {
+    executor_.post(std::move(callback));
+    afterPost();
+  }
+  TimerId schedule(Instant when, Callback callback) override {
+    return executor_.schedule(when, std::move(callback));
+  }
+  void cancel(TimerId timer) override { executor_.cancel(timer); }
+
+ private:
+  VirtualExecutor& executor_;
+};
 
 HttpResult answer(int status, std::string body = {}) {
   return HttpResponse{.status = status, .body = std::move(body)};
@@ -187,6 +212,20 @@ TEST_F(AccountClientTest, ACallCancelledWhenItsTurnHasJustComeSendsNothing) {
   EXPECT_EQ(second.value().error(), PoolError{Kind::cancelled});
   EXPECT_TRUE(fetchStats());
   EXPECT_THAT(sendTimes(), ElementsAre(0, 60, 120));
+}
+
+TEST_F(AccountClientTest, ACallCancelledWhenItsWaitHasJustEndedSendsNothing) {
+  EXPECT_TRUE(fetchStats());
+  InterruptedExecutor interrupted(executor);
+  TaskScope interruptedScope(interrupted);
+  std::optional<Stats> outcome;
+  const TaskHandle call = interruptedScope.spawn(into(client.fetchStats(), outcome));
+  executor.advance(59s);
+  interrupted.afterPost = [&] { call.cancel(); };
+  executor.advance(1s);
+  EXPECT_EQ(outcome.value().error(), PoolError{Kind::cancelled});
+  EXPECT_TRUE(fetchWorkers());
+  EXPECT_THAT(sendTimes(), ElementsAre(0, 60));
 }
 
 TEST_F(AccountClientTest, ACancelledRequestIsAbortedAndStillHoldsBackTheNext) {

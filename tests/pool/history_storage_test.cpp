@@ -31,7 +31,8 @@ TEST(HistoryStorageTest, ReadsBackWhatItWrote) {
       {.date = sys_seconds(seconds(1)), .averageHashRate = 1e300, .shares = smallest},
       {.date = sys_seconds(seconds(largest)), .rewardBTC = "\"\\\n\x01 \u20BF"},
       {.date = sys_seconds(seconds(smallest + 978'307'200)), .averageHashRate = 5e-324},
-      {.date = day, .averageHashRate = 5e9}};
+      {.date = day, .averageHashRate = 5e9},
+      {.date = sys_seconds(seconds(978'307'200 + 9'007'199'254'740'993))}};
   const std::optional<std::string> bytes = encodeHistory(days);
   ASSERT_TRUE(bytes);
   EXPECT_EQ(decodeHistory(*bytes), days);

@@ -103,6 +103,9 @@ TEST_F(BitcoinPriceServiceTest, ACancelledCallDoesNotGoOnToTheFallback) {
   EXPECT_EQ(outcome, std::unexpected(PriceError{Kind::cancelled}));
   EXPECT_EQ(transport.sent().size(), 1U);
   EXPECT_EQ(transport.aborted(), 1U);
+  transport.on("primary.test").fail(HttpFailure::cancelled);
+  EXPECT_EQ(current(), std::unexpected(PriceError{Kind::cancelled}));
+  EXPECT_EQ(transport.sentTo("fallback.test"), 0U);
 }
 
 }  // namespace
