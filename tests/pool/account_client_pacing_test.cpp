@@ -1,0 +1,181 @@
+#include <functional>
+#include <optional>
+#include <utility>
+
+#include <gmock/gmock.h>
+
+#include "pool/account_client_fixture.h"
+
+namespace orvane::test {
+namespace {
+
+using namespace std::chrono_literals;
+using Kind = PoolError::Kind;
+using ::testing::ElementsAre;
+
+/// An executor that lets a test in between a callback's posting and its running.
+class InterruptedExecutor final : public Executor {
+ public:
+  explicit InterruptedExecutor(VirtualExecutor& executor) : executor_(executor) {}
+
+  std::function<void()> afterPost = [] {};
+
+  [[nodiscard]] Instant now() const override { return executor_.now(); }
+  [[nodiscard]] WallTime wallClock() const override { return executor_.wallClock(); }
+  void post(Callback callback) override {
+    executor_.post(std::move(callback));
+    afterPost();
+  }
+  TimerId schedule(Instant when, Callback callback) override {
+    return executor_.schedule(when, std::move(callback));
+  }
+  void cancel(TimerId timer) override { executor_.cancel(timer); }
+
+ private:
+  VirtualExecutor& executor_;
+};
+
+using AccountClientPacingTest = AccountClientFixture;
+
+TEST_F(AccountClientPacingTest, EarlyCallsWaitForTheirSlot) {
+  EXPECT_TRUE(fetchStats());
+  executor.advance(1s);
+  EXPECT_TRUE(fetchWorkers());
+  executor.advance(61s);
+  EXPECT_TRUE(fetchStats());
+  EXPECT_TRUE(fetchHistory());
+  EXPECT_THAT(sendTimes(), ElementsAre(0, 60, 121, 181, 241));
+}
+
+TEST_F(AccountClientPacingTest, TheGapCountsFromTheSendingNotFromTheAnswer) {
+  transport.on("/profile/").respond(200, profileBody).after(10s);
+  EXPECT_TRUE(fetchStats());
+  EXPECT_TRUE(fetchWorkers());
+  transport.on("/profile/").respond(200, profileBody).after(90s);
+  EXPECT_TRUE(fetchStats());
+  EXPECT_TRUE(fetchWorkers());
+  EXPECT_THAT(sendTimes(), ElementsAre(0, 60, 120, 210));
+}
+
+TEST_F(AccountClientPacingTest, OverlappingCallsQueueInTheOrderTheyCame) {
+  std::optional<History> history;
+  std::optional<Stats> stats;
+  std::optional<Workers> workers;
+  scope.spawn(into(client.fetchHistory(), history));
+  scope.spawn(into(client.fetchStats(), stats));
+  scope.spawn(into(client.fetchWorkers(), workers));
+  executor.advance(59s);
+  EXPECT_EQ(transport.sent().size(), 1U);
+  executor.advance(121s);
+  EXPECT_TRUE(history && stats && workers);
+  EXPECT_THAT(sendTimes(), ElementsAre(0, 60, 120, 180));
+  EXPECT_TRUE(transport.sent()[1].request.url.contains("/profile/"));
+  EXPECT_TRUE(transport.sent()[2].request.url.contains("/workers/"));
+  EXPECT_TRUE(transport.sent()[3].request.url.contains("/hash_rate_daily/"));
+}
+
+TEST_F(AccountClientPacingTest, ACancelledCallLeavesItsSlotToTheNext) {
+  EXPECT_TRUE(fetchStats());
+  std::optional<Stats> sleeping;
+  std::optional<Stats> queued;
+  std::optional<Workers> last;
+  const TaskHandle first = scope.spawn(into(client.fetchStats(), sleeping));
+  const TaskHandle second = scope.spawn(into(client.fetchStats(), queued));
+  scope.spawn(into(client.fetchWorkers(), last));
+  executor.advance(20s);
+  second.cancel();
+  executor.advance(20s);
+  EXPECT_EQ(queued.value().error(), PoolError{Kind::cancelled});
+  first.cancel();
+  executor.advance(19s);
+  EXPECT_EQ(sleeping.value().error(), PoolError{Kind::cancelled});
+  EXPECT_FALSE(last);
+  executor.advance(1s);
+  EXPECT_TRUE(last.value());
+  EXPECT_THAT(sendTimes(), ElementsAre(0, 60));
+}
+
+TEST_F(AccountClientPacingTest, ACallCancelledWhenItsTurnHasJustComeSendsNothing) {
+  EXPECT_TRUE(fetchStats());
+  std::optional<Workers> first;
+  std::optional<Stats> second;
+  TaskHandle waiting;
+  transport.on("/workers/").respondBy([&](const HttpRequest&) {
+    waiting.cancel();
+    return answer(200, workersBody);
+  });
+  scope.spawn(into(client.fetchWorkers(), first));
+  waiting = scope.spawn(into(client.fetchStats(), second));
+  executor.advance(60s);
+  EXPECT_TRUE(first.value());
+  EXPECT_EQ(second.value().error(), PoolError{Kind::cancelled});
+  EXPECT_TRUE(fetchStats());
+  EXPECT_THAT(sendTimes(), ElementsAre(0, 60, 120));
+}
+
+TEST_F(AccountClientPacingTest, ACallCancelledWhenItsWaitHasJustEndedSendsNothing) {
+  EXPECT_TRUE(fetchStats());
+  InterruptedExecutor interrupted(executor);
+  TaskScope interruptedScope(interrupted);
+  std::optional<Stats> outcome;
+  const TaskHandle call = interruptedScope.spawn(into(client.fetchStats(), outcome));
+  executor.advance(59s);
+  interrupted.afterPost = [&] { call.cancel(); };
+  executor.advance(1s);
+  EXPECT_EQ(outcome.value().error(), PoolError{Kind::cancelled});
+  EXPECT_TRUE(fetchWorkers());
+  EXPECT_THAT(sendTimes(), ElementsAre(0, 60));
+}
+
+TEST_F(AccountClientPacingTest, ACancelledRequestIsAbortedAndStillHoldsBackTheNext) {
+  transport.on("/profile/").neverAnswer();
+  std::optional<Stats> outcome;
+  const TaskHandle call = scope.spawn(into(client.fetchStats(), outcome));
+  executor.advance(5s);
+  call.cancel();
+  executor.runUntilIdle();
+  EXPECT_EQ(outcome.value().error(), PoolError{Kind::cancelled});
+  EXPECT_EQ(transport.aborted(), 1U);
+  EXPECT_TRUE(fetchWorkers());
+  EXPECT_THAT(sendTimes(), ElementsAre(0, 60));
+}
+
+TEST_F(AccountClientPacingTest, AFailedRequestStillHoldsBackTheNext) {
+  transport.on("/profile/").stall().times(1).respond(500).times(1);
+  EXPECT_EQ(fetchStats().error(), (PoolError{Kind::transport, HttpFailure::timedOut}));
+  EXPECT_EQ(executor.now() - start, 15s);
+  EXPECT_EQ(fetchStats().error(), PoolError{Kind::badServerResponse});
+  EXPECT_TRUE(fetchStats());
+  EXPECT_THAT(sendTimes(), ElementsAre(0, 60, 120));
+}
+
+TEST_F(AccountClientPacingTest, ATokenTakenAwayDuringTheWaitIsNotSent) {
+  std::optional<Stats> outcome;
+  EXPECT_TRUE(fetchStats());
+  scope.spawn(into(client.fetchStats(), outcome));
+  executor.advance(30s);
+  client.token = "";
+  executor.advance(30s);
+  EXPECT_EQ(outcome.value().error(), PoolError{Kind::userAuthenticationRequired});
+  client.token = "another";
+  EXPECT_TRUE(fetchStats());
+  EXPECT_THAT(sendTimes(), ElementsAre(0, 60));
+  EXPECT_EQ(transport.sent()[1].request.headers[0].value, "another");
+}
+
+TEST_F(AccountClientPacingTest, ADestroyedCallReleasesItsPlace) {
+  EXPECT_TRUE(fetchStats());
+  std::optional<Stats> outcome;
+  {
+    TaskScope inner(executor);
+    inner.spawn(into(client.fetchStats(), outcome));
+    inner.spawn(into(client.fetchStats(), outcome));
+    executor.advance(30s);
+  }
+  EXPECT_EQ(executor.pendingTimers(), 0U);
+  EXPECT_TRUE(fetchWorkers());
+  EXPECT_THAT(sendTimes(), ElementsAre(0, 60));
+}
+
+}  // namespace
+}  // namespace orvane::test
