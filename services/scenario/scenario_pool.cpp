@@ -26,7 +26,7 @@ constexpr std::uint64_t workerSeed = 100;
 
 constexpr std::int64_t openingBalanceSats = 198'765;
 constexpr std::int64_t typicalDaySats = 12'345;
-constexpr double typicalDayRate = 251 * terahash;
+constexpr double typicalDayRate = 76 * terahash;
 constexpr int historyDays = 365;
 
 /// The worker whose state changes as the story goes on.
@@ -41,8 +41,8 @@ struct Character {
 };
 
 constexpr std::array cast{
-    Character{"larkspur.garage-s19", "ok", "Th/s", 104.5 * terahash, seconds(4)},
-    Character{"larkspur.barn-rack", "ok", "Ph/s", 121 * terahash, seconds(2)},
+    Character{"larkspur.garage-s15", "ok", "Th/s", 41.5 * terahash, seconds(4)},
+    Character{"larkspur.barn-rack", "ok", "Ph/s", 20.8 * terahash, seconds(2)},
     Character{"larkspur.attic-s9", storyteller, "Th/s", 13.5 * terahash, seconds(9)},
     Character{"larkspur.shed-bitaxe", "ok", "Gh/s", 1'214 * gigahash, seconds(41)},
     Character{"larkspur.cellar-usb", "low", "Mh/s", 0.33 * gigahash, minutes(18)},
