@@ -12,6 +12,9 @@ namespace {
 
 constexpr auto groupAttribute = "access-group";
 
+constexpr auto allWithSecrets =
+    static_cast<SecretSearchFlags>(SECRET_SEARCH_ALL | SECRET_SEARCH_LOAD_SECRETS);
+
 void put(GHashTable* table, const char* name, const std::string& value) {
   g_hash_table_insert(table, g_strdup(name), g_strdup(value.c_str()));
 }
@@ -63,9 +66,8 @@ Task<Found> findItems(KeychainQuery query) {
 
   const SecretAttributes attributes = attributesOf(query);
   GlibBegin begin = [&](GCancellable* cancellable, GAsyncReadyCallback callback, gpointer data) {
-    const auto flags =
-        static_cast<SecretSearchFlags>(SECRET_SEARCH_ALL | SECRET_SEARCH_LOAD_SECRETS);
-    secret_service_search(nullptr, nullptr, attributes.get(), flags, cancellable, callback, data);
+    secret_service_search(nullptr, nullptr, attributes.get(), allWithSecrets, cancellable, callback,
+                          data);
   };
   const GlibFinish<Found> finish = [](GObject*, GAsyncResult* result) { return takeFound(result); };
   Found items = co_await glibCall(std::move(begin), finish);

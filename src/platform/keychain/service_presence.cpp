@@ -52,7 +52,7 @@ Task<bool> secretServiceIsPresent() {
   const GVariantRef names = co_await askBus(bus, "ListActivatableNames", "");
   if (!names) co_return false;
   const GVariantRef list(g_variant_get_child_value(names.get(), 0));
-  const GOwned<const char*, g_free> texts(g_variant_get_strv(list.get(), nullptr));
+  const GOwned<char*, g_strfreev> texts(g_variant_dup_strv(list.get(), nullptr));
   co_return g_strv_contains(texts.get(), serviceName) != FALSE;
 }
 

@@ -10,6 +10,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
+/// Well below the usual deadline, and enough for a machine with other things to do.
+constexpr auto atOnce = 3s;
+
 /// A keyring with one item, locked.
 class LockedTest : public RealTimeTest {
  protected:
@@ -67,7 +70,7 @@ TEST_F(LockedTest, BackgroundReadGivesNothingAtOnceAndAsksNobody) {
   const auto time =
       timeOf([&] { item = run(keychain.copyMatching(query, KeychainPrompt::never)); });
   EXPECT_FALSE(item);
-  EXPECT_LT(time, 1s);
+  EXPECT_LT(time, atOnce);
   letPass(300ms);  // a dialog would be there by now
   EXPECT_EQ(Prompter::window(), "");
 }
@@ -80,7 +83,7 @@ TEST_F(LockedTest, WritesFailAtOnceAndAskNobody) {
     EXPECT_EQ(run(keychain.remove(query)), KeychainStatus::failed);
     EXPECT_EQ(run(keychain.add(fresh, "x")), KeychainStatus::failed);
   });
-  EXPECT_LT(time, 1s);
+  EXPECT_LT(time, atOnce);
   letPass(300ms);
   EXPECT_EQ(Prompter::window(), "");
 }

@@ -11,6 +11,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
+/// Well below the usual deadline, and enough for a machine with other things to do.
+constexpr auto atOnce = 3s;
+
 /// A session in which no service runs until a test starts one.
 class ServicePresenceTest : public RealTimeTest {
  protected:
@@ -28,7 +31,7 @@ class ServicePresenceTest : public RealTimeTest {
 
 TEST_F(ServicePresenceTest, WithoutAServiceEveryCallEndsAtOnce) {
   const auto time = timeOf([this] { expectEveryCallInVain(); });
-  EXPECT_LT(time, 1s);
+  EXPECT_LT(time, atOnce);
 }
 
 TEST_F(ServicePresenceTest, AServiceThatNeverAnswersIsWaitedForNoLongerThanTheDeadline) {
@@ -36,7 +39,7 @@ TEST_F(ServicePresenceTest, AServiceThatNeverAnswersIsWaitedForNoLongerThanTheDe
   keychain = SecretServiceKeychain(100ms);
   const auto time = timeOf([this] { expectEveryCallInVain(); });
   EXPECT_GE(time, 500ms) << "five calls that wait";
-  EXPECT_LT(time, 2s);
+  EXPECT_LT(time, atOnce);
 }
 
 TEST_F(ServicePresenceTest, DestroyedWhileTheServiceIsSilentACallLeavesNothingBehind) {
@@ -83,7 +86,7 @@ TEST_F(ServicePresenceTest, AServiceMayComeGoAndComeBack) {
 
   daemon.reset();
   const auto time = timeOf([this] { expectEveryCallInVain(); });
-  EXPECT_LT(time, 1s);
+  EXPECT_LT(time, atOnce);
 
   daemon = std::make_unique<Daemon>(*this);
   ASSERT_TRUE(daemon->isThere());

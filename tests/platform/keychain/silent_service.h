@@ -8,15 +8,15 @@
 
 namespace orvane::test {
 
+inline constexpr auto busClient = static_cast<GDBusConnectionFlags>(
+    G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT | G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
+
 /// Owns the Secret Service's name and never answers.
 class SilentService {
  public:
   SilentService() {
-    const auto flags =
-        static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                                          G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
     bus_ = GRef<GDBusConnection>::adopt(g_dbus_connection_new_for_address_sync(
-        std::getenv("DBUS_SESSION_BUS_ADDRESS"), flags, nullptr, nullptr, nullptr));
+        std::getenv("DBUS_SESSION_BUS_ADDRESS"), busClient, nullptr, nullptr, nullptr));
     g_dbus_connection_add_filter(bus_.get(), &swallowCalls, nullptr, nullptr);
     askBus("RequestName", g_variant_new("(su)", "org.freedesktop.secrets", 4U));
   }
