@@ -28,7 +28,9 @@ TEST_F(AnswersTest, TheRequestsOwnHeaderIsTheOnlyOneBeyondTheStacks) {
   const LoggedRequest request = local.requests().front();
   for (const services::Header& header : request.headers) {
     names.push_back(header.name);
-    if (header.name == "Pool-Auth-Token") EXPECT_EQ(header.value, services::sampleToken);
+    if (header.name == "Pool-Auth-Token") {
+      EXPECT_EQ(header.value, services::sampleToken);
+    }
   }
   std::ranges::sort(names);
   EXPECT_EQ(names, (std::vector<std::string>{"Accept-Encoding", "Accept-Language", "Connection",

@@ -124,7 +124,9 @@ TEST_F(FailuresTest, TheLargestBodyIsWhole) {
     QtHttpTransport odd({.extraCaFile = server.caFile()});
     const HttpResult result = run(odd.get({.url = server.origin()}));
     EXPECT_EQ(result.has_value(), size == limit);
-    if (result) EXPECT_EQ(result->body.size(), size);
+    if (result) {
+      EXPECT_EQ(result->body.size(), size);
+    }
   }
 }
 

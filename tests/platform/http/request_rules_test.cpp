@@ -67,7 +67,9 @@ TEST(RequestRulesTest, RedirectsLeadWhereHttpsAndTheHeadersMayGo) {
       const char* const expected = hasHeaders ? c.withHeaders : c.withoutHeaders;
       const auto target = allowedRedirect(c.status, from, QUrl(QString(c.location)), hasHeaders);
       ASSERT_EQ(target.has_value(), expected != nullptr);
-      if (target) EXPECT_EQ(target->toString().toStdString(), expected);
+      if (target) {
+        EXPECT_EQ(target->toString().toStdString(), expected);
+      }
     }
   }
 }

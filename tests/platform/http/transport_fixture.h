@@ -24,7 +24,7 @@ class TransportTest : public RealTimeTest {
   [[nodiscard]] HttpRequest tipRequest() const { return requestTo(Service::explorer, tipTarget); }
   [[nodiscard]] HttpRequest profileRequest() const {
     HttpRequest request = requestTo(Service::pool, profileTarget);
-    request.headers.push_back({.name = "Pool-Auth-Token", .value{services::sampleToken}});
+    request.headers = {{.name = "Pool-Auth-Token", .value = std::string(services::sampleToken)}};
     return request;
   }
   [[nodiscard]] HttpRequest requestTo(Service service, const std::string& target) const {
