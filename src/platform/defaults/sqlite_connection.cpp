@@ -22,7 +22,8 @@ SqliteConnection openSqlite(const std::string& uri, int flags) {
 }
 
 std::string sqliteUri(const std::filesystem::path& file, std::string_view query) {
-  std::string uri = "file:";
+  // The empty authority keeps the beginning of "//a/b" from being read as one.
+  std::string uri = file.is_absolute() ? "file://" : "file:";
   for (const char c : file.string()) {
     const bool isReserved = c == '%' || c == '?' || c == '#';
     uri += isReserved ? fmt::format("%{:02X}", static_cast<unsigned>(c)) : std::string(1, c);

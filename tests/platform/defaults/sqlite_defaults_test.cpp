@@ -145,7 +145,7 @@ TEST_F(SqliteDefaultsTest, ALockedFileDelaysNobodyAndTheChangeIsSavedLater) {
   other.run("BEGIN EXCLUSIVE");
   const auto start = std::chrono::steady_clock::now();
   defaults.setText("a", "new");
-  EXPECT_LT(std::chrono::steady_clock::now() - start, 1s);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 3s);
   EXPECT_EQ(defaults.text("a"), "new");
   EXPECT_EQ(SqliteDefaults(file).text("a"), "old");
   other.run("ROLLBACK");
@@ -255,6 +255,7 @@ TEST_F(SqliteDefaultsTest, FollowsALinkAndTakesAnyName) {
   }
   EXPECT_TRUE(fs::is_symlink(file));
   EXPECT_EQ(SqliteDefaults(target).text("a"), "value");
+  EXPECT_EQ(SqliteDefaults("/" + target.string()).text("a"), "value");
 }
 
 }  // namespace
