@@ -1,6 +1,7 @@
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QMenu>
 #include <memory>
 #include <optional>
 #include <string>
@@ -190,6 +191,14 @@ TEST_F(NotifierTest, ActivateClicksWithTheTokenThatCameBeforeIt) {
   host->callItem("ProvideXdgActivationToken", {QStringLiteral("t1")});
   host->callItem("Activate", {10, 10});
   EXPECT_EQ(log, (std::vector<std::string>{"token t1", "clicked"}));
+}
+
+TEST_F(NotifierTest, AHostThatLeavesTheMenuToTheItemGetsOne) {
+  createRegisteredItem();
+  host->callItem("ContextMenu", {40, 40});
+  const auto* const shown = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_NE(shown, nullptr);
+  EXPECT_EQ(shown->actions().size(), 10);
 }
 
 TEST_F(NotifierTest, MiddleClickAndWheelAreAnsweredAndDoNothing) {

@@ -45,7 +45,8 @@ void DesktopShade::follow() {
   portal_ = std::make_unique<QDBusServiceWatcher>(portalName, connection,
                                                   QDBusServiceWatcher::WatchForRegistration);
   connect(portal_.get(), &QDBusServiceWatcher::serviceRegistered, this, &DesktopShade::ask);
-  connection.connect(portalName, portalPath, settingsInterface, QStringLiteral("SettingChanged"),
+  // With a sender's name Qt would wait for the bus to say who that is.
+  connection.connect(QString(), portalPath, settingsInterface, QStringLiteral("SettingChanged"),
                      this, SLOT(handleSetting(QString, QString, QDBusVariant)));
   ask();
 }

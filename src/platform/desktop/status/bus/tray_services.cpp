@@ -54,7 +54,8 @@ void TrayServices::follow() {
           });
   auto connection = bus_.connection();
   for (const auto* name : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"}) {
-    connection.connect(watcherName, watcherPath, watcherName, QLatin1String(name), this,
+    // With a sender's name Qt would wait for the bus to say who that is.
+    connection.connect(QString(), watcherPath, watcherName, QLatin1String(name), this,
                        SLOT(askForHost()));
   }
   list();
