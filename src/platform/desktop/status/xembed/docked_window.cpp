@@ -18,6 +18,8 @@ using namespace std::chrono_literals;
 constexpr int firstHeight = 22;
 constexpr int largestIcon = 24;
 constexpr int smallestIcon = 12;
+/// Left and right of a wide image, so that it keeps away from its neighbours and the screen's edge.
+constexpr int wideMargin = 4;
 constexpr auto panelPaintingTime = 400ms;
 
 PanelShade shadeForText(const QColor& text) {
@@ -79,8 +81,9 @@ void DockedWindow::redraw() {
 
 void DockedWindow::askForWidth() {
   // Trays take the least size for the wanted one, and some of them only its proportions.
-  const QSize needed(std::max(drawn_.deviceIndependentSize().toSize().width(), smallestIcon),
-                     iconHeight());
+  const int drawnWidth = drawn_.deviceIndependentSize().toSize().width();
+  const int margins = drawnWidth > iconHeight() ? 2 * wideMargin : 0;
+  const QSize needed(std::max(drawnWidth + margins, smallestIcon), iconHeight());
   if (minimumSize() == needed) return;
   setMinimumSize(needed);
   resize(needed.width(), height());
