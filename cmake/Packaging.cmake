@@ -5,9 +5,7 @@ set(ORVANE_APP_ID com.quorvex.Orvane)
 set(packaging ${PROJECT_SOURCE_DIR}/packaging)
 set(rendered ${PROJECT_BINARY_DIR}/packaging)
 
-if(TARGET orvane)
-  install(TARGETS orvane RUNTIME)
-endif()
+install(TARGETS orvane RUNTIME)
 
 configure_file(${packaging}/${ORVANE_APP_ID}.service.in ${rendered}/${ORVANE_APP_ID}.service @ONLY)
 install(FILES ${packaging}/${ORVANE_APP_ID}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
