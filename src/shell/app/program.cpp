@@ -13,7 +13,6 @@
 #include "platform/desktop/qt/termination_signals.h"
 #include "platform/desktop/status/desktop_status_bar.h"
 #include "platform/desktop/symbols.h"
-#include "platform/eventloop/qt_executor.h"
 #include "platform/http/qt_http_transport.h"
 #include "platform/keychain/access_groups.h"
 #include "platform/keychain/secret_service_keychain.h"
@@ -41,7 +40,7 @@ std::filesystem::path settingsFile() {
 /// Everything that exists as long as the one running application does.
 int runInstance(SessionInstance& instance, const ProgramSettings& settings) {
   const ColorScheme colorScheme;
-  QtExecutor executor;
+  const auto executor = settings.makeExecutor();
   const LocaleFormat format(LocaleNames::fromEnvironment());
   SqliteDefaults defaults(settingsFile());
   QtHttpTransport transport({.extraCaFile = settings.extraCaFile});
@@ -49,10 +48,10 @@ int runInstance(SessionInstance& instance, const ProgramSettings& settings) {
   DesktopNotificationCenter notifications(QDBusConnection::sessionBus());
   QtDesktopApplication desktop;
   DesktopStatusBar statusBar(
-      executor, [&desktop](const std::string& token) { desktop.setActivationToken(token); });
+      *executor, [&desktop](const std::string& token) { desktop.setActivationToken(token); });
 
   OrvaneApp app(
-      {.balance = {.executor = executor,
+      {.balance = {.executor = *executor,
                    .transport = transport,
                    .defaults = defaults,
                    .keychain = keychain,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <memory>
 #include <string>
 
 #include "core/balance_platform.h"
@@ -14,6 +16,8 @@ struct ProgramSettings {
   std::string keychainAccessGroups;  ///< separated by semicolons
   std::string brandUrl;              ///< empty: none
   std::string version;
+  /// The main thread's queue and clock; made once the event loop can be used.
+  std::function<std::unique_ptr<Executor>()> makeExecutor;
 };
 
 /// Runs the application on the real desktop until it ends, and returns the process's exit code:

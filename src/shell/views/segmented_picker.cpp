@@ -67,7 +67,10 @@ SegmentedPicker::SegmentedPicker(const QString& accessibleName, const QStringLis
   for (int index = 0; index < choices.size(); ++index) {
     auto* const segment = new Segment(choices[index], this);
     segment->setAccessibleDescription(accessibleName);
-    connect(segment, &QRadioButton::clicked, this, [onChoose, index] { onChoose(index); });
+    // Not `clicked`: a screen reader checks the button without clicking it.
+    connect(segment, &QRadioButton::toggled, this, [this, onChoose, index](bool checked) {
+      if (checked && !isShowing_) onChoose(index);
+    });
     row->addWidget(segment, 1);
     segments_.push_back(segment);
   }
@@ -75,7 +78,9 @@ SegmentedPicker::SegmentedPicker(const QString& accessibleName, const QStringLis
 
 void SegmentedPicker::showChoice(int index) {
   if (index < 0 || std::cmp_greater_equal(index, segments_.size())) return;
+  isShowing_ = true;
   segments_[static_cast<std::size_t>(index)]->setChecked(true);
+  isShowing_ = false;
 }
 
 void SegmentedPicker::paintEvent(QPaintEvent* /*event*/) {

@@ -26,6 +26,7 @@ class SegmentedPicker final : public QWidget {
 
  private:
   std::vector<QRadioButton*> segments_;
+  bool isShowing_ = false;
 };
 
 }  // namespace orvane

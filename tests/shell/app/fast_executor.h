@@ -1,0 +1,28 @@
+#pragma once
+
+#include <chrono>
+
+#include "platform/eventloop/qt_executor.h"
+
+namespace orvane::test {
+
+/// Qt's executor with a clock that runs faster than the wall's: waits of a minute take seconds.
+class FastExecutor final : public Executor {
+ public:
+  explicit FastExecutor(int speed) : speed_(speed), start_(real_.now()) {}
+
+  [[nodiscard]] Instant now() const override { return start_ + (real_.now() - start_) * speed_; }
+  [[nodiscard]] WallTime wallClock() const override { return real_.wallClock(); }
+  void post(Callback callback) override { real_.post(std::move(callback)); }
+  TimerId schedule(Instant when, Callback callback) override {
+    return real_.schedule(start_ + (when - start_) / speed_, std::move(callback));
+  }
+  void cancel(TimerId timer) override { real_.cancel(timer); }
+
+ private:
+  QtExecutor real_;
+  int speed_;
+  Instant start_;
+};
+
+}  // namespace orvane::test

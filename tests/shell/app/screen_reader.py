@@ -1,0 +1,74 @@
+"""Reads and operates a program's windows through the accessibility bus, as a screen reader does."""
+
+import time
+
+import pyatspi
+
+
+def wait_for(what, condition, seconds=40):
+    """Returns the first true value of condition(); fails after a while."""
+    deadline = time.monotonic() + seconds
+    while True:
+        try:
+            value = condition()
+        except Exception:  # the tree changes while it is read
+            value = None
+        if value:
+            return value
+        if time.monotonic() > deadline:
+            raise AssertionError(f"not seen in {seconds} s: {what}")
+        time.sleep(0.05)
+
+
+class ScreenReader:
+    def __init__(self, process):
+        self._process = process
+
+    def _application(self):
+        for application in pyatspi.Registry.getDesktop(0):
+            if application and application.get_process_id() == self._process.pid:
+                return application
+        return None
+
+    def nodes(self):
+        """Everything that is on screen."""
+        application = self._application()
+        waiting = list(application) if application else []
+        while waiting:
+            node = waiting.pop(0)
+            if node is None or not node.getState().contains(pyatspi.STATE_VISIBLE):
+                continue
+            yield node
+            # The cells of a long table are read one by one.
+            if node.getRole() not in (pyatspi.ROLE_TABLE, pyatspi.ROLE_TREE_TABLE):
+                waiting[:0] = list(node)
+
+    def names(self):
+        return [node.name for node in self.nodes() if node.name]
+
+    def find(self, name, role=None):
+        for node in self.nodes():
+            if node.name == name and (role is None or node.getRole() == role):
+                return node
+        return None
+
+    def wait_for(self, name, role=None, seconds=40):
+        return wait_for(f"{name!r} among {self.names()}" if seconds < 1 else repr(name),
+                        lambda: self.find(name, role), seconds)
+
+    def wait_for_text(self, fits, what, seconds=40):
+        return wait_for(what, lambda: next((n for n in self.names() if fits(n)), None), seconds)
+
+    def press(self, name, role=pyatspi.ROLE_PUSH_BUTTON):
+        action = self.wait_for(name, role).queryAction()
+        # The first action of a text would be to take the focus.
+        names = [action.getName(i).lower() for i in range(action.nActions)]
+        wanted = next(i for i, each in enumerate(names) if each in ("press", "toggle"))
+        action.doAction(wanted)
+
+    def write(self, name, text):
+        self.wait_for(name).queryEditableText().setTextContents(text)
+
+    def read(self, name):
+        text = self.wait_for(name).queryText()
+        return text.getText(0, text.characterCount)
