@@ -95,9 +95,9 @@ def address_is_refused_and_accepted(program, address):
 def workers_and_history_arrive(program):
     reader = program.reader
     reader.wait_for_text(re.compile(r"^\d of 9 OK$").match, "the workers")
-    reader.wait_for("365 days")
+    reader.wait_for_text(re.compile(r"^\d+ days$").match, "the history")
     table = reader.find("Daily history", pyatspi.ROLE_TABLE).queryTable()
-    assert table.nRows == 365, table.nRows
+    assert table.nRows > 300, table.nRows
     headers = [table.getColumnDescription(column) for column in range(table.nColumns)]
     assert headers == ["DATE", "AVG HASHRATE", "ACCEPTED SHARES", "CONFIRMED REWARD"], headers
 
@@ -126,10 +126,12 @@ def token_is_nowhere_in_clear():
 def figures_come_back_by_themselves(program, address):
     reader = program.reader
     reader.wait_for_text(POOL_FIGURE.match, "the pool's balance after another start")
-    reader.wait_for("365 days")
+    reader.wait_for_text(re.compile(r"^\d+ days$").match, "the history")
     reader.wait_for(address)
-    # A password field speaks in dots.
-    assert len(reader.read("Braiins API token")) == len(TOKEN)
+    # The field keeps silent; there is nothing to save as long as it holds what is kept.
+    assert reader.read("Braiins API token") == ""
+    assert not reader.find("Save token").getState().contains(pyatspi.STATE_SENSITIVE)
+    assert reader.find("Remove token")
 
 
 def close_by_window_manager(program):

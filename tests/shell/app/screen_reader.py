@@ -53,11 +53,16 @@ class ScreenReader:
         return None
 
     def wait_for(self, name, role=None, seconds=40):
-        return wait_for(f"{name!r} among {self.names()}" if seconds < 1 else repr(name),
-                        lambda: self.find(name, role), seconds)
+        return self._wait(repr(name), lambda: self.find(name, role), seconds)
 
     def wait_for_text(self, fits, what, seconds=40):
-        return wait_for(what, lambda: next((n for n in self.names() if fits(n)), None), seconds)
+        return self._wait(what, lambda: next((n for n in self.names() if fits(n)), None), seconds)
+
+    def _wait(self, what, condition, seconds):
+        try:
+            return wait_for(what, condition, seconds)
+        except AssertionError as missing:
+            raise AssertionError(f"{missing}; there are {self.names()}") from None
 
     def press(self, name, role=pyatspi.ROLE_PUSH_BUTTON):
         action = self.wait_for(name, role).queryAction()
