@@ -1,6 +1,7 @@
 #include "shell/app/orvane_app.h"
 
 #include <QCoreApplication>
+#include <chrono>
 #include <utility>
 
 #include "shell/app/balance_main_scene_content.h"
@@ -10,6 +11,11 @@
 #include "shell/views/help_view.h"
 
 namespace orvane {
+namespace {
+
+constexpr auto longestWaitForToken = std::chrono::milliseconds(50);
+
+}  // namespace
 
 OrvaneApp::OrvaneApp(OrvanePlatform platform, OrvaneSettings settings)
     : platform_(std::move(platform)),
@@ -39,6 +45,18 @@ OrvaneApp::~OrvaneApp() {
 void OrvaneApp::launch() {
   delegate_.willFinishLaunching();
   windows_.prepare(mainSceneId);
+  // The window is to open with the columns that it keeps, so a keychain that answers at once is
+  // waited for; one that asks the user is not.
+  longestWaitForToken_.emplace(platform_.balance.executor, longestWaitForToken,
+                               [this] { finishLaunching(); });
+  tokenRead_ = store_->observe([this] {
+    if (!store_->state().isReadingToken) finishLaunching();
+  });
+}
+
+void OrvaneApp::finishLaunching() {
+  longestWaitForToken_.reset();
+  tokenRead_ = {};
   delegate_.didFinishLaunching();
 }
 

@@ -2,10 +2,12 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "core/balance_store.h"
+#include "platform/async/timer.h"
 #include "platform/desktop/broadcast_center.h"
 #include "platform/desktop/qt/qt_desktop_application.h"
 #include "platform/desktop/status_item.h"
@@ -55,6 +57,7 @@ class OrvaneApp {
   [[nodiscard]] std::unique_ptr<QWidget> makeContent(const WindowScene& scene);
   [[nodiscard]] std::unique_ptr<QWidget> makeMainContent();
   [[nodiscard]] Menu commands();
+  void finishLaunching();
   void end();
 
   OrvanePlatform platform_;
@@ -65,6 +68,8 @@ class OrvaneApp {
   std::shared_ptr<BalanceMenuActions> menuActions_;
   SceneWindows windows_;
   BalanceAppDelegate delegate_;
+  Announcer::Subscription tokenRead_;
+  std::optional<OneShotTimer> longestWaitForToken_;
   OrderlyExit exit_;
 };
 

@@ -15,6 +15,14 @@ namespace {
 /// What a window's title bar and borders take of the screen, before there is a window to ask.
 constexpr QSize usualWindowFrame(2, 40);
 
+/// Carries a change of size out at once, so that a window which is about to appear appears in its
+/// new size.
+void layOutUpToWindow(QWidget& changed) {
+  for (auto* widget = &changed; widget; widget = widget->parentWidget()) {
+    if (widget->layout()) widget->layout()->activate();
+  }
+}
+
 }  // namespace
 
 BalanceContent::BalanceContent(const BalanceState& state, const LocaleFormat& format,
@@ -83,8 +91,10 @@ void BalanceContent::askForSize() {
                                            : usualWindowFrame;
   const auto available = screen()->availableGeometry().size() - frame.expandedTo(usualWindowFrame);
   const QSize size = QSize(wanted.minimumWidth, wanted.minimumHeight).boundedTo(available);
-  if (size != minimumSize()) setMinimumSize(size);
+  if (size == minimumSize()) return;
   leftColumn_->setMinimumWidth(std::min(theme::leftColumnWidth, size.width()));
+  setMinimumSize(size);
+  layOutUpToWindow(*this);
 }
 
 void BalanceContent::showEvent(QShowEvent* event) {

@@ -6,7 +6,7 @@
 
 namespace orvane::test {
 
-void AppTest::launch() {
+void AppTest::begin() {
   app.reset();
   app.emplace(OrvanePlatform{.balance = {.executor = executor,
                                          .transport = transport,
@@ -23,7 +23,11 @@ void AppTest::launch() {
                              .statusBar = statusBar},
               OrvaneSettings{.poolWebHost = "pool.test", .brandUrl = "", .version = "1.0.0"});
   app->launch();
-  settle();
+}
+
+void AppTest::launch() {
+  begin();
+  pass(std::chrono::milliseconds(50));
 }
 
 void AppTest::settle() {

@@ -17,6 +17,8 @@ namespace orvane::test {
 /// and in time that passes only when the test says so.
 class AppTest : public StoreTest {
  protected:
+  /// Starts the program.
+  void begin();
   /// Starts the program and lets the first things happen.
   void launch();
   /// Lets everything happen that is due now.

@@ -42,6 +42,23 @@ TEST_F(AppTest, BringsAStoredTokenAndItsFiguresIntoWindowAndStatusArea) {
   EXPECT_TRUE(statusMenuItem("Refresh Now").enabled);
 }
 
+TEST_F(AppTest, WaitsForAQuickKeychainButNotForOneThatAsksTheUser) {
+  storeToken("stored");
+  keychain.delay = 30ms;
+  begin();
+  pass(29ms);
+  EXPECT_FALSE(isOnScreen("Orvane"));
+  pass(1ms);
+  EXPECT_TRUE(isOnScreen("Orvane"));
+
+  keychain.delay = 1min;
+  begin();
+  pass(49ms);
+  EXPECT_FALSE(isOnScreen("Orvane"));
+  pass(1ms);
+  EXPECT_TRUE(isOnScreen("Orvane"));
+}
+
 TEST_F(AppTest, ShowsAFailureInOrangeUntilTheNextGoodCycleClearsIt) {
   storeToken("stored");
   transport.on("/profile").fail(HttpFailure::cannotConnectToHost).times(1);
