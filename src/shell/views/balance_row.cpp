@@ -1,7 +1,6 @@
 #include "shell/views/balance_row.h"
 
 #include "shell/views/flow_layout.h"
-#include "shell/views/qt_text.h"
 
 namespace orvane {
 
@@ -10,12 +9,12 @@ using theme::TextStyle;
 
 BalanceRow::BalanceRow(const QString& title, QWidget* parent)
     : QWidget(parent),
-      title_(title),
       amount_(new FigureLabel(TextStyle::largeFigure, TextColor::primary, this)),
       fiatValue_(new TextLabel(TextStyle::title2MediumFigure, TextColor::secondary, this)) {
   auto* const row = new FlowLayout(FlowLayout::Align::baseline, theme::barPadding, 0, this);
   row->addWidget(amount_);
   row->addWidget(fiatValue_);
+  amount_->setAccessibleDescription(title);
   amount_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   fiatValue_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Minimum);
@@ -26,9 +25,6 @@ BalanceRow::BalanceRow(const QString& title, QWidget* parent)
 void BalanceRow::showFigure(const BalanceFigure& figure) {
   amount_->showText(figure.text);
   amount_->setColor(figure.isPlaceholder ? TextColor::secondary : TextColor::primary);
-  auto spoken = QStringLiteral("%1: %2").arg(title_, toQString(figure.text));
-  if (figure.fiatValue) spoken += QStringLiteral(", ≈ ") + toQString(*figure.fiatValue);
-  if (spoken != amount_->accessibleName()) amount_->setAccessibleName(spoken);
   fiatValue_->showTextOrHide(figure.fiatValue ? "≈ " + *figure.fiatValue : std::string());
 }
 

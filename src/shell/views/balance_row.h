@@ -17,7 +17,6 @@ class BalanceRow final : public QWidget {
   void showFigure(const BalanceFigure& figure);
 
  private:
-  QString title_;
   FigureLabel* amount_;
   TextLabel* fiatValue_;
 };

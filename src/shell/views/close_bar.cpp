@@ -16,6 +16,7 @@ CloseBar::CloseBar(const std::function<void()>& onClose, const Menu& commands, Q
                           theme::barPadding);
   auto* const close = new QPushButton(tr("Close"), this);
   close->setAutoDefault(false);
+  close->setMinimumHeight(theme::controlHeight);
   // Not the button's own shortcut: that one would first show the button pressed for a moment.
   auto* const escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
   connect(escape, &QShortcut::activated, this, [onClose] { onClose(); });

@@ -3,6 +3,7 @@
 #include <QVBoxLayout>
 
 #include "shell/views/theme.h"
+#include "shell/views/thin_scroll_bar.h"
 
 namespace orvane {
 
@@ -11,6 +12,7 @@ ColumnArea::ColumnArea(const QString& accessibleName, int spacing, QWidget* pare
   setAccessibleName(accessibleName);
   setFrameShape(QFrame::NoFrame);
   setWidgetResizable(true);
+  useThinScrollBars(*this);
   auto* const content = new QWidget(this);
   column_ = new QVBoxLayout(content);
   column_->setContentsMargins(theme::windowPadding, theme::windowPadding, theme::windowPadding,

@@ -46,6 +46,7 @@ CommandButton::CommandButton(const Menu& commands, QWidget* parent) : QPushButto
   setFlat(true);
   setAutoDefault(false);
   setIconSize({symbolSize, symbolSize});
+  setFixedSize(theme::controlHeight, theme::controlHeight);
   setAccessibleName(tr("Help and commands"));
   setToolTip(tr("Help and commands"));
   auto* const menu = new QMenu(this);

@@ -5,6 +5,7 @@
 
 #include "shell/views/table_painting.h"
 #include "shell/views/theme.h"
+#include "shell/views/thin_scroll_bar.h"
 
 namespace orvane {
 
@@ -12,6 +13,7 @@ FigureTable::FigureTable(QWidget* parent) : QTableView(parent) {
   setHorizontalHeader(new PlainHeader(this));
   setItemDelegate(new FigureCellDelegate(this));
   setFrameShape(QFrame::NoFrame);
+  useThinScrollBars(*this);
   setShowGrid(false);
   setWordWrap(false);
   setSelectionMode(QAbstractItemView::NoSelection);

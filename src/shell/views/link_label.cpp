@@ -33,9 +33,9 @@ void LinkLabel::applyStyle() {
     return;
   }
   // The colour of a link is fixed when its text is laid out, so it is written into the text.
-  setText(QStringLiteral("<a href=\"%1\" style=\"color: %2\">%3</a>")
-              .arg(url_.toHtmlEscaped(), palette().color(QPalette::Link).name(),
-                   text_.toHtmlEscaped()));
+  setText(
+      QStringLiteral("<a href=\"%1\" style=\"color: %2\">%3</a>")
+          .arg(url_.toHtmlEscaped(), theme::linkColor(palette()).name(), text_.toHtmlEscaped()));
 }
 
 }  // namespace orvane

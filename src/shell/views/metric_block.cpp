@@ -11,12 +11,11 @@ namespace {
 using theme::TextColor;
 using theme::TextStyle;
 
-/// A screen reader that stands on the figure says what it is: "Today: 12,345 sats".
+/// A screen reader that stands on the figure also says what it is.
 void showFigure(TextLabel& label, const Metric& metric) {
   label.showText(metric.value);
-  auto spoken = QStringLiteral("%1: %2").arg(toQString(metric.title), toQString(metric.value));
-  if (metric.fiatValue) spoken += QStringLiteral(", ≈ ") + toQString(*metric.fiatValue);
-  if (spoken != label.accessibleName()) label.setAccessibleName(spoken);
+  const auto title = toQString(metric.title);
+  if (title != label.accessibleDescription()) label.setAccessibleDescription(title);
 }
 
 QVBoxLayout* column(QWidget* parent) {

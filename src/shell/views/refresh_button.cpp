@@ -30,6 +30,7 @@ void drawBusyIndicator(QPainter& painter, const QRect& around, const QColor& col
 RefreshButton::RefreshButton(const QString& subject, std::function<void()> onPress, QWidget* parent)
     : QPushButton(tr("Refresh"), parent), subject_(subject) {
   setAutoDefault(false);
+  setMinimumHeight(theme::controlHeight);
   setIconSize({theme::symbolSize, theme::symbolSize});
   setAccessibleDescription(subject_);
   drawSymbol();

@@ -9,7 +9,7 @@
 namespace orvane {
 namespace {
 
-constexpr int trackHeight = 26;
+constexpr int trackHeight = theme::controlHeight;
 constexpr int trackRadius = 7;
 constexpr int segmentInset = 2;
 

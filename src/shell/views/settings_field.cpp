@@ -1,6 +1,7 @@
 #include "shell/views/settings_field.h"
 
 #include <QHBoxLayout>
+#include <algorithm>
 
 #include "shell/views/qt_text.h"
 #include "shell/views/theme.h"
@@ -10,23 +11,26 @@ namespace {
 
 constexpr int textMargin = 4;
 
-QPushButton* textButton(const QString& text, const QString& accessibleName, QWidget* parent) {
+/// Both fields have buttons of the same words; a screen reader says which field they belong to.
+QPushButton* textButton(const QString& text, const QString& fieldName, QWidget* parent) {
   auto* const button = new QPushButton(text, parent);
-  button->setAccessibleName(accessibleName);
+  button->setAccessibleDescription(fieldName);
   button->setAutoDefault(false);
+  button->setMinimumHeight(theme::controlHeight);
   return button;
 }
 
 }  // namespace
 
-SettingsField::SettingsField(const Names& names, std::function<void()> onCommit, QWidget* parent)
+SettingsField::SettingsField(const QString& name, std::function<void()> onCommit, QWidget* parent)
     : QWidget(parent),
       onCommit_(std::move(onCommit)),
       edit_(new QLineEdit(this)),
-      save_(textButton(tr("Save"), names.save, this)),
-      remove_(textButton(tr("Remove"), names.remove, this)) {
-  edit_->setAccessibleName(names.field);
-  edit_->setMinimumHeight(save_->sizeHint().height());  // whatever font is typed in
+      save_(textButton(tr("Save"), name, this)),
+      remove_(textButton(tr("Remove"), name, this)) {
+  edit_->setAccessibleName(name);
+  // As high as the buttons, whatever font is typed in.
+  edit_->setMinimumHeight(std::max(theme::controlHeight, save_->sizeHint().height()));
   edit_->setTextMargins(textMargin, 0, textMargin, 0);
   auto* const row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
@@ -48,6 +52,12 @@ std::string SettingsField::draft() const { return toUtf8(edit_->text()); }
 void SettingsField::setDraft(const std::string& text) {
   const auto wanted = toQString(text);
   if (wanted != edit_->text()) edit_->setText(wanted);
+}
+
+void SettingsField::showPlaceholder(const QString& text) {
+  if (text == edit_->placeholderText()) return;
+  edit_->setPlaceholderText(text);
+  edit_->setAccessibleDescription(text);
 }
 
 void SettingsField::showState(const SettingsFieldState& state) {

@@ -16,18 +16,15 @@ class SettingsField final : public QWidget {
   Q_OBJECT
 
  public:
-  struct Names {
-    QString field;  ///< what screen readers call the field
-    QString save;   ///< and its buttons, which both show one word
-    QString remove;
-  };
-
-  SettingsField(const Names& names, std::function<void()> onCommit, QWidget* parent = nullptr);
+  /// `name`: what the field is for, for screen readers.
+  SettingsField(const QString& name, std::function<void()> onCommit, QWidget* parent = nullptr);
 
   /// Called whenever the draft has changed, by whomever.
   void onDraftChange(std::function<void()> listener);
   [[nodiscard]] std::string draft() const;
   void setDraft(const std::string& text);
+  /// What the empty field says.
+  void showPlaceholder(const QString& text);
   void showState(const SettingsFieldState& state);
   [[nodiscard]] QLineEdit& edit() { return *edit_; }
 

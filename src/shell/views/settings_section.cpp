@@ -58,16 +58,10 @@ int choiceIndex(PreferredFiatCurrency currency) {
 SettingsSection::SettingsSection(const BalanceState& state, const BalanceActions& actions,
                                  const std::string& poolWebHost, QWidget* parent)
     : QWidget(parent), state_(state), actions_(actions) {
-  token_ = new SettingsField(
-      {.field = tr("Braiins API token"), .save = tr("Save token"), .remove = tr("Remove token")},
-      [this] { commitToken(); }, this);
+  token_ = new SettingsField(tr("Braiins API token"), [this] { commitToken(); }, this);
   token_->edit().setEchoMode(QLineEdit::Password);
-  token_->edit().setPlaceholderText(tr("Read-only Braiins API token"));
-  address_ = new SettingsField(
-      {.field = tr("Bitcoin address to watch"),
-       .save = tr("Save address"),
-       .remove = tr("Remove address")},
-      [this] { commitAddress(); }, this);
+  token_->showPlaceholder(tr("Read-only Braiins API token"));
+  address_ = new SettingsField(tr("Bitcoin address to watch"), [this] { commitAddress(); }, this);
   addressMessageLabel_ = new TextLabel(TextStyle::callout, TextColor::red, this);
   addressMessageLabel_->setWordWrap(true);
   addressMessageLabel_->makeSelectable();
@@ -117,10 +111,7 @@ void SettingsSection::loadDrafts() {
 
 void SettingsSection::showState() {
   showFieldStates();
-  const auto placeholder = toQString(addressPlaceholder(state_));
-  if (placeholder != address_->edit().placeholderText()) {
-    address_->edit().setPlaceholderText(placeholder);
-  }
+  address_->showPlaceholder(toQString(addressPlaceholder(state_)));
   addressMessageLabel_->showTextOrHide(addressMessage_.value_or(std::string()));
   currency_->showChoice(choiceIndex(state_.preferredFiatCurrency));
   accountLink_->setVisible(!state_.token.empty());

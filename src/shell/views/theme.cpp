@@ -143,6 +143,13 @@ QColor markColor(MarkColor color, const QPalette& palette) {
   return palette.color(QPalette::WindowText);
 }
 
+QColor linkColor(const QPalette& palette) {
+  const auto chosenByDesktop = palette.color(QPalette::Link);
+  const bool isNobodysChoice = chosenByDesktop == Qt::blue;
+  return isNobodysChoice ? chosen({.light = 0xff0b57c4, .dark = 0xff6cb4ff}, palette)
+                         : chosenByDesktop;
+}
+
 QColor outlineColor(const QPalette& palette) {
   return withOpacity(textColor(TextColor::secondary, palette), panelOutlineOpacity);
 }

@@ -46,6 +46,8 @@ inline constexpr int historyTableMinimumHeight = 200;
 inline constexpr int summaryHorizontalPadding = 20;
 inline constexpr int summaryVerticalPadding = 10;
 
+inline constexpr int controlHeight = 28;  ///< of buttons and fields, at least
+inline constexpr int scrollBarWidth = 12;
 inline constexpr int symbolSize = 14;
 inline constexpr int busyIndicatorSize = 14;
 inline constexpr int busyStepMilliseconds = 80;
@@ -87,6 +89,9 @@ enum class TextColor { primary, secondary, green, orange, red };
 enum class MarkColor { green, orange, red, gray };
 
 [[nodiscard]] QColor markColor(MarkColor color, const QPalette& palette);
+
+/// The colour of a text that opens a page.
+[[nodiscard]] QColor linkColor(const QPalette& palette);
 
 /// Lines between and around things.
 [[nodiscard]] QColor outlineColor(const QPalette& palette);

@@ -15,6 +15,7 @@ ViewFooter::ViewFooter(const std::string& brandUrl, const std::function<void()>&
     : QWidget(parent) {
   setFixedHeight(theme::footerHeight);
   auto* const close = new QPushButton(tr("Close"), this);
+  close->setMinimumHeight(theme::controlHeight);
   connect(close, &QPushButton::clicked, this, [this, closeAction] {
     if (closeAction) {
       closeAction();

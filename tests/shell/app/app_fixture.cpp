@@ -67,6 +67,13 @@ void AppTest::closeByWindowManager(const std::string& title) {
   settle();
 }
 
+QPushButton* AppTest::button(const QString& text, const QString& name) const {
+  for (auto* const each : widget("Orvane").findChildren<QPushButton*>()) {
+    if (each->text() == text && each->accessibleDescription() == name) return each;
+  }
+  return nullptr;
+}
+
 bool AppTest::showsText(const QString& text) const {
   return std::ranges::any_of(widget("Orvane").findChildren<QLabel*>(), [&text](const auto* label) {
     return label->isVisible() && label->text() == text;

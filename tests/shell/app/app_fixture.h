@@ -41,6 +41,8 @@ class AppTest : public StoreTest {
     }
     return nullptr;
   }
+  /// The button that shows `text` and belongs to the field `name`.
+  [[nodiscard]] QPushButton* button(const QString& text, const QString& name) const;
   [[nodiscard]] bool showsText(const QString& text) const;
 
   /// The status menu as a right click brings it up.

@@ -1,5 +1,6 @@
 """Reads and operates a program's windows through the accessibility bus, as a screen reader does."""
 
+import re
 import time
 
 import pyatspi
@@ -46,30 +47,37 @@ class ScreenReader:
     def names(self):
         return [node.name for node in self.nodes() if node.name]
 
-    def find(self, name, role=None):
+    def find(self, name, description=None, role=None):
         for node in self.nodes():
-            if node.name == name and (role is None or node.getRole() == role):
+            if node.name == name and description in (None, node.description) and \
+                    role in (None, node.getRole()):
                 return node
         return None
 
-    def wait_for(self, name, role=None, seconds=40):
-        return self._wait(repr(name), lambda: self.find(name, role), seconds)
+    def wait_for(self, name, description=None):
+        return self._wait(repr(name), lambda: self.find(name, description))
 
-    def wait_for_text(self, fits, what, seconds=40):
-        return self._wait(what, lambda: next((n for n in self.names() if fits(n)), None), seconds)
+    def wait_for_text(self, pattern):
+        return self._wait(pattern,
+                          lambda: next(n for n in self.names() if re.fullmatch(pattern, n)))
 
-    def _wait(self, what, condition, seconds):
+    def wait_for_figure(self, description, pattern):
+        """A figure is described by what it is the figure of."""
+        return self._wait(f"{description}: {pattern}", lambda: next(
+            node for node in self.nodes()
+            if node.description == description and re.fullmatch(pattern, node.name)))
+
+    def _wait(self, what, condition):
         try:
-            return wait_for(what, condition, seconds)
+            return wait_for(what, condition)
         except AssertionError as missing:
             raise AssertionError(f"{missing}; there are {self.names()}") from None
 
-    def press(self, name, role=pyatspi.ROLE_PUSH_BUTTON):
-        action = self.wait_for(name, role).queryAction()
-        # The first action of a text would be to take the focus.
+    def press(self, name, description=None):
+        action = self.wait_for(name, description).queryAction()
+        # The first action of a widget may be to take the focus.
         names = [action.getName(i).lower() for i in range(action.nActions)]
-        wanted = next(i for i, each in enumerate(names) if each in ("press", "toggle"))
-        action.doAction(wanted)
+        action.doAction(next(i for i, each in enumerate(names) if each in ("press", "toggle")))
 
     def write(self, name, text):
         self.wait_for(name).queryEditableText().setTextContents(text)

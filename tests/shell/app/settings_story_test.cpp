@@ -9,7 +9,7 @@ class SettingsStory : public AppTest {
  protected:
   [[nodiscard]] QLineEdit& token() const { return *find<QLineEdit>(tokenField); }
   [[nodiscard]] QPushButton& saveToken() const {
-    return *find<QPushButton>(QStringLiteral("Save token"));
+    return *button(QStringLiteral("Save"), tokenField);
   }
   [[nodiscard]] QLineEdit& address() const {
     return *find<QLineEdit>(QStringLiteral("Bitcoin address to watch"));
@@ -59,7 +59,7 @@ TEST_F(SettingsStory, SavedTokenIsKeptAndRemovedTokenIsGone) {
   EXPECT_FALSE(saveToken().isEnabled());
   EXPECT_TRUE(showsText(QStringLiteral("203 sats")));
 
-  find<QPushButton>(QStringLiteral("Remove token"))->click();
+  button(QStringLiteral("Remove"), tokenField)->click();
   settle();
   EXPECT_EQ(keptToken(), std::nullopt);
   EXPECT_EQ(token().text(), QString());

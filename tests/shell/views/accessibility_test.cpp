@@ -38,14 +38,14 @@ TEST_F(AccessibilityTest, TabGoesFromTheCardsThroughTheSettingsToTheTablesAndThe
   }
   QStringList landmarks;
   for (const auto& name : order) {
-    for (const auto* const mark : {"sats", "Braiins API token", "Save address", "Workers",
+    for (const auto* const mark : {"sats", "Braiins API token", "Remove", "Workers",
                                    "Daily history", "Close", "Help and commands"}) {
       if (name == QLatin1String(mark) && !landmarks.contains(name)) landmarks.append(name);
     }
   }
   const QStringList expected{QStringLiteral("sats"),
                              QStringLiteral("Braiins API token"),
-                             QStringLiteral("Save address"),
+                             QStringLiteral("Remove"),
                              QStringLiteral("Workers"),
                              QStringLiteral("Daily history"),
                              QStringLiteral("Close"),
