@@ -16,7 +16,6 @@ namespace orvane::test {
 namespace {
 
 using namespace std::chrono_literals;
-using services::Fault;
 using services::FaultKind;
 using services::LocalServices;
 using services::Service;
