@@ -1,20 +1,16 @@
 #include "platform/defaults/sqlite_defaults.h"
 
 #include <chrono>
-#include <csignal>
 #include <filesystem>
-#include <memory>
 #include <string>
 #include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sqlite3.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include "settings_fixture.h"
+#include "surroundings.h"
 
 namespace orvane::test {
 namespace {
@@ -24,58 +20,6 @@ using namespace std::chrono_literals;
 using namespace std::string_literals;
 using testing::ElementsAre;
 using testing::Optional;
-
-/// Another program that has the file open.
-class OtherProgram {
- public:
-  explicit OtherProgram(const fs::path& file) { sqlite3_open(file.c_str(), &connection_); }
-  OtherProgram(const OtherProgram&) = delete;
-  OtherProgram& operator=(const OtherProgram&) = delete;
-  ~OtherProgram() { sqlite3_close(connection_); }
-
-  void run(const std::string& sql) {
-    EXPECT_EQ(sqlite3_exec(connection_, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sql;
-  }
-
- private:
-  sqlite3* connection_ = nullptr;
-};
-
-/// The rights of an ordinary user, also where the tests run as root.
-class OrdinaryUser {
- public:
-  OrdinaryUser() {
-    if (previous_ == 0) EXPECT_EQ(::seteuid(65534), 0);
-  }
-  OrdinaryUser(const OrdinaryUser&) = delete;
-  OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-  ~OrdinaryUser() {
-    if (previous_ == 0) EXPECT_EQ(::seteuid(0), 0);
-  }
-
- private:
-  uid_t previous_ = ::geteuid();
-};
-
-/// A disk without room: no file may grow beyond `bytes`.
-class FullDisk {
- public:
-  explicit FullDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-    ::getrlimit(RLIMIT_FSIZE, &previous_);
-    const rlimit limit{.rlim_cur = bytes, .rlim_max = previous_.rlim_max};
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-  ~FullDisk() {
-    ::setrlimit(RLIMIT_FSIZE, &previous_);
-    std::signal(SIGXFSZ, handler_);
-  }
-
- private:
-  void (*handler_)(int);
-  rlimit previous_{};
-};
 
 class SqliteDefaultsTest : public SettingsFileTest {};
 
