@@ -44,7 +44,7 @@ IconFolder::~IconFolder() {
 
 QString IconFolder::store(const QImage& image) {
   if (path_.isEmpty()) return {};
-  const auto name = QStringLiteral("orvane-status-%1").arg(++count_);
+  auto name = QStringLiteral("orvane-status-%1").arg(++count_);
   const auto file = path_ + u'/' + name + QStringLiteral(".png");
   if (!image.save(file)) return {};
   if (!previous_.isEmpty()) QFile::remove(previous_);

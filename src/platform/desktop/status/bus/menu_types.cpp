@@ -15,7 +15,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, MenuLayoutNode& n
   argument.beginStructure();
   argument >> node.id >> node.properties >> node.children;
   argument.endStructure();
-  return argument;
+  return argument;  // NOLINT(bugprone-return-const-ref-from-parameter): as Qt asks for it
 }
 
 QDBusArgument& operator<<(QDBusArgument& argument, const MenuRowProperties& row) {
@@ -29,7 +29,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, MenuRowProperties
   argument.beginStructure();
   argument >> row.id >> row.properties;
   argument.endStructure();
-  return argument;
+  return argument;  // NOLINT(bugprone-return-const-ref-from-parameter): as Qt asks for it
 }
 
 QDBusArgument& operator<<(QDBusArgument& argument, const MenuEvent& event) {
@@ -43,7 +43,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, MenuEvent& event)
   argument.beginStructure();
   argument >> event.id >> event.name >> event.data >> event.timestamp;
   argument.endStructure();
-  return argument;
+  return argument;  // NOLINT(bugprone-return-const-ref-from-parameter): as Qt asks for it
 }
 
 void registerMenuTypes() {

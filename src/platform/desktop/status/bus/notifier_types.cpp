@@ -28,7 +28,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierPixmap& p
   argument.beginStructure();
   argument >> pixmap.width >> pixmap.height >> pixmap.bytes;
   argument.endStructure();
-  return argument;
+  return argument;  // NOLINT(bugprone-return-const-ref-from-parameter): as Qt asks for it
 }
 
 QDBusArgument& operator<<(QDBusArgument& argument, const NotifierToolTip& toolTip) {
@@ -42,7 +42,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierToolTip& 
   argument.beginStructure();
   argument >> toolTip.iconName >> toolTip.icon >> toolTip.title >> toolTip.description;
   argument.endStructure();
-  return argument;
+  return argument;  // NOLINT(bugprone-return-const-ref-from-parameter): as Qt asks for it
 }
 
 void registerNotifierTypes() {

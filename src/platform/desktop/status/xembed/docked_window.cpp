@@ -36,7 +36,7 @@ DockedWindow::DockedWindow(Executor& executor, Look look, std::function<void()> 
                            std::function<void(QPoint)> menu)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::X11BypassWindowManagerHint),
       executor_(executor),
-      look_(std::move(look)),
+      look_(look),
       click_(std::move(click)),
       menu_(std::move(menu)) {
   setObjectName(QStringLiteral("statusItem"));

@@ -19,7 +19,8 @@ QImage readScreen(xcb_connection_t* connection, const QRect& area) {
   const XReply<xcb_get_image_reply_t> reply(xcb_get_image_reply(connection, request, nullptr));
   const auto needed = static_cast<std::uint32_t>(width) * height * 4;
   if (!reply || reply->length * 4 < needed) return {};
-  return QImage(xcb_get_image_data(reply.get()), width, height, width * 4, QImage::Format_RGB32)
+  const auto lineSize = static_cast<qsizetype>(width) * 4;
+  return QImage(xcb_get_image_data(reply.get()), width, height, lineSize, QImage::Format_RGB32)
       .copy();
 }
 
