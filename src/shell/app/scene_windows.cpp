@@ -1,6 +1,8 @@
 #include "shell/app/scene_windows.h"
 
+#include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "shell/app/menu_bar_window_content.h"
@@ -46,8 +48,23 @@ DesktopWindow& SceneWindows::make(const WindowScene& scene) {
     frameWidget.resize(scene.defaultSize->width, scene.defaultSize->height);
   } else {
     layout->setSizeConstraint(QLayout::SetFixedSize);
+    layout->activate();
   }
+  placeOverMainWindow(frameWidget);
   return window;
+}
+
+void SceneWindows::placeOverMainWindow(QWidget& frame) const {
+  const auto main = windows_.find(mainSceneId);
+  if (main == windows_.end() || !main->second->isVisible()) return;
+  const auto& mainWidget = QtDesktopApplication::widgetOf(*main->second);
+  QRect place(QPoint(), frame.size());
+  place.moveCenter(mainWidget.geometry().center());
+  const auto screen = mainWidget.screen()->availableGeometry();
+  frame.move(std::clamp(place.left(), screen.left(),
+                        std::max(screen.left(), screen.right() - place.width())),
+             std::clamp(place.top(), screen.top(),
+                        std::max(screen.top(), screen.bottom() - place.height())));
 }
 
 }  // namespace orvane

@@ -34,6 +34,7 @@ class SceneWindows {
 
  private:
   DesktopWindow& make(const WindowScene& scene);
+  void placeOverMainWindow(QWidget& frame) const;
 
   QtDesktopApplication& application_;
   Executor& executor_;

@@ -67,7 +67,8 @@ QSize FlowLayout::minimumSize() const {
 
 void FlowLayout::setGeometry(const QRect& rect) {
   QLayout::setGeometry(rect);
-  const auto inside = rect.marginsRemoved(contentsMargins());
+  const auto whole = alignment() ? alignmentRect(rect) : rect;
+  const auto inside = whole.marginsRemoved(contentsMargins());
   int top = inside.top();
   for (const auto& row : rows(inside.width())) {
     placeRow(row, QRect(inside.left(), top, inside.width(), row.height()));

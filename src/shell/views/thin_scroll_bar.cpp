@@ -50,6 +50,7 @@ void ThinScrollBar::paintEvent(QPaintEvent* /*event*/) {
 void useThinScrollBars(QAbstractScrollArea& area) {
   area.setVerticalScrollBar(new ThinScrollBar(Qt::Vertical, &area));
   area.setHorizontalScrollBar(new ThinScrollBar(Qt::Horizontal, &area));
+  area.setCornerWidget(new QWidget(&area));  // in place of the style's darker square
 }
 
 }  // namespace orvane

@@ -155,6 +155,10 @@ def tell_the_story(services):
         figures_come_back_by_themselves(program, services["address"])
         close_by_window_manager(program)
         assert program.end() == 0
+        program = Program(services)
+        wait_for("the window", program.windows)
+        program.process.terminate()
+        assert program.end() == 0
     finally:
         program.process.kill()
 
