@@ -52,6 +52,7 @@ std::string SettingsField::draft() const { return toUtf8(edit_->text()); }
 void SettingsField::setDraft(const std::string& text) {
   const auto wanted = toQString(text);
   if (wanted != edit_->text()) edit_->setText(wanted);
+  if (!edit_->hasFocus()) edit_->setCursorPosition(0);  // a long address shows its beginning
 }
 
 void SettingsField::showPlaceholder(const QString& text) {
