@@ -57,7 +57,7 @@ class Segment final : public QRadioButton {
 }  // namespace
 
 SegmentedPicker::SegmentedPicker(const QString& accessibleName, const QStringList& choices,
-                                 std::function<void(int)> onChoose, QWidget* parent)
+                                 const std::function<void(int)>& onChoose, QWidget* parent)
     : QWidget(parent) {
   setAccessibleName(accessibleName);
   setFixedSize(theme::pickerWidth, trackHeight);

@@ -17,7 +17,7 @@ class SegmentedPicker final : public QWidget {
  public:
   /// `onChoose` is called with the index of the choice that the user made, and only then.
   SegmentedPicker(const QString& accessibleName, const QStringList& choices,
-                  std::function<void(int)> onChoose, QWidget* parent = nullptr);
+                  const std::function<void(int)>& onChoose, QWidget* parent = nullptr);
 
   void showChoice(int index);
 

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QTimer>
 #include <algorithm>
 #include <utility>
 
@@ -52,7 +53,7 @@ void QtDesktopApplication::activateIgnoringOtherApps() {
 }
 
 void QtDesktopApplication::terminate() {
-  QMetaObject::invokeMethod(this, [this] { onTerminate_(); }, Qt::QueuedConnection);
+  QTimer::singleShot(0, this, [this] { onTerminate_(); });
 }
 
 Registration QtDesktopApplication::addKeyDownMonitor(KeyMonitor monitor) {
