@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/comma_locale.h"
+
 namespace orvane::test {
 namespace {
 
@@ -126,6 +128,14 @@ TEST(DecimalTest, RoundsHalvesAwayFromZeroAndSaturates) {
   }
   EXPECT_EQ(Decimal(smallest).toInt64(), smallest);
   EXPECT_EQ(Decimal(largest).toInt64(), largest);
+}
+
+TEST(DecimalTest, IgnoresTheUsersLocale) {
+  const CommaLocale locale;
+  ASSERT_TRUE(locale.isSet());
+  EXPECT_EQ(Decimal::parse("1,5"), std::nullopt);
+  EXPECT_EQ(decimal("1.5").toDouble(), 1.5);
+  EXPECT_EQ((decimal("0.00012345") * 100'000'000).toInt64(), 12345);
 }
 
 TEST(DecimalTest, CopiesAreIndependent) {

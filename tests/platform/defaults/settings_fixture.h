@@ -10,7 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/defaults/sqlite_defaults.h"
-#include "temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace orvane::test {
 

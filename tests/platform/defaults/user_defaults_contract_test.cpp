@@ -8,7 +8,7 @@
 
 #include "platform/defaults/sqlite_defaults.h"
 #include "support/memory_defaults.h"
-#include "temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace orvane::test {
 namespace {
