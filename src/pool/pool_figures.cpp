@@ -1,9 +1,9 @@
 #include "pool/pool_figures.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <optional>
+#include <string>
 
 #include "platform/decimal/decimal.h"
 #include "platform/text/unicode.h"
@@ -29,18 +29,12 @@ constexpr std::array hashRateUnits{
 
 constexpr double sharesPerFigure = 0.0009765625;
 
-char asciiLowercase(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-bool equalsLowercase(std::string_view text, std::string_view lowercase) {
-  return std::ranges::equal(text, lowercase, {}, asciiLowercase);
-}
-
 }  // namespace
 
 double hashRateUnitFactor(std::string_view unit) {
-  const std::string_view name = trimmed(unit);
+  const std::string name = lowercased(trimmed(unit));
   for (const HashRateUnit& known : hashRateUnits) {
-    if (equalsLowercase(name, known.name) || equalsLowercase(name, known.shortName)) {
+    if (name == known.name || name == known.shortName) {
       return known.factor;
     }
   }

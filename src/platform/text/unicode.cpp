@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <iterator>
 
 #include <unicode/bytestream.h>
 #include <unicode/casemap.h>
@@ -52,6 +53,8 @@ bool isAscii(std::string_view text) {
   return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
+char lowercasedAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
 icu::StringPiece piece(std::string_view text) {
   return {text.data(), static_cast<std::int32_t>(text.size())};
 }
@@ -78,6 +81,10 @@ std::string_view trimmed(std::string_view text) {
 
 std::string lowercased(std::string_view text) {
   std::string result;
+  if (isAscii(text)) {
+    std::ranges::transform(text, std::back_inserter(result), lowercasedAscii);
+    return result;
+  }
   icu::StringByteSink<std::string> sink(&result);
   UErrorCode status = U_ZERO_ERROR;
   const char* const rootLocale = "";
@@ -95,14 +102,6 @@ std::string nfcNormalized(std::string_view text) {
   icu::StringByteSink<std::string> sink(&result);
   composition->normalizeUTF8(0, piece(text), sink, nullptr, status);
   return U_SUCCESS(status) ? result : std::string(text);
-}
-
-// UTF-8 sorts by its bytes as its code points do.
-bool normalizedLess(std::string_view a, std::string_view b) {
-  if (isAscii(a) && isAscii(b)) {
-    return a < b;
-  }
-  return nfcNormalized(a) < nfcNormalized(b);
 }
 
 bool isValidUtf8(std::string_view bytes) {

@@ -16,9 +16,6 @@ namespace orvane {
 /// Canonical composition (NFC). A text that is not valid UTF-8 comes back unchanged.
 [[nodiscard]] std::string nfcNormalized(std::string_view text);
 
-/// Whether `a` sorts before `b` by code points after canonical normalization.
-[[nodiscard]] bool normalizedLess(std::string_view a, std::string_view b);
-
 /// False also for overlong forms, surrogates and code points above U+10FFFF.
 [[nodiscard]] bool isValidUtf8(std::string_view bytes);
 

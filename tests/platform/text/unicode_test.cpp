@@ -51,18 +51,6 @@ TEST(UnicodeTest, ComposesCanonically) {
   }
 }
 
-TEST(UnicodeTest, OrdersByCodePointsOfTheNormalizedTexts) {
-  EXPECT_TRUE(normalizedLess("B", "a"));
-  EXPECT_TRUE(normalizedLess("", "a"));
-  EXPECT_TRUE(normalizedLess("a", "a\0"s));
-  EXPECT_TRUE(normalizedLess("z", "é"));
-  EXPECT_TRUE(normalizedLess("\uffff", "\U00010000"));  // UTF-16 would order these otherwise
-  EXPECT_FALSE(normalizedLess("e\u0301", "\u00e9"));
-  EXPECT_FALSE(normalizedLess("\u00e9", "e\u0301"));
-  EXPECT_TRUE(normalizedLess("z", "e\u0301"));
-  EXPECT_TRUE(normalizedLess("a", "\xff"));
-}
-
 TEST(UnicodeTest, TellsValidUtf8) {
   for (const std::string& text : {""s, "a\0b"s, "é€😀"s, "\U0010ffff"s}) {
     EXPECT_TRUE(isValidUtf8(text)) << text;
