@@ -203,6 +203,8 @@ TEST(ExplorerDecodingTest, ParsesTheTipHeight) {
       {"0x10", std::nullopt},
       {"٨٥", std::nullopt},
       {"850000\ufffd", std::nullopt},
+      {"\ufeff850000", std::nullopt},
+      {"\u0085850000\u0085", 850000},
       {std::string("850000\0", 7), std::nullopt},
       {"{\"height\":850000}", std::nullopt},
   };

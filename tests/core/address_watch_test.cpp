@@ -103,6 +103,11 @@ TEST_F(AddressWatchTest, AnAddressChangedInFlightDropsTheOldAnswerAndAllThatWasS
   setPayments(firstAddress, {"old payment"});
   setPayments(secondAddress, {"other payment"});
   startWatching(firstAddress);
+  transport.on("/height").respond(500);
+  store->restartAddressWatch();
+  executor.runUntilIdle();
+  ASSERT_TRUE(state().addressStatus);
+  takeChanges();
   transport.onEnding(firstAddress).respond(200, "{}").after(10s);
   transport.on("/height").respond(200, "850000").after(1s);
   store->restartAddressWatch();
@@ -114,6 +119,7 @@ TEST_F(AddressWatchTest, AnAddressChangedInFlightDropsTheOldAnswerAndAllThatWasS
   EXPECT_EQ(transport.aborted(), 1U);
   EXPECT_EQ(state().watchedAddress, secondAddress);
   EXPECT_EQ(state().addressSummary, std::nullopt);
+  EXPECT_EQ(state().addressStatus, std::nullopt);
   EXPECT_EQ(state().addressLastUpdate, std::nullopt);
   EXPECT_EQ(defaults.texts(seenKey), std::nullopt);
   EXPECT_TRUE(state().isRefreshingAddress);

@@ -67,9 +67,10 @@ TEST_F(KeychainItemsTest, SaveOfNothingRemovesTheItemFromEveryGroup) {
 }
 
 TEST_F(KeychainItemsTest, ReadMovesAnItemOfAnotherGroup) {
-  keychain.items = {item("text", "TEAM.own")};
+  const auto bystander = item("another", "TEAM.other");
+  keychain.items = {item("text", "TEAM.own"), bystander};
   EXPECT_EQ(read(shared), "text");
-  EXPECT_THAT(keychain.items, ElementsAre(item("text")));
+  EXPECT_THAT(keychain.items, ElementsAre(bystander, item("text")));
 }
 
 TEST_F(KeychainItemsTest, ReadLeavesAnItemWithoutGroupOrWithoutASharedGroupAlone) {

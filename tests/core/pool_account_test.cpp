@@ -23,12 +23,25 @@ class PoolAccountTest : public StoreTest {
     story();
     return flags;
   }
+
+  /// The next answer from `url` comes together with a new token, which is set before the task that
+  /// waits for the answer has gone on.
+  void enterTokenUponAnswer(const char* url, const HttpResponse& answer) {
+    transport.on(url)
+        .respondBy([this, answer](const HttpRequest&) {
+          executor.post([this] { store->setToken("second"); });
+          return answer;
+        })
+        .times(1);
+  }
 };
 
 TEST_F(PoolAccountTest, ANewTokenForgetsTheOldFiguresBeforeAnybodyHears) {
   startWithFigures();
   store->loadHistory();
-  executor.advance(200s);
+  transport.on("/profile").respond(500);
+  executor.advance(300s);
+  ASSERT_TRUE(state().accountStatus);
   const auto lastUpdate = state().lastUpdate;
   const auto sentBefore = transport.sent().size();
   takeChanges();
@@ -154,18 +167,56 @@ TEST_F(PoolAccountTest, FailingPricesKeepTheLastOnesSilently) {
 // The answer is there, but the user is quicker than the task that waits for it.
 TEST_F(PoolAccountTest, ALateRefusalOfTheOldTokenSaysNothingAboutTheNewOne) {
   startWithFigures();
-  transport.on("/profile")
-      .respondBy([this](const HttpRequest&) {
-        executor.post([this] { store->setToken("second"); });
-        return HttpResponse{.status = 401, .body = {}};
-      })
-      .times(1);
+  enterTokenUponAnswer("/profile", {.status = 401, .body = {}});
   executor.advance(261s);
   EXPECT_EQ(state().token, "second");
   EXPECT_EQ(state().accountStatus, std::nullopt);
   EXPECT_EQ(takeChanges(), 1);
   executor.advance(60s);
   EXPECT_TRUE(state().stats);
+}
+
+TEST_F(PoolAccountTest, LateWorkersOfTheOldTokenAreDropped) {
+  startWithFigures();
+  enterTokenUponAnswer("/workers", {.status = 200, .body = R"({"btc":{"workers":{"old":{}}}})"});
+  executor.advance(321s);
+  EXPECT_EQ(state().token, "second");
+  EXPECT_THAT(state().workers, IsEmpty());
+  EXPECT_EQ(takeChanges(), 2);  // the old token's figures, the new token
+}
+
+TEST_F(PoolAccountTest, LatePricesOfACancelledCycleAreDropped) {
+  startWithFigures();
+  const auto before = state().prices;
+  enterTokenUponAnswer("price.test", {.status = 200, .body = R"({"bitcoin":{"eur":1,"usd":1}})"});
+  executor.advance(321s);
+  EXPECT_EQ(state().token, "second");
+  EXPECT_EQ(state().prices, before);
+  EXPECT_EQ(takeChanges(), 2);
+}
+
+// The primary source has failed, and nobody waits for the prices any more.
+TEST_F(PoolAccountTest, ACancelledCycleAsksNoFallbackForPrices) {
+  startWithFigures();
+  enterTokenUponAnswer("price.test", {.status = 500, .body = {}});
+  executor.advance(321s);
+  EXPECT_EQ(state().token, "second");
+  EXPECT_EQ(transport.sentTo("fallback.test"), 0U);
+}
+
+TEST_F(PoolAccountTest, ARequestThatSaysItWasCancelledLeavesNoText) {
+  startWithFigures();
+  transport.on("/profile").fail(HttpFailure::cancelled);
+  transport.on("/rewards").fail(HttpFailure::cancelled);
+  store->restartPolling();
+  store->loadHistory();
+  executor.advance(200s);
+  EXPECT_EQ(transport.sentTo("/rewards"), 1U);
+  EXPECT_EQ(state().accountStatus, std::nullopt);
+  EXPECT_EQ(state().historyStatus, std::nullopt);
+  EXPECT_TRUE(state().stats);
+  EXPECT_FALSE(state().isRefreshing);
+  EXPECT_FALSE(state().isLoadingHistory);
 }
 
 TEST_F(PoolAccountTest, AHistoryLoadIsKeptAndReadBack) {
@@ -183,6 +234,8 @@ TEST_F(PoolAccountTest, AHistoryLoadIsKeptAndReadBack) {
   EXPECT_EQ(loaded[0].rewardBTC, "0.0001");
   EXPECT_EQ(loaded[0].shares, 2);
   EXPECT_THAT(defaults.data("balance.braiinsHistory").value(), testing::HasSubstr("816393600"));
+  store->loadHistory();
+  EXPECT_EQ(state().historyStatus, std::nullopt);
   start();
   EXPECT_EQ(state().history, loaded);
   EXPECT_EQ(state().historyStatus, std::nullopt);
