@@ -79,20 +79,21 @@ void PoolAccount::loadHistory() {
 
 Task<void> PoolAccount::historyLoad() {
   std::expected<std::vector<BraiinsHistoryDay>, PoolError> days = co_await client_.fetchHistory();
-  if (days) {
-    applyHistory(*std::move(days));
-  } else if (days.error().kind != PoolError::Kind::cancelled) {
-    fields_.set(&BalanceState::historyStatus, poolErrorText(days.error(), "history"));
-  }
+  // Where the token was cleared meanwhile the account's history went with it, and stays away.
+  if (!fields_->token.empty()) applyHistory(std::move(days));
   fields_.set(&BalanceState::isLoadingHistory, false);
 }
 
-void PoolAccount::applyHistory(std::vector<BraiinsHistoryDay> days) {
-  std::string status = days.empty() ? "Braiins has no daily entry for this account yet."
-                                    : updatedText(format_, executor_.wallClock());
-  fields_.set(&BalanceState::history, std::move(days));
-  settings_.setHistory(fields_->history);
-  fields_.set(&BalanceState::historyStatus, std::move(status));
+void PoolAccount::applyHistory(std::expected<std::vector<BraiinsHistoryDay>, PoolError> days) {
+  if (days) {
+    std::string status = days->empty() ? "Braiins has no daily entry for this account yet."
+                                       : updatedText(format_, executor_.wallClock());
+    fields_.set(&BalanceState::history, *std::move(days));
+    settings_.setHistory(fields_->history);
+    fields_.set(&BalanceState::historyStatus, std::move(status));
+  } else if (days.error().kind != PoolError::Kind::cancelled) {
+    fields_.set(&BalanceState::historyStatus, poolErrorText(days.error(), "history"));
+  }
 }
 
 }  // namespace orvane

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <chrono>
+#include <expected>
 #include <string_view>
+#include <vector>
 
 #include "core/balance_fields.h"
 #include "core/balance_platform.h"
@@ -41,7 +43,7 @@ class PoolAccount {
   [[nodiscard]] Task<bool> refreshStats();
   [[nodiscard]] Task<void> refreshWorkers();
   [[nodiscard]] Task<void> historyLoad();
-  void applyHistory(std::vector<BraiinsHistoryDay> days);
+  void applyHistory(std::expected<std::vector<BraiinsHistoryDay>, PoolError> days);
 
   Executor& executor_;
   const LocaleFormat& format_;

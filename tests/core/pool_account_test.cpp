@@ -100,6 +100,25 @@ TEST_F(PoolAccountTest, ClearingTheTokenForgetsTheAccountAndStopsPolling) {
   EXPECT_FALSE(state().isLoadingHistory);
 }
 
+// The load waits for the pool, before its first request and between its two.
+TEST_F(PoolAccountTest, AHistoryDoesNotComeBackAfterItsTokenWasCleared) {
+  for (const auto moment : {10s, 30s}) {
+    keychain.items.clear();
+    transport.clearSent();
+    startWithFigures();
+    store->loadHistory();
+    executor.advance(moment);
+    ASSERT_EQ(transport.sentTo("/rewards"), moment == 10s ? 0U : 1U);
+    store->setToken("");
+    EXPECT_TRUE(state().isLoadingHistory);
+    executor.advance(1h);
+    EXPECT_THAT(state().history, IsEmpty());
+    EXPECT_EQ(defaults.data("balance.braiinsHistory"), std::nullopt);
+    EXPECT_EQ(state().historyStatus, std::nullopt);
+    EXPECT_FALSE(state().isLoadingHistory);
+  }
+}
+
 TEST_F(PoolAccountTest, ATokenEnteredWhileALoadRunsStartsNoSecondLoad) {
   start();
   store->setToken("first");
@@ -239,6 +258,20 @@ TEST_F(PoolAccountTest, AHistoryLoadIsKeptAndReadBack) {
   start();
   EXPECT_EQ(state().history, loaded);
   EXPECT_EQ(state().historyStatus, std::nullopt);
+}
+
+// JSON has no infinity.
+TEST_F(PoolAccountTest, AHistoryThatCannotBeStoredIsShownAllTheSame) {
+  startWithFigures();
+  defaults.setData("balance.braiinsHistory", "kept");
+  transport.on("/hash_rate_daily")
+      .respond(200, R"({"btc":[{"date":0,"hash_rate_unit":"Ph/s","hash_rate_24h":1e300,)"
+                    R"("total_shares":0}]})");
+  store->loadHistory();
+  executor.advance(100s);
+  EXPECT_EQ(state().history.size(), 2U);
+  EXPECT_EQ(state().historyStatus, "Updated 12:03");
+  EXPECT_EQ(defaults.data("balance.braiinsHistory"), "kept");
 }
 
 TEST_F(PoolAccountTest, AnAccountWithoutDaysIsAnEmptyHistory) {
