@@ -47,6 +47,7 @@ class KeychainItemsTest : public testing::Test {
 TEST(SharedAccessGroupTest, IsTheFirstOneWithTheSharedSuffix) {
   EXPECT_EQ(sharedAccessGroup({}), std::nullopt);
   EXPECT_EQ(sharedAccessGroup({"TEAM.own", "com.quorvex.hashwick.shared"}), std::nullopt);
+  EXPECT_EQ(sharedAccessGroup({sharedGroup + std::string(".old")}), std::nullopt);
   EXPECT_EQ(sharedAccessGroup({"TEAM.own", sharedGroup, "B.com.quorvex.hashwick.shared"}),
             sharedGroup);
 }

@@ -77,7 +77,7 @@ TEST_F(AccountClientTest, TypesEveryFailure) {
       {answer(199, profileBody), {Kind::badServerResponse}},
       {answer(200, "<html>"), {Kind::decoding}},
       {answer(204), {Kind::decoding}},
-      {answer(302), {Kind::badServerResponse}},
+      {answer(300, profileBody), {Kind::badServerResponse}},
       {answer(401), {Kind::userAuthenticationRequired}},
       {answer(403), {Kind::userAuthenticationRequired}},
       {answer(404), {Kind::badServerResponse}},
