@@ -1,4 +1,5 @@
 #include <limits>
+#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -39,10 +40,13 @@ TEST(HistorySummaryTest, SharesStopAtTheEndsOfTheirRange) {
   constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
   constexpr std::int64_t smallest = std::numeric_limits<std::int64_t>::min();
   EXPECT_EQ(BraiinsHistorySummary(std::vector{sharesOf(2), rateOf(1), sharesOf(3)}).totalShares, 5);
-  EXPECT_EQ(BraiinsHistorySummary(std::vector{sharesOf(largest), sharesOf(1)}).totalShares,
-            largest);
-  EXPECT_EQ(BraiinsHistorySummary(std::vector{sharesOf(smallest), sharesOf(-1)}).totalShares,
-            smallest);
+  for (const auto& [one, other, total] : {std::tuple{largest, std::int64_t{1}, largest},
+                                          std::tuple{smallest, std::int64_t{-1}, smallest}}) {
+    EXPECT_EQ(BraiinsHistorySummary(std::vector{sharesOf(one), sharesOf(other)}).totalShares,
+              total);
+    EXPECT_EQ(BraiinsHistorySummary(std::vector{sharesOf(other), sharesOf(one)}).totalShares,
+              total);
+  }
 }
 
 }  // namespace

@@ -53,7 +53,8 @@ TEST_F(BitcoinPriceServiceTest, AsksThePrimarySourceOnlyWhenItAnswers) {
 
 TEST_F(BitcoinPriceServiceTest, FallsBackAfterAnyFailure) {
   auto& primary = transport.on("primary.test");
-  primary.respond(429).times(1).respond(199).times(1).respond(300).times(1);
+  const std::string prices = R"({"bitcoin":{"eur":1,"usd":1}})";
+  primary.respond(429).times(1).respond(199, prices).times(1).respond(300, prices).times(1);
   primary.respond(200).times(1).respond(200, R"({"bitcoin":{"eur":1}})").times(1);
   primary.fail(HttpFailure::cannotConnectToHost).times(1).stall().times(1);
   for (std::size_t call = 1; call <= 7; ++call) {
