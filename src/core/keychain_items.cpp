@@ -42,8 +42,8 @@ Task<void> KeychainItems::moveToSharedGroup([[maybe_unused]] AsyncMutex::Lock tu
                                             KeychainItem item, KeychainQuery query) {
   KeychainQuery oldPlace = query;
   oldPlace.accessGroup = item.accessGroup;
-  co_await keychain_.remove(std::move(oldPlace));
-  co_await save(std::move(item.data), std::move(query));
+  co_await keychain_.remove(std::move(oldPlace), KeychainPrompt::never);
+  co_await save(std::move(item.data), std::move(query), KeychainPrompt::never);
 }
 
 void KeychainItems::saveItem(std::string text, std::string service, std::string account) {
@@ -53,18 +53,18 @@ void KeychainItems::saveItem(std::string text, std::string service, std::string 
 
 Task<void> KeychainItems::saveInTurn(std::string text, KeychainQuery query) {
   const std::optional<AsyncMutex::Lock> turn = co_await order_.lock();
-  if (turn) co_await save(std::move(text), std::move(query));
+  if (turn) co_await save(std::move(text), std::move(query), KeychainPrompt::allowed);
 }
 
-Task<void> KeychainItems::save(std::string text, KeychainQuery query) {
+Task<void> KeychainItems::save(std::string text, KeychainQuery query, KeychainPrompt prompt) {
   if (text.empty()) {
-    co_await keychain_.remove(std::move(query));
+    co_await keychain_.remove(std::move(query), prompt);
     co_return;
   }
   query.accessGroup = accessGroup_;
-  const KeychainStatus updated = co_await keychain_.update(query, text);
+  const KeychainStatus updated = co_await keychain_.update(query, text, prompt);
   if (updated == KeychainStatus::itemNotFound) {
-    co_await keychain_.add(std::move(query), std::move(text));
+    co_await keychain_.add(std::move(query), std::move(text), prompt);
   }
 }
 

@@ -30,8 +30,8 @@ class KeychainItems {
   [[nodiscard]] Task<std::optional<std::string>> readItem(std::string service, std::string account,
                                                           KeychainPrompt prompt);
 
-  /// Saves `text` in the shared group; an empty text removes the item from every group. Returns
-  /// at once; nothing cancels a save.
+  /// Saves `text` in the shared group; an empty text removes the item from every group. It is what
+  /// the user wants now, so it may prompt. Returns at once; nothing cancels a save.
   void saveItem(std::string text, std::string service, std::string account);
 
   /// True when every save and move has ended.
@@ -40,7 +40,7 @@ class KeychainItems {
  private:
   [[nodiscard]] bool belongsElsewhere(const KeychainItem& item) const;
   [[nodiscard]] Task<void> saveInTurn(std::string text, KeychainQuery query);
-  [[nodiscard]] Task<void> save(std::string text, KeychainQuery query);
+  [[nodiscard]] Task<void> save(std::string text, KeychainQuery query, KeychainPrompt prompt);
   [[nodiscard]] Task<void> moveToSharedGroup(AsyncMutex::Lock turn, KeychainItem item,
                                              KeychainQuery query);
 

@@ -99,8 +99,8 @@ TEST_F(KeychainItemsTest, ReadGivesNothingForWhatItCannotUse) {
 }
 
 TEST_F(KeychainItemsTest, FailuresAreSilent) {
-  for (const auto condition : {MemoryKeychain::Condition::locked, MemoryKeychain::Condition::broken,
-                               MemoryKeychain::Condition::absent}) {
+  for (const auto condition :
+       {MemoryKeychain::Condition::broken, MemoryKeychain::Condition::absent}) {
     keychain.items = {item("text")};
     keychain.condition = condition;
     EXPECT_EQ(read(shared), std::nullopt);
@@ -111,6 +111,50 @@ TEST_F(KeychainItemsTest, FailuresAreSilent) {
   }
 }
 
+TEST_F(KeychainItemsTest, ASaveIsTheUsersAndAsksToUnlock) {
+  keychain.condition = MemoryKeychain::Condition::locked;
+  keychain.items = {item("text")};
+  for (const std::string text : {"refused", ""}) {
+    save(shared, text);
+    ASSERT_TRUE(keychain.isPrompting());
+    EXPECT_FALSE(shared.writesFinished());
+    keychain.answerPrompt(false);
+    settle();
+    EXPECT_FALSE(keychain.isPrompting()) << "one question is enough";
+    EXPECT_TRUE(shared.writesFinished());
+    EXPECT_THAT(keychain.items, ElementsAre(item("text")));
+  }
+  save(shared, "allowed");
+  keychain.answerPrompt(true);
+  settle();
+  EXPECT_THAT(keychain.items, ElementsAre(item("allowed")));
+}
+
+TEST_F(KeychainItemsTest, TheFirstItemOfALockedKeychainIsAskedForOnce) {
+  keychain.condition = MemoryKeychain::Condition::locked;
+  save(shared, "first");
+  ASSERT_TRUE(keychain.isPrompting());
+  keychain.answerPrompt(true);
+  settle();
+  EXPECT_THAT(keychain.items, ElementsAre(item("first")));
+}
+
+Task<void> readAndIgnore(KeychainItems& items) {
+  co_await items.readItem(service, account, KeychainPrompt::never);
+}
+
+TEST_F(KeychainItemsTest, AMoveAsksNobodyWhenTheKeychainIsLockedInItsMiddle) {
+  keychain.items = {item("text", "TEAM.own")};
+  keychain.delay = seconds(1);
+  TaskScope tasks(executor);
+  tasks.spawn(readAndIgnore(shared));
+  executor.advance(std::chrono::milliseconds(1500));
+  keychain.condition = MemoryKeychain::Condition::locked;
+  settle();
+  EXPECT_FALSE(keychain.isPrompting());
+  EXPECT_TRUE(shared.writesFinished());
+}
+
 TEST_F(KeychainItemsTest, AReadSeesTheSavesBeforeIt) {
   keychain.delay = seconds(1);
   shared.saveItem("first", service, account);
@@ -118,10 +162,6 @@ TEST_F(KeychainItemsTest, AReadSeesTheSavesBeforeIt) {
   EXPECT_FALSE(shared.writesFinished());
   EXPECT_EQ(read(shared), "second");
   EXPECT_TRUE(shared.writesFinished());
-}
-
-Task<void> readAndIgnore(KeychainItems& items) {
-  co_await items.readItem(service, account, KeychainPrompt::never);
 }
 
 // Between its two steps a move has taken the item away and not yet put it back.

@@ -48,27 +48,31 @@ class MemoryKeychain final : public Keychain {
     const auto found = std::ranges::find_if(items, matches(query));
     if (!answers || found == items.end()) co_return std::nullopt;
     KeychainItem item{.data = found->data, .accessGroup = found->accessGroup};
-    if (condition == Condition::locked) {
-      const bool unlocked = prompt == KeychainPrompt::allowed && co_await askUser();
-      if (!unlocked) co_return std::nullopt;
-    }
+    const bool isOpen = co_await isUnlocked(prompt);
+    if (!isOpen) co_return std::nullopt;
     co_return item;
   }
 
-  [[nodiscard]] Task<KeychainStatus> update(KeychainQuery query, std::string data) override {
+  [[nodiscard]] Task<KeychainStatus> update(KeychainQuery query, std::string data,
+                                            KeychainPrompt prompt) override {
     const bool answers = co_await begin();
-    if (!answers || condition == Condition::locked) co_return KeychainStatus::failed;
+    if (!answers) co_return KeychainStatus::failed;
+    if (std::ranges::none_of(items, matches(query))) co_return KeychainStatus::itemNotFound;
+    const bool isOpen = co_await isUnlocked(prompt);
+    if (!isOpen) co_return KeychainStatus::failed;
     const auto found = std::ranges::find_if(items, matches(query));
-    if (found == items.end()) co_return KeychainStatus::itemNotFound;
-    found->data = data;
+    if (found != items.end()) found->data = data;
     co_return KeychainStatus::success;
   }
 
-  [[nodiscard]] Task<KeychainStatus> add(KeychainQuery query, std::string data) override {
+  [[nodiscard]] Task<KeychainStatus> add(KeychainQuery query, std::string data,
+                                         KeychainPrompt prompt) override {
     const bool answers = co_await begin();
     if (!query.accessGroup) query.accessGroup = defaultGroup;
     const bool exists = std::ranges::any_of(items, matches(query));
-    if (!answers || condition == Condition::locked || exists) co_return KeychainStatus::failed;
+    if (!answers || exists) co_return KeychainStatus::failed;
+    const bool isOpen = co_await isUnlocked(prompt);
+    if (!isOpen) co_return KeychainStatus::failed;
     items.push_back({.service = query.service,
                      .account = query.account,
                      .data = std::move(data),
@@ -76,11 +80,14 @@ class MemoryKeychain final : public Keychain {
     co_return KeychainStatus::success;
   }
 
-  [[nodiscard]] Task<KeychainStatus> remove(KeychainQuery query) override {
+  [[nodiscard]] Task<KeychainStatus> remove(KeychainQuery query, KeychainPrompt prompt) override {
     const bool answers = co_await begin();
-    if (!answers || condition == Condition::locked) co_return KeychainStatus::failed;
-    const auto removed = std::erase_if(items, matches(query));
-    co_return removed > 0 ? KeychainStatus::success : KeychainStatus::itemNotFound;
+    if (!answers) co_return KeychainStatus::failed;
+    if (std::ranges::none_of(items, matches(query))) co_return KeychainStatus::itemNotFound;
+    const bool isOpen = co_await isUnlocked(prompt);
+    if (!isOpen) co_return KeychainStatus::failed;
+    std::erase_if(items, matches(query));
+    co_return KeychainStatus::success;
   }
 
  private:
@@ -97,6 +104,13 @@ class MemoryKeychain final : public Keychain {
     if (condition == Condition::absent) co_return false;
     const SleepEnd end = co_await sleepFor(delay);
     co_return end == SleepEnd::elapsed&& condition != Condition::broken;
+  }
+
+  Task<bool> isUnlocked(KeychainPrompt prompt) {
+    if (condition != Condition::locked) co_return true;
+    if (prompt == KeychainPrompt::never) co_return false;
+    const bool unlocked = co_await askUser();
+    co_return unlocked;
   }
 
   Task<bool> askUser() {

@@ -75,19 +75,6 @@ Task<Found> findItems(KeychainQuery query) {
   co_return items;
 }
 
-Task<bool> unlockItem(SecretItemRef item) {
-  // Not cancellable: a cancelled prompt is dismissed over the bus, which ends gnome-keyring 42 by a
-  // failed assertion. A dialog that nobody waits for any more is the user's to close.
-  GlibBegin begin = [&](GCancellable*, GAsyncReadyCallback callback, gpointer data) {
-    GList list{.data = item.get(), .next = nullptr, .prev = nullptr};
-    secret_service_unlock(nullptr, &list, nullptr, callback, data);
-  };
-  const GlibFinish<bool> finish = [](GObject*, GAsyncResult* result) {
-    return secret_service_unlock_finish(nullptr, result, nullptr, nullptr) > 0;
-  };
-  co_return co_await glibCall(std::move(begin), finish);
-}
-
 bool isLocked(const SecretItemRef& item) { return secret_item_get_locked(item.get()) != FALSE; }
 
 std::optional<KeychainItem> contentOf(const SecretItemRef& item) {

@@ -26,10 +26,6 @@ using SecretAttributes = GOwned<GHashTable, g_hash_table_unref>;
 /// their schema. Asks nobody to unlock anything. Nothing when there is no service or it fails.
 [[nodiscard]] Task<std::optional<SecretItems>> findItems(KeychainQuery query);
 
-/// Asks the user to unlock the item; ends when the user has answered. Cancelling ends the waiting
-/// and leaves the dialog.
-[[nodiscard]] Task<bool> unlockItem(SecretItemRef item);
-
 [[nodiscard]] bool isLocked(const SecretItemRef& item);
 
 /// The item with its data; nothing when it is locked.

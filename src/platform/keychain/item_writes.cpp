@@ -1,6 +1,7 @@
 #include "platform/keychain/item_writes.h"
 
 #include "platform/keychain/glib_call.h"
+#include "platform/keychain/service_presence.h"
 
 namespace orvane {
 namespace {
@@ -19,18 +20,31 @@ SecretValueRef secretOf(const std::string& data) {
 
 }  // namespace
 
-Task<GRef<SecretCollection>> defaultCollection() {
+Task<std::optional<SecretCollectionRef>> defaultCollection() {
+  const bool isPresent = co_await secretServiceIsPresent();
+  if (!isPresent) co_return std::nullopt;
+
+  using Found = std::optional<SecretCollectionRef>;
   GlibBegin begin = [](GCancellable* cancellable, GAsyncReadyCallback callback, gpointer data) {
     secret_collection_for_alias(nullptr, SECRET_COLLECTION_DEFAULT, SECRET_COLLECTION_NONE,
                                 cancellable, callback, data);
   };
-  const GlibFinish<GRef<SecretCollection>> finish = [](GObject*, GAsyncResult* result) {
-    return GRef<SecretCollection>::adopt(secret_collection_for_alias_finish(result, nullptr));
+  const GlibFinish<Found> finish = [](GObject*, GAsyncResult* result) -> Found {
+    GError* error = nullptr;
+    auto collection =
+        SecretCollectionRef::adopt(secret_collection_for_alias_finish(result, &error));
+    const GOwned<GError, g_error_free> failure(error);
+    if (failure) return std::nullopt;
+    return collection;
   };
   co_return co_await glibCall(std::move(begin), finish);
 }
 
-Task<bool> createItem(GRef<SecretCollection> collection, KeychainQuery query, std::string data) {
+bool isLocked(const SecretCollectionRef& collection) {
+  return secret_collection_get_locked(collection.get()) != FALSE;
+}
+
+Task<bool> createItem(SecretCollectionRef collection, KeychainQuery query, std::string data) {
   const SecretAttributes attributes = attributesOf(query);
   g_hash_table_insert(attributes.get(), g_strdup("xdg:schema"), g_strdup(schemaName));
   const SecretValueRef value = secretOf(data);

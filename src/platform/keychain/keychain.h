@@ -21,12 +21,12 @@ struct KeychainItem {
 
 enum class KeychainStatus { success, itemNotFound, failed };
 
-/// Whether a read may ask the user to unlock the keychain.
+/// Whether a call may ask the user: to unlock the keychain, or to make one where there is none yet.
 enum class KeychainPrompt { never, allowed };
 
-/// The user's keychain. Every call ends by itself within a few seconds, but for a read that waits
-/// for the user to answer a prompt; with no keychain service it ends at once without effect. A
-/// cancelled call counts as failed.
+/// The user's keychain. Every call ends by itself within a few seconds, but for one that waits for
+/// the user to answer a prompt; with no keychain service it ends at once without effect. A
+/// cancelled call counts as failed, as does a write to what is locked and stays so.
 class Keychain {
  public:
   virtual ~Keychain() = default;
@@ -36,11 +36,13 @@ class Keychain {
   [[nodiscard]] virtual Task<std::optional<KeychainItem>> copyMatching(KeychainQuery query,
                                                                        KeychainPrompt prompt) = 0;
   /// Replaces the data of the matching item.
-  [[nodiscard]] virtual Task<KeychainStatus> update(KeychainQuery query, std::string data) = 0;
+  [[nodiscard]] virtual Task<KeychainStatus> update(KeychainQuery query, std::string data,
+                                                    KeychainPrompt prompt) = 0;
   /// Creates an item.
-  [[nodiscard]] virtual Task<KeychainStatus> add(KeychainQuery query, std::string data) = 0;
+  [[nodiscard]] virtual Task<KeychainStatus> add(KeychainQuery query, std::string data,
+                                                 KeychainPrompt prompt) = 0;
   /// Removes every matching item.
-  [[nodiscard]] virtual Task<KeychainStatus> remove(KeychainQuery query) = 0;
+  [[nodiscard]] virtual Task<KeychainStatus> remove(KeychainQuery query, KeychainPrompt prompt) = 0;
 };
 
 }  // namespace orvane

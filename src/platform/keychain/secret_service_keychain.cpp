@@ -1,10 +1,12 @@
 #include "platform/keychain/secret_service_keychain.h"
 
 #include <functional>
+#include <vector>
 
 #include "platform/keychain/deadline.h"
 #include "platform/keychain/item_search.h"
 #include "platform/keychain/item_writes.h"
+#include "platform/keychain/user_prompts.h"
 
 namespace orvane {
 namespace {
@@ -30,10 +32,10 @@ Task<KeychainStatus> addItem(KeychainQuery query, std::string data) {
   // The service itself would not mind a second item of the same attributes.
   const std::optional<SecretItems> existing = co_await findItems(query);
   if (!existing || !existing->empty()) co_return KeychainStatus::failed;
-  const GRef<SecretCollection> collection = co_await defaultCollection();
-  if (!collection || secret_collection_get_locked(collection.get()) != FALSE)
-    co_return KeychainStatus::failed;
-  const bool isCreated = co_await createItem(collection, std::move(query), std::move(data));
+  const std::optional<SecretCollectionRef> collection = co_await defaultCollection();
+  const bool isOpen = collection && *collection && !isLocked(*collection);
+  if (!isOpen) co_return KeychainStatus::failed;
+  const bool isCreated = co_await createItem(*collection, std::move(query), std::move(data));
   co_return isCreated ? KeychainStatus::success : KeychainStatus::failed;
 }
 
@@ -45,26 +47,53 @@ Task<std::optional<KeychainItem>> SecretServiceKeychain::copyMatching(KeychainQu
   if (!items || items->empty()) co_return std::nullopt;
   if (isLocked(items->front())) {
     if (prompt == KeychainPrompt::never) co_return std::nullopt;
-    const bool isUnlocked = co_await unlockItem(items->front());
-    if (!isUnlocked) co_return std::nullopt;
+    std::vector<GRef<GDBusProxy>> locked{asProxy(items->front())};
+    co_await askToUnlock(std::move(locked));
     items = co_await endingWithin(deadline_, findItems(query));
     if (!items || items->empty()) co_return std::nullopt;
   }
   co_return contentOf(items->front());
 }
 
-Task<KeychainStatus> SecretServiceKeychain::update(KeychainQuery query, std::string data) {
+Task<void> SecretServiceKeychain::unlockMatching(KeychainQuery query) {
+  const std::optional<SecretItems> items =
+      co_await endingWithin(deadline_, findItems(std::move(query)));
+  std::vector<GRef<GDBusProxy>> locked;
+  for (const SecretItemRef& item : items.value_or(SecretItems())) {
+    if (isLocked(item)) locked.push_back(asProxy(item));
+  }
+  if (!locked.empty()) co_await askToUnlock(std::move(locked));
+}
+
+Task<void> SecretServiceKeychain::openDefaultCollection() {
+  const std::optional<SecretCollectionRef> collection =
+      co_await endingWithin(deadline_, defaultCollection());
+  if (!collection) co_return;
+  if (!*collection) {
+    co_await askForDefaultCollection();
+  } else if (isLocked(*collection)) {
+    std::vector<GRef<GDBusProxy>> locked{asProxy(*collection)};
+    co_await askToUnlock(std::move(locked));
+  }
+}
+
+Task<KeychainStatus> SecretServiceKeychain::update(KeychainQuery query, std::string data,
+                                                   KeychainPrompt prompt) {
+  if (prompt == KeychainPrompt::allowed) co_await unlockMatching(query);
   Write replace = [data](SecretItemRef item) { return replaceData(std::move(item), data); };
-  return endingWithin(deadline_, writeToAll(std::move(query), std::move(replace)));
+  co_return co_await endingWithin(deadline_, writeToAll(std::move(query), std::move(replace)));
 }
 
-Task<KeychainStatus> SecretServiceKeychain::add(KeychainQuery query, std::string data) {
-  return endingWithin(deadline_, addItem(std::move(query), std::move(data)));
+Task<KeychainStatus> SecretServiceKeychain::add(KeychainQuery query, std::string data,
+                                                KeychainPrompt prompt) {
+  if (prompt == KeychainPrompt::allowed) co_await openDefaultCollection();
+  co_return co_await endingWithin(deadline_, addItem(std::move(query), std::move(data)));
 }
 
-Task<KeychainStatus> SecretServiceKeychain::remove(KeychainQuery query) {
+Task<KeychainStatus> SecretServiceKeychain::remove(KeychainQuery query, KeychainPrompt prompt) {
+  if (prompt == KeychainPrompt::allowed) co_await unlockMatching(query);
   Write erase = [](SecretItemRef item) { return deleteItem(std::move(item)); };
-  return endingWithin(deadline_, writeToAll(std::move(query), std::move(erase)));
+  co_return co_await endingWithin(deadline_, writeToAll(std::move(query), std::move(erase)));
 }
 
 }  // namespace orvane

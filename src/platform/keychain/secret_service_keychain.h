@@ -11,11 +11,12 @@ namespace orvane {
 /// attributes "service", "account", "synchronizable" (always "true") and, where it has one,
 /// "access-group". New items go to the default collection.
 ///
-/// A read that may prompt asks the user to unlock matching items when all of them are locked, and
-/// waits for the answer. Nothing else prompts: locked items count as absent for other reads, and
-/// writes to them, or to a locked or missing default collection, fail; so does adding an item that
-/// exists. Where other programs have made an item exist several times, reads give the one changed
-/// last, and updates change all of them.
+/// A read that may prompt asks the user to unlock a matching item when all of them are locked, a
+/// write when any of them is; adding asks to unlock the default collection, or to make one where
+/// the user has none. Each waits for the answer. Without a prompt locked items count as absent for
+/// reads, and writes to them, or to a locked or missing default collection, fail. So does adding an
+/// item that exists. Where other programs have made an item exist several times, reads give the one
+/// changed last, and updates change all of them.
 ///
 /// Answers arrive through GLib's default main context, which Qt's event loop iterates on Linux; in
 /// a program where nobody does, every call ends unsuccessfully at its deadline. Tasks must not
@@ -30,11 +31,16 @@ class SecretServiceKeychain final : public Keychain {
 
   [[nodiscard]] Task<std::optional<KeychainItem>> copyMatching(KeychainQuery query,
                                                                KeychainPrompt prompt) override;
-  [[nodiscard]] Task<KeychainStatus> update(KeychainQuery query, std::string data) override;
-  [[nodiscard]] Task<KeychainStatus> add(KeychainQuery query, std::string data) override;
-  [[nodiscard]] Task<KeychainStatus> remove(KeychainQuery query) override;
+  [[nodiscard]] Task<KeychainStatus> update(KeychainQuery query, std::string data,
+                                            KeychainPrompt prompt) override;
+  [[nodiscard]] Task<KeychainStatus> add(KeychainQuery query, std::string data,
+                                         KeychainPrompt prompt) override;
+  [[nodiscard]] Task<KeychainStatus> remove(KeychainQuery query, KeychainPrompt prompt) override;
 
  private:
+  [[nodiscard]] Task<void> unlockMatching(KeychainQuery query);
+  [[nodiscard]] Task<void> openDefaultCollection();
+
   ExecutorClock::duration deadline_;
 };
 

@@ -33,12 +33,14 @@ class KeychainContractTest : public ::testing::Test {
     return subject.run(keychain.copyMatching(query, KeychainPrompt::never));
   }
   KeychainStatus add(const KeychainQuery& query, const std::string& data) {
-    return subject.run(keychain.add(query, data));
+    return subject.run(keychain.add(query, data, KeychainPrompt::never));
   }
   KeychainStatus update(const KeychainQuery& query, const std::string& data) {
-    return subject.run(keychain.update(query, data));
+    return subject.run(keychain.update(query, data, KeychainPrompt::never));
   }
-  KeychainStatus remove(const KeychainQuery& query) { return subject.run(keychain.remove(query)); }
+  KeychainStatus remove(const KeychainQuery& query) {
+    return subject.run(keychain.remove(query, KeychainPrompt::never));
+  }
 
   Subject subject;
   Keychain& keychain = subject.keychain;
@@ -125,11 +127,14 @@ TYPED_TEST(KeychainContractTest, ACancelledCallHasFailedAndChangedNothing) {
   const auto status = [this](Task<KeychainStatus> task) {
     return this->subject.run(cancelledAtOnce(std::move(task)));
   };
-  EXPECT_EQ(status(this->keychain.add(this->token, "secret")), KeychainStatus::failed);
+  EXPECT_EQ(status(this->keychain.add(this->token, "secret", KeychainPrompt::never)),
+            KeychainStatus::failed);
   EXPECT_FALSE(this->read(this->token));
   this->add(this->token, "secret");
-  EXPECT_EQ(status(this->keychain.update(this->token, "new")), KeychainStatus::failed);
-  EXPECT_EQ(status(this->keychain.remove(this->token)), KeychainStatus::failed);
+  EXPECT_EQ(status(this->keychain.update(this->token, "new", KeychainPrompt::never)),
+            KeychainStatus::failed);
+  EXPECT_EQ(status(this->keychain.remove(this->token, KeychainPrompt::never)),
+            KeychainStatus::failed);
   EXPECT_EQ(this->read(this->token)->data, "secret");
   EXPECT_FALSE(this->subject.run(
       cancelledAtOnce(this->keychain.copyMatching(this->token, KeychainPrompt::never))));

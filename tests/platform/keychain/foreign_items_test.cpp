@@ -32,14 +32,14 @@ TEST_F(ForeignItemsTest, AnItemThatIsNotSynchronizableIsLeftAlone) {
   storeWithSecretTool(attributes, "none of our business");
   storeWithSecretTool(attributes + " synchronizable false", "nor this");
   EXPECT_FALSE(read());
-  EXPECT_EQ(run(keychain.update(query, "x")), KeychainStatus::itemNotFound);
-  EXPECT_EQ(run(keychain.remove(query)), KeychainStatus::itemNotFound);
+  EXPECT_EQ(run(keychain.update(query, "x", KeychainPrompt::never)), KeychainStatus::itemNotFound);
+  EXPECT_EQ(run(keychain.remove(query, KeychainPrompt::never)), KeychainStatus::itemNotFound);
   EXPECT_EQ(countWithSecretTool(attributes), 2);
 }
 
 TEST_F(ForeignItemsTest, AnotherProgramFindsOurItem) {
   query.accessGroup = "Q.shared";
-  EXPECT_EQ(run(keychain.add(query, "ours")), KeychainStatus::success);
+  EXPECT_EQ(run(keychain.add(query, "ours", KeychainPrompt::never)), KeychainStatus::success);
   EXPECT_EQ(outputOf("secret-tool lookup " + synchronizable + " access-group Q.shared"), "ours");
   const std::string listed = outputOf("secret-tool search --all " + attributes + " 2>&1");
   EXPECT_NE(listed.find("label = Orvane: " + query.service), std::string::npos) << listed;
@@ -47,7 +47,7 @@ TEST_F(ForeignItemsTest, AnotherProgramFindsOurItem) {
 
 TEST_F(ForeignItemsTest, UpdatingKeepsTheItemAndItsOtherAttributes) {
   storeWithSecretTool(synchronizable + " colour blue", "theirs");
-  EXPECT_EQ(run(keychain.update(query, "ours")), KeychainStatus::success);
+  EXPECT_EQ(run(keychain.update(query, "ours", KeychainPrompt::never)), KeychainStatus::success);
   EXPECT_EQ(countWithSecretTool(attributes), 1);
   EXPECT_EQ(outputOf("secret-tool lookup " + attributes + " colour blue"), "ours");
 }
@@ -58,10 +58,10 @@ TEST_F(ForeignItemsTest, OfDuplicatesOneIsReadAndAllAreUpdatedAndRemoved) {
   const auto first = read();
   ASSERT_TRUE(first);
   EXPECT_EQ(read()->data, first->data);
-  EXPECT_EQ(run(keychain.update(query, "ours")), KeychainStatus::success);
+  EXPECT_EQ(run(keychain.update(query, "ours", KeychainPrompt::never)), KeychainStatus::success);
   EXPECT_EQ(outputOf("secret-tool lookup " + attributes + " colour red"), "ours");
   EXPECT_EQ(countWithSecretTool(attributes), 3);
-  EXPECT_EQ(run(keychain.remove(query)), KeychainStatus::success);
+  EXPECT_EQ(run(keychain.remove(query, KeychainPrompt::never)), KeychainStatus::success);
   EXPECT_EQ(countWithSecretTool(attributes), 0);
 }
 

@@ -75,21 +75,22 @@ TEST_F(LockedTest, BackgroundReadGivesNothingAtOnceAndAsksNobody) {
   EXPECT_EQ(Prompter::window(), "");
 }
 
-TEST_F(LockedTest, WritesFailAtOnceAndAskNobody) {
+TEST_F(LockedTest, WritesThatMayNotAskFailAtOnceAndAskNobody) {
   const Prompter prompter;
   const KeychainQuery fresh{.service = "locked", .account = "fresh"};
   const auto time = timeOf([&] {
-    EXPECT_EQ(run(keychain.update(query, "x")), KeychainStatus::failed);
-    EXPECT_EQ(run(keychain.remove(query)), KeychainStatus::failed);
-    EXPECT_EQ(run(keychain.add(fresh, "x")), KeychainStatus::failed);
+    EXPECT_EQ(run(keychain.update(query, "x", KeychainPrompt::never)), KeychainStatus::failed);
+    EXPECT_EQ(run(keychain.remove(query, KeychainPrompt::never)), KeychainStatus::failed);
+    EXPECT_EQ(run(keychain.add(fresh, "x", KeychainPrompt::never)), KeychainStatus::failed);
   });
   EXPECT_LT(time, atOnce);
   letPass(300ms);
   EXPECT_EQ(Prompter::window(), "");
 }
 
-TEST_F(LockedTest, PromptingReadWithoutAPrompterGivesNothing) {
+TEST_F(LockedTest, WithoutAPrompterPromptingCallsAreInVain) {
   EXPECT_FALSE(run(keychain.copyMatching(query, KeychainPrompt::allowed)));
+  EXPECT_EQ(run(keychain.update(query, "x", KeychainPrompt::allowed)), KeychainStatus::failed);
 }
 
 class PromptTest : public LockedTest {
@@ -99,6 +100,21 @@ class PromptTest : public LockedTest {
     reading = scope.spawn(keep(keychain.copyMatching(query, KeychainPrompt::allowed), item));
     ASSERT_TRUE(letPassUntil([] { return !Prompter::window().empty(); }));
   }
+  /// The same for a write.
+  void beginToWrite(Task<KeychainStatus> write) {
+    writing = scope.spawn(keep(std::move(write), status));
+    ASSERT_TRUE(letPassUntil([] { return !Prompter::window().empty(); }));
+  }
+  /// The status of the write once the user has answered.
+  std::optional<KeychainStatus> statusAfter(const std::string& keys) {
+    EXPECT_TRUE(letPassUntil([&keys] { return Prompter::isClosedWith(keys); }));
+    EXPECT_TRUE(letPassUntil([this] { return writing.finished(); }));
+    return status;
+  }
+  template <class T>
+  static Task<void> keep(Task<T> task, std::optional<T>& result) {
+    result = co_await std::move(task);
+  }
   static Task<void> keep(Task<std::optional<KeychainItem>> task,
                          std::optional<KeychainItem>& item) {
     item = co_await std::move(task);
@@ -106,7 +122,9 @@ class PromptTest : public LockedTest {
 
   Prompter prompter;
   std::optional<KeychainItem> item;
+  std::optional<KeychainStatus> status;
   TaskHandle reading;
+  TaskHandle writing;
   TaskScope scope{*executor};
 };
 
@@ -136,6 +154,28 @@ TEST_F(PromptTest, TheReadWaitsForTheUserLongerThanForTheServiceAndGivesTheItem)
   EXPECT_TRUE(letPassUntil([this] { return reading.finished(); }));
   ASSERT_TRUE(item);
   EXPECT_EQ(item->data, "secret");
+}
+
+TEST_F(PromptTest, AWriteWaitsForTheUserAndIsDoneThen) {
+  beginToWrite(keychain.update(query, "secret", KeychainPrompt::allowed));
+  EXPECT_EQ(statusAfter("type password"), KeychainStatus::success);
+}
+
+TEST_F(PromptTest, AddingAsksForTheCollectionAndRemovingForTheItems) {
+  const KeychainQuery fresh{.service = "locked", .account = "fresh"};
+  beginToWrite(keychain.add(fresh, "x", KeychainPrompt::allowed));
+  EXPECT_EQ(statusAfter("type password"), KeychainStatus::success);
+  lock();
+  beginToWrite(keychain.remove(fresh, KeychainPrompt::allowed));
+  EXPECT_EQ(statusAfter("type password"), KeychainStatus::success);
+  EXPECT_EQ(run(keychain.remove(fresh, KeychainPrompt::never)), KeychainStatus::itemNotFound);
+}
+
+TEST_F(PromptTest, ARefusedWriteHasFailedAndIsNotAskedAgain) {
+  beginToWrite(keychain.update(query, "x", KeychainPrompt::allowed));
+  EXPECT_EQ(statusAfter("key Escape"), KeychainStatus::failed);
+  letPass(300ms);
+  EXPECT_EQ(Prompter::window(), "");
 }
 
 }  // namespace

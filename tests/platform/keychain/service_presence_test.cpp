@@ -20,9 +20,9 @@ class ServicePresenceTest : public RealTimeTest {
   void expectEveryCallInVain() {
     EXPECT_FALSE(run(keychain.copyMatching(query, KeychainPrompt::never)));
     EXPECT_FALSE(run(keychain.copyMatching(query, KeychainPrompt::allowed)));
-    EXPECT_EQ(run(keychain.update(query, "x")), KeychainStatus::failed);
-    EXPECT_EQ(run(keychain.add(query, "x")), KeychainStatus::failed);
-    EXPECT_EQ(run(keychain.remove(query)), KeychainStatus::failed);
+    EXPECT_EQ(run(keychain.update(query, "x", KeychainPrompt::allowed)), KeychainStatus::failed);
+    EXPECT_EQ(run(keychain.add(query, "x", KeychainPrompt::allowed)), KeychainStatus::failed);
+    EXPECT_EQ(run(keychain.remove(query, KeychainPrompt::never)), KeychainStatus::failed);
   }
 
   SecretServiceKeychain keychain;
@@ -81,7 +81,7 @@ class Daemon {
 TEST_F(ServicePresenceTest, AServiceMayComeGoAndComeBack) {
   auto daemon = std::make_unique<Daemon>(*this);
   ASSERT_TRUE(daemon->isThere());
-  EXPECT_EQ(run(keychain.add(query, "secret")), KeychainStatus::success);
+  EXPECT_EQ(run(keychain.add(query, "secret", KeychainPrompt::never)), KeychainStatus::success);
   EXPECT_TRUE(run(keychain.copyMatching(query, KeychainPrompt::never)));
 
   daemon.reset();
@@ -93,7 +93,7 @@ TEST_F(ServicePresenceTest, AServiceMayComeGoAndComeBack) {
   const auto item = run(keychain.copyMatching(query, KeychainPrompt::never));
   ASSERT_TRUE(item);
   EXPECT_EQ(item->data, "secret");
-  EXPECT_EQ(run(keychain.update(query, "new")), KeychainStatus::success);
+  EXPECT_EQ(run(keychain.update(query, "new", KeychainPrompt::never)), KeychainStatus::success);
   EXPECT_EQ(run(keychain.copyMatching(query, KeychainPrompt::never))->data, "new");
 }
 
@@ -104,7 +104,7 @@ TEST(ForeignLoopTest, WhereNobodyServesGLibEveryCallEndsAtTheDeadline) {
     SecretServiceKeychain keychain(100ms);
     const KeychainQuery query{.service = "presence", .account = "token"};
     EXPECT_FALSE(time.run(keychain.copyMatching(query, KeychainPrompt::never)));
-    EXPECT_EQ(time.run(keychain.add(query, "x")), KeychainStatus::failed);
+    EXPECT_EQ(time.run(keychain.add(query, "x", KeychainPrompt::never)), KeychainStatus::failed);
   }
   ::unsetenv("QT_NO_GLIB");
 }
