@@ -47,12 +47,17 @@ void VirtualExecutor::advance(ExecutorClock::duration duration) {
   now_ = end;
 }
 
+void VirtualExecutor::suspend(ExecutorClock::duration duration) {
+  now_ += duration;
+  advance(ExecutorClock::duration::zero());
+}
+
 bool VirtualExecutor::runNextTimer() {
   if (timers_.empty()) {
     return false;
   }
   auto due = timers_.extract(timers_.begin());
-  now_ = due.key().first;
+  now_ = std::max(now_, due.key().first);
   due.mapped()();
   runUntilIdle();
   return true;

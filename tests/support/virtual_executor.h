@@ -26,6 +26,10 @@ class VirtualExecutor final : public Executor {
   /// Lets time pass; every timer that comes due runs at its own moment.
   void advance(ExecutorClock::duration duration);
 
+  /// The machine is suspended for `duration`: whatever comes due meanwhile runs late, afterwards,
+  /// all at the moment of waking.
+  void suspend(ExecutorClock::duration duration);
+
   /// Lets time pass until the next timer is due and runs it, with all that follows from it at that
   /// moment. False when there is no timer.
   bool runNextTimer();
