@@ -215,6 +215,27 @@ TEST_F(TaskTest, ATurnGivenToADestroyedTaskPassesOn) {
   EXPECT_EQ(log.back(), "c leaves");
 }
 
+Task<void> tryToStartSomething(AsyncMutex& mutex, Log& log) {
+  CompletionAwaiter<bool>::Start start = [&log](const Completion<bool>&) {
+    log.emplace_back("started");
+    return [] {};
+  };
+  co_await untilResolved<bool>(std::move(start), false);
+  const SleepEnd sleep = co_await sleepFor(0s);
+  if (sleep == SleepEnd::elapsed) log.emplace_back("slept");
+  const std::optional<AsyncMutex::Lock> turn = co_await mutex.lock();
+  if (turn) log.emplace_back("locked");
+  log.emplace_back("ended");
+}
+
+// A request that is begun only to be aborted has been seen by its server.
+TEST_F(TaskTest, ACancelledTaskStartsNothingMore) {
+  AsyncMutex mutex;
+  scope.spawn(tryToStartSomething(mutex, log)).cancel();
+  executor.runUntilIdle();
+  EXPECT_EQ(log, Log{"ended"});
+}
+
 Task<int> immediate() { co_return 1; }
 
 Task<void> countMany(int& sum) {
