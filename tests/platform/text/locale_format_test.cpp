@@ -112,8 +112,18 @@ TEST(LocaleFormatTest, SurvivesTheExtremes) {
   EXPECT_EQ(english.fixed(-std::numeric_limits<double>::infinity(), 2), "-∞");
   EXPECT_EQ(english.fixed(std::numeric_limits<double>::quiet_NaN(), 2), "NaN");
   EXPECT_FALSE(english.fixed(std::numeric_limits<double>::max(), 400).empty());
-  EXPECT_FALSE(english.mediumDateUtc(sys_seconds::max()).empty());
-  EXPECT_FALSE(english.mediumDateShortTime(sys_seconds::min()).empty());
+}
+
+// A pool's timestamps may be any 64-bit number; the calendars of other locales meet them, too.
+TEST(LocaleFormatTest, HasATextForEveryMoment) {
+  for (const char* const name : {"en_US", "ar_SA", "fa_IR", "th_TH"}) {
+    const LocaleFormat locale = format(name, "America/New_York");
+    for (const sys_seconds time : {sys_seconds::min(), sys_seconds(-1s), sys_seconds::max()}) {
+      EXPECT_FALSE(locale.mediumDateUtc(time).empty()) << name;
+      EXPECT_FALSE(locale.mediumDateShortTime(time).empty()) << name;
+    }
+  }
+  EXPECT_EQ(format("en_US").mediumDateUtc(sys_seconds(-1s)), "Dec 31, 1969");
 }
 
 TEST(LocaleFormatTest, ShowsTimesInTheUsersZoneAndDaysInUtc) {
