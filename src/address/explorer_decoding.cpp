@@ -2,10 +2,8 @@
 
 #include <charconv>
 #include <system_error>
-#include <utility>
 
-#include "platform/json/json_document.h"
-#include "platform/json/json_reader.h"
+#include "platform/json/json_decoding.h"
 #include "platform/text/unicode.h"
 
 namespace orvane {
@@ -19,10 +17,8 @@ AddressStats::Stats readStats(JsonValue value, JsonMatch& match) {
 
 AddressStats readAddressStats(JsonValue value, JsonMatch& match) {
   const JsonObjectReader reader(value, match);
-  AddressStats stats;
-  stats.chain_stats = readStats(reader.value("chain_stats").value_or(JsonValue::null()), match);
-  stats.mempool_stats = readStats(reader.value("mempool_stats").value_or(JsonValue::null()), match);
-  return stats;
+  return {.chain_stats = readStats(reader.value("chain_stats"), match),
+          .mempool_stats = readStats(reader.value("mempool_stats"), match)};
 }
 
 Transaction::Input readInput(JsonValue value, JsonMatch& match) {
@@ -41,55 +37,26 @@ Transaction::Status readStatus(JsonValue value, JsonMatch& match) {
           .block_height = reader.optionalInteger("block_height")};
 }
 
-template <class Record>
-std::vector<Record> readList(JsonValue value, JsonMatch& match,
-                             Record (*read)(JsonValue, JsonMatch&)) {
-  const JsonValue elements = arrayElements(value, match);
-  std::vector<Record> records;
-  records.reserve(elements.size());
-  for (const JsonMember& element : elements) {
-    records.push_back(read(element.value, match));
-  }
-  return records;
-}
-
 Transaction readTransaction(JsonValue value, JsonMatch& match) {
   const JsonObjectReader reader(value, match);
-  const auto member = [&](std::string_view name) {
-    return reader.value(name).value_or(JsonValue::null());
-  };
   return {.txid = reader.text("txid"),
-          .vin = readList(member("vin"), match, readInput),
-          .vout = readList(member("vout"), match, readOutput),
-          .status = readStatus(member("status"), match)};
+          .vin = readJsonArray(reader.value("vin"), match, readInput),
+          .vout = readJsonArray(reader.value("vout"), match, readOutput),
+          .status = readStatus(reader.value("status"), match)};
 }
 
 std::vector<Transaction> readTransactions(JsonValue value, JsonMatch& match) {
-  return readList(value, match, readTransaction);
-}
-
-template <class Record>
-std::optional<Record> decode(std::string_view body, Record (*read)(JsonValue, JsonMatch&)) {
-  const std::optional<JsonDocument> document = JsonDocument::parse(body);
-  if (!document) {
-    return std::nullopt;
-  }
-  JsonMatch match;
-  Record record = read(document->root(), match);
-  if (match.failed()) {
-    return std::nullopt;
-  }
-  return record;
+  return readJsonArray(value, match, readTransaction);
 }
 
 }  // namespace
 
 std::optional<AddressStats> decodeAddressStats(std::string_view body) {
-  return decode(body, readAddressStats);
+  return decodeJson(body, readAddressStats);
 }
 
 std::optional<std::vector<Transaction>> decodeTransactions(std::string_view body) {
-  return decode(body, readTransactions);
+  return decodeJson(body, readTransactions);
 }
 
 std::optional<std::int64_t> parseTipHeight(std::string_view text) {

@@ -5,7 +5,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "platform/json/json_reader.h"
+#include "platform/json/json_decoding.h"
 #include "platform/text/unicode.h"
 #include "pool/saturating.h"
 
@@ -31,13 +31,13 @@ nlohmann::json encodeDay(const BraiinsHistoryDay& day) {
   return object;
 }
 
-sys_seconds readDate(std::optional<JsonValue> value, JsonMatch& match) {
-  const std::optional<double> number = value ? value->number() : std::nullopt;
+sys_seconds readDate(JsonValue value, JsonMatch& match) {
+  const std::optional<double> number = value.number();
   if (!number) {
     match.fail();
     return {};
   }
-  const std::int64_t since2001 = value->integer().value_or(saturatedToInt64(std::floor(*number)));
+  const std::int64_t since2001 = value.integer().value_or(saturatedToInt64(std::floor(*number)));
   return sys_seconds(seconds(saturatingSum(since2001, from1970To2001)));
 }
 
@@ -47,6 +47,10 @@ BraiinsHistoryDay readDay(JsonValue value, JsonMatch& match) {
           .averageHashRate = day.optionalNumber("averageHashRate"),
           .shares = day.optionalInteger("shares"),
           .rewardBTC = day.optionalText("rewardBTC")};
+}
+
+std::vector<BraiinsHistoryDay> readDays(JsonValue value, JsonMatch& match) {
+  return readJsonArray(value, match, readDay);
 }
 
 }  // namespace
@@ -63,19 +67,7 @@ std::optional<std::string> encodeHistory(std::span<const BraiinsHistoryDay> days
 }
 
 std::optional<std::vector<BraiinsHistoryDay>> decodeHistory(std::string_view bytes) {
-  const std::optional<JsonDocument> document = JsonDocument::parse(bytes);
-  if (!document) {
-    return std::nullopt;
-  }
-  JsonMatch match;
-  std::optional<std::vector<BraiinsHistoryDay>> days(std::in_place);
-  for (const JsonMember element : arrayElements(document->root(), match)) {
-    days->push_back(readDay(element.value, match));
-  }
-  if (match.failed()) {
-    days.reset();
-  }
-  return days;
+  return decodeJson(bytes, readDays);
 }
 
 }  // namespace orvane

@@ -1,34 +1,12 @@
 #include "pool/pool_decoding.h"
 
-#include "platform/json/json_reader.h"
+#include "platform/json/json_decoding.h"
 
 namespace orvane {
 namespace {
 
 template <class Value>
-using Reading = Value (*)(JsonValue value, JsonMatch& match);
-
-template <class Response>
-std::optional<Response> decode(std::string_view body, Reading<Response> read) {
-  const std::optional<JsonDocument> document = JsonDocument::parse(body);
-  if (!document) {
-    return std::nullopt;
-  }
-  JsonMatch match;
-  std::optional<Response> response = read(document->root(), match);
-  if (match.failed()) {
-    response.reset();
-  }
-  return response;
-}
-
-/// The member's value; null, which no reader takes, when the match has failed.
-JsonValue required(const JsonObjectReader& reader, std::string_view name) {
-  return reader.value(name).value_or(JsonValue::null());
-}
-
-template <class Value>
-NamedValues<Value> readNamed(JsonValue object, JsonMatch& match, Reading<Value> read) {
+NamedValues<Value> readNamed(JsonValue object, JsonMatch& match, JsonRead<Value> read) {
   NamedValues<Value> values;
   for (const JsonMember member : objectMembers(object, match)) {
     // The pool tends to send names in order: the hint spares the search then.
@@ -37,19 +15,9 @@ NamedValues<Value> readNamed(JsonValue object, JsonMatch& match, Reading<Value> 
   return values;
 }
 
-template <class Value>
-std::vector<Value> readList(JsonValue array, JsonMatch& match, Reading<Value> read) {
-  std::vector<Value> values;
-  values.reserve(array.size());
-  for (const JsonMember element : arrayElements(array, match)) {
-    values.push_back(read(element.value, match));
-  }
-  return values;
-}
-
 BraiinsProfileResponse readProfile(JsonValue root, JsonMatch& match) {
   const JsonObjectReader document(root, match);
-  const JsonObjectReader profile(required(document, "btc"), match);
+  const JsonObjectReader profile(document.value("btc"), match);
   return {.btc = {.hashRateUnit = profile.text("hash_rate_unit"),
                   .hashRate60m = profile.number("hash_rate_60m"),
                   .shares24h = profile.number("shares_24h"),
@@ -69,7 +37,7 @@ BraiinsWorkersResponse::Worker readWorker(JsonValue value, JsonMatch& match) {
 
 BraiinsWorkersResponse::BTC readWorkersOfCurrency(JsonValue value, JsonMatch& match) {
   const JsonObjectReader currency(value, match);
-  return {.workers = readNamed(required(currency, "workers"), match, readWorker)};
+  return {.workers = readNamed(currency.value("workers"), match, readWorker)};
 }
 
 BraiinsWorkersResponse readWorkers(JsonValue root, JsonMatch& match) {
@@ -83,9 +51,9 @@ BraiinsRewardsResponse::Reward readReward(JsonValue value, JsonMatch& match) {
 
 BraiinsRewardsResponse readRewards(JsonValue root, JsonMatch& match) {
   const JsonObjectReader document(root, match);
-  const JsonObjectReader currency(required(document, "btc"), match);
+  const JsonObjectReader currency(document.value("btc"), match);
   return {
-      .btc = {.dailyRewards = readList(required(currency, "daily_rewards"), match, readReward)}};
+      .btc = {.dailyRewards = readJsonArray(currency.value("daily_rewards"), match, readReward)}};
 }
 
 BraiinsDailyHashrateResponse::Day readDay(JsonValue value, JsonMatch& match) {
@@ -97,7 +65,7 @@ BraiinsDailyHashrateResponse::Day readDay(JsonValue value, JsonMatch& match) {
 }
 
 std::vector<BraiinsDailyHashrateResponse::Day> readDaysOfGroup(JsonValue value, JsonMatch& match) {
-  return readList(value, match, readDay);
+  return readJsonArray(value, match, readDay);
 }
 
 BraiinsDailyHashrateResponse readDailyHashrate(JsonValue root, JsonMatch& match) {
@@ -107,19 +75,19 @@ BraiinsDailyHashrateResponse readDailyHashrate(JsonValue root, JsonMatch& match)
 }  // namespace
 
 std::optional<BraiinsProfileResponse> decodeProfile(std::string_view body) {
-  return decode(body, readProfile);
+  return decodeJson(body, readProfile);
 }
 
 std::optional<BraiinsWorkersResponse> decodeWorkers(std::string_view body) {
-  return decode(body, readWorkers);
+  return decodeJson(body, readWorkers);
 }
 
 std::optional<BraiinsRewardsResponse> decodeRewards(std::string_view body) {
-  return decode(body, readRewards);
+  return decodeJson(body, readRewards);
 }
 
 std::optional<BraiinsDailyHashrateResponse> decodeDailyHashrate(std::string_view body) {
-  return decode(body, readDailyHashrate);
+  return decodeJson(body, readDailyHashrate);
 }
 
 }  // namespace orvane

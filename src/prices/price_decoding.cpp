@@ -1,40 +1,21 @@
 #include "prices/price_decoding.h"
 
-#include "platform/json/json_reader.h"
+#include "platform/json/json_decoding.h"
 
 namespace orvane {
 namespace {
 
-template <class Response>
-std::optional<Response> decode(std::string_view body, Response (*read)(JsonValue, JsonMatch&)) {
-  const std::optional<JsonDocument> document = JsonDocument::parse(body);
-  if (!document) {
-    return std::nullopt;
-  }
-  JsonMatch match;
-  std::optional<Response> response = read(document->root(), match);
-  if (match.failed()) {
-    response.reset();
-  }
-  return response;
-}
-
-/// The member's value; null, which no reader takes, when the match has failed.
-JsonValue required(const JsonObjectReader& reader, std::string_view name) {
-  return reader.value(name).value_or(JsonValue::null());
-}
-
 CurrentPriceResponse readCurrentPrice(JsonValue root, JsonMatch& match) {
   const JsonObjectReader document(root, match);
-  const JsonObjectReader bitcoin(required(document, "bitcoin"), match);
+  const JsonObjectReader bitcoin(document.value("bitcoin"), match);
   return {.bitcoin = {.eur = bitcoin.number("eur"), .usd = bitcoin.number("usd")}};
 }
 
 CoinbasePriceResponse readCoinbasePrice(JsonValue root, JsonMatch& match) {
   const JsonObjectReader document(root, match);
-  const JsonObjectReader data(required(document, "data"), match);
+  const JsonObjectReader data(document.value("data"), match);
   CoinbasePriceResponse response;
-  for (const JsonMember rate : objectMembers(required(data, "rates"), match)) {
+  for (const JsonMember rate : objectMembers(data.value("rates"), match)) {
     const std::optional<std::string_view> text = rate.value.text();
     if (!text) {
       match.fail();
@@ -48,11 +29,11 @@ CoinbasePriceResponse readCoinbasePrice(JsonValue root, JsonMatch& match) {
 }  // namespace
 
 std::optional<CurrentPriceResponse> decodeCurrentPrice(std::string_view body) {
-  return decode(body, readCurrentPrice);
+  return decodeJson(body, readCurrentPrice);
 }
 
 std::optional<CoinbasePriceResponse> decodeCoinbasePrice(std::string_view body) {
-  return decode(body, readCoinbasePrice);
+  return decodeJson(body, readCoinbasePrice);
 }
 
 }  // namespace orvane

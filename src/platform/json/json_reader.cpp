@@ -58,11 +58,10 @@ bool JsonObjectReader::boolean(std::string_view name) const {
   return readRequired(find(name), match_, &JsonValue::boolean);
 }
 
-std::optional<JsonValue> JsonObjectReader::value(std::string_view name) const {
-  const std::optional<JsonValue> member = find(name);
-  if (!member || member->isNull()) {
+JsonValue JsonObjectReader::value(std::string_view name) const {
+  const JsonValue member = find(name).value_or(JsonValue::null());
+  if (member.isNull()) {
     match_.fail();
-    return std::nullopt;
   }
   return member;
 }

@@ -33,9 +33,9 @@ class JsonObjectReader {
   [[nodiscard]] double number(std::string_view name) const;
   [[nodiscard]] std::int64_t integer(std::string_view name) const;
   [[nodiscard]] bool boolean(std::string_view name) const;
-  /// The member's value, to be read by another reader; nothing when it is missing or null, which
-  /// fails the match.
-  [[nodiscard]] std::optional<JsonValue> value(std::string_view name) const;
+  /// The member's value, to be read by another reader. A missing one reads as null, which no reader
+  /// takes either.
+  [[nodiscard]] JsonValue value(std::string_view name) const;
 
   [[nodiscard]] std::optional<std::string> optionalText(std::string_view name) const;
   /// As `optionalText`, without a copy; valid while the document lives.
