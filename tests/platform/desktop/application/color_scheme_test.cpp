@@ -70,11 +70,11 @@ TEST(ColorScheme, LeavesThePaletteAloneWithoutAPortal) {
 }
 
 TEST(ColorScheme, GivesADesktopThatIsDarkByItselfWhatTheUserPrefers) {
-  ColorScheme::apply(ColorScheme::Preference::dark);
+  ColorScheme::apply(ColorPreference::dark);
   EXPECT_TRUE(isDark());
-  ColorScheme::apply(ColorScheme::Preference::none);
+  ColorScheme::apply(ColorPreference::none);
   EXPECT_FALSE(isDark());
-  ColorScheme::apply(ColorScheme::Preference::light);
+  ColorScheme::apply(ColorPreference::light);
   EXPECT_FALSE(isDark());
 }
 

@@ -1,30 +1,22 @@
 #include "platform/desktop/status/bus/desktop_shade.h"
 
-#include <QDBusPendingReply>
 #include <utility>
 
-#include "platform/desktop/status/bus/bus_calls.h"
+#include "platform/desktop/portal/portal_names.h"
 
 namespace orvane {
 namespace {
 
-const auto portalName = QStringLiteral("org.freedesktop.portal.Desktop");
-const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
-const auto settingsInterface = QStringLiteral("org.freedesktop.portal.Settings");
-const auto appearance = QStringLiteral("org.freedesktop.appearance");
-const auto colorScheme = QStringLiteral("color-scheme");
-
-/// `Read` wraps its value once more than the signal does.
-uint unwrapped(QVariant value) {
-  while (value.canConvert<QDBusVariant>()) {
-    value = value.value<QDBusVariant>().variant();
+PanelShade shadeOf(ColorPreference preference) {
+  switch (preference) {
+    case ColorPreference::none:
+      return PanelShade::unknown;
+    case ColorPreference::dark:
+      return PanelShade::dark;
+    case ColorPreference::light:
+      return PanelShade::light;
   }
-  return value.toUInt();
-}
-
-PanelShade shadeOf(uint preference) {
-  if (preference == 1) return PanelShade::dark;
-  return preference == 2 ? PanelShade::light : PanelShade::unknown;
+  return PanelShade::unknown;
 }
 
 }  // namespace
@@ -40,32 +32,19 @@ Registration DesktopShade::observe(std::function<void()> listener) {
 
 void DesktopShade::follow() {
   portal_.reset();
+  preference_.reset();
   if (!bus_.isOpen()) return;
-  auto connection = bus_.connection();
-  portal_ = std::make_unique<QDBusServiceWatcher>(portalName, connection,
+  const auto& connection = bus_.connection();
+  preference_ = std::make_unique<PortalColorPreference>(
+      connection, [this](ColorPreference preference) { setShade(shadeOf(preference)); });
+  portal_ = std::make_unique<QDBusServiceWatcher>(portalService, connection,
                                                   QDBusServiceWatcher::WatchForRegistration);
-  connect(portal_.get(), &QDBusServiceWatcher::serviceRegistered, this, &DesktopShade::ask);
-  // With a sender's name Qt would wait for the bus to say who that is.
-  connection.connect(QString(), portalPath, settingsInterface, QStringLiteral("SettingChanged"),
-                     this, SLOT(handleSetting(QString, QString, QDBusVariant)));
+  QObject::connect(portal_.get(), &QDBusServiceWatcher::serviceRegistered, preference_.get(),
+                   [this] { ask(); });
   ask();
 }
 
-void DesktopShade::ask() {
-  if (!bus_.isOpen()) return;
-  auto call =
-      callWithoutStarting(portalName, portalPath, settingsInterface, QStringLiteral("Read"));
-  call << appearance << colorScheme;
-  callAsync(bus_.connection(), call, this, [this](const QDBusPendingCall& finished) {
-    const QDBusPendingReply<QDBusVariant> reply(finished);
-    if (!reply.isError()) setShade(shadeOf(unwrapped(reply.value().variant())));
-  });
-}
-
-void DesktopShade::handleSetting(const QString& group, const QString& key,
-                                 const QDBusVariant& value) {
-  if (group == appearance && key == colorScheme) setShade(shadeOf(unwrapped(value.variant())));
-}
+void DesktopShade::ask() { preference_->ask(PortalColorPreference::Start::never); }
 
 void DesktopShade::setShade(PanelShade shade) {
   if (std::exchange(shade_, shade) != shade) changed_.send();

@@ -1,12 +1,10 @@
 #pragma once
 
 #include <QDBusServiceWatcher>
-#include <QDBusVariant>
-#include <QObject>
-#include <QString>
 #include <functional>
 #include <memory>
 
+#include "platform/desktop/portal/color_preference.h"
 #include "platform/desktop/signal.h"
 #include "platform/desktop/status/bus/session_bus.h"
 #include "platform/desktop/status/drawing/status_colors.h"
@@ -14,18 +12,14 @@
 namespace orvane {
 
 /// Whether the user prefers a light or a dark desktop, as the desktop portal tells; panels follow
-/// that as a rule. Unknown without a portal, or without a preference.
-class DesktopShade final : public QObject {
-  Q_OBJECT
-
+/// that as a rule. Unknown without a portal, or without a preference. Starts no portal; one that
+/// starts later is asked then.
+class DesktopShade {
  public:
   explicit DesktopShade(SessionBus& bus);
 
   [[nodiscard]] PanelShade shade() const { return shade_; }
   [[nodiscard]] Registration observe(std::function<void()> listener);
-
- private Q_SLOTS:
-  void handleSetting(const QString& group, const QString& key, const QDBusVariant& value);
 
  private:
   void follow();
@@ -33,6 +27,7 @@ class DesktopShade final : public QObject {
   void setShade(PanelShade shade);
 
   SessionBus& bus_;
+  std::unique_ptr<PortalColorPreference> preference_;
   std::unique_ptr<QDBusServiceWatcher> portal_;
   PanelShade shade_ = PanelShade::unknown;
   Signal<> changed_;
