@@ -16,6 +16,7 @@ namespace orvane {
 template <class Value>
 using NamedValues = std::map<std::string, Value, std::less<>>;
 
+/// The account as a whole.
 struct BraiinsProfileResponse {
   struct Profile {
     std::string hashRateUnit;
@@ -27,6 +28,7 @@ struct BraiinsProfileResponse {
   Profile btc;
 };
 
+/// The account's machines; what a machine does not report is nothing.
 struct BraiinsWorkersResponse {
   struct Worker {
     std::optional<std::string> state;
@@ -42,6 +44,7 @@ struct BraiinsWorkersResponse {
   NamedValues<BTC> values;  ///< by currency, in practice "btc"
 };
 
+/// What each day has earned.
 struct BraiinsRewardsResponse {
   struct Reward {
     std::int64_t date = 0;
@@ -53,6 +56,7 @@ struct BraiinsRewardsResponse {
   BTC btc;
 };
 
+/// How fast the account was on each day.
 struct BraiinsDailyHashrateResponse {
   struct Day {
     std::int64_t date = 0;

@@ -9,6 +9,7 @@
 
 namespace orvane {
 
+/// Why there is no price: of the fallback's failure, for it was asked last.
 struct PriceError {
   enum class Kind { transport, badServerResponse, decoding, cannotParseResponse, cancelled };
   Kind kind;

@@ -14,6 +14,7 @@ struct CurrentBitcoinPrices {
   bool operator==(const CurrentBitcoinPrices&) const = default;
 };
 
+/// The currency that amounts are converted to.
 enum class PreferredFiatCurrency { eur, usd };
 
 /// In the order of the settings choice.

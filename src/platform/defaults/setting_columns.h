@@ -12,6 +12,7 @@ namespace orvane {
 
 /// The texts given stay alive and unchanged until the statement has been stepped.
 void bindText(sqlite3_stmt* statement, int parameter, std::string_view text);
+/// Binds the type's name to `typeParameter` and the value to the next one.
 void bindSetting(sqlite3_stmt* statement, int typeParameter, const SettingValue& value);
 
 /// Nothing when the columns do not fit each other.

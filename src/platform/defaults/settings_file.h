@@ -7,6 +7,7 @@
 
 namespace orvane {
 
+/// A settings file in use, and what it held.
 struct OpenedSettings {
   SqliteConnection connection;  ///< nothing when no change can be kept
   SettingValues values;

@@ -30,6 +30,7 @@ using SqliteStatement = std::unique_ptr<sqlite3_stmt, SqliteFinalize>;
 /// Statements that give no rows, or whose rows nobody wants.
 int execute(sqlite3* connection, const std::string& sql);
 
+/// A statement that is ready to be stepped, or why it is none.
 struct PreparedSql {
   int code;
   SqliteStatement statement;  ///< nothing unless `code` is SQLITE_OK

@@ -14,6 +14,7 @@ namespace orvane {
 /// owner of a status item only.
 enum class ActivationPolicy { regular, accessory };
 
+/// What a key monitor wants done with a key: nobody else gets one that is swallowed.
 enum class KeyDecision { passOn, swallow };
 
 /// The running application as the desktop sees it. Main thread only.
@@ -29,6 +30,7 @@ class DesktopApplication {
   [[nodiscard]] virtual std::optional<DesktopEvent> currentEvent() const = 0;
 
   virtual void setActivationPolicy(ActivationPolicy policy) = 0;
+  /// Undoes the hiding of the whole application, on desktops that know such a thing.
   virtual void unhide() = 0;
   /// Brings the key window in front of other applications' windows.
   virtual void activateIgnoringOtherApps() = 0;

@@ -22,6 +22,7 @@ class WindowDelegate {
   virtual void windowDidDeminiaturize(DesktopWindow& window) = 0;
 };
 
+/// What observers of a window are told: after the fact, but for `willClose`.
 enum class WindowNotification { didBecomeKey, willClose, didMiniaturize, didDeminiaturize };
 
 /// One top-level window of the application.
@@ -50,6 +51,7 @@ class DesktopWindow {
 
   /// The window does not keep its delegate alive; without one it closes when asked.
   virtual void setDelegate(std::weak_ptr<WindowDelegate> delegate) = 0;
+  /// Tells `listener` of everything that happens to the window, until the registration goes.
   [[nodiscard]] virtual Registration observe(
       std::function<void(const WindowNotification&)> listener) = 0;
 };

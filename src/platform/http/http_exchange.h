@@ -15,12 +15,14 @@
 
 namespace orvane {
 
+/// The end of an answer as it came, a redirect too: following one is another exchange.
 struct HttpAnswer {
   int status = 0;
   std::string body;
   QUrl location;  ///< empty unless the answer is a redirect
 };
 
+/// When an exchange is given up, as `timedOut` or, for a body that is too long, as `other`.
 struct HttpExchangeLimits {
   ExecutorClock::duration idle{};  ///< gives up when nothing arrives for so long
   Instant end;                     ///< gives up then, whatever arrives

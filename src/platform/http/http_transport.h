@@ -9,17 +9,20 @@
 
 namespace orvane {
 
+/// One header, sent as it is given.
 struct HttpHeader {
   std::string name;
   std::string value;
 };
 
+/// What is asked: always a GET.
 struct HttpRequest {
   std::string url;                       ///< absolute, https
   std::vector<HttpHeader> headers = {};  ///< never sent to another origin than that of `url`
   std::chrono::seconds idleTimeout{60};  ///< gives up when nothing arrives for so long
 };
 
+/// An answer that arrived whole.
 struct HttpResponse {
   int status = 0;
   std::string body;

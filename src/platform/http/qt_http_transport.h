@@ -10,6 +10,7 @@
 
 namespace orvane {
 
+/// What a build or a test may want otherwise.
 struct QtHttpOptions {
   std::string extraCaFile;  ///< PEM, trusted beside the system's authorities; empty: none
   /// An answer that goes on arriving is given up after so long, redirects included, as `timedOut`.

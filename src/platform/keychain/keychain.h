@@ -14,11 +14,13 @@ struct KeychainQuery {
   std::optional<std::string> accessGroup = std::nullopt;  ///< nothing: any group
 };
 
+/// One item as it was found.
 struct KeychainItem {
   std::string data;                        ///< bytes, not necessarily text
   std::optional<std::string> accessGroup;  ///< nothing when the item carries none
 };
 
+/// How a write ended. `failed`: refused, locked, without a service, or cancelled.
 enum class KeychainStatus { success, itemNotFound, failed };
 
 /// Whether a call may ask the user: to unlock the keychain, or to make one where there is none yet.

@@ -6,6 +6,7 @@
 
 namespace orvane {
 
+/// `critical` is for rare news that the user should not miss.
 enum class NotificationSound { standard, critical };
 
 /// One notification, delivered at once. A later one with the same identifier replaces it.

@@ -15,6 +15,7 @@
 
 namespace orvane {
 
+/// What the application wants of its status item.
 struct BackgroundRuntimeOptions {
   std::string appName = "Orvane";  ///< begins the tooltip and describes the icon
   std::string statusImageName = "chart.line.uptrend.xyaxis";

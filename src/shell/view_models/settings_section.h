@@ -15,6 +15,8 @@ struct SettingsFieldState {
   bool operator==(const SettingsFieldState&) const = default;
 };
 
+/// The two fields as they stand, with `draft` typed into them: only a draft that says something new
+/// can be saved, only what is stored can be removed.
 [[nodiscard]] SettingsFieldState tokenFieldState(const BalanceState& state, std::string_view draft);
 [[nodiscard]] SettingsFieldState addressFieldState(const BalanceState& state,
                                                    std::string_view draft);

@@ -12,6 +12,7 @@
 
 namespace orvane {
 
+/// What the view is told once, when it is made.
 struct BalanceViewSettings {
   std::string poolWebHost;  ///< host of the pool's web site, for the account link
   Menu commands = {};       ///< see BalanceActions

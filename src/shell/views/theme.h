@@ -60,6 +60,7 @@ inline constexpr int helpSpacing = 18;
 inline constexpr int footerHeight = 52;
 inline constexpr int footerPadding = 22;
 
+/// What a text is to its reader; each has one font.
 enum class TextStyle {
   caption,
   captionSemibold,
@@ -81,6 +82,7 @@ enum class TextStyle {
 /// The font of a style. Sizes follow the desktop's own interface font.
 [[nodiscard]] QFont textFont(TextStyle style);
 
+/// Colours for text, readable on any of the window's grounds.
 enum class TextColor { primary, secondary, green, orange, red };
 
 [[nodiscard]] QColor textColor(TextColor color, const QPalette& palette);

@@ -10,7 +10,9 @@
 /// one asks for all.
 namespace orvane {
 
+/// One row: its label and shortcut, or that it is a separator, and whether it can be chosen.
 [[nodiscard]] QVariantMap rowProperties(const MenuItem& item, const QStringList& names);
+/// The same for the menu as a whole.
 [[nodiscard]] QVariantMap menuProperties(const QStringList& names);
 /// What a property counts as where it is not given.
 [[nodiscard]] QVariant defaultProperty(const QString& name);
