@@ -10,7 +10,8 @@ Task<SleepEnd> sleepUntil(Instant when) {
   Executor* const executor = context.executor;
   if (when <= executor->now()) co_return SleepEnd::elapsed;
 
-  CompletionAwaiter<SleepEnd>::Start start = [executor, when](Completion<SleepEnd> completion) {
+  CompletionAwaiter<SleepEnd>::Start start = [executor,
+                                              when](const Completion<SleepEnd>& completion) {
     const auto timer =
         executor->schedule(when, [completion] { completion.resolve(SleepEnd::elapsed); });
     return [executor, timer] { executor->cancel(timer); };
