@@ -34,8 +34,6 @@ ExplorerError errorOf(HttpFailure failure) {
   return {.kind = Kind::transport, .failure = failure};
 }
 
-bool isSuccess(int status) { return status >= 200 && status <= 299; }
-
 std::string addressPath(std::string_view address) { return "/address/" + percentEscaped(address); }
 
 }  // namespace
@@ -49,7 +47,7 @@ Task<Result<std::string>> WatchedAddressClient::fetchData(std::string path) {
   if (!answer) {
     co_return std::unexpected(errorOf(answer.error()));
   }
-  if (!isSuccess(answer->status)) {
+  if (!answer->isSuccess()) {
     co_return std::unexpected(ExplorerError{Kind::badServerResponse});
   }
   co_return std::move(answer->body);

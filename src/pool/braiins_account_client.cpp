@@ -56,7 +56,7 @@ std::expected<std::string, PoolError> bodyOf(HttpResult result) {
   if (result->status == 401 || result->status == 403) {
     return failure(Kind::userAuthenticationRequired);
   }
-  if (result->status < 200 || result->status > 299) {
+  if (!result->isSuccess()) {
     return failure(Kind::badServerResponse);
   }
   return std::move(result->body);

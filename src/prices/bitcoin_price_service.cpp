@@ -21,7 +21,7 @@ std::expected<std::string, PriceError> bodyOf(HttpResult result) {
   if (!result) {
     return std::unexpected(PriceError{.kind = Kind::transport, .failure = result.error()});
   }
-  if (result->status < 200 || result->status > 299) {
+  if (!result->isSuccess()) {
     return failure(Kind::badServerResponse);
   }
   return std::move(result->body);

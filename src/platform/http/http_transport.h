@@ -26,6 +26,8 @@ struct HttpRequest {
 struct HttpResponse {
   int status = 0;
   std::string body;
+
+  [[nodiscard]] bool isSuccess() const { return status >= 200 && status <= 299; }
 };
 
 /// Why an exchange brought no answer. A status of any kind is an answer, not a failure.
