@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 #include "prices/price_decoding.h"
 #include "prices/price_text.h"

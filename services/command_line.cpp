@@ -5,7 +5,6 @@
 #include <iterator>
 #include <optional>
 #include <string_view>
-#include <utility>
 
 #include <fmt/format.h>
 

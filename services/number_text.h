@@ -1,7 +1,6 @@
 #pragma once
 
 #include <charconv>
-#include <memory>
 #include <optional>
 #include <string_view>
 #include <system_error>

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <span>
 #include <utility>
 
 #include <poll.h>

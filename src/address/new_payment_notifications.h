@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <vector>
 
 #include "address/address_summary.h"
 #include "platform/async/executor.h"

@@ -1,6 +1,5 @@
 #include "address/explorer_decoding.h"
 
-#include <functional>
 #include <string>
 #include <vector>
 

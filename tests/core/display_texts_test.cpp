@@ -1,7 +1,6 @@
 #include "core/display_texts.h"
 
 #include <chrono>
-#include <cmath>
 #include <cstdint>
 #include <limits>
 

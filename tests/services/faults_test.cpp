@@ -1,4 +1,3 @@
-#include <thread>
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,6 @@
 #include <stdexcept>
 #include <string>
 #include <system_error>
-#include <vector>
 
 #include <stdlib.h>
 

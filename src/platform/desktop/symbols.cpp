@@ -7,7 +7,6 @@
 #include <QSvgRenderer>
 #include <algorithm>
 #include <cmath>
-#include <memory>
 
 // Q_INIT_RESOURCE declares a function of the global namespace.
 static void initSymbolResources() { Q_INIT_RESOURCE(symbols); }

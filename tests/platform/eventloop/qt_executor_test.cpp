@@ -1,6 +1,5 @@
 #include <QAbstractEventDispatcher>
 #include <ctime>
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "platform/eventloop/real_time.h"
 #include "platform/http/qt_http_transport.h"

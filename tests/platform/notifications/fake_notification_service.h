@@ -5,7 +5,6 @@
 #include <QObject>
 #include <QStringList>
 #include <QVariantMap>
-#include <deque>
 #include <vector>
 
 namespace orvane::test {

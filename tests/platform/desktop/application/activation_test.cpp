@@ -1,7 +1,5 @@
 #include "platform/desktop/qt/activation.h"
 
-#include <array>
-
 #include "platform/desktop/application/window_manager.h"
 #include "platform/desktop/qt/qt_desktop_application.h"
 

@@ -6,7 +6,6 @@
 #include <QStringList>
 #include <QVariantMap>
 #include <memory>
-#include <optional>
 
 #include "platform/desktop/status/bus/exported_object.h"
 #include "platform/desktop/status/bus/menu_types.h"

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <memory>
-
 #include <xcb/xcb.h>
 
 namespace orvane::test {

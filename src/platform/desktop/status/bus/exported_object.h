@@ -7,7 +7,6 @@
 #include <QVariantMap>
 #include <functional>
 #include <map>
-#include <optional>
 
 namespace orvane {
 

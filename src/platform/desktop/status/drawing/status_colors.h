@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QColor>
-#include <optional>
 
 #include "platform/desktop/status_item.h"
 
