@@ -58,12 +58,12 @@ def token_is_entered_and_kept(program):
     reader.write("Braiins API token", f" {TOKEN} ")
     reader.press("Save", "Braiins API token")
     reader.wait_for_figure(POOL_BALANCE, r"[\d,]+ sats")
-    items = output_of("secret-tool", "search", "--all", "service", "com.quorvex.hashwick.pool")
+    search = ("secret-tool", "search", "--all", "service", "com.quorvex.hashwick.pool")
+    # The figure does not wait for the keyring.
+    items = wait_for("the token in the keyring", lambda: output_of(*search))
     assert items.count("[/") == 1, items
     assert f"secret = {TOKEN}\n" in items, "the token is not what was kept"
-    kept = subprocess.run(
-        ["secret-tool", "search", "--all", "service", "com.quorvex.hashwick.pool"],
-        capture_output=True, text=True, check=True)
+    kept = subprocess.run(search, capture_output=True, text=True, check=True)
     attributes = kept.stdout + kept.stderr
     for attribute in ("account = braiins-api-token",
                       "access-group = TEAM.com.quorvex.hashwick.shared"):
