@@ -21,9 +21,9 @@ template <class Record>
     return std::nullopt;
   }
   JsonMatch match;
-  std::optional<Record> record = read(document->root(), match);
+  Record record = read(document->root(), match);
   if (match.failed()) {
-    record.reset();
+    return std::nullopt;
   }
   return record;
 }
