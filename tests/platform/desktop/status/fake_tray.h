@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include <xcb/xcb.h>
 
 namespace orvane::test {
