@@ -1,6 +1,7 @@
 #include "core/display_texts.h"
 
 #include <chrono>
+#include <cmath>
 #include <cstdint>
 #include <limits>
 
