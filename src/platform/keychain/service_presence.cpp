@@ -7,7 +7,6 @@
 namespace orvane {
 namespace {
 
-constexpr auto serviceName = "org.freedesktop.secrets";
 using Connection = GRef<GDBusConnection>;
 
 Task<Connection> sessionBus() {
@@ -44,7 +43,7 @@ Task<bool> secretServiceIsPresent() {
   const Connection bus = co_await sessionBus();
   if (!bus) co_return false;
 
-  const GVariantRef owner = co_await askBus(bus, "NameHasOwner", serviceName);
+  const GVariantRef owner = co_await askBus(bus, "NameHasOwner", secretServiceName);
   gboolean isOwned = FALSE;
   if (owner) g_variant_get(owner.get(), "(b)", &isOwned);
   if (isOwned != FALSE) co_return true;
@@ -53,7 +52,7 @@ Task<bool> secretServiceIsPresent() {
   if (!names) co_return false;
   const GVariantRef list(g_variant_get_child_value(names.get(), 0));
   const GOwned<char*, g_strfreev> texts(g_variant_dup_strv(list.get(), nullptr));
-  co_return g_strv_contains(texts.get(), serviceName) != FALSE;
+  co_return g_strv_contains(texts.get(), secretServiceName) != FALSE;
 }
 
 }  // namespace orvane

@@ -3,6 +3,7 @@
 #include <libsecret/secret.h>
 
 #include "platform/keychain/glib_call.h"
+#include "platform/keychain/service_watch.h"
 
 namespace orvane {
 namespace {
@@ -16,9 +17,7 @@ using ListOfObjects = GOwned<GList, g_list_free>;
 /// The name that key managers show; the one that other programs give it as well.
 constexpr auto collectionLabel = "Default keyring";
 
-}  // namespace
-
-Task<void> askToUnlock(std::vector<GRef<GDBusProxy>> objects) {
+Task<bool> unlock(std::vector<GRef<GDBusProxy>> objects) {
   GlibBegin begin = [&](GCancellable*, GAsyncReadyCallback callback, gpointer data) {
     GList* list = nullptr;
     for (const GRef<GDBusProxy>& object : objects)
@@ -29,10 +28,10 @@ Task<void> askToUnlock(std::vector<GRef<GDBusProxy>> objects) {
   const GlibFinish<bool> finish = [](GObject*, GAsyncResult* result) {
     return secret_service_unlock_finish(nullptr, result, nullptr, nullptr) > 0;
   };
-  co_await glibCall(std::move(begin), finish);
+  co_return co_await glibCall(std::move(begin), finish);
 }
 
-Task<void> askForDefaultCollection() {
+Task<bool> createDefaultCollection() {
   GlibBegin begin = [](GCancellable*, GAsyncReadyCallback callback, gpointer data) {
     secret_collection_create(nullptr, collectionLabel, SECRET_COLLECTION_DEFAULT,
                              SECRET_COLLECTION_CREATE_NONE, nullptr, callback, data);
@@ -42,7 +41,19 @@ Task<void> askForDefaultCollection() {
         GRef<SecretCollection>::adopt(secret_collection_create_finish(result, nullptr));
     return static_cast<bool>(created);
   };
-  co_await glibCall(std::move(begin), finish);
+  co_return co_await glibCall(std::move(begin), finish);
+}
+
+}  // namespace
+
+Task<void> askToUnlock(std::vector<GRef<GDBusProxy>> objects) {
+  Task<bool> question = unlock(std::move(objects));
+  co_await endingWithService(std::move(question));
+}
+
+Task<void> askForDefaultCollection() {
+  Task<bool> question = createDefaultCollection();
+  co_await endingWithService(std::move(question));
 }
 
 }  // namespace orvane

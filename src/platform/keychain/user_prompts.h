@@ -8,8 +8,8 @@
 namespace orvane {
 
 // What the service asks the user about, in a dialog of its own. Each ends when the user has
-// answered; cancelling ends the waiting and leaves the dialog. Whether anything has come of it
-// shows when the items or the collection are looked for again.
+// answered or the service is gone; cancelling ends the waiting and leaves the dialog. Whether
+// anything has come of it shows when the items or the collection are looked for again.
 
 /// An item or a collection, for a prompt about it.
 template <class T>

@@ -178,5 +178,16 @@ TEST_F(PromptTest, ARefusedWriteHasFailedAndIsNotAskedAgain) {
   EXPECT_EQ(Prompter::window(), "");
 }
 
+// Ends the service of the session, so it comes last.
+TEST_F(PromptTest, AServiceThatEndsWhileItAsksHoldsNobodyUp) {
+  beginToRead();
+  outputOf(
+      "kill -9 $(gdbus call --session --dest org.freedesktop.DBus --object-path "
+      "/org/freedesktop/DBus --method org.freedesktop.DBus.GetConnectionUnixProcessID "
+      "org.freedesktop.secrets | tr -dc '0-9 ' | cut -d' ' -f2)");
+  EXPECT_TRUE(letPassUntil([this] { return reading.finished(); }));
+  EXPECT_FALSE(item);
+}
+
 }  // namespace
 }  // namespace orvane::test
