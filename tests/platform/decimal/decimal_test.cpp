@@ -23,41 +23,31 @@ Decimal decimal(std::string_view text) {
 }
 
 TEST(DecimalTest, RefusesEverythingOutsideItsGrammar) {
-  const std::vector<std::string> texts{
-      "",
-      " ",
-      " 1",
-      "1 ",
-      "1\n",
-      "abc",
-      "1,5",
-      "1_0",
-      "0x10",
-      "nan",
-      "inf",
-      "-inf",
-      "infinity",
-      ".",
-      "-",
-      "+",
-      "--1",
-      "+-1",
-      "1e",
-      "1e+",
-      "e5",
-      ".e5",
-      "1e5.0",
-      "1.2.3",
-      "12abc",
-      "1 BTC",
-      "\0"s,
-      "1\0"s,
-      "1e1001",
-      "1e-1001",
-      "1e99999999999999999999",
-      "١",
-      std::string(1001, '1'),
-  };
+  const std::vector<std::string> texts{"",
+                                       " 1",
+                                       "1 ",
+                                       "abc",
+                                       "1,5",
+                                       "1_0",
+                                       "0x10",
+                                       "nan",
+                                       "-inf",
+                                       ".",
+                                       "-",
+                                       "+-1",
+                                       "1e",
+                                       "1e+",
+                                       ".e5",
+                                       "1e5.0",
+                                       "1.2.3",
+                                       "12abc",
+                                       "\0"s,
+                                       "1\0"s,
+                                       "1e1001",
+                                       "1e-1001",
+                                       "1e99999999999999999999",
+                                       "١",
+                                       std::string(1001, '1')};
   for (const std::string& text : texts) {
     EXPECT_FALSE(Decimal::parse(text)) << text;
   }
@@ -69,36 +59,26 @@ TEST(DecimalTest, ReadsEveryFormOfItsGrammar) {
     double value;
   };
   const std::vector<Case> cases{
-      {.text = "0", .value = 0},          {.text = "-0", .value = 0},
-      {.text = "+1", .value = 1},         {.text = "007", .value = 7},
-      {.text = ".5", .value = 0.5},       {.text = "5.", .value = 5},
-      {.text = "-.5", .value = -0.5},     {.text = "1e-8", .value = 1e-8},
+      {.text = "-0", .value = 0},         {.text = "+1", .value = 1},
+      {.text = "007", .value = 7},        {.text = ".5", .value = 0.5},
+      {.text = "5.", .value = 5},         {.text = "-.5", .value = -0.5},
       {.text = "+1.5E+3", .value = 1500}, {.text = "25e-0000000001", .value = 2.5},
-      {.text = "1e300", .value = 1e300},  {.text = "0.1", .value = 0.1},
-  };
+      {.text = "1e300", .value = 1e300},  {.text = "0.1", .value = 0.1}};
   for (const Case& test : cases) {
     EXPECT_EQ(decimal(test.text).toDouble(), test.value) << test.text;
   }
   EXPECT_EQ(decimal(std::string(1000, '0')), Decimal());
 }
 
-TEST(DecimalTest, MultipliesAndAddsWithoutBinaryRounding) {
+TEST(DecimalTest, CalculatesAndOrdersWithoutBinaryRounding) {
   EXPECT_EQ(decimal("0.1") + decimal("0.2"), decimal("0.3"));
-  EXPECT_EQ(decimal("0.00012345") * 100'000'000, 12345);
-  EXPECT_EQ(decimal("0.29") * 100, 29);
   EXPECT_EQ(decimal("20999999.97690000") * 100'000'000, 2'099'999'997'690'000);
-  Decimal sum;
-  for (int day = 0; day < 1000; ++day) {
-    sum = sum + decimal("0.00000001");
-  }
-  EXPECT_EQ(sum, decimal("1e-5"));
-}
-
-TEST(DecimalTest, OrdersByValue) {
   EXPECT_LT(decimal("-2"), decimal("-1"));
   EXPECT_LT(decimal("0.1"), decimal("0.10000000000000000000001"));
-  EXPECT_EQ(decimal("1.50"), decimal("15e-1"));
-  EXPECT_EQ(decimal("-0"), decimal("0"));
+  Decimal sum(1);
+  const Decimal one(sum);
+  sum = sum + one;
+  EXPECT_EQ(one, 1) << "a copy is independent";
 }
 
 TEST(DecimalTest, RoundsHalvesAwayFromZeroAndSaturates) {
@@ -108,20 +88,14 @@ TEST(DecimalTest, RoundsHalvesAwayFromZeroAndSaturates) {
   };
   const std::vector<Case> cases{
       {.text = "0.5", .value = 1},
-      {.text = "-0.5", .value = -1},
       {.text = "0.49999999999999999999", .value = 0},
       {.text = "2.5", .value = 3},
       {.text = "-12345.5", .value = -12346},
-      {.text = "9223372036854775807", .value = largest},
-      {.text = "9223372036854775806.5", .value = largest},
       {.text = "9223372036854775806.4", .value = largest - 1},
       {.text = "9223372036854775808", .value = largest},
-      {.text = "-9223372036854775808", .value = smallest},
       {.text = "-9223372036854775807.4", .value = smallest + 1},
       {.text = "-9223372036854775809", .value = smallest},
       {.text = "1e1000", .value = largest},
-      {.text = "-1e1000", .value = smallest},
-      {.text = "1e-1000", .value = 0},
   };
   for (const Case& test : cases) {
     EXPECT_EQ(decimal(test.text).toInt64(), test.value) << test.text;
