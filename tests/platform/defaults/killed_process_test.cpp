@@ -16,14 +16,11 @@ namespace {
 class KilledProcessTest : public SettingsFileTest {
  protected:
   /// Writes number after number, reporting each that is written, for ever.
-  [[noreturn]] void writeForEver(int start, int report) const {
-    SqliteDefaults defaults(file);
-    for (int number = start;; ++number) {
+  [[noreturn]] void writeForEver(int number, int report) const {
+    for (SqliteDefaults defaults(file);; ++number) {
       const std::string text = std::to_string(number);
-      const std::vector<std::string> copies(1 + number % 300, text);
-      defaults.setTexts("copies", copies);
+      defaults.setTexts("copies", std::vector<std::string>(1 + number % 300, text));
       defaults.setText("number", text);
-      defaults.setBoolean("even", number % 2 == 0);
       if (::write(report, &number, sizeof number) != sizeof number) ::_exit(1);
     }
   }
@@ -54,15 +51,13 @@ TEST_F(KilledProcessTest, EveryFinishedWriteIsThereAndNoHalfOne) {
   for (int round = 0; round < 30; ++round) {
     last = lastReportOfKilledProcess(last + 1, 1 + round * 7);
     const SqliteDefaults defaults(file);
-    ASSERT_TRUE(defaults.text("number"));
-    const int number = std::stoi(*defaults.text("number"));
+    const int number = std::stoi(defaults.text("number").value());
     EXPECT_GE(number, last);
     EXPECT_LE(number, last + 1);
     const std::vector<std::string> copies = defaults.texts("copies").value();
-    const int copied = std::stoi(copies.front());
-    EXPECT_GE(copied, number);
-    EXPECT_EQ(copies, std::vector<std::string>(1 + copied % 300, copies.front()));
-    last = copied;
+    last = std::stoi(copies.front());
+    EXPECT_GE(last, number);
+    EXPECT_EQ(copies, std::vector<std::string>(1 + last % 300, copies.front()));
   }
   EXPECT_THAT(files(), testing::ElementsAre("settings.sqlite"));
 }
