@@ -3,12 +3,11 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusMetaType>
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <chrono>
 #include <csignal>
-#include <stdexcept>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -21,39 +20,25 @@ namespace {
 
 const QString serviceName = QStringLiteral("org.freedesktop.Notifications");
 
-constexpr const char* busConfiguration = R"(<!DOCTYPE busconfig PUBLIC
- "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
- "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
-<busconfig>
-  <type>session</type>
-  <listen>unix:dir=%1</listen>
-  <servicedir>%1</servicedir>
-  <policy context="default">
-    <allow send_destination="*" eavesdrop="true"/>
-    <allow eavesdrop="true"/>
-    <allow own="*"/>
-  </policy>
-</busconfig>
-)";
-
-constexpr const char* serviceFile = R"([D-BUS Service]
-Name=org.freedesktop.Notifications
-Exec=/usr/bin/dunst -conf %1/dunstrc
-)";
-
-/// A session bus whose one service is the notification daemon; it ends with the object.
+/// A session bus that starts the notification daemon when it is needed; it ends with the object.
 class BusWithDaemon {
  public:
   BusWithDaemon() {
-    write("bus.conf", busConfiguration);
-    write("daemon.service", serviceFile);
-    write("dunstrc", "[global]\nmarkup = full\n");
-    bus_.start(QStringLiteral("dbus-daemon"),
-               {QStringLiteral("--config-file=") + folder_.filePath(QStringLiteral("bus.conf")),
-                QStringLiteral("--nofork"), QStringLiteral("--print-address")});
-    if (!bus_.waitForReadyRead()) {
-      throw std::runtime_error("the bus does not start");
-    }
+    const QString services = folder_.filePath(QStringLiteral("dbus-1/services"));
+    QDir().mkpath(services);
+    write(folder_.filePath(QStringLiteral("dunstrc")), "[global]\nmarkup = full\n");
+    write(services + QStringLiteral("/daemon.service"),
+          QStringLiteral("[D-BUS Service]\nName=%1\nExec=/usr/bin/dunst -conf %2/dunstrc\n")
+              .arg(serviceName, folder_.path())
+              .toUtf8());
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_DATA_HOME"), folder_.path());
+    bus_.setProcessEnvironment(environment);
+    bus_.start(
+        QStringLiteral("dbus-daemon"),
+        {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address"),
+         QStringLiteral("--address=unix:dir=") + folder_.path()});
+    EXPECT_TRUE(bus_.waitForReadyRead()) << "the bus does not start";
     address_ = QString::fromUtf8(bus_.readLine()).trimmed();
   }
   BusWithDaemon(const BusWithDaemon&) = delete;
@@ -66,13 +51,10 @@ class BusWithDaemon {
   [[nodiscard]] const QString& address() const { return address_; }
 
  private:
-  void write(const char* name, const char* content) const {
-    QFile file(folder_.filePath(QString::fromLatin1(name)));
-    const QString text = QString::fromLatin1(content);
-    if (!file.open(QIODevice::WriteOnly)) {
-      throw std::runtime_error("no file for the bus");
-    }
-    file.write((text.contains(QStringLiteral("%1")) ? text.arg(folder_.path()) : text).toUtf8());
+  static void write(const QString& path, const QByteArray& content) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
   }
 
   QTemporaryDir folder_;
