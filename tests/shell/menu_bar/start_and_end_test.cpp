@@ -15,22 +15,14 @@ class LaunchPresentationTest : public testing::Test {
   LaunchPresentation presentation{executor, application, "Orvane"};
 };
 
-const CallLog presented{"policy regular", "unhide", "Orvane: order front", "activate"};
-
-TEST_F(LaunchPresentationTest, PresentsAWindowThatIsThere) {
-  application.addWindow("Orvane Help");
-  application.addWindow("Orvane");
-  presentation.presentMainWindow();
-  EXPECT_EQ(log, presented);
-}
-
 TEST_F(LaunchPresentationTest, FindsAWindowThatComesWithinTheLastRetry) {
+  application.addWindow("Orvane Help");
   presentation.presentMainWindow();
   executor.advance(999ms);
   application.addWindow("Orvane");
   EXPECT_EQ(log, CallLog());
   executor.advance(1ms);
-  EXPECT_EQ(log, presented);
+  EXPECT_EQ(log, (CallLog{"policy regular", "unhide", "Orvane: order front", "activate"}));
   EXPECT_EQ(executor.pendingTimers(), 0U);
 }
 
@@ -38,9 +30,6 @@ TEST_F(LaunchPresentationTest, GivesUpSilentlyAfterTenRetries) {
   presentation.presentMainWindow();
   executor.advance(1s);
   EXPECT_EQ(executor.pendingTimers(), 0U);
-  application.addWindow("Orvane");
-  executor.advance(1h);
-  EXPECT_EQ(log, CallLog());
 }
 
 class OrderlyExitTest : public testing::Test {
