@@ -1,7 +1,11 @@
 #include "fake_tray.h"
 
-#include <algorithm>
-#include <vector>
+#include <QGuiApplication>
+#include <QPixmap>
+#include <QProcess>
+#include <QScreen>
+
+#include <gtest/gtest.h>
 
 #include "platform/desktop/status/xembed/x_properties.h"
 
@@ -10,20 +14,7 @@ namespace {
 
 constexpr int panelWidth = 400;
 constexpr int panelHeight = 30;
-constexpr std::uint32_t colorPlanes = 0xffffff;
-
-std::vector<std::uint32_t> pixels(xcb_connection_t* connection, xcb_window_t window, int width,
-                                  int height) {
-  const auto request =
-      xcb_get_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, window, 0, 0,
-                    static_cast<std::uint16_t>(width), static_cast<std::uint16_t>(height), ~0U);
-  const XReply<xcb_get_image_reply_t> reply(xcb_get_image_reply(connection, request, nullptr));
-  if (!reply) return {};
-  const auto* const first = reinterpret_cast<const std::uint32_t*>(xcb_get_image_data(reply.get()));
-  std::vector<std::uint32_t> values(first, first + static_cast<std::ptrdiff_t>(width) * height);
-  std::ranges::for_each(values, [](std::uint32_t& value) { value &= colorPlanes; });
-  return values;
-}
+constexpr int margin = 4;
 
 }  // namespace
 
@@ -68,44 +59,24 @@ void FakeTray::handleEvents() {
 
 void FakeTray::takeIn(xcb_window_t icon) {
   icon_ = icon;
-  xcb_reparent_window(connection_, icon, panel_, 4, 4);
+  xcb_reparent_window(connection_, icon, panel_, margin, margin);
   const std::uint32_t height = slotHeight;
   xcb_configure_window(connection_, icon, XCB_CONFIG_WINDOW_HEIGHT, &height);
   xcb_map_window(connection_, icon);
   xcb_flush(connection_);
 }
 
-int FakeTray::iconWidth() const { return areaOnScreen(connection_, icon_).width(); }
-
-std::uint32_t FakeTray::cornerPixel() const {
-  const auto all = pixels(connection_, icon_, iconWidth(), slotHeight);
-  return all.empty() ? 0 : all.front();
+QImage FakeTray::picture() const {
+  if (icon_ == XCB_WINDOW_NONE) return {};
+  return QGuiApplication::primaryScreen()->grabWindow(icon_).toImage();
 }
 
-int FakeTray::drawnPercent() const {
-  const auto all = pixels(connection_, icon_, iconWidth(), slotHeight);
-  if (all.empty()) return 0;
-  const auto drawn =
-      std::ranges::count_if(all, [&](std::uint32_t value) { return value != all.front(); });
-  return static_cast<int>(100 * static_cast<std::size_t>(drawn) / all.size());
-}
-
-void FakeTray::click(int button) const {
-  xcb_button_press_event_t event{};
-  event.detail = static_cast<xcb_button_t>(button);
-  event.root = screen_->root;
-  event.event = icon_;
-  event.root_x = event.root_y = 10;
-  event.event_x = event.event_y = 6;
-  event.same_screen = 1;
-  event.response_type = XCB_BUTTON_PRESS;
-  xcb_send_event(connection_, 0, icon_, XCB_EVENT_MASK_BUTTON_PRESS,
-                 reinterpret_cast<const char*>(&event));
-  event.response_type = XCB_BUTTON_RELEASE;
-  event.state = static_cast<std::uint16_t>(XCB_KEY_BUT_MASK_BUTTON_1 << (button - 1));
-  xcb_send_event(connection_, 0, icon_, XCB_EVENT_MASK_BUTTON_RELEASE,
-                 reinterpret_cast<const char*>(&event));
-  xcb_flush(connection_);
+void FakeTray::click(int button) {
+  const auto place = QString::number(2 * margin);
+  EXPECT_EQ(QProcess::execute(QStringLiteral("xdotool"),
+                              {QStringLiteral("mousemove"), place, place, QStringLiteral("click"),
+                               QString::number(button)}),
+            0);
 }
 
 }  // namespace orvane::test

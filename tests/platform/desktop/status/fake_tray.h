@@ -20,14 +20,10 @@ class FakeTray {
 
   /// Handles what the X server sent since the last call.
   void handleEvents();
-  /// 0 until a window asked to be taken in.
-  [[nodiscard]] xcb_window_t icon() const { return icon_; }
-  [[nodiscard]] int iconWidth() const;
-  /// The pixel of the panel where the icon has its corner, and the share of pixels of the icon
-  /// that differ from it, in percent.
-  [[nodiscard]] std::uint32_t cornerPixel() const;
-  [[nodiscard]] int drawnPercent() const;
-  void click(int button) const;
+  /// The icon as it stands on the screen; null until a window asked to be taken in.
+  [[nodiscard]] QImage picture() const;
+  /// Clicks on the icon with the pointer.
+  static void click(int button);
 
  private:
   [[nodiscard]] xcb_atom_t atom(const char* name) const;

@@ -1,4 +1,6 @@
 #include <string>
+#include <string_view>
+#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -10,91 +12,53 @@
 namespace orvane::test {
 namespace {
 
-struct Surroundings {
-  std::string name;
-  TrayFacts facts;
-  Presentation expected;
-};
-
-constexpr bool yes = true;
-
-const std::vector<Surroundings> surroundings{
-    {"GNOME with its extension",
-     {.desktopNames = {"ubuntu", "GNOME"}, .notifierWatcher = yes, .notifierHost = yes},
-     Presentation::labelBesideSymbol},
-    {"GNOME without any host yet", {.desktopNames = {"GNOME"}}, Presentation::labelBesideSymbol},
-    {"MATE's indicator applet",
-     {.desktopNames = {"MATE"},
-      .notifierWatcher = yes,
-      .notifierHost = yes,
-      .indicatorService = yes},
-     Presentation::wideFile},
-    {"MATE's notification area, which is an old tray too",
-     {.desktopNames = {"MATE"}, .notifierWatcher = yes, .notifierHost = yes, .trayManager = yes},
-     Presentation::widePixmap},
-    {"MATE before its panel", {.desktopNames = {"MATE"}}, Presentation::widePixmap},
-    {"sway with waybar",
-     {.desktopNames = {"sway"}, .notifierWatcher = yes, .notifierHost = yes},
-     Presentation::widePixmap},
-    {"Hyprland", {.desktopNames = {"Hyprland"}, .notifierWatcher = yes}, Presentation::widePixmap},
-    {"Xfce on X11",
-     {.desktopNames = {"XFCE"}, .notifierWatcher = yes, .notifierHost = yes, .trayManager = yes},
-     Presentation::dockedWide},
-    {"Xfce whose tray refused the window",
-     {.desktopNames = {"XFCE"},
-      .notifierWatcher = yes,
-      .notifierHost = yes,
-      .trayManager = yes,
-      .dockingFailed = yes},
-     Presentation::square},
-    {"Xfce on Wayland",
-     {.desktopNames = {"XFCE"}, .notifierWatcher = yes, .notifierHost = yes},
-     Presentation::square},
-    {"Plasma",
-     {.desktopNames = {"KDE"}, .notifierWatcher = yes, .notifierHost = yes, .trayManager = yes},
-     Presentation::square},
-    {"LXQt",
-     {.desktopNames = {"LXQt"}, .notifierWatcher = yes, .notifierHost = yes},
-     Presentation::square},
-    {"an old tray alone", {.trayManager = yes}, Presentation::dockedSquare},
-    {"an old tray beside a watcher whose host is gone",
-     {.notifierWatcher = yes, .trayManager = yes},
-     Presentation::dockedSquare},
-    {"nothing at all", {}, Presentation::square},
-};
-
-TEST(Presentation, SuitsTheHostThatWillDrawIt) {
-  for (const auto& [name, facts, expected] : surroundings) {
-    EXPECT_EQ(choosePresentation(facts), expected) << name;
-  }
+/// A desktop where there are a watcher (w), a host (h), an indicator service (i) and an old tray
+/// (t); the tray did not take the window in (f).
+TrayFacts on(const char* desktop, std::string_view services) {
+  return {.desktopNames = desktopNames(desktop),
+          .notifierWatcher = services.contains('w'),
+          .notifierHost = services.contains('h'),
+          .indicatorService = services.contains('i'),
+          .trayManager = services.contains('t'),
+          .dockingFailed = services.contains('f')};
 }
 
-TEST(Presentation, ReadsEveryNameOfTheDesktop) {
-  EXPECT_EQ(desktopNames("ubuntu:GNOME"), (std::vector<std::string>{"ubuntu", "GNOME"}));
-  EXPECT_TRUE(desktopNames("").empty());
+TEST(Presentation, SuitsTheHostThatWillDrawIt) {
+  const std::vector<std::tuple<const char*, const char*, Presentation>> cases{
+      {"ubuntu:GNOME", "wh", Presentation::labelBesideSymbol},
+      {"GNOME", "", Presentation::labelBesideSymbol},
+      {"MATE", "whi", Presentation::wideFile},
+      {"MATE", "wht", Presentation::widePixmap},
+      {"MATE", "", Presentation::widePixmap},
+      {"sway", "wh", Presentation::widePixmap},
+      {"Hyprland", "w", Presentation::widePixmap},
+      {"XFCE", "wht", Presentation::dockedWide},
+      {"XFCE", "whtf", Presentation::square},
+      {"XFCE", "wh", Presentation::square},
+      {"KDE", "wht", Presentation::square},
+      {"", "t", Presentation::dockedSquare},
+      {"", "wt", Presentation::dockedSquare},
+      {"", "", Presentation::square},
+  };
+  for (const auto& [desktop, services, expected] : cases) {
+    EXPECT_EQ(choosePresentation(on(desktop, services)), expected) << desktop << ' ' << services;
+  }
 }
 
 TEST(ShortFigure, KeepsTheLeadingDigitsOfTheFirstFigure) {
   const std::vector<std::pair<const char*, const char*>> cases{
-      {"0 sats", "0"},
       {"9,999 sats", "9999"},
-      {"12,345 sats", "12k"},
       {"12.345 sats", "12k"},
       {"١٢٬٣٤٥ sats", "12k"},
-      {"999,999 sats", "999k"},
       {"1,999,999 sats", "1.9M"},
       {"2,100,000,000,000,000 sats", "2.1P"},
       {"-12,345 sats", "-12k"},
       {"203 | 0 sats", "203"},
       {"0.00000000 BTC", "0"},
       {"0.00000001 BTC", ".01µ"},
-      {"0.00000123 BTC", "1.2µ"},
       {"0.00012345 | 1.00000000 BTC", "123µ"},
       {"0.01234567 BTC", ".012"},
-      {"1.50000000 BTC", "1.50"},
       {"12.34567890 BTC", "12.3"},
-      {"123.45678901 BTC", "123"},
-      {"12.3 TH", "12.3"},
       {"", ""},
   };
   for (const auto& [text, expected] : cases) {
