@@ -43,7 +43,7 @@ TEST_F(WindowsTest, AreListedInTheOrderOfTheirCreationWhetherShownOrNot) {
   EXPECT_TRUE(help.isVisible());
 }
 
-TEST_F(WindowsTest, AskTheirDelegateWhenTheWindowManagerClosesThem) {
+TEST_F(WindowsTest, AskTheirDelegateWhenTheWindowManagerClosesThemAndCanBeShownAgain) {
   window.setDelegate(delegate);
   bringUp();
   closeByWindowManager(widget);
@@ -55,12 +55,6 @@ TEST_F(WindowsTest, AskTheirDelegateWhenTheWindowManagerClosesThem) {
   closeByWindowManager(widget);
   ASSERT_TRUE(QTest::qWaitFor([this] { return !window.isVisible(); }));
   EXPECT_EQ(told.back(), WindowNotification::willClose);
-}
-
-TEST_F(WindowsTest, CloseWhenNobodyRefusesAndCanBeShownAgain) {
-  bringUp();
-  window.performClose();
-  EXPECT_FALSE(window.isVisible());
   bringUp();
   EXPECT_TRUE(window.isKeyWindow());
 }
@@ -83,28 +77,16 @@ TEST_F(WindowsTest, KeepPlaceSizeTextAndFocusWhileHidden) {
   EXPECT_EQ(field.text(), QStringLiteral("half a tok"));
 }
 
-TEST_F(WindowsTest, TellWhenTheyAreMinimisedAndRestoredByWhomever) {
+TEST_F(WindowsTest, TellWhenTheyAreMinimisedByWhomeverAndComeBackWhole) {
   window.setDelegate(delegate);
   bringUp();
   xdotool({QStringLiteral("windowminimize"), windowId(widget)});
   ASSERT_TRUE(QTest::qWaitFor([this] { return window.isMiniaturized(); }));
   EXPECT_FALSE(window.isVisible());
-  window.deminiaturize();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&widget));
-  EXPECT_EQ(delegate->heard, (std::vector<std::string>{"minimised", "restored"}));
-  EXPECT_TRUE(window.isVisible());
-}
-
-TEST_F(WindowsTest, ComeBackFromMinimisedWhenTheyAreOrderedFront) {
-  bringUp();
-  window.miniaturize();
-  QTest::qWait(50);
   window.makeKeyAndOrderFront();
   ASSERT_TRUE(QTest::qWaitFor([this] { return window.isKeyWindow(); }));
-}
+  EXPECT_EQ(delegate->heard, (std::vector<std::string>{"minimised", "restored"}));
 
-TEST_F(WindowsTest, ThatAreMinimisedWhenHiddenComeBackWhole) {
-  bringUp();
   window.miniaturize();
   QTest::qWait(50);
   window.deminiaturize();
