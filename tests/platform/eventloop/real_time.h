@@ -3,16 +3,13 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <chrono>
-#include <list>
 #include <memory>
 #include <optional>
 #include <stdexcept>
 #include <utility>
-#include <vector>
 
 #include <gtest/gtest.h>
 
-#include "platform/async/child_task.h"
 #include "platform/async/task_scope.h"
 #include "platform/eventloop/qt_executor.h"
 
@@ -28,21 +25,6 @@ Task<void> keepResult(Task<T> task, std::optional<T>& result, QEventLoop& loop) 
 }
 
 }  // namespace detail
-
-/// Runs all tasks side by side to their ends.
-template <class T>
-Task<std::vector<T>> allOf(std::vector<Task<T>> tasks) {
-  const TaskContext context = co_await currentContext();
-  std::list<ChildTask<T>> children;
-  for (Task<T>& task : tasks)
-    children.emplace_back(context, std::move(task));
-  std::vector<T> results;
-  for (ChildTask<T>& child : children) {
-    T result = co_await child.result();
-    results.push_back(std::move(result));
-  }
-  co_return results;
-}
 
 /// Qt's event loop and the real executor, for tests of real parts; time is as it is.
 class RealTime {
