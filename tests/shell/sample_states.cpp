@@ -1,7 +1,9 @@
 #include "shell/sample_states.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
+#include <string_view>
 
 #include <fmt/format.h>
 
@@ -36,12 +38,6 @@ std::vector<WatchedAddressTransaction> blockRewards() {
           {.txid = "d", .sats = 312'604'177, .isCoinbase = true, .blockHeight = 870'400}};
 }
 
-template <typename Change>
-NamedState variant(std::string name, BalanceState state, Change change) {
-  change(state);
-  return {.name = std::move(name), .state = std::move(state)};
-}
-
 BalanceState withLongTexts() {
   auto state = everything();
   state.unit = BalanceUnit::btc;
@@ -57,28 +53,6 @@ BalanceState withLongTexts() {
       "Braiins refused the token. Create a read-only token under Settings → Access Profiles and "
       "save it below. The next attempt follows in 5 minutes.";
   return state;
-}
-
-std::vector<NamedState> failureStates() {
-  return {variant("failures", everything(), [](BalanceState& state) {
-    state.accountStatus = "Braiins did not answer. Next attempt in 5 minutes.";
-    state.addressStatus = "Chainpeek could not be reached. Next attempt in 10 minutes.";
-    state.historyStatus = "The history could not be loaded: no connection.";
-  })};
-}
-
-std::vector<NamedState> historyStates() {
-  return {variant("history-loading", poolAccount(),
-                  [](BalanceState& state) {
-                    state.isLoadingHistory = true;
-                    state.isRefreshing = true;
-                  }),
-          variant("history-failed", poolAccount(),
-                  [](BalanceState& state) {
-                    state.historyStatus = "The history could not be loaded: no connection.";
-                  }),
-          variant("history-loaded", poolAccount(),
-                  [](BalanceState& state) { state.history = manyDays(365); })};
 }
 
 }  // namespace
@@ -147,23 +121,29 @@ std::vector<BraiinsHistoryDay> manyDays(int count) {
 }
 
 std::vector<NamedState> namedStates() {
-  std::vector<NamedState> states{
-      {.name = "nothing", .state = {}},
-      variant("pool-loading", {}, [](BalanceState& state) { state.token = "sample-token"; }),
-      {.name = "pool", .state = poolAccount()},
-      variant("pool-no-workers", poolAccount(), [](BalanceState& state) { state.workers.clear(); }),
-      {.name = "address", .state = watchedAddress()},
-      variant("address-loading", {},
-              [](BalanceState& state) { state.watchedAddress = sampleAddress; }),
-      {.name = "both", .state = everything()},
-      {.name = "long-texts", .state = withLongTexts()},
-      variant("ten-thousand-workers", everything(),
-              [](BalanceState& state) { state.workers = manyWorkers(10'000); })};
-  for (auto* more : {+failureStates, +historyStates}) {
-    for (auto& state : more()) {
-      states.push_back(std::move(state));
-    }
-  }
+  std::vector<NamedState> states{{"nothing", {}},
+                                 {"pool-loading", {}},
+                                 {"pool", poolAccount()},
+                                 {"pool-no-workers", poolAccount()},
+                                 {"address", watchedAddress()},
+                                 {"address-loading", {}},
+                                 {"both", everything()},
+                                 {"long-texts", withLongTexts()},
+                                 {"ten-thousand-workers", everything()},
+                                 {"failures", everything()},
+                                 {"history-loading", poolAccount()}};
+  const auto state = [&](std::string_view name) -> BalanceState& {
+    return std::ranges::find(states, name, &NamedState::name)->state;
+  };
+  state("pool-loading").token = "sample-token";
+  state("pool-no-workers").workers.clear();
+  state("address-loading").watchedAddress = sampleAddress;
+  state("ten-thousand-workers").workers = manyWorkers(10'000);
+  state("failures").accountStatus = "Braiins did not answer. Next attempt in 5 minutes.";
+  state("failures").addressStatus = "Chainpeek could not be reached. Next attempt in 10 minutes.";
+  state("failures").historyStatus = "The history could not be loaded: no connection.";
+  state("history-loading").isLoadingHistory = true;
+  state("history-loading").isRefreshing = true;
   return states;
 }
 

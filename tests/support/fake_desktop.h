@@ -36,7 +36,6 @@ class FakeWindow final : public DesktopWindow {
   [[nodiscard]] Registration observe(
       std::function<void(const WindowNotification&)> listener) override;
 
-  void setTitle(std::string title) { title_ = std::move(title); }
   void resignKey() { key_ = false; }
   [[nodiscard]] std::shared_ptr<WindowDelegate> delegate() const { return delegate_.lock(); }
 

@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include "platform/async/sleep.h"
-#include "platform/async/task_scope.h"
 #include "platform/async/timer.h"
 #include "platform/eventloop/real_time.h"
 
@@ -22,6 +21,13 @@ class QtExecutorTest : public RealTimeTest {
   Executor::Callback note(const std::string& what) {
     return [this, what] { log.push_back(what); };
   }
+  Executor::Callback runALoop(const std::string& what) {
+    return [this, what] {
+      log.push_back(what);
+      letPass(2ms);
+      log.push_back(what + " ends");
+    };
+  }
 
   Log log;
 };
@@ -29,13 +35,8 @@ class QtExecutorTest : public RealTimeTest {
 TEST_F(QtExecutorTest, CountsTheTimeSpentSuspended) {
   timespec before{};
   ::clock_gettime(CLOCK_BOOTTIME, &before);
-  const Instant now = executor->now();
-  timespec after{};
-  ::clock_gettime(CLOCK_BOOTTIME, &after);
-  EXPECT_GE(now.time_since_epoch(),
+  EXPECT_GE(executor->now().time_since_epoch(),
             std::chrono::seconds(before.tv_sec) + std::chrono::nanoseconds(before.tv_nsec));
-  EXPECT_LE(now.time_since_epoch(),
-            std::chrono::seconds(after.tv_sec) + std::chrono::nanoseconds(after.tv_nsec));
 }
 
 TEST_F(QtExecutorTest, PostsRunInTheirOrderAndNeverInsideTheCall) {
@@ -50,41 +51,29 @@ TEST_F(QtExecutorTest, PostsRunInTheirOrderAndNeverInsideTheCall) {
   EXPECT_EQ(log, (Log{"a", "a ends", "b", "c"}));
 }
 
-TEST_F(QtExecutorTest, TimersDueTogetherRunInTheOrderOfTheirMoments) {
+TEST_F(QtExecutorTest, TimersRunInTheOrderOfTheirMomentsEachAfterWhatTheOneBeforeSetInMotion) {
   const Instant now = executor->now();
+  Instant ran{};
   executor->schedule(now + 2ms, note("second"));
-  executor->schedule(now + 2ms, note("third"));
-  executor->schedule(now + 1ms, note("first"));
-  executor->schedule(now - 1h, note("past"));
-  executor->schedule(Instant{}, note("at the clock's beginning"));
-  while (executor->now() < now + 3ms) {  // all are due when the loop looks next
-  }
-  letPass(1ms);
-  EXPECT_EQ(log, (Log{"past", "at the clock's beginning", "first", "second", "third"}));
-}
-
-TEST_F(QtExecutorTest, WhatOneTimerSetsInMotionIsDoneBeforeTheNext) {
-  executor->schedule(Instant{} + 1ns, [this] {
-    log.push_back("timer 1");
+  executor->schedule(now + 2ms, [&] { ran = executor->now(); });
+  executor->schedule(now + 1ms, [this] {
+    log.push_back("first");
     executor->post([this] {
       log.push_back("post");
       executor->post(note("post of the post"));
     });
   });
-  executor->schedule(Instant{} + 2ns, note("timer 2"));
+  executor->schedule(now - 1h, note("past"));
+  executor->schedule(Instant{}, note("at the clock's beginning"));
+  while (executor->now() < now + 3ms) {  // all are due when the loop looks next
+  }
   letPass(1ms);
-  EXPECT_EQ(log, (Log{"timer 1", "post", "post of the post", "timer 2"}));
+  EXPECT_EQ(log, (Log{"past", "at the clock's beginning", "first", "post", "post of the post",
+                      "second"}));
+  EXPECT_GE(ran, now + 2ms);
 }
 
-TEST_F(QtExecutorTest, TimerRunsNotBeforeItsMoment) {
-  const Instant when = executor->now() + 3ms;
-  Instant ran{};
-  executor->schedule(when, [&] { ran = executor->now(); });
-  letPass(10ms);
-  EXPECT_GE(ran, when);
-}
-
-TEST_F(QtExecutorTest, CancelledTimersDoNotRunAlsoWhenTheyAreDue) {
+TEST_F(QtExecutorTest, CancelledTimersDoNotRunAndLeaveTheNextOneItsMoment) {
   const Instant now = executor->now();
   Executor::TimerId dueTogether = 0;
   Executor::TimerId itself = 0;
@@ -96,37 +85,20 @@ TEST_F(QtExecutorTest, CancelledTimersDoNotRunAlsoWhenTheyAreDue) {
     executor->cancel(12345);
   });
   dueTogether = executor->schedule(now, note("cancelled by the timer before it"));
-  letPass(2ms);
-  EXPECT_EQ(log, Log{"cancels"});
-}
-
-TEST_F(QtExecutorTest, CancellingTheEarliestLeavesTheNextOneItsMoment) {
-  const Instant now = executor->now();
-  const auto earliest = executor->schedule(now + 1ms, note("earliest"));
-  executor->schedule(now + 2ms, note("next"));
-  executor->cancel(earliest);
+  executor->schedule(now + 1ms, note("next"));
   letPass(5ms);
-  EXPECT_EQ(log, Log{"next"});
+  EXPECT_EQ(log, (Log{"cancels", "next"}));
 }
 
 TEST_F(QtExecutorTest, NestedEventLoopRunsWhatIsLeft) {
-  const auto runALoop = [this](const std::string& what) {
-    return [this, what] {
-      log.push_back(what);
-      letPass(2ms);
-      log.push_back(what + " ends");
-    };
-  };
   executor->post(runALoop("post with a loop"));
   executor->post(note("post"));
   letPass(5ms);
-  EXPECT_EQ(log, (Log{"post with a loop", "post", "post with a loop ends"}));
-
-  log.clear();
   executor->schedule(Instant{}, runALoop("timer with a loop"));
   executor->schedule(Instant{}, note("timer"));
   letPass(5ms);
-  EXPECT_EQ(log, (Log{"timer with a loop", "timer", "timer with a loop ends"}));
+  EXPECT_EQ(log, (Log{"post with a loop", "post", "post with a loop ends", "timer with a loop",
+                      "timer", "timer with a loop ends"}));
 }
 
 struct CallsBackWhenDestroyed {
@@ -142,20 +114,13 @@ struct CallsBackWhenDestroyed {
 };
 
 TEST_F(QtExecutorTest, DestructionDropsWhatIsPendingAndLetsItCallBack) {
-  const auto guard = [this] { return std::make_shared<CallsBackWhenDestroyed>(*executor); };
-  std::weak_ptr<CallsBackWhenDestroyed> posted;
-  std::weak_ptr<CallsBackWhenDestroyed> scheduled;
-  {
-    const auto inQueue = guard();
-    const auto inTimer = guard();
-    posted = inQueue;
-    scheduled = inTimer;
-    executor->post([inQueue] { FAIL() << "ran after the executor's end"; });
-    inTimer->timer = executor->schedule(Instant{}, [inTimer] { FAIL(); });
-  }
+  auto guard = std::make_shared<CallsBackWhenDestroyed>(*executor);
+  const std::weak_ptr<CallsBackWhenDestroyed> watched = guard;
+  executor->post([guard] { FAIL() << "ran after the executor's end"; });
+  guard->timer = executor->schedule(Instant{}, [guard] { FAIL(); });
+  guard.reset();
   executor.reset();
-  EXPECT_TRUE(posted.expired());
-  EXPECT_TRUE(scheduled.expired());
+  EXPECT_TRUE(watched.expired());
   QCoreApplication::processEvents();
 }
 
@@ -169,23 +134,6 @@ TEST_F(QtExecutorTest, WakesForTheEarliestTimerAndForNothingElse) {
                    [&wakeUps] { ++wakeUps; });
   letPass(30ms);
   EXPECT_LE(wakeUps, 3) << "begin, end of the waiting, and the end of the loop";
-}
-
-Task<void> sleepAndNote(Log& log) {
-  const SleepEnd end = co_await sleepFor(1ms);
-  log.emplace_back(end == SleepEnd::elapsed ? "slept" : "cancelled");
-}
-
-TEST_F(QtExecutorTest, RunsTasksAndTimers) {
-  TaskScope scope(*executor);
-  scope.spawn(sleepAndNote(log));
-  scope.spawn(sleepAndNote(log)).cancel();
-  int ticks = 0;
-  const RepeatingTimer timer(*executor, 1ms, [&ticks] { ++ticks; });
-  letPass(20ms);
-  EXPECT_EQ(log, (Log{"cancelled", "slept"}));
-  EXPECT_GE(ticks, 2);
-  EXPECT_TRUE(scope.idle());
 }
 
 }  // namespace
