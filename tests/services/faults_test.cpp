@@ -6,9 +6,6 @@
 namespace orvane::test {
 namespace {
 
-using httplib::Error;
-using std::chrono::milliseconds;
-
 class FaultsTest : public ::testing::Test {
  protected:
   httplib::Result get(const std::string& target = tipTarget) { return client_.Get(target); }
@@ -28,20 +25,6 @@ TEST_F(FaultsTest, AStatusHitsSoManyRequestsOfItsServiceAndPath) {
   EXPECT_FALSE(documentAt(services_, Service::price, priceTarget).is_discarded());
 }
 
-TEST_F(FaultsTest, ConnectionsFailUntilTheFaultIsCleared) {
-  for (const auto& [kind, error] :
-       {std::pair(FaultKind::silence, Error::Read), std::pair(FaultKind::drop, Error::Read),
-        std::pair(FaultKind::hangUp, Error::Read),
-        std::pair(FaultKind::refuse, Error::Connection)}) {
-    services_.fault({.service = Service::explorer, .kind = kind});
-    client_.set_read_timeout(milliseconds(200));
-    EXPECT_EQ(get().error(), error) << services::faultName(kind);
-    services_.clearFaults();
-    client_.set_read_timeout(std::chrono::seconds(5));
-    EXPECT_TRUE(get());
-  }
-}
-
 TEST_F(FaultsTest, SpoiledDocumentsDoNotParse) {
   for (const FaultKind kind : {FaultKind::garbage, FaultKind::truncatedJson}) {
     services_.fault({.service = Service::price, .kind = kind, .count = 1});
@@ -58,14 +41,6 @@ TEST_F(FaultsTest, RedirectLeadsToTheOtherOriginWhichAnswersEverything) {
             "https://" + services_.host(Service::other) + profileTarget);
   EXPECT_TRUE(documentAt(services_, Service::other, profileTarget).contains("btc"));
   EXPECT_EQ(documentAt(services_, Service::other, tipTarget), 976'400);
-}
-
-TEST_F(FaultsTest, ALateAnswerIsLateButWhole) {
-  services_.fault(
-      {.service = Service::explorer, .kind = FaultKind::slow, .interval = milliseconds(20)});
-  const auto begin = std::chrono::steady_clock::now();
-  EXPECT_EQ(get()->body, "976400");
-  EXPECT_GE(std::chrono::steady_clock::now() - begin, milliseconds(6 * 20));
 }
 
 TEST_F(FaultsTest, LaggingTipIsLowerWhileTheRestStays) {

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include "services/scenario/scenario_pool.h"
-#include "services/scenario/scenario_prices.h"
 
 namespace orvane::test {
 namespace {
@@ -30,16 +29,6 @@ TEST(PoolScenarioTest, OneWorkerGoesLowThenOffThenComesBack) {
   EXPECT_EQ(states, (std::vector<std::string>{"ok", "low", "off", "ok"}));
 }
 
-TEST(PoolScenarioTest, BalanceGrowsWithTheRewardAlsoAcrossMidnight) {
-  auto before = accountAt(after(0s));
-  for (const auto time : {5min, 840min, 960min, 2880min}) {
-    const auto account = accountAt(after(time));
-    EXPECT_GT(account.balanceSats, before.balanceSats);
-    before = account;
-  }
-  EXPECT_LT(accountAt(after(16h)).todayRewardSats, accountAt(after(14h)).todayRewardSats);
-}
-
 TEST(PoolScenarioTest, HistoryHasGapsAndIsTheSameWheneverItIsAskedFor) {
   const auto days = daysBefore(after(0s));
   EXPECT_EQ(days.size(), 365U);
@@ -48,14 +37,6 @@ TEST(PoolScenarioTest, HistoryHasGapsAndIsTheSameWheneverItIsAskedFor) {
   const auto evening = daysBefore(after(10h)).back();
   EXPECT_EQ(days.back().date, evening.date);
   EXPECT_EQ(days.back().rewardSats, evening.rewardSats);
-}
-
-TEST(PoolScenarioTest, PricesDriftButNotFar) {
-  const double opening = pricesAt(after(0s)).usd;
-  EXPECT_NE(pricesAt(after(10min)).usd, opening);
-  for (auto time = 0s; time < 24h; time += 10min) {
-    EXPECT_NEAR(pricesAt(after(time)).usd, opening, opening * 0.03);
-  }
 }
 
 }  // namespace

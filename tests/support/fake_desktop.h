@@ -1,8 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/desktop/desktop_application.h"
@@ -27,14 +29,44 @@ class FakeWindow final : public DesktopWindow {
   [[nodiscard]] bool isVisible() const override { return visible_ && !miniaturized_; }
   [[nodiscard]] bool isKeyWindow() const override { return key_; }
 
-  void miniaturize() override;
-  void deminiaturize() override;
-  void orderOut() override;
-  void makeKeyAndOrderFront() override;
-  void performClose() override;
-  void setDelegate(std::weak_ptr<WindowDelegate> delegate) override;
+  void miniaturize() override {
+    record("miniaturize");
+    if (std::exchange(miniaturized_, true)) return;
+    if (const auto delegate = delegate_.lock()) delegate->windowDidMiniaturize(*this);
+    notifications_.send(WindowNotification::didMiniaturize);
+  }
+  void deminiaturize() override {
+    record("deminiaturize");
+    if (!std::exchange(miniaturized_, false)) return;
+    if (const auto delegate = delegate_.lock()) delegate->windowDidDeminiaturize(*this);
+    notifications_.send(WindowNotification::didDeminiaturize);
+  }
+  void orderOut() override {
+    record("order out");
+    visible_ = false;
+    key_ = false;
+  }
+  void makeKeyAndOrderFront() override {
+    record("order front");
+    visible_ = true;
+    key_ = true;
+    notifications_.send(WindowNotification::didBecomeKey);
+  }
+  void performClose() override {
+    record("close");
+    const auto delegate = delegate_.lock();
+    if (delegate && !delegate->windowShouldClose(*this)) return;
+    notifications_.send(WindowNotification::willClose);
+    visible_ = false;
+    key_ = false;
+  }
+  void setDelegate(std::weak_ptr<WindowDelegate> delegate) override {
+    delegate_ = std::move(delegate);
+  }
   [[nodiscard]] Registration observe(
-      std::function<void(const WindowNotification&)> listener) override;
+      std::function<void(const WindowNotification&)> listener) override {
+    return notifications_.subscribe(std::move(listener));
+  }
 
   void resignKey() { key_ = false; }
   [[nodiscard]] std::shared_ptr<WindowDelegate> delegate() const { return delegate_.lock(); }
@@ -57,19 +89,41 @@ class FakeApplication final : public DesktopApplication {
  public:
   explicit FakeApplication(CallLog& log) : log_(log) {}
 
-  [[nodiscard]] std::vector<DesktopWindow*> windows() const override;
+  [[nodiscard]] std::vector<DesktopWindow*> windows() const override {
+    std::vector<DesktopWindow*> windows;
+    for (const auto& window : windows_) {
+      windows.push_back(window.get());
+    }
+    return windows;
+  }
   [[nodiscard]] std::optional<DesktopEvent> currentEvent() const override { return event_; }
-  void setActivationPolicy(ActivationPolicy policy) override;
+  void setActivationPolicy(ActivationPolicy policy) override {
+    log_.emplace_back(policy == ActivationPolicy::regular ? "policy regular" : "policy accessory");
+  }
   void unhide() override { log_.emplace_back("unhide"); }
   void activateIgnoringOtherApps() override { log_.emplace_back("activate"); }
   void terminate() override { log_.emplace_back("terminate"); }
-  [[nodiscard]] Registration addKeyDownMonitor(KeyMonitor monitor) override;
+  [[nodiscard]] Registration addKeyDownMonitor(KeyMonitor monitor) override {
+    auto shared = std::make_shared<const KeyMonitor>(std::move(monitor));
+    monitors_.push_back(shared);
+    return Registration(std::move(shared));
+  }
 
-  FakeWindow& addWindow(std::string title, int level = DesktopWindow::normalLevel);
+  FakeWindow& addWindow(std::string title, int level = DesktopWindow::normalLevel) {
+    return *windows_.emplace_back(std::make_unique<FakeWindow>(std::move(title), log_, level));
+  }
   void setCurrentEvent(std::optional<DesktopEvent> event) { event_ = std::move(event); }
   /// Presses a key: monitors see it in order; true when one of them swallowed it.
-  bool press(const DesktopEvent& event);
-  [[nodiscard]] std::size_t installedMonitors() const;
+  bool press(const DesktopEvent& event) {
+    return std::ranges::any_of(monitors_, [&event](const auto& weak) {
+      const auto monitor = weak.lock();
+      return monitor && (*monitor)(event) == KeyDecision::swallow;
+    });
+  }
+  [[nodiscard]] std::size_t installedMonitors() const {
+    return static_cast<std::size_t>(
+        std::ranges::count_if(monitors_, [](const auto& monitor) { return !monitor.expired(); }));
+  }
 
  private:
   CallLog& log_;
@@ -90,13 +144,46 @@ struct FakeStatusItemState {
   StatusItem::Action action;
 };
 
+class FakeStatusItem final : public StatusItem {
+ public:
+  FakeStatusItem(FakeStatusItemState& state, double length) : state_(state) {
+    state_.exists = true;
+    state_.length = length;
+  }
+  FakeStatusItem(const FakeStatusItem&) = delete;
+  FakeStatusItem& operator=(const FakeStatusItem&) = delete;
+  ~FakeStatusItem() override { state_.exists = false; }
+
+  void setLength(double points) override { state_.length = points; }
+  void setImage(const std::optional<StatusImage>& image) override {
+    state_.image = image;
+    ++state_.draws;
+  }
+  void setToolTip(const std::string& text) override { state_.toolTip = text; }
+  void setAction(Action action) override { state_.action = std::move(action); }
+  void setMenu(std::optional<Menu> menu) override { state_.menu = std::move(menu); }
+  void performClick() override { state_.poppedUp = state_.menu; }
+
+ private:
+  FakeStatusItemState& state_;
+};
+
 /// A status area in which each character is 6.25 points wide.
 class FakeStatusBar final : public StatusBar {
  public:
-  [[nodiscard]] std::unique_ptr<StatusItem> createItem(double length) override;
+  [[nodiscard]] std::unique_ptr<StatusItem> createItem(double length) override {
+    if (!givesItems) return nullptr;
+    ++created;
+    return std::make_unique<FakeStatusItem>(item, length);
+  }
   [[nodiscard]] std::optional<PointSize> symbolSize(const std::string& name,
-                                                    double pointSize) const override;
-  [[nodiscard]] PointSize textSize(const std::string& text, double pointSize) const override;
+                                                    double /*pointSize*/) const override {
+    if (std::ranges::find(symbols, name) == symbols.end()) return std::nullopt;
+    return symbolMeasure;
+  }
+  [[nodiscard]] PointSize textSize(const std::string& text, double /*pointSize*/) const override {
+    return {.width = 6.25 * static_cast<double>(text.size()), .height = textHeight};
+  }
 
   FakeStatusItemState item;
   std::vector<std::string> symbols{"chart.line.uptrend.xyaxis", "chart.bar"};

@@ -23,34 +23,16 @@ Decimal decimal(std::string_view text) {
 }
 
 TEST(DecimalTest, RefusesEverythingOutsideItsGrammar) {
-  const std::vector<std::string> texts{"",
-                                       " 1",
-                                       "1 ",
-                                       "abc",
-                                       "1,5",
-                                       "1_0",
-                                       "0x10",
-                                       "nan",
-                                       "-inf",
-                                       ".",
-                                       "-",
-                                       "+-1",
-                                       "1e",
-                                       "1e+",
-                                       ".e5",
-                                       "1e5.0",
-                                       "1.2.3",
-                                       "12abc",
-                                       "\0"s,
-                                       "1\0"s,
-                                       "1e1001",
-                                       "1e-1001",
-                                       "1e99999999999999999999",
-                                       "١",
-                                       std::string(1001, '1')};
-  for (const std::string& text : texts) {
+  const std::vector<const char*> texts{
+      "",    " 1",    "1 ",    "abc",   "1,5",    "1_0",     "0x10",
+      "nan", "-inf",  ".",     "-",     "+-1",    "1e",      "1e+",
+      ".e5", "1e5.0", "1.2.3", "12abc", "1e1001", "1e-1001", "1e99999999999999999999",
+      "١"};
+  for (const auto* const text : texts) {
     EXPECT_FALSE(Decimal::parse(text)) << text;
   }
+  EXPECT_FALSE(Decimal::parse("1\0"s));
+  EXPECT_FALSE(Decimal::parse(std::string(1001, '1')));
 }
 
 TEST(DecimalTest, ReadsEveryFormOfItsGrammar) {

@@ -9,6 +9,7 @@
 
 #include "bus_fixture.h"
 #include "fake_notification_service.h"
+#include "support/run_task.h"
 
 namespace orvane::test {
 namespace {
@@ -17,7 +18,7 @@ using namespace std::chrono_literals;
 
 const QString markup = QStringLiteral("body-markup");
 
-class DesktopNotificationCenterTest : public BusTest {
+class DesktopNotificationCenterTest : public RealTimeTest {
  protected:
   bool add(NotificationRequest request) { return run(center.add(std::move(request))); }
 
@@ -122,13 +123,13 @@ TEST_F(DesktopNotificationCenterTest, ACancelledOrDroppedTaskWaitsForNoAnswer) {
   std::optional<bool> cancelled;
   std::optional<bool> dropped;
   {
-    TaskScope scope(executor);
+    TaskScope scope(*executor);
     const TaskHandle handle =
         scope.spawn(detail::storeResult(center.add(paymentRequest("a")), cancelled));
     scope.spawn(detail::storeResult(center.add(paymentRequest("b")), dropped));
-    runUntil([&] { return service.notified.size() == 2; });
+    letPassUntil([&] { return service.notified.size() == 2; });
     handle.cancel();
-    executor.runUntilIdle();
+    letPass(1ms);
   }
   service.answers = true;
   EXPECT_TRUE(add(paymentRequest("c")));
@@ -144,7 +145,7 @@ TEST_F(DesktopNotificationCenterTest, AClickOnOurNotificationActivates) {
   service.click(8, QStringLiteral("default"));
   service.click(7, QStringLiteral("other"));
   service.click(7, QStringLiteral("default"));
-  runUntil([&] { return activations > 0; });
+  letPassUntil([&] { return activations > 0; });
   EXPECT_TRUE(add(paymentRequest("b")));  // whatever came with the click has arrived too
   EXPECT_EQ(activations, 1);
 }

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QStyleFactory>
 
+#include "platform/desktop/qt/color_scheme.h"
 #include "platform/desktop/symbols.h"
 #include "shell/app_info.h"
 #include "shell/sample_states.h"
@@ -15,51 +16,13 @@
 namespace orvane::test {
 namespace {
 
-QPalette darkPalette() {
-  QPalette palette(QColor(0x35, 0x38, 0x3c), QColor(0x26, 0x28, 0x2b));
-  palette.setColor(QPalette::Base, QColor(0x1e, 0x20, 0x22));
-  palette.setColor(QPalette::Link, QColor(0x6c, 0xb4, 0xff));
-  palette.setColor(QPalette::Highlight, QColor(0x3d, 0x8b, 0xe0));
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-    palette.setColor(role, QColor(0xec, 0xed, 0xee));
-    palette.setColor(QPalette::Disabled, role, QColor(0x80, 0x83, 0x87));
-  }
-  palette.setColor(QPalette::PlaceholderText, QColor(0x8a, 0x8d, 0x91));
-  return palette;
-}
-
-BalanceActions noActions() {
-  return {.refresh = [] {},
-          .loadHistory = [] {},
-          .setToken = [](const std::string&) {},
-          .setOwnAddress =
-              [](const std::string&) {
-                return std::optional<std::string>(
-                    "This is not a Bitcoin mainnet address. It starts with bc1, 1 or 3.");
-              },
-          .setUnit = [](BalanceUnit) {},
-          .setFiatCurrency = [](PreferredFiatCurrency) {},
-          .close = [] {},
-          .commands = {{{.title = "Orvane Help", .keyEquivalent = "?"}}}};
-}
-
 class Gallery {
  public:
   Gallery(const QDir& folder, QString suffix) : folder_(folder), suffix_(std::move(suffix)) {}
 
   void takeMainWindow(const NamedState& sample) {
-    BalanceContent content(sample.state, format_, "pool.braiins.com", noActions());
+    BalanceContent content(sample.state, format_, "pool.braiins.com", {});
     take(content, QString::fromStdString(sample.name));
-  }
-
-  void takeRejectedAddress() {
-    const BalanceState state;
-    BalanceContent content(state, format_, "pool.braiins.com", noActions());
-    content.show();
-    auto* const field = content.findChildren<QLineEdit*>().last();
-    field->setText(QStringLiteral("bc1-not-an-address"));
-    Q_EMIT field->returnPressed();
-    take(content, QStringLiteral("address-rejected"));
   }
 
   void takeAboutAndHelp() {
@@ -88,7 +51,6 @@ void takeAll(const QDir& folder, const QString& suffix) {
   for (const auto& sample : namedStates()) {
     gallery.takeMainWindow(sample);
   }
-  gallery.takeRejectedAddress();
   gallery.takeAboutAndHelp();
 }
 
@@ -103,7 +65,7 @@ int main(int argc, char** argv) {
   if (!folder.mkpath(QStringLiteral("."))) return 1;
   QApplication::setStyle(arguments.value(2, QStringLiteral("fusion")));
   orvane::test::takeAll(folder, QStringLiteral("-light"));
-  QApplication::setPalette(orvane::test::darkPalette());
+  orvane::ColorScheme::apply(orvane::ColorScheme::Preference::dark);
   orvane::test::takeAll(folder, QStringLiteral("-dark"));
   return 0;
 }

@@ -83,57 +83,51 @@ TEST_F(BackgroundRuntimeTest, ObserversHearEachChangeAndNothingElse) {
   EXPECT_EQ(heard, 2);
 }
 
-struct KeyCase {
-  std::optional<DesktopEvent> event;
-  bool hides;
-};
-
-TEST_F(BackgroundRuntimeTest, TheMainWindowNeverCloses) {
-  const std::vector<KeyCase> cases{
-      {command("w"), true},
-      {keyDown("W", {.shift = true, .control = true}), true},
-      {escape(), true},
-      {std::nullopt, false},  // the window manager's close control
-      {leftClick(), false},
-      {keyDown("w"), false},
-      {escape({.shift = true}), false},
-      {command("q"), false},
+TEST_F(BackgroundRuntimeTest, OnlyItsKeysHideTheMainWindowWhichNeverCloses) {
+  struct Case {
+    DesktopEvent event;
+    bool isSwallowed;         ///< by the monitors, while the main window has the keys
+    bool hidesInsteadOfQuit;  ///< where it is what asks the window to close
   };
-  attach();
-  EXPECT_TRUE(runtime->windowShouldClose(help));
-  EXPECT_EQ(log, CallLog());
-  for (const auto& [event, hides] : cases) {
+  const std::vector<Case> cases{
+      {escape(), true, true},
+      {command("m"), true, false},
+      {command("M"), true, false},
+      {keyDown("m", {.control = true, .option = true}), true, false},
+      {command("w"), false, true},
+      {keyDown("W", {.shift = true, .control = true}), false, true},
+      {keyDown("m"), false, false},
+      {keyDown("m", {.meta = true}), false, false},
+      {keyDown("w"), false, false},
+      {command("q"), false, false},
+      {escape({.shift = true}), false, false},
+      {escape({.control = true}), false, false},
+      {escape({.option = true}), false, false},
+      {escape({.meta = true}), false, false},
+      {leftClick(), false, false},
+  };
+  for (const auto& [event, isSwallowed, hidesInsteadOfQuit] : cases) {
+    attach();
+    runtime->showMainWindow();
+    EXPECT_EQ(application.press(event), isSwallowed) << event.charactersIgnoringModifiers;
+    EXPECT_EQ(runtime->isMenuBarOnly(), isSwallowed);
+
     attach();
     application.setCurrentEvent(event);
+    EXPECT_TRUE(runtime->windowShouldClose(help));
+    EXPECT_EQ(log, CallLog());
     EXPECT_FALSE(runtime->windowShouldClose(window));
-    const auto* const first = hides ? "policy accessory" : "terminate";
-    EXPECT_EQ(log.front(), first) << (event ? event->charactersIgnoringModifiers : "no event");
+    EXPECT_EQ(log.front(), hidesInsteadOfQuit ? "policy accessory" : "terminate")
+        << event.charactersIgnoringModifiers;
   }
-}
-
-TEST_F(BackgroundRuntimeTest, MonitorsSwallowOnlyTheirKeysInTheMainWindow) {
-  const std::vector<KeyCase> cases{
-      {command("m"), true},
-      {command("M"), true},
-      {keyDown("m", {.control = true, .option = true}), true},
-      {escape(), true},
-      {keyDown("m"), false},
-      {keyDown("m", {.meta = true}), false},
-      {command("n"), false},
-      {command("w"), false},
-      {escape({.shift = true}), false},
-      {escape({.control = true}), false},
-      {escape({.option = true}), false},
-      {escape({.meta = true}), false},
-  };
-  attach();
-  for (const auto& [event, hides] : cases) {
-    runtime->showMainWindow();
-    EXPECT_EQ(application.press(*event), hides) << event->charactersIgnoringModifiers;
-    EXPECT_EQ(runtime->isMenuBarOnly(), hides);
-  }
+  runtime->showMainWindow();
   window.resignKey();
   EXPECT_FALSE(application.press(escape())) << "in the help window";
+
+  attach();
+  application.setCurrentEvent(std::nullopt);  // the window manager's close control
+  EXPECT_FALSE(runtime->windowShouldClose(window));
+  EXPECT_EQ(log, CallLog{"terminate"});
 }
 
 TEST_F(BackgroundRuntimeTest, ALeftClickOrNoEventBringsTheWindowBack) {

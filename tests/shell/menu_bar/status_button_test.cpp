@@ -56,17 +56,6 @@ TEST_F(StatusButtonTest, IsAsWideAsItsWholePointsAndAsHighAsItsTallestPart) {
   }
 }
 
-TEST_F(StatusButtonTest, AnAlertTintsTheIconButNotTheTitle) {
-  runtime->updateStatus(true, "Braiins could not be reached.", true);
-  EXPECT_EQ(image().symbolColor, StatusColor::systemOrange);
-  EXPECT_EQ(image().textColor, StatusColor::systemGreen);
-
-  runtime->updateStatus(false, "Braiins could not be reached.", true);
-  EXPECT_EQ(image().symbolColor, StatusColor::systemOrange);
-  EXPECT_EQ(image().text, "");
-  EXPECT_EQ(statusBar.item.length, StatusItem::squareLength);
-}
-
 TEST_F(StatusButtonTest, AMissingSymbolFallsBackAndNoSymbolMeansNoTextEither) {
   statusBar.symbols = {"chart.bar"};
   runtime->updateStatus(true, "Balance", false);

@@ -47,26 +47,21 @@ TEST_F(WindowVisibilityTest, AWindowOpenedInTheStatusAreaStaysClearUntilTheAppli
   EXPECT_TRUE(visibility.showsContent());
 }
 
-TEST_F(WindowVisibilityTest, MiniaturizingAndClosingHideTheContent) {
-  visibility.handleWindow(&help);
+TEST_F(WindowVisibilityTest, MiniaturizingAndClosingTheRememberedWindowHideTheContent) {
+  visibility.handleWindow(&window);
   help.makeKeyAndOrderFront();
+  EXPECT_FALSE(visibility.showsContent());
+  visibility.handleWindow(&help);
+  EXPECT_TRUE(visibility.showsContent());
+  window.makeKeyAndOrderFront();
+  window.miniaturize();
+  EXPECT_TRUE(visibility.showsContent());
   help.miniaturize();
   EXPECT_FALSE(visibility.showsContent());
   help.deminiaturize();
   EXPECT_TRUE(visibility.showsContent());
   help.performClose();
   EXPECT_FALSE(visibility.showsContent());
-}
-
-TEST_F(WindowVisibilityTest, OnlyTheRememberedWindowCounts) {
-  visibility.handleWindow(&help);
-  window.makeKeyAndOrderFront();
-  EXPECT_FALSE(visibility.showsContent());
-  visibility.handleWindow(&window);
-  EXPECT_TRUE(visibility.showsContent());
-  help.makeKeyAndOrderFront();
-  help.performClose();
-  EXPECT_TRUE(visibility.showsContent());
 }
 
 }  // namespace

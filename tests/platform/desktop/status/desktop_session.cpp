@@ -1,8 +1,6 @@
 #include "desktop_session.h"
 
 #include <QApplication>
-#include <QDeadlineTimer>
-#include <QTimer>
 #include <memory>
 
 #include <gtest/gtest.h>
@@ -42,24 +40,7 @@ class DesktopSession final : public ::testing::Environment {
 auto* const session = static_cast<DesktopSession*>(
     ::testing::AddGlobalTestEnvironment(new DesktopSession));  // the test program owns it
 
-bool spin(const std::function<bool()>& condition, int milliseconds) {
-  const QDeadlineTimer deadline(milliseconds);
-  QTimer wake;
-  wake.start(10);
-  while (!condition()) {
-    if (deadline.hasExpired()) return false;
-    QApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
-  }
-  return true;
-}
-
 }  // namespace
-
-bool waitUntil(const std::function<bool()>& condition) { return spin(condition, 5000); }
-
-void letSettle() {
-  static_cast<void>(spin([] { return false; }, 150));
-}
 
 void PrivateBus::start() {
   daemon_.setProcessChannelMode(QProcess::ForwardedErrorChannel);

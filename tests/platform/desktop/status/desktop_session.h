@@ -1,15 +1,9 @@
 #pragma once
 
 #include <QProcess>
-#include <functional>
+#include <QTest>
 
 namespace orvane::test {
-
-/// Lets the event loop run until `condition` holds; false when it did not within five seconds.
-[[nodiscard]] bool waitUntil(const std::function<bool()>& condition);
-
-/// Lets everything happen that is on its way, for as long as a tray host would need to answer.
-void letSettle();
 
 /// A session bus of the test's own that can be taken away. The address stays the same.
 class PrivateBus {

@@ -64,7 +64,7 @@ QDBusMessage FakeHost::call(const char* path, const char* interface, const char*
   message.setArguments(arguments);
   const QDBusPendingCall pending = connection_.asyncCall(message, 5000);
   // The item lives in this thread: a blocking call would wait for itself.
-  EXPECT_TRUE(waitUntil([&] { return pending.isFinished(); })) << method;
+  EXPECT_TRUE(QTest::qWaitFor([&] { return pending.isFinished(); })) << method;
   return pending.reply();
 }
 

@@ -2,82 +2,44 @@
 #include <QDir>
 #include <QFile>
 #include <QMenu>
-#include <memory>
-#include <optional>
-#include <string>
-#include <vector>
-
-#include <gtest/gtest.h>
 
 #include "desktop_session.h"
-#include "fake_host.h"
 #include "platform/desktop/status/bus/notifier_types.h"
-#include "platform/desktop/status/desktop_status_bar.h"
-#include "platform/desktop/status/desktop_status_item.h"
-#include "platform/eventloop/qt_executor.h"
-#include "sample_status.h"
+#include "status_item_fixture.h"
 
 namespace orvane::test {
 namespace {
 
-class NotifierTest : public ::testing::Test {
+class NotifierTest : public StatusItemTest {
  protected:
-  void createItem(std::vector<std::string> desktopNames = {}) {
-    item = std::make_unique<DesktopStatusItem>(
-        executor, std::move(desktopNames),
-        [this](const std::string& token) { log.push_back("token " + token); });
-    item->setAction(
-        actionOn(*item, [this] { log.emplace_back("clicked"); }, [this] { return menu; }));
-    showText("12,345 sats");
-  }
-  void createRegisteredItem(std::vector<std::string> desktopNames = {}) {
-    host->startWatcher();
-    createItem(std::move(desktopNames));
-    ASSERT_TRUE(waitUntil([this] { return !host->registered.isEmpty(); }));
-  }
-  void showText(const std::string& text) {
-    item->setImage(sampleImage(bar, text));
-    item->setToolTip("Orvane · Balance " + text);
-  }
-  [[nodiscard]] bool hears(const char* signal) {
-    return waitUntil([&] { return host->signalsHeard.contains(QLatin1String(signal)); });
-  }
   [[nodiscard]] NotifierPixmaps pixmaps() {
     return qdbus_cast<NotifierPixmaps>(host->property("IconPixmap"));
   }
-
-  std::unique_ptr<FakeHost> host = std::make_unique<FakeHost>();
-  QtExecutor executor;
-  DesktopStatusBar bar{executor};
-  std::vector<std::string> log;
-  std::optional<Menu> menu =
-      sampleMenu("12,345 sats", [this](const std::string& title) { log.push_back(title); });
-  std::unique_ptr<DesktopStatusItem> item;
 };
 
 TEST_F(NotifierTest, RegistersWithALateWatcherAndAgainWithItsSuccessor) {
   createItem();
-  letSettle();
+  QTest::qWait(150);
   host->startWatcher();
-  ASSERT_TRUE(waitUntil([this] { return host->registered.size() == 1; }));
+  ASSERT_TRUE(QTest::qWaitFor([this] { return host->registered.size() == 1; }));
   EXPECT_EQ(
       host->registered.front(),
       QStringLiteral("org.kde.StatusNotifierItem-%1-1").arg(QCoreApplication::applicationPid()));
   host->stopWatcher();
-  letSettle();
+  QTest::qWait(150);
   host->startWatcher();
-  EXPECT_TRUE(waitUntil([this] { return host->registered.size() == 2; }));
+  EXPECT_TRUE(QTest::qWaitFor([this] { return host->registered.size() == 2; }));
 }
 
 TEST_F(NotifierTest, ComesBackWhenTheBusDoes) {
   createRegisteredItem();
   host.reset();
   privateBus().stop();
-  letSettle();
+  QTest::qWait(150);
   privateBus().start();
   host = std::make_unique<FakeHost>();
   host->startWatcher();
-  ASSERT_TRUE(waitUntil([this] { return !host->registered.isEmpty(); }));
+  ASSERT_TRUE(QTest::qWaitFor([this] { return !host->registered.isEmpty(); }));
   EXPECT_EQ(host->property("Status"), QStringLiteral("Active"));
 }
 
@@ -87,20 +49,21 @@ TEST_F(NotifierTest, TellsEveryPropertyOfTheKindThatHostsExpect) {
   item->setToolTip("Orvane · Balance 7 sats");
   ASSERT_TRUE(hears("NewToolTip"));
   const auto all = host->allProperties();
-  for (const auto& [name, value] :
-       {std::pair<const char*, QVariant>{"Category", "ApplicationStatus"},
-        {"Id", "orvane"},
-        {"Title", "Orvane 7 | 1,234 sats"},
-        {"Status", "Active"},
-        {"IconName", ""},
-        {"IconThemePath", ""},
-        {"OverlayIconName", ""},
-        {"AttentionIconName", ""},
-        {"AttentionMovieName", ""},
-        {"WindowId", 0},
-        {"ItemIsMenu", false}}) {
-    EXPECT_EQ(all.value(QLatin1String(name)), value) << name;
+  const std::vector<std::pair<const char*, const char*>> texts{
+      {"Category", "ApplicationStatus"},
+      {"Id", "orvane"},
+      {"Title", "Orvane 7 | 1,234 sats"},
+      {"Status", "Active"},
+  };
+  for (const auto& [name, value] : texts) {
+    EXPECT_EQ(all.value(QLatin1String(name)), QVariant(QLatin1String(value))) << name;
   }
+  for (const auto* name : {"IconName", "IconThemePath", "OverlayIconName", "AttentionIconName",
+                           "AttentionMovieName"}) {
+    EXPECT_EQ(all.value(QLatin1String(name)), QVariant(QString())) << name;
+  }
+  EXPECT_EQ(all.value(QStringLiteral("WindowId")), QVariant(0));
+  EXPECT_EQ(all.value(QStringLiteral("ItemIsMenu")), QVariant(false));
   EXPECT_EQ(qvariant_cast<QDBusObjectPath>(all.value(QStringLiteral("Menu"))).path(),
             QStringLiteral("/MenuBar"));
   for (const auto* name : {"OverlayIconPixmap", "AttentionIconPixmap"}) {
@@ -148,7 +111,7 @@ TEST_F(NotifierTest, WideImagesHaveRoomForTheirText) {
 TEST_F(NotifierTest, AnUnchangedStateAnnouncesNothing) {
   createRegisteredItem();
   showText("12,345 sats");
-  letSettle();
+  QTest::qWait(150);
   EXPECT_TRUE(host->signalsHeard.isEmpty()) << host->signalsHeard.join(u' ').toStdString();
 }
 
@@ -165,7 +128,7 @@ TEST_F(NotifierTest, AnIndicatorServiceThatComesLaterGetsFiles) {
   createRegisteredItem();
   host->registered.clear();
   host->own("org.ayatana.indicator.application");
-  ASSERT_TRUE(waitUntil([this] { return !host->registered.isEmpty(); }));
+  ASSERT_TRUE(QTest::qWaitFor([this] { return !host->registered.isEmpty(); }));
   const auto folder = host->property("IconThemePath").toString();
   const auto first = host->property("IconName").toString();
   EXPECT_TRUE(QFile::exists(folder + u'/' + first + QStringLiteral(".png")));

@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/desktop/status/bus/menu_model.h"
 #include "platform/desktop/status/drawing/short_figure.h"
 #include "platform/desktop/status/presentation.h"
 
@@ -64,30 +63,6 @@ TEST(ShortFigure, KeepsTheLeadingDigitsOfTheFirstFigure) {
   for (const auto& [text, expected] : cases) {
     EXPECT_EQ(shortFigure(QString::fromUtf8(text)).toStdString(), expected) << text;
   }
-}
-
-Menu menuOf(std::initializer_list<const char*> titles) {
-  Menu menu;
-  for (const auto* title : titles) {
-    menu.items.push_back({.title = title});
-  }
-  return menu;
-}
-
-TEST(MenuModel, CommandsKeepTheirNumbersWhenFiguresChange) {
-  MenuModel model;
-  EXPECT_TRUE(model.replace(menuOf({"Balance 1 sats", "", "Open", "", "Quit"})));
-  const auto before = model.rows();
-  const auto revision = model.revision();
-
-  EXPECT_FALSE(model.replace(menuOf({"Balance 1 sats", "", "Open", "", "Quit"})));
-  EXPECT_EQ(model.revision(), revision);
-
-  EXPECT_TRUE(model.replace(menuOf({"Balance 2 sats", "Today 0 sats", "", "Open", "", "Quit"})));
-  EXPECT_GT(model.revision(), revision);
-  EXPECT_EQ(model.rows()[3].id, before[2].id);
-  EXPECT_EQ(model.rows()[5].id, before[4].id);
-  EXPECT_EQ(model.find(before[0].id), nullptr) << "an old figure's number must not be given anew";
 }
 
 }  // namespace
