@@ -34,6 +34,17 @@ TEST_F(DocumentsTest, WorkersShowEveryStateAndUnit) {
   EXPECT_EQ(units, (std::set<std::string>{"Mh/s", "Gh/s", "Th/s", "Ph/s", "none"}));
 }
 
+TEST_F(DocumentsTest, OneWorkerGoesLowThenOffThenComesBack) {
+  std::vector<std::string> states;
+  // As a client sees it that asks for the workers a minute after each five-minute refresh.
+  for (const int seconds : {60, 300, 300, 300}) {
+    services_.advance(std::chrono::seconds(seconds));
+    const json workers = at(Service::pool, workersTarget)["btc"]["workers"];
+    states.push_back(workers["larkspur.attic-s9"]["state"]);
+  }
+  EXPECT_EQ(states, (std::vector<std::string>{"ok", "low", "off", "ok"}));
+}
+
 TEST_F(DocumentsTest, AmountsAreTextsAndRatesAreNumbers) {
   const json profile = at(Service::pool, profileTarget)["btc"];
   EXPECT_GT(profile["hash_rate_60m"].get<double>(), 50'000);

@@ -48,20 +48,19 @@ TEST_F(SqliteDefaultsTest, EverythingIsThereAfterARestart) {
 
 TEST_F(SqliteDefaultsTest, NobodyElseMayLook) {
   const auto permissions = [](const fs::path& path) { return fs::status(path).permissions(); };
+  const auto ownersAlone = fs::perms::owner_read | fs::perms::owner_write;
   {
     SqliteDefaults defaults(file);
     defaults.setText("key", "value");
     EXPECT_EQ(permissions(file.parent_path()), fs::perms::owner_all);
     EXPECT_EQ(permissions(file.parent_path().parent_path()), fs::perms::owner_all);
     for (const std::string& name : files()) {
-      EXPECT_EQ(permissions(file.parent_path() / name),
-                fs::perms::owner_read | fs::perms::owner_write)
-          << name;
+      EXPECT_EQ(permissions(file.parent_path() / name), ownersAlone) << name;
     }
   }
   fs::permissions(file, fs::perms::others_read, fs::perm_options::add);
   EXPECT_EQ(SqliteDefaults(file).text("key"), "value");
-  EXPECT_EQ(permissions(file), fs::perms::owner_read | fs::perms::owner_write);
+  EXPECT_EQ(permissions(file), ownersAlone);
 }
 
 TEST_F(SqliteDefaultsTest, ValuesThatMakeNoSenseAreMissing) {

@@ -4,11 +4,9 @@
 #include <vector>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-#include "platform/defaults/sqlite_defaults.h"
+#include "settings_fixture.h"
 #include "support/memory_defaults.h"
-#include "support/temporary_folder.h"
 
 namespace orvane::test {
 namespace {

@@ -6,6 +6,8 @@
 namespace orvane::test {
 namespace {
 
+using ActivationTest = DesktopTest;
+
 TEST(StartupTime, IsReadFromTheEndOfAStartupId) {
   struct Case {
     const char* token;
@@ -18,16 +20,8 @@ TEST(StartupTime, IsReadFromTheEndOfAStartupId) {
   }
 }
 
-TEST(Activation, TakesTheFocusFromAnotherProgram) {
-  const WindowManager windowManager;
-  QtDesktopApplication application;
-  auto own = std::make_unique<QWidget>();
-  own->resize(300, 200);
-  auto& window = application.addWindow(std::move(own));
-  auto& widget = QtDesktopApplication::widgetOf(window);
-  window.makeKeyAndOrderFront();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&widget));
-
+TEST_F(ActivationTest, TakesTheFocusFromAnotherProgram) {
+  bringUp();
   QProcess other;
   other.start(QStringLiteral("xlogo"), QStringList());
   ASSERT_TRUE(QTest::qWaitFor([&] { return !window.isKeyWindow(); })) << "xlogo takes no focus";

@@ -1,36 +1,26 @@
-#include <QLineEdit>
 #include <QMenu>
 #include <QShortcut>
-#include <QTest>
 #include <QWindow>
 
 #include <gmock/gmock.h>
 
-#include "platform/desktop/application/recording_delegate.h"
-#include "platform/desktop/application/window_manager.h"
-#include "platform/desktop/qt/qt_desktop_application.h"
+#include "platform/desktop/application/desktop_fixture.h"
 
 namespace orvane::test {
 namespace {
 
 using testing::ElementsAre;
 
-class KeysTest : public testing::Test {
+class KeysTest : public DesktopTest {
  protected:
   void SetUp() override {
     window.setDelegate(delegate);
-    window.makeKeyAndOrderFront();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&field));
-  }
-
-  static std::unique_ptr<QWidget> textField() {
-    auto field = std::make_unique<QLineEdit>();
-    field->setWindowTitle(QStringLiteral("Orvane"));
-    return field;
+    bringUp();
+    field.setFocus();
   }
 
   void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-    QTest::keyClick(field.windowHandle(), key, modifiers);
+    QTest::keyClick(widget.windowHandle(), key, modifiers);
   }
 
   Registration monitor(const char* name, KeyDecision decision) {
@@ -41,11 +31,6 @@ class KeysTest : public testing::Test {
     });
   }
 
-  WindowManager windowManager;
-  QtDesktopApplication application;
-  DesktopWindow& window = application.addWindow(textField());
-  QLineEdit& field = static_cast<QLineEdit&>(QtDesktopApplication::widgetOf(window));
-  std::shared_ptr<RecordingDelegate> delegate = std::make_shared<RecordingDelegate>(application);
   std::vector<std::string> asked;
   std::optional<DesktopEvent> last;
 };

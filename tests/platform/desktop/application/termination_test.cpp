@@ -1,11 +1,7 @@
 #include <QCoreApplication>
-#include <QTest>
 #include <csignal>
 
-#include <gtest/gtest.h>
-
-#include "platform/desktop/application/recording_delegate.h"
-#include "platform/desktop/qt/qt_desktop_application.h"
+#include "platform/desktop/application/desktop_fixture.h"
 #include "platform/desktop/qt/termination_signals.h"
 
 namespace orvane::test {
@@ -22,16 +18,13 @@ TEST(Termination, ByASignalArrivesInTheEventLoop) {
   }
 }
 
-TEST(Termination, ByTheSessionDoesNotDependOnWindowsThatRefuseToClose) {
-  QtDesktopApplication application;
+using TerminationTest = DesktopTest;
+
+TEST_F(TerminationTest, ByTheSessionDoesNotDependOnWindowsThatRefuseToClose) {
   int ends = 0;
   application.setTerminationHandler([&ends] { ++ends; });
-  auto& window = application.addWindow(std::make_unique<QWidget>());
-  const auto delegate = std::make_shared<RecordingDelegate>(application);
   window.setDelegate(delegate);
-  window.makeKeyAndOrderFront();
-  ASSERT_TRUE(QTest::qWaitForWindowExposed(&QtDesktopApplication::widgetOf(window)));
-
+  bringUp();
   QEvent die(QEvent::Quit);  // what a session manager's last word comes down to
   QCoreApplication::sendEvent(QCoreApplication::instance(), &die);
   EXPECT_EQ(ends, 0);

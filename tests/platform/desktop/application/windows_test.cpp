@@ -1,34 +1,10 @@
-#include <QLineEdit>
-#include <QVBoxLayout>
-
-#include "platform/desktop/application/recording_delegate.h"
-#include "platform/desktop/application/window_manager.h"
-#include "platform/desktop/qt/qt_desktop_application.h"
+#include "platform/desktop/application/desktop_fixture.h"
 
 namespace orvane::test {
 namespace {
 
-std::unique_ptr<QWidget> titled(const char* title) {
-  auto widget = std::make_unique<QWidget>();
-  widget->setWindowTitle(QString::fromLatin1(title));
-  widget->resize(300, 200);
-  (new QVBoxLayout(widget.get()))->addWidget(new QLineEdit);
-  return widget;
-}
-
-class WindowsTest : public testing::Test {
+class WindowsTest : public DesktopTest {
  protected:
-  void bringUp() {
-    window.makeKeyAndOrderFront();
-    application.activateIgnoringOtherApps();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&widget));
-  }
-
-  WindowManager windowManager;
-  QtDesktopApplication application;
-  DesktopWindow& window = application.addWindow(titled("Orvane"));
-  QWidget& widget = QtDesktopApplication::widgetOf(window);
-  std::shared_ptr<RecordingDelegate> delegate = std::make_shared<RecordingDelegate>(application);
   std::vector<WindowNotification> told;
   Registration observer =
       window.observe([this](const WindowNotification& heard) { told.push_back(heard); });
@@ -63,7 +39,6 @@ TEST_F(WindowsTest, KeepPlaceSizeTextAndFocusWhileHidden) {
   bringUp();
   const QRect place(311, 173, 420, 333);
   widget.setGeometry(place);
-  auto& field = *widget.findChild<QLineEdit*>();
   field.setFocus();
   field.setText(QStringLiteral("half a tok"));
   const auto isInPlace = [this, &place] { return widget.geometry() == place; };
@@ -72,7 +47,7 @@ TEST_F(WindowsTest, KeepPlaceSizeTextAndFocusWhileHidden) {
   window.orderOut();
   QTest::qWait(50);  // what the window manager makes of it
   bringUp();
-  EXPECT_TRUE(QTest::qWaitFor([&field] { return field.hasFocus(); }));
+  EXPECT_TRUE(QTest::qWaitFor([this] { return field.hasFocus(); }));
   EXPECT_TRUE(isInPlace()) << widget.x() << ' ' << widget.y();
   EXPECT_EQ(field.text(), QStringLiteral("half a tok"));
 }
