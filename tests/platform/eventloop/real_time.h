@@ -7,9 +7,11 @@
 #include <optional>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
+#include "platform/async/child_task.h"
 #include "platform/async/task_scope.h"
 #include "platform/eventloop/qt_executor.h"
 
