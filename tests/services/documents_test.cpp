@@ -79,5 +79,29 @@ TEST_F(DocumentsTest, WhatIsNotAskedForToTheCharacterIsRefused) {
   }
 }
 
+TEST_F(DocumentsTest, ExplorerTotalsAreThoseOfItsTransactions) {
+  const std::string address{services::sampleAddress};
+  const json totals = at(Service::explorer, "/api/address/" + address);
+  std::int64_t funded = 0;
+  std::int64_t spent = 0;
+  std::int64_t waiting = 0;
+  for (const json& each : at(Service::explorer, "/api/address/" + address + "/txs")) {
+    for (const json& output : each.at("vout")) {
+      if (output.value("scriptpubkey_address", "") != address) continue;
+      const bool confirmed = each.at("status").at("confirmed");
+      (confirmed ? funded : waiting) += output.at("value").get<std::int64_t>();
+    }
+    for (const json& input : each.at("vin")) {
+      if (input.at("is_coinbase") || input["prevout"]["scriptpubkey_address"] != address) continue;
+      spent += input["prevout"]["value"].get<std::int64_t>();
+    }
+  }
+  EXPECT_EQ(totals["chain_stats"]["funded_txo_sum"], funded);
+  EXPECT_EQ(totals["chain_stats"]["spent_txo_sum"], spent);
+  EXPECT_EQ(totals["mempool_stats"]["funded_txo_sum"], waiting);
+  EXPECT_GT(spent, 0);
+  EXPECT_GT(waiting, 0);
+}
+
 }  // namespace
 }  // namespace orvane::test

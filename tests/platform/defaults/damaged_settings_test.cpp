@@ -19,7 +19,11 @@ class DamagedSettingsTest : public SettingsFileTest {
   /// A sound file of several pages.
   std::string soundContent() {
     const fs::path sound = folder.path() / "sound.sqlite";
-    SqliteDefaults(sound).setTexts("a", std::vector<std::string>(50, std::string(1000, 'x')));
+    SqliteDefaults defaults(sound);
+    for (int index = 0; index < 50; ++index) {
+      defaults.setData("data" + std::to_string(index), std::string(1000, 'x'));
+    }
+    OtherProgram(sound).run("PRAGMA wal_checkpoint(TRUNCATE)");
     return contentOf(sound);
   }
   std::string databaseOf(const std::string& sql) {
@@ -45,11 +49,14 @@ TEST_F(DamagedSettingsTest, AreSetAsideAsTheyWereAndEveryOneIsKept) {
   std::string scrambled = sound;
   for (std::size_t at = 4096; at < scrambled.size(); at += 3)
     scrambled[at] = '\x5a';
+  std::string unreadableIndex = sound;  // which only a look at the whole structure meets
+  unreadableIndex.replace(2 * 4096, 100, 100, '\x5a');
   const std::vector<std::string> contents{
       "no database",
       std::string(100, '\0'),
       "X" + sound.substr(1),
       scrambled,
+      unreadableIndex,
       sound.substr(0, 100),
       sound.substr(0, sound.size() / 2),
       sound.substr(0, sound.size() - 4096),
