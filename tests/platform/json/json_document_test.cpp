@@ -47,7 +47,7 @@ struct NumberCase {
   std::optional<std::int64_t> integer;
 };
 
-TEST(JsonDocumentTest, KeepsWholeNumbersExactlyWhateverTheLocalesDecimalPoint) {
+void expectNumbers() {
   constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
   constexpr std::int64_t smallest = std::numeric_limits<std::int64_t>::min();
   const std::vector<NumberCase> cases{

@@ -1,7 +1,6 @@
 #include "platform/desktop/qt/activation.h"
 
-#include "platform/desktop/application/window_manager.h"
-#include "platform/desktop/qt/qt_desktop_application.h"
+#include "platform/desktop/application/desktop_fixture.h"
 
 namespace orvane::test {
 namespace {
