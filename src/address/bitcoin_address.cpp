@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <string>
 
+#include "platform/text/unicode.h"
+
 namespace orvane {
 namespace {
 
@@ -19,13 +21,6 @@ constexpr std::size_t legacyLongest = 35;
 
 constexpr bool isUpper(char c) { return c >= 'A' && c <= 'Z'; }
 constexpr bool isLower(char c) { return c >= 'a' && c <= 'z'; }
-constexpr char lowered(char c) { return isUpper(c) ? static_cast<char>(c - 'A' + 'a') : c; }
-
-std::string lowered(std::string_view text) {
-  std::string lower(text);
-  std::ranges::transform(lower, lower.begin(), [](char c) { return lowered(c); });
-  return lower;
-}
 
 bool consistsOf(std::string_view alphabet, std::string_view text) {
   return text.find_first_not_of(alphabet) == std::string_view::npos;
@@ -51,7 +46,7 @@ bool isLegacy(std::string_view text) {
 }  // namespace
 
 bool isValidMainnetAddress(std::string_view text) {
-  const std::string lower = lowered(text);
+  const std::string lower = asciiLowercased(text);
   return lower.starts_with(segregatedWitnessPrefix) ? isSegregatedWitness(text, lower)
                                                     : isLegacy(text);
 }

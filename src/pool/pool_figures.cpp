@@ -32,7 +32,7 @@ constexpr double sharesPerFigure = 0.0009765625;
 }  // namespace
 
 double hashRateUnitFactor(std::string_view unit) {
-  const std::string name = lowercased(trimmed(unit));
+  const std::string name = asciiLowercased(trimmed(unit));
   for (const HashRateUnit& known : hashRateUnits) {
     if (name == known.name || name == known.shortName) {
       return known.factor;

@@ -36,7 +36,7 @@ TEST(PoolFiguresTest, ScalesByKnownUnitsOnly) {
       {"Gh / s", 1},
       {"Gh/sec", 1},
       {"G", 1},
-      {"\u212Ah/s", 1e3},  // the Kelvin sign is another capital of k
+      {"\u212Ah/s", 1},  // the Kelvin sign is no ASCII letter
   };
   for (const auto& [unit, factor] : cases) {
     EXPECT_EQ(hashRateUnitFactor(unit), factor) << unit;

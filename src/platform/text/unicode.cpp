@@ -2,10 +2,8 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <iterator>
 
 #include <unicode/bytestream.h>
-#include <unicode/casemap.h>
 #include <unicode/normalizer2.h>
 #include <unicode/stringpiece.h>
 #include <unicode/uchar.h>
@@ -79,17 +77,10 @@ std::string_view trimmed(std::string_view text) {
   return text;
 }
 
-std::string lowercased(std::string_view text) {
-  std::string result;
-  if (isAscii(text)) {
-    std::ranges::transform(text, std::back_inserter(result), lowercasedAscii);
-    return result;
-  }
-  icu::StringByteSink<std::string> sink(&result);
-  UErrorCode status = U_ZERO_ERROR;
-  const char* const rootLocale = "";
-  icu::CaseMap::utf8ToLower(rootLocale, 0, piece(text), sink, nullptr, status);
-  return U_SUCCESS(status) ? result : std::string(text);
+std::string asciiLowercased(std::string_view text) {
+  std::string result(text);
+  std::ranges::transform(result, result.begin(), lowercasedAscii);
+  return result;
 }
 
 std::string nfcNormalized(std::string_view text) {

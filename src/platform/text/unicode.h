@@ -10,8 +10,8 @@ namespace orvane {
 /// U+0085 and U+2028 among them.
 [[nodiscard]] std::string_view trimmed(std::string_view text);
 
-/// Full Unicode lower case, independent of the locale.
-[[nodiscard]] std::string lowercased(std::string_view text);
+/// ASCII letters in lower case, everything else as it is: a look-alike never becomes a letter.
+[[nodiscard]] std::string asciiLowercased(std::string_view text);
 
 /// Canonical composition (NFC). A text that is not valid UTF-8 comes back unchanged.
 [[nodiscard]] std::string nfcNormalized(std::string_view text);
