@@ -49,9 +49,7 @@ BalanceState withLongTexts() {
   state.watchedAddress = "bc1p5d7rjq7g6rdk2yhzks9smlaqtedr4dekq08ge8ztwac72sfr9rusxg3297";
   state.workers.push_back(worker("pellam." + std::string(200, 'w'), State::ok, 1e14));
   state.workers.push_back(worker("<b>not markup</b> & more", State::low, 2e14));
-  state.accountStatus =
-      "Braiins refused the token. Create a read-only token under Settings → Access Profiles and "
-      "save it below. The next attempt follows in 5 minutes.";
+  state.accountStatus = "Braiins could not be reached. The last figures stay until the next try.";
   return state;
 }
 
