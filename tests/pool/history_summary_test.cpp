@@ -13,19 +13,12 @@ BraiinsHistoryDay rewardOf(const std::string& amount) { return {.rewardBTC = amo
 BraiinsHistoryDay rateOf(double rate) { return {.averageHashRate = rate}; }
 BraiinsHistoryDay sharesOf(std::int64_t shares) { return {.shares = shares}; }
 
-TEST(HistorySummaryTest, OfNothingIsNothing) {
-  const BraiinsHistorySummary summary({});
-  EXPECT_EQ(summary.dayCount, 0);
-  EXPECT_EQ(summary.averageHashRate, std::nullopt);
-  EXPECT_EQ(summary.totalShares, 0);
-  EXPECT_EQ(summary.totalRewardSats, Decimal(0));
-}
-
 TEST(HistorySummaryTest, AveragesOnlyDaysThatHaveARate) {
   const std::vector<BraiinsHistoryDay> days{rateOf(0), rewardOf("1"), rateOf(10)};
   EXPECT_EQ(BraiinsHistorySummary(days).dayCount, 3);
   EXPECT_EQ(BraiinsHistorySummary(days).averageHashRate, 5);
   EXPECT_EQ(BraiinsHistorySummary(std::vector{rewardOf("1")}).averageHashRate, std::nullopt);
+  EXPECT_EQ(BraiinsHistorySummary({}).averageHashRate, std::nullopt);
 }
 
 TEST(HistorySummaryTest, AddsRewardsInDecimalAndSkipsTextsThatAreNoNumbers) {

@@ -39,41 +39,6 @@ const Document& workers = documents[1];
 const Document& rewards = documents[2];
 const Document& hashrate = documents[3];
 
-TEST(PoolDecodingTest, ReadsEveryMember) {
-  const std::optional<BraiinsProfileResponse> account = decodeProfile(profileBody);
-  ASSERT_TRUE(account);
-  EXPECT_EQ(account->btc.hashRateUnit, "Gh/s");
-  EXPECT_EQ(account->btc.hashRate60m, 5.5);
-  EXPECT_EQ(account->btc.shares24h, 1536);
-  EXPECT_EQ(account->btc.todayReward, "0.1");
-  EXPECT_EQ(account->btc.currentBalance, "0.2");
-
-  const std::optional<BraiinsWorkersResponse> mining = decodeWorkers(workersBody);
-  ASSERT_TRUE(mining);
-  const BraiinsWorkersResponse::Worker& worker = mining->values.at("btc").workers.at("pellam.mac");
-  EXPECT_EQ(worker.state, "ok");
-  EXPECT_EQ(worker.lastShare, 1'700'000'000);
-  EXPECT_EQ(worker.hashRateUnit, "Gh/s");
-  EXPECT_EQ(worker.hashRate5m, 1);
-  EXPECT_EQ(worker.hashRate60m, 2.5);
-  EXPECT_EQ(worker.hashRate24h, 300);
-
-  const std::optional<BraiinsRewardsResponse> earned = decodeRewards(rewardsBody);
-  ASSERT_TRUE(earned);
-  ASSERT_EQ(earned->btc.dailyRewards.size(), 2U);
-  EXPECT_EQ(earned->btc.dailyRewards[0].date, 1'794'700'800);
-  EXPECT_EQ(earned->btc.dailyRewards[0].totalReward, "0.0001");
-
-  const std::optional<BraiinsDailyHashrateResponse> mined = decodeDailyHashrate(hashrateBody);
-  ASSERT_TRUE(mined);
-  ASSERT_EQ(mined->values.at("btc").size(), 1U);
-  const BraiinsDailyHashrateResponse::Day& day = mined->values.at("btc")[0];
-  EXPECT_EQ(day.date, 1'794'700'800);
-  EXPECT_EQ(day.hashRateUnit, "Gh/s");
-  EXPECT_EQ(day.hashRate24h, 5);
-  EXPECT_EQ(day.totalShares, 2048.5);
-}
-
 TEST(PoolDecodingTest, GivesNothingForMalformedBodies) {
   for (const Document& document : documents) {
     EXPECT_TRUE(document.decodes(document.body)) << document.body;
