@@ -51,12 +51,6 @@ class NewPaymentNotificationsTest : public testing::Test {
           [this](std::int64_t sats) { return format.integer(sats) + " sats"; });
 };
 
-TEST_F(NewPaymentNotificationsTest, TheFirstSummaryOnlySetsTheBaseline) {
-  accept({payment("a"), payment("b"), payment("c")});
-  EXPECT_THAT(defaults.texts(key).value(), UnorderedElementsAre("a", "b", "c"));
-  EXPECT_EQ(center.authorizationRequests(), 0);
-}
-
 TEST_F(NewPaymentNotificationsTest, AnnouncesAPaymentOnceWhetherConfirmedOrNot) {
   accept({payment("old")});
   accept({payment("new"), payment("old")});
@@ -67,13 +61,6 @@ TEST_F(NewPaymentNotificationsTest, AnnouncesAPaymentOnceWhetherConfirmedOrNot) 
   accept({confirmed});
   EXPECT_THAT(identifiers(), ElementsAre("address-new"));
   EXPECT_THAT(defaults.texts(key).value(), UnorderedElementsAre("old", "new"));
-}
-
-TEST_F(NewPaymentNotificationsTest, AnnouncesTheFirstPaymentToAnEmptyAddress) {
-  accept({});
-  EXPECT_THAT(defaults.texts(key), testing::Optional(IsEmpty()));
-  accept({payment("first")});
-  EXPECT_THAT(identifiers(), ElementsAre("address-first"));
 }
 
 TEST_F(NewPaymentNotificationsTest, KeepsTheOrderUnderOneAuthorization) {
@@ -111,14 +98,6 @@ TEST_F(NewPaymentNotificationsTest, WhatWasRefusedIsNotAnnouncedLater) {
   EXPECT_THAT(identifiers(), IsEmpty());
   EXPECT_EQ(center.authorizationRequests(), 1);
   EXPECT_THAT(defaults.texts(key).value(), ElementsAre("a"));
-}
-
-TEST_F(NewPaymentNotificationsTest, AnotherAddressStartsAfresh) {
-  accept({});
-  notifications->forgetSeenTransactions();
-  EXPECT_EQ(defaults.texts(key), std::nullopt);
-  accept({payment("history")});
-  EXPECT_THAT(identifiers(), IsEmpty());
 }
 
 TEST_F(NewPaymentNotificationsTest, AStoredValueOfAnotherTypeIsANewBaseline) {

@@ -28,15 +28,6 @@ AddressStats totals(AddressStats::Stats chain, AddressStats::Stats mempool) {
 
 const ExplorerError outOfRange{.kind = ExplorerError::Kind::decoding};
 
-TEST(SummaryRulesTest, BalancesAreWhatCameInWithoutWhatWentOut) {
-  const auto summary = buildSummary(totals({150000, 50000}, {0, 20000}), {}, 850000, "any");
-  ASSERT_TRUE(summary);
-  EXPECT_EQ(summary->confirmedSats, 100000);
-  EXPECT_EQ(summary->pendingSats, -20000);
-  EXPECT_EQ(summary->tipHeight, 850000);
-  EXPECT_TRUE(summary->incoming.empty());
-}
-
 TEST(SummaryRulesTest, ListsWhatPaidTheAddressAsOftenAndInTheOrderOfTheExplorer) {
   Transaction first = transaction({1000, 2500});
   first.txid = "first";
