@@ -64,27 +64,17 @@ class Prompter {
   QProcess process_;
 };
 
-TEST_F(LockedTest, BackgroundReadGivesNothingAtOnceAndAsksNobody) {
-  const Prompter prompter;
-  std::optional<KeychainItem> item;
-  const auto time =
-      timeOf([&] { item = run(keychain.copyMatching(query, KeychainPrompt::never)); });
-  EXPECT_FALSE(item);
-  EXPECT_LT(time, atOnce);
-  letPass(300ms);  // a dialog would be there by now
-  EXPECT_EQ(Prompter::window(), "");
-}
-
-TEST_F(LockedTest, WritesThatMayNotAskFailAtOnceAndAskNobody) {
+TEST_F(LockedTest, CallsThatMayNotAskAreInVainAtOnceAndAskNobody) {
   const Prompter prompter;
   const KeychainQuery fresh{.service = "locked", .account = "fresh"};
   const auto time = timeOf([&] {
+    EXPECT_FALSE(run(keychain.copyMatching(query, KeychainPrompt::never)));
     EXPECT_EQ(run(keychain.update(query, "x", KeychainPrompt::never)), KeychainStatus::failed);
     EXPECT_EQ(run(keychain.remove(query, KeychainPrompt::never)), KeychainStatus::failed);
     EXPECT_EQ(run(keychain.add(fresh, "x", KeychainPrompt::never)), KeychainStatus::failed);
   });
   EXPECT_LT(time, atOnce);
-  letPass(300ms);
+  letPass(300ms);  // a dialog would be there by now
   EXPECT_EQ(Prompter::window(), "");
 }
 
@@ -95,85 +85,68 @@ TEST_F(LockedTest, WithoutAPrompterPromptingCallsAreInVain) {
 
 class PromptTest : public LockedTest {
  protected:
-  /// Begins a read that may prompt and waits for the dialog.
-  void beginToRead() {
-    reading = scope.spawn(keep(keychain.copyMatching(query, KeychainPrompt::allowed), item));
+  /// Begins a call that may prompt and waits for the dialog.
+  template <class T>
+  void begin(Task<T> task, std::optional<T>& result) {
+    call = scope.spawn(detail::keepResult(std::move(task), result, ended));
     ASSERT_TRUE(letPassUntil([] { return !Prompter::window().empty(); }));
   }
-  /// The same for a write.
-  void beginToWrite(Task<KeychainStatus> write) {
-    writing = scope.spawn(keep(std::move(write), status));
-    ASSERT_TRUE(letPassUntil([] { return !Prompter::window().empty(); }));
-  }
-  /// The status of the write once the user has answered.
-  std::optional<KeychainStatus> statusAfter(const std::string& keys) {
-    EXPECT_TRUE(letPassUntil([&keys] { return Prompter::isClosedWith(keys); }));
-    EXPECT_TRUE(letPassUntil([this] { return writing.finished(); }));
+  void beginToRead() { begin(keychain.copyMatching(query, KeychainPrompt::allowed), item); }
+  /// The status of a write once the user has answered the dialog with `keys`.
+  std::optional<KeychainStatus> statusOf(Task<KeychainStatus> write, const std::string& keys) {
+    begin(std::move(write), status);
+    answer(keys);
     return status;
   }
-  template <class T>
-  static Task<void> keep(Task<T> task, std::optional<T>& result) {
-    result = co_await std::move(task);
-  }
-  static Task<void> keep(Task<std::optional<KeychainItem>> task,
-                         std::optional<KeychainItem>& item) {
-    item = co_await std::move(task);
+  void answer(const std::string& keys) {
+    EXPECT_TRUE(letPassUntil([&keys] { return Prompter::isClosedWith(keys); }));
+    EXPECT_TRUE(letPassUntil([this] { return call.finished(); }));
   }
 
   Prompter prompter;
-  std::optional<KeychainItem> item;
+  std::optional<std::optional<KeychainItem>> item;
   std::optional<KeychainStatus> status;
-  TaskHandle reading;
-  TaskHandle writing;
+  QEventLoop ended;
+  TaskHandle call;
   TaskScope scope{*executor};
 };
 
 TEST_F(PromptTest, CancellingEndsTheReadAtOnceAndHarmsNoService) {
   beginToRead();
-  reading.cancel();
+  call.cancel();
   letPass(50ms);
-  EXPECT_TRUE(reading.finished());
-  EXPECT_FALSE(item);
-  EXPECT_TRUE(letPassUntil([] { return Prompter::isClosedWith("key Escape"); }));
+  EXPECT_TRUE(call.finished());
+  EXPECT_FALSE(item.value());
+  answer("key Escape");
   EXPECT_TRUE(run(secretServiceIsPresent()));
-}
-
-TEST_F(PromptTest, ARefusalGivesNothing) {
-  beginToRead();
-  EXPECT_TRUE(letPassUntil([] { return Prompter::isClosedWith("key Escape"); }));
-  EXPECT_TRUE(letPassUntil([this] { return reading.finished(); }));
-  EXPECT_FALSE(item);
 }
 
 TEST_F(PromptTest, TheReadWaitsForTheUserLongerThanForTheServiceAndGivesTheItem) {
   keychain = SecretServiceKeychain(300ms);
   beginToRead();
   letPass(400ms);
-  EXPECT_FALSE(reading.finished());
-  EXPECT_TRUE(letPassUntil([] { return Prompter::isClosedWith("type password"); }));
-  EXPECT_TRUE(letPassUntil([this] { return reading.finished(); }));
-  ASSERT_TRUE(item);
-  EXPECT_EQ(item->data, "secret");
+  EXPECT_FALSE(call.finished());
+  answer("type password");
+  ASSERT_TRUE(item.value());
+  EXPECT_EQ(item.value()->data, "secret");
 }
 
-TEST_F(PromptTest, AWriteWaitsForTheUserAndIsDoneThen) {
-  beginToWrite(keychain.update(query, "secret", KeychainPrompt::allowed));
-  EXPECT_EQ(statusAfter("type password"), KeychainStatus::success);
-}
-
-TEST_F(PromptTest, AddingAsksForTheCollectionAndRemovingForTheItems) {
+TEST_F(PromptTest, AddingAsksForTheCollectionAndChangingForTheItems) {
   const KeychainQuery fresh{.service = "locked", .account = "fresh"};
-  beginToWrite(keychain.add(fresh, "x", KeychainPrompt::allowed));
-  EXPECT_EQ(statusAfter("type password"), KeychainStatus::success);
+  EXPECT_EQ(statusOf(keychain.add(fresh, "x", KeychainPrompt::allowed), "type password"),
+            KeychainStatus::success);
   lock();
-  beginToWrite(keychain.remove(fresh, KeychainPrompt::allowed));
-  EXPECT_EQ(statusAfter("type password"), KeychainStatus::success);
+  EXPECT_EQ(statusOf(keychain.update(fresh, "y", KeychainPrompt::allowed), "type password"),
+            KeychainStatus::success);
+  lock();
+  EXPECT_EQ(statusOf(keychain.remove(fresh, KeychainPrompt::allowed), "type password"),
+            KeychainStatus::success);
   EXPECT_EQ(run(keychain.remove(fresh, KeychainPrompt::never)), KeychainStatus::itemNotFound);
 }
 
 TEST_F(PromptTest, ARefusedWriteHasFailedAndIsNotAskedAgain) {
-  beginToWrite(keychain.update(query, "x", KeychainPrompt::allowed));
-  EXPECT_EQ(statusAfter("key Escape"), KeychainStatus::failed);
+  EXPECT_EQ(statusOf(keychain.update(query, "x", KeychainPrompt::allowed), "key Escape"),
+            KeychainStatus::failed);
   letPass(300ms);
   EXPECT_EQ(Prompter::window(), "");
 }
@@ -185,8 +158,8 @@ TEST_F(PromptTest, AServiceThatEndsWhileItAsksHoldsNobodyUp) {
       "kill -9 $(gdbus call --session --dest org.freedesktop.DBus --object-path "
       "/org/freedesktop/DBus --method org.freedesktop.DBus.GetConnectionUnixProcessID "
       "org.freedesktop.secrets | tr -dc '0-9 ' | cut -d' ' -f2)");
-  EXPECT_TRUE(letPassUntil([this] { return reading.finished(); }));
-  EXPECT_FALSE(item);
+  EXPECT_TRUE(letPassUntil([this] { return call.finished(); }));
+  EXPECT_FALSE(item.value());
 }
 
 }  // namespace

@@ -1,10 +1,10 @@
 #include "platform/keychain/service_presence.h"
 
 #include <QProcess>
+#include <csignal>
 
 #include "platform/eventloop/real_time.h"
 #include "platform/keychain/secret_service_keychain.h"
-#include "platform/keychain/silent_service.h"
 
 namespace orvane::test {
 namespace {
@@ -29,33 +29,6 @@ class ServicePresenceTest : public RealTimeTest {
   KeychainQuery query{.service = "presence", .account = "token"};
 };
 
-TEST_F(ServicePresenceTest, WithoutAServiceEveryCallEndsAtOnce) {
-  const auto time = timeOf([this] { expectEveryCallInVain(); });
-  EXPECT_LT(time, atOnce);
-}
-
-TEST_F(ServicePresenceTest, AServiceThatNeverAnswersIsWaitedForNoLongerThanTheDeadline) {
-  const SilentService service;
-  keychain = SecretServiceKeychain(100ms);
-  const auto time = timeOf([this] { expectEveryCallInVain(); });
-  EXPECT_GE(time, 500ms) << "five calls that wait";
-  EXPECT_LT(time, atOnce);
-}
-
-TEST_F(ServicePresenceTest, DestroyedWhileTheServiceIsSilentACallLeavesNothingBehind) {
-  const SilentService service;
-  std::optional<std::optional<KeychainItem>> item;
-  QEventLoop loop;
-  {
-    TaskScope scope(*executor);
-    scope.spawn(
-        detail::keepResult(keychain.copyMatching(query, KeychainPrompt::never), item, loop));
-    letPass(20ms);
-  }
-  letPass(20ms);
-  EXPECT_FALSE(item);
-}
-
 /// The keyring daemon, with its password given at the start.
 class Daemon {
  public:
@@ -71,12 +44,45 @@ class Daemon {
     process_.kill();
     process_.waitForFinished();
   }
+  /// From now on it takes calls and answers none.
+  void fallSilent() const { ::kill(static_cast<pid_t>(process_.processId()), SIGSTOP); }
   [[nodiscard]] bool isThere() const { return isThere_; }
 
  private:
   QProcess process_;
   bool isThere_ = false;
 };
+
+TEST_F(ServicePresenceTest, WithoutAServiceEveryCallEndsAtOnce) {
+  const auto time = timeOf([this] { expectEveryCallInVain(); });
+  EXPECT_LT(time, atOnce);
+}
+
+TEST_F(ServicePresenceTest, AServiceThatNeverAnswersIsWaitedForNoLongerThanTheDeadline) {
+  const Daemon service(*this);
+  ASSERT_TRUE(service.isThere());
+  service.fallSilent();
+  keychain = SecretServiceKeychain(100ms);
+  const auto time = timeOf([this] { expectEveryCallInVain(); });
+  EXPECT_GE(time, 500ms) << "five calls that wait";
+  EXPECT_LT(time, atOnce);
+}
+
+TEST_F(ServicePresenceTest, DestroyedWhileTheServiceIsSilentACallLeavesNothingBehind) {
+  const Daemon service(*this);
+  ASSERT_TRUE(service.isThere());
+  service.fallSilent();
+  std::optional<std::optional<KeychainItem>> item;
+  QEventLoop loop;
+  {
+    TaskScope scope(*executor);
+    scope.spawn(
+        detail::keepResult(keychain.copyMatching(query, KeychainPrompt::never), item, loop));
+    letPass(20ms);
+  }
+  letPass(20ms);
+  EXPECT_FALSE(item);
+}
 
 TEST_F(ServicePresenceTest, AServiceMayComeGoAndComeBack) {
   auto daemon = std::make_unique<Daemon>(*this);
