@@ -76,15 +76,5 @@ TEST(HistoryBuilderTest, NewestFirstWhateverTheOrder) {
               ElementsAre(dated(today + aDay), dated(today), dated(today - aDay), dated(-aDay)));
 }
 
-TEST(HistoryBuilderTest, WithoutHashratesTheDaysCarryRewardsOnly) {
-  const std::string rewards = rewardsBody(reward(today, "1") + "," + reward(today + aDay, "0"));
-  const BraiinsHistoryDay day{.date = at(today), .rewardBTC = "1"};
-  EXPECT_THAT(buildHistoryDays(rewards, std::nullopt).value(), ElementsAre(day));
-  for (const std::string& body : {std::string(), std::string("[]"), std::string("{}"),
-                                  R"({"btc":[)" + hashrate(today, "\"5\"", "1") + "]}"}) {
-    EXPECT_THAT(buildHistoryDays(rewards, body).value(), ElementsAre(day)) << body;
-  }
-}
-
 }  // namespace
 }  // namespace orvane::test

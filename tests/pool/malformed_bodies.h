@@ -4,6 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 namespace orvane::test {
 
 /// `body` with one more member in the innermost of its objects, one that no record names.
@@ -52,6 +54,14 @@ inline std::vector<std::string> withMember(std::string_view body, std::string_vi
     bodies.push_back(changed.replace(value, start + member.size() - value, replacement));
   }
   return bodies;
+}
+
+/// Expects that `decode` gives nothing for each of `bodies`.
+template <class Decoder>
+void expectNothingFrom(const std::vector<std::string>& bodies, const Decoder& decode) {
+  for (const std::string& body : bodies) {
+    EXPECT_FALSE(decode(body)) << body.substr(0, 200);
+  }
 }
 
 }  // namespace orvane::test

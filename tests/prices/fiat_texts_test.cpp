@@ -20,14 +20,6 @@ TEST(FiatTextsTest, CurrenciesHaveExactlyTheirRawValues) {
   EXPECT_EQ(rawValue(usd), "USD");
 }
 
-TEST(FiatTextsTest, TakesThePriceOfTheChosenCurrency) {
-  const CurrentBitcoinPrices prices{.eur = 2, .usd = 50'000};
-  EXPECT_EQ(fiatValue(150'000'000, prices, eur), 3.0);
-  EXPECT_EQ(fiatValue(10'000, prices, usd), 5.0);
-  EXPECT_EQ(fiatValue(1'000, prices, usd), 0.5);
-  EXPECT_EQ(fiatValue(-1'000, prices, usd), -0.5);
-}
-
 TEST(FiatTextsTest, ShowsTwoDigitsFromOneOnAndThreeBelow) {
   struct Case {
     double sats;
@@ -46,13 +38,6 @@ TEST(FiatTextsTest, ShowsTwoDigitsFromOneOnAndThreeBelow) {
   }
   EXPECT_EQ(fiatValueText(english, usd, 50'000'000, {.eur = 9, .usd = 1}), "0.500 $");
   EXPECT_EQ(fiatValueText(german, usd, 123'450'000'000, {.eur = 9, .usd = 1}), "1.234,50 $");
-}
-
-TEST(FiatTextsTest, RoundsTheRateToWholeUnits) {
-  const CurrentBitcoinPrices prices{.eur = 84'123.4, .usd = 97'000.6};
-  EXPECT_EQ(rateText(english, eur, prices), "1 BTC = 84,123 €");
-  EXPECT_EQ(rateText(english, usd, prices), "1 BTC = 97,001 $");
-  EXPECT_EQ(rateText(german, eur, prices), "1 BTC = 84.123 €");
 }
 
 }  // namespace
