@@ -200,29 +200,16 @@ TEST_F(AddressWatchTest, IsBusyAroundTheSummaryOnly) {
   EXPECT_EQ(transport.inFlight(), 1U);
 }
 
-TEST_F(AddressWatchTest, WithATokenThePoolsCycleFetchesThePrices) {
-  storeToken("token");
-  startWatching(firstAddress);
-  executor.advance(59s);
-  EXPECT_EQ(transport.sentTo("price.test"), 0U);
-  executor.advance(1s);
-  EXPECT_EQ(transport.sentTo("price.test"), 1U);
-}
-
 TEST_F(AddressWatchTest, ARestartLeavesTheNewCyclesBusyFlagAlone) {
   startWatching(firstAddress);
   transport.on("explorer.test").neverAnswer();
-  std::vector<bool> flags;
-  const auto subscription = store->observe([&] {
-    if (flags.empty() || flags.back() != state().isRefreshingAddress) {
-      flags.push_back(state().isRefreshingAddress);
-    }
+  const auto flags = valuesDuring(&BalanceState::isRefreshingAddress, [&] {
+    store->restartAddressWatch();
+    executor.runUntilIdle();
+    store->restartAddressWatch();
+    store->restartAddressWatch();
+    executor.runUntilIdle();
   });
-  store->restartAddressWatch();
-  executor.runUntilIdle();
-  store->restartAddressWatch();
-  store->restartAddressWatch();
-  executor.runUntilIdle();
   EXPECT_THAT(flags, ElementsAre(false, true, false, true));
   EXPECT_EQ(transport.inFlight(), 3U);
   EXPECT_EQ(transport.aborted(), 3U);

@@ -4,6 +4,9 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <string>
+#include <tuple>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -23,35 +26,20 @@ BalanceState in(BalanceUnit unit) {
   return state;
 }
 
-struct AmountCase {
-  std::int64_t sats;
-  const char* satsText;
-  const char* btcText;
-};
-
-class AmountTest : public testing::TestWithParam<AmountCase> {};
-
-TEST_P(AmountTest, HasGroupedSatsAndEightPlainDecimalsOfBitcoin) {
-  EXPECT_EQ(amountText(in(BalanceUnit::sats), english, GetParam().sats), GetParam().satsText);
-  EXPECT_EQ(amountText(in(BalanceUnit::btc), german, GetParam().sats), GetParam().btcText);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Amounts, AmountTest,
-    testing::Values(AmountCase{0, "0 sats", "0.00000000 BTC"},
-                    AmountCase{5'000, "5,000 sats", "0.00005000 BTC"},
-                    AmountCase{99'999'999, "99,999,999 sats", "0.99999999 BTC"},
-                    AmountCase{100'000'000, "100,000,000 sats", "1.00000000 BTC"},
-                    AmountCase{123'456'789, "123,456,789 sats", "1.23456789 BTC"},
-                    AmountCase{-5'000, "-5,000 sats", "-0.00005000 BTC"},
-                    AmountCase{-150'000'000, "-150,000,000 sats", "-1.50000000 BTC"},
-                    AmountCase{2'100'000'000'000'000, "2,100,000,000,000,000 sats",
-                               "21000000.00000000 BTC"},
-                    AmountCase{std::numeric_limits<std::int64_t>::min(),
-                               "-9,223,372,036,854,775,808 sats", "-92233720368.54775808 BTC"}));
-
-TEST(DisplayTextsTest, GroupSatsAsTheUsersLocaleDoes) {
-  EXPECT_EQ(amountText(in(BalanceUnit::sats), english, 12'345), "12,345 sats");
+TEST(DisplayTextsTest, AmountsAreGroupedSatsOrEightPlainDecimalsOfBitcoin) {
+  const std::vector<std::tuple<std::int64_t, std::string, std::string>> cases{
+      {0, "0 sats", "0.00000000 BTC"},
+      {5'000, "5,000 sats", "0.00005000 BTC"},
+      {99'999'999, "99,999,999 sats", "0.99999999 BTC"},
+      {100'000'000, "100,000,000 sats", "1.00000000 BTC"},
+      {-150'000'000, "-150,000,000 sats", "-1.50000000 BTC"},
+      {std::numeric_limits<std::int64_t>::min(), "-9,223,372,036,854,775,808 sats",
+       "-92233720368.54775808 BTC"},
+  };
+  for (const auto& [sats, satsText, btcText] : cases) {
+    EXPECT_EQ(amountText(in(BalanceUnit::sats), english, sats), satsText);
+    EXPECT_EQ(amountText(in(BalanceUnit::btc), german, sats), btcText);
+  }
   EXPECT_EQ(amountText(in(BalanceUnit::sats), german, 12'345), "12.345 sats");
   EXPECT_EQ(amountNumberText(in(BalanceUnit::sats), german, 12'345), "12.345");
 }
@@ -73,35 +61,32 @@ TEST(DisplayTextsTest, GiveValuesOnlyWithPricesAndInThePreferredCurrency) {
   BalanceState state;
   EXPECT_EQ(fiatText(state, english, 1e8), std::nullopt);
   EXPECT_EQ(priceText(state, english), std::nullopt);
-  state.prices = CurrentBitcoinPrices{.eur = 84'123.4, .usd = 97'000.1};
+  state.prices = CurrentBitcoinPrices{.eur = 84'123.4, .usd = 96'999.6};
   EXPECT_EQ(fiatText(state, english, 1e8), "84,123.40 €");
   EXPECT_EQ(priceText(state, english), "1 BTC = 84,123 €");
   state.preferredFiatCurrency = PreferredFiatCurrency::usd;
-  EXPECT_EQ(fiatText(state, german, 1e8), "97.000,10 $");
+  EXPECT_EQ(fiatText(state, german, 1e8), "96.999,60 $");
   EXPECT_EQ(priceText(state, german), "1 BTC = 97.000 $");
 }
 
-struct HashRateCase {
-  double rate;
-  const char* text;
-};
-
-class HashRateTest : public testing::TestWithParam<HashRateCase> {};
-
-TEST_P(HashRateTest, HasTheFirstUnitItReaches) {
-  EXPECT_EQ(hashRateText(GetParam().rate), GetParam().text);
+TEST(DisplayTextsTest, AHashRateHasTheFirstUnitItReaches) {
+  const double infinity = std::numeric_limits<double>::infinity();
+  const std::vector<std::pair<double, std::string>> cases{{0, "0 H/s"},
+                                                          {999.4, "999 H/s"},
+                                                          {1'500, "1.50 kH/s"},
+                                                          {1e6, "1.00 MH/s"},
+                                                          {999'999, "1000.00 kH/s"},
+                                                          {2.5e9, "2.50 GH/s"},
+                                                          {1e14, "100.00 TH/s"},
+                                                          {12'345'678'901'234, "12.35 TH/s"},
+                                                          {1.1e14, "—"},
+                                                          {-1, "—"},
+                                                          {std::nan(""), "—"},
+                                                          {infinity, "—"}};
+  for (const auto& [rate, text] : cases) {
+    EXPECT_EQ(hashRateText(rate), text);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Rates, HashRateTest,
-    testing::Values(HashRateCase{0, "0 H/s"}, HashRateCase{999.4, "999 H/s"},
-                    HashRateCase{1'000, "1.00 kH/s"}, HashRateCase{1'500, "1.50 kH/s"},
-                    HashRateCase{999'999, "1000.00 kH/s"}, HashRateCase{1e6, "1.00 MH/s"},
-                    HashRateCase{2.5e9, "2.50 GH/s"},
-                    HashRateCase{12'345'678'901'234, "12.35 TH/s"},
-                    HashRateCase{1e14, "100.00 TH/s"}, HashRateCase{1.1e14, "—"},
-                    HashRateCase{-1, "—"}, HashRateCase{std::nan(""), "—"},
-                    HashRateCase{std::numeric_limits<double>::infinity(), "—"}));
 
 TEST(DisplayTextsTest, ShowALastShareOnlyWhenThereWasOne) {
   EXPECT_EQ(lastShareText(german, rightNow), "Last share 16.11.2026, 14:05");

@@ -52,50 +52,44 @@ TEST(SharedAccessGroupTest, IsTheFirstOneWithTheSharedSuffix) {
             sharedGroup);
 }
 
-TEST_F(KeychainItemsTest, SaveAddsOneItemAndThenReplacesItsText) {
+TEST_F(KeychainItemsTest, SaveAddsReplacesAndWithNothingRemovesFromEveryGroup) {
   save(shared, "first");
   EXPECT_THAT(keychain.items, ElementsAre(item("first")));
   save(shared, "second");
   EXPECT_THAT(keychain.items, ElementsAre(item("second")));
   EXPECT_EQ(read(shared), "second");
-}
-
-TEST_F(KeychainItemsTest, SaveOfNothingRemovesTheItemFromEveryGroup) {
-  keychain.items = {item("a"), item("b", "TEAM.own")};
+  keychain.items.push_back(item("b", "TEAM.own"));
   save(shared, "");
   EXPECT_THAT(keychain.items, IsEmpty());
-  EXPECT_EQ(read(shared), std::nullopt);
-}
-
-TEST_F(KeychainItemsTest, ReadMovesAnItemOfAnotherGroup) {
-  const auto bystander = item("another", "TEAM.other");
-  keychain.items = {item("text", "TEAM.own"), bystander};
-  EXPECT_EQ(read(shared), "text");
-  EXPECT_THAT(keychain.items, ElementsAre(bystander, item("text")));
-}
-
-TEST_F(KeychainItemsTest, ReadLeavesAnItemWithoutGroupOrWithoutASharedGroupAlone) {
-  keychain.items = {item("text", std::nullopt)};
-  EXPECT_EQ(read(shared), "text");
-  EXPECT_THAT(keychain.items, ElementsAre(item("text", std::nullopt)));
-  keychain.items = {item("text", "TEAM.own")};
-  EXPECT_EQ(read(withoutGroup), "text");
-  EXPECT_THAT(keychain.items, ElementsAre(item("text", "TEAM.own")));
-}
-
-TEST_F(KeychainItemsTest, WithoutASharedGroupSavesGoToTheDefaultGroup) {
   keychain.defaultGroup = "TEAM.own";
   save(withoutGroup, "text");
   EXPECT_THAT(keychain.items, ElementsAre(item("text", "TEAM.own")));
 }
 
-TEST_F(KeychainItemsTest, ReadGivesNothingForWhatItCannotUse) {
-  keychain.items = {item("text")};
-  keychain.items[0].synchronizable = false;
-  EXPECT_EQ(read(shared), std::nullopt);
-  keychain.items = {item("\xff\xfe", "TEAM.own")};
-  EXPECT_EQ(read(shared), std::nullopt);
-  EXPECT_EQ(keychain.items[0].accessGroup, "TEAM.own");
+TEST_F(KeychainItemsTest, ReadMovesOnlyATextOfAnotherGroupAndOnlyIntoASharedOne) {
+  using Items = std::vector<MemoryKeychain::Item>;
+  const auto bystander = item("another", "TEAM.other");
+  const auto bytes = item("\xff\xfe", "TEAM.own");
+  auto local = item("text");
+  local.synchronizable = false;
+  struct Case {
+    Items before;
+    KeychainItems& reader;
+    std::optional<std::string> text;
+    Items after;
+  };
+  const std::vector<Case> cases{
+      {{item("text", "TEAM.own"), bystander}, shared, "text", {bystander, item("text")}},
+      {{item("text", std::nullopt)}, shared, "text", {item("text", std::nullopt)}},
+      {{item("text", "TEAM.own")}, withoutGroup, "text", {item("text", "TEAM.own")}},
+      {{local}, shared, std::nullopt, {local}},
+      {{bytes}, shared, std::nullopt, {bytes}},
+  };
+  for (const Case& test : cases) {
+    keychain.items = test.before;
+    EXPECT_EQ(read(test.reader), test.text);
+    EXPECT_EQ(keychain.items, test.after);
+  }
 }
 
 TEST_F(KeychainItemsTest, FailuresAreSilent) {
@@ -124,19 +118,14 @@ TEST_F(KeychainItemsTest, ASaveIsTheUsersAndAsksToUnlock) {
     EXPECT_TRUE(shared.writesFinished());
     EXPECT_THAT(keychain.items, ElementsAre(item("text")));
   }
-  save(shared, "allowed");
-  keychain.answerPrompt(true);
-  settle();
-  EXPECT_THAT(keychain.items, ElementsAre(item("allowed")));
-}
-
-TEST_F(KeychainItemsTest, TheFirstItemOfALockedKeychainIsAskedForOnce) {
-  keychain.condition = MemoryKeychain::Condition::locked;
-  save(shared, "first");
-  ASSERT_TRUE(keychain.isPrompting());
-  keychain.answerPrompt(true);
-  settle();
-  EXPECT_THAT(keychain.items, ElementsAre(item("first")));
+  for (const auto& before : {keychain.items, decltype(keychain.items){}}) {
+    keychain.condition = MemoryKeychain::Condition::locked;
+    keychain.items = before;
+    save(shared, "allowed");
+    keychain.answerPrompt(true);
+    settle();
+    EXPECT_THAT(keychain.items, ElementsAre(item("allowed")));
+  }
 }
 
 Task<void> readAndIgnore(KeychainItems& items) {

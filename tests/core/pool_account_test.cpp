@@ -11,30 +11,7 @@ using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class PoolAccountTest : public StoreTest {
- protected:
-  [[nodiscard]] std::vector<bool> busyFlagsWhile(const std::function<void()>& story) {
-    std::vector<bool> flags;
-    const auto subscription = store->observe([&] {
-      if (flags.empty() || flags.back() != state().isRefreshing) {
-        flags.push_back(state().isRefreshing);
-      }
-    });
-    story();
-    return flags;
-  }
-
-  /// The next answer from `url` comes together with a new token, which is set before the task that
-  /// waits for the answer has gone on.
-  void enterTokenUponAnswer(const char* url, const HttpResponse& answer) {
-    transport.on(url)
-        .respondBy([this, answer](const HttpRequest&) {
-          executor.post([this] { store->setToken("second"); });
-          return answer;
-        })
-        .times(1);
-  }
-};
+using PoolAccountTest = StoreTest;
 
 TEST_F(PoolAccountTest, ANewTokenForgetsTheOldFiguresBeforeAnybodyHears) {
   startWithFigures();
@@ -100,12 +77,11 @@ TEST_F(PoolAccountTest, ClearingTheTokenForgetsTheAccountAndStopsPolling) {
   EXPECT_FALSE(state().isLoadingHistory);
 }
 
-// The load waits for the pool, before its first request and between its two.
 TEST_F(PoolAccountTest, ARestartLeavesTheNewCyclesBusyFlagAlone) {
   startWithFigures();
   executor.advance(50s);
   transport.on("/profile").respond(500).after(10s);
-  const auto flags = busyFlagsWhile([&] {
+  const auto flags = valuesDuring(&BalanceState::isRefreshing, [&] {
     store->restartPolling();
     executor.advance(1s);
     store->restartPolling();
@@ -150,43 +126,38 @@ TEST_F(PoolAccountTest, FailingPricesKeepTheLastOnesSilently) {
 }
 
 // The answer is there, but the user is quicker than the task that waits for it.
-TEST_F(PoolAccountTest, ALateRefusalOfTheOldTokenSaysNothingAboutTheNewOne) {
-  startWithFigures();
-  enterTokenUponAnswer("/profile", {.status = 401, .body = {}});
-  executor.advance(261s);
-  EXPECT_EQ(state().token, "second");
-  EXPECT_EQ(state().accountStatus, std::nullopt);
-  EXPECT_EQ(takeChanges(), 1);
-  executor.advance(60s);
-  EXPECT_TRUE(state().stats);
-}
-
-TEST_F(PoolAccountTest, LateWorkersOfTheOldTokenAreDropped) {
-  startWithFigures();
-  enterTokenUponAnswer("/workers", {.status = 200, .body = R"({"btc":{"workers":{"old":{}}}})"});
-  executor.advance(321s);
-  EXPECT_EQ(state().token, "second");
-  EXPECT_THAT(state().workers, IsEmpty());
-  EXPECT_EQ(takeChanges(), 2);  // the old token's figures, the new token
-}
-
-TEST_F(PoolAccountTest, LatePricesOfACancelledCycleAreDropped) {
-  startWithFigures();
-  const auto before = state().prices;
-  enterTokenUponAnswer("price.test", {.status = 200, .body = R"({"bitcoin":{"eur":1,"usd":1}})"});
-  executor.advance(321s);
-  EXPECT_EQ(state().token, "second");
-  EXPECT_EQ(state().prices, before);
-  EXPECT_EQ(takeChanges(), 2);
-}
-
-// The primary source has failed, and nobody waits for the prices any more.
-TEST_F(PoolAccountTest, ACancelledCycleAsksNoFallbackForPrices) {
-  startWithFigures();
-  enterTokenUponAnswer("price.test", {.status = 500, .body = {}});
-  executor.advance(321s);
-  EXPECT_EQ(state().token, "second");
-  EXPECT_EQ(transport.sentTo("fallback.test"), 0U);
+TEST_F(PoolAccountTest, LateAnswersOfACancelledCycleAreDropped) {
+  struct Case {
+    const char* url;
+    HttpResponse answer;
+    int changes;  ///< the old token's figures if they came before, the new token
+  };
+  const std::vector<Case> cases{
+      {"/profile", {.status = 401, .body = {}}, 1},
+      {"/workers", {.status = 200, .body = R"({"btc":{"workers":{"old":{}}}})"}, 2},
+      {"price.test", {.status = 200, .body = R"({"bitcoin":{"eur":1,"usd":1}})"}, 2},
+      {"price.test", {.status = 500, .body = {}}, 2},
+  };
+  for (const Case& test : cases) {
+    keychain.items.clear();
+    startWithFigures();
+    const auto prices = state().prices;
+    transport.on(test.url)
+        .respondBy([this, &test](const HttpRequest&) {
+          executor.post([this] { store->setToken("second"); });
+          return test.answer;
+        })
+        .times(1);
+    executor.advance(test.changes == 1 ? 261s : 321s);
+    EXPECT_EQ(state().token, "second") << test.url;
+    EXPECT_EQ(state().accountStatus, std::nullopt) << test.url;
+    EXPECT_THAT(state().workers, IsEmpty()) << test.url;
+    EXPECT_EQ(state().prices, prices) << test.url;
+    EXPECT_EQ(takeChanges(), test.changes) << test.url;
+    EXPECT_EQ(transport.sentTo("fallback.test"), 0U);
+    executor.advance(60s);
+    EXPECT_TRUE(state().stats) << test.url;
+  }
 }
 
 TEST_F(PoolAccountTest, ARequestThatSaysItWasCancelledLeavesNoText) {
@@ -203,8 +174,6 @@ TEST_F(PoolAccountTest, ARequestThatSaysItWasCancelledLeavesNoText) {
   EXPECT_FALSE(state().isRefreshing);
   EXPECT_FALSE(state().isLoadingHistory);
 }
-
-// JSON has no infinity.
 
 }  // namespace
 }  // namespace orvane::test

@@ -1,6 +1,6 @@
 #include "store_fixture.h"
 
-#include <fmt/format.h>
+#include "address/explorer_texts.h"
 
 namespace orvane::test {
 namespace {
@@ -15,25 +15,10 @@ constexpr const char* rewardsDocument =
 constexpr const char* dailyHashrateDocument =
     R"({"btc":[{"date":1794700800,"hash_rate_unit":"Gh/s","hash_rate_24h":5,"total_shares":2048}]})";
 constexpr const char* pricesDocument = R"({"bitcoin":{"eur":84123.4,"usd":97000.1}})";
-constexpr const char* totalsDocument =
-    R"({"chain_stats":{"funded_txo_sum":150000,"spent_txo_sum":50000},)"
-    R"("mempool_stats":{"funded_txo_sum":0,"spent_txo_sum":20000}})";
-
 constexpr const char* poolService = "com.quorvex.hashwick.pool";
 constexpr const char* payoutService = "com.quorvex.hashwick.payout";
 
 }  // namespace
-
-std::string paymentsDocument(const std::string& address, const std::vector<std::string>& ids) {
-  std::string payments;
-  for (const std::string& id : ids) {
-    payments += fmt::format(
-        R"({}{{"txid":"{}","vin":[{{"is_coinbase":false}}],"vout":[{{"scriptpubkey_address":"{}",)"
-        R"("value":1000}}],"status":{{"confirmed":true,"block_height":840000}}}})",
-        payments.empty() ? "" : ",", id, address);
-  }
-  return "[" + payments + "]";
-}
 
 StoreTest::StoreTest() {
   transport.on("https://pool.test/accounts/profile/json/btc/").respond(200, profileDocument);
@@ -43,25 +28,29 @@ StoreTest::StoreTest() {
   transport.on("https://price.test/").respond(200, pricesDocument);
   for (const char* address : {firstAddress, secondAddress}) {
     transport.on("https://explorer.test/api/address/" + std::string(address))
-        .respond(200, totalsDocument);
+        .respond(200, totalsText(150000, 50000));
     setPayments(address, {});
   }
   transport.on("https://explorer.test/api/blocks/tip/height").respond(200, "850000");
 }
 
+BalancePlatform StoreTest::platform() {
+  return {.executor = executor,
+          .transport = transport,
+          .defaults = defaults,
+          .keychain = keychain,
+          .notifications = notifications,
+          .format = format,
+          .hosts = {.pool = "pool.test",
+                    .explorer = "explorer.test",
+                    .price = "price.test",
+                    .fallbackPrice = "fallback.test"},
+          .accessGroups = {"TEAM.own", sharedGroup}};
+}
+
 void StoreTest::start() {
   store.reset();
-  store.emplace(BalancePlatform{.executor = executor,
-                                .transport = transport,
-                                .defaults = defaults,
-                                .keychain = keychain,
-                                .notifications = notifications,
-                                .format = format,
-                                .hosts = {.pool = "pool.test",
-                                          .explorer = "explorer.test",
-                                          .price = "price.test",
-                                          .fallbackPrice = "fallback.test"},
-                                .accessGroups = {"TEAM.own", sharedGroup}});
+  store.emplace(platform());
   store->onChange = [this] { ++changes; };
 }
 
@@ -93,7 +82,11 @@ void StoreTest::storePayoutAddress(std::string address) {
 }
 
 void StoreTest::setPayments(const std::string& address, const std::vector<std::string>& ids) {
-  transport.onEnding(address + "/txs").respond(200, paymentsDocument(address, ids));
+  std::vector<std::string> payments;
+  for (const std::string& id : ids) {
+    payments.push_back(TransactionText(id).paying(address, 1000).json());
+  }
+  transport.onEnding(address + "/txs").respond(200, fmt::format("[{}]", fmt::join(payments, ",")));
 }
 
 std::optional<std::string> StoreTest::keptToken() const {
@@ -101,6 +94,16 @@ std::optional<std::string> StoreTest::keptToken() const {
     if (item.service == poolService) return item.data;
   }
   return std::nullopt;
+}
+
+std::vector<bool> StoreTest::valuesDuring(bool BalanceState::* flag,
+                                          const std::function<void()>& story) {
+  std::vector<bool> values;
+  const auto subscription = store->observe([&] {
+    if (values.empty() || values.back() != state().*flag) values.push_back(state().*flag);
+  });
+  story();
+  return values;
 }
 
 }  // namespace orvane::test

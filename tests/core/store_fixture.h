@@ -1,7 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <gmock/gmock.h>
 
@@ -18,16 +20,14 @@ inline constexpr const char* sharedGroup = "TEAM.com.quorvex.hashwick.shared";
 inline constexpr const char* firstAddress = "bc1qar0srrr7xfkvy5l643lydnw9re59gtzzwf5mdq";
 inline constexpr const char* secondAddress = "3J98t1WpEZ73CNmQviecrnyiWrnqRhWNLy";
 
-/// The explorer's list of one payment of 1,000 satoshis to `address` for each id.
-[[nodiscard]] std::string paymentsDocument(const std::string& address,
-                                           const std::vector<std::string>& ids);
-
 /// A store on fakes that all work: an account of 203 satoshis with one worker and one day of
 /// history, addresses that hold 100,000 satoshis, prices. Its clock starts at noon.
 class StoreTest : public testing::Test {
  protected:
   StoreTest();
 
+  /// The fakes that a store works with.
+  BalancePlatform platform();
   /// Starts the application, or starts it again with what it has stored.
   void start();
   /// Starts it and lets the first things happen, in no time.
@@ -45,6 +45,9 @@ class StoreTest : public testing::Test {
   /// How often onChange was invoked since the last call.
   int takeChanges() { return std::exchange(changes, 0); }
   [[nodiscard]] std::optional<std::string> keptToken() const;
+  /// What `flag` was, one after the other, at the announcements during `story`.
+  [[nodiscard]] std::vector<bool> valuesDuring(bool BalanceState::* flag,
+                                               const std::function<void()>& story);
 
   VirtualExecutor executor;
   ScriptedTransport transport{executor};

