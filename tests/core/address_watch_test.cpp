@@ -65,7 +65,7 @@ TEST_F(AddressWatchTest, RefusesATextThatIsNoMainnetAddressAndChangesNothing) {
   EXPECT_EQ(transport.sent().size(), sentBefore);
 }
 
-TEST_F(AddressWatchTest, PicksUpAPayoutAddressThatTheMinerStoresLater) {
+TEST_F(AddressWatchTest, FollowsTheMinersPayoutAddressUnlessAnotherOneIsEntered) {
   startAndSettle();
   storePayoutAddress("no address");
   executor.advance(600s);
@@ -77,17 +77,6 @@ TEST_F(AddressWatchTest, PicksUpAPayoutAddressThatTheMinerStoresLater) {
   EXPECT_EQ(state().watchedAddress, firstAddress);
   EXPECT_TRUE(state().addressIsFromMiner);
   EXPECT_TRUE(state().addressSummary);
-  storePayoutAddress("");
-  executor.advance(600s);
-  EXPECT_EQ(state().watchedAddress, "");
-  EXPECT_FALSE(state().addressIsFromMiner);
-  EXPECT_EQ(state().addressSummary, std::nullopt);
-}
-
-TEST_F(AddressWatchTest, AnEnteredAddressTakesPrecedenceAndClearingItFallsBack) {
-  storePayoutAddress(firstAddress);
-  startAndSettle();
-  ASSERT_EQ(state().watchedAddress, firstAddress);
   EXPECT_EQ(store->setOwnAddress(secondAddress), std::nullopt);
   executor.runUntilIdle();
   EXPECT_EQ(state().watchedAddress, secondAddress);
@@ -97,6 +86,11 @@ TEST_F(AddressWatchTest, AnEnteredAddressTakesPrecedenceAndClearingItFallsBack) 
   EXPECT_EQ(state().watchedAddress, firstAddress);
   EXPECT_TRUE(state().addressIsFromMiner);
   EXPECT_EQ(defaults.text("balance.watchedAddress"), "");
+  storePayoutAddress("");
+  executor.advance(600s);
+  EXPECT_EQ(state().watchedAddress, "");
+  EXPECT_FALSE(state().addressIsFromMiner);
+  EXPECT_EQ(state().addressSummary, std::nullopt);
 }
 
 TEST_F(AddressWatchTest, AnAddressChangedInFlightDropsTheOldAnswerAndAllThatWasShown) {

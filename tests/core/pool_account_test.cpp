@@ -107,22 +107,17 @@ TEST_F(PoolAccountTest, IsBusyUntilTheWorkersHaveComeOrFailed) {
   EXPECT_EQ(state().accountStatus, std::nullopt);
 }
 
-TEST_F(PoolAccountTest, AFailedWorkersRequestKeepsTheLastWorkers) {
+TEST_F(PoolAccountTest, FailingWorkersAndPricesKeepTheLastOnesSilently) {
   startWithFigures();
   transport.on("/workers").respond(500);
-  executor.advance(1h);
-  EXPECT_EQ(state().workers.size(), 1U);
-  EXPECT_EQ(state().accountStatus, std::nullopt);
-}
-
-TEST_F(PoolAccountTest, FailingPricesKeepTheLastOnesSilently) {
-  startWithFigures();
   transport.on("price.test").respond(429);
   transport.on("fallback.test").respond(500);
   executor.advance(360s);
   EXPECT_EQ(transport.sentTo("fallback.test"), 1U);
   EXPECT_EQ(takeChanges(), 1);  // the figures
   EXPECT_TRUE(state().prices);
+  EXPECT_EQ(state().workers.size(), 1U);
+  EXPECT_EQ(state().accountStatus, std::nullopt);
 }
 
 // The answer is there, but the user is quicker than the task that waits for it.
