@@ -5,7 +5,7 @@
 namespace orvane {
 namespace {
 
-BalanceActions actionsOn(BalanceStore& store, BalanceViewSettings settings,
+BalanceActions actionsOn(BalanceStore& store, const BalanceViewSettings& settings,
                          std::function<void()> onClose) {
   return {
       .refresh =
@@ -20,13 +20,13 @@ BalanceActions actionsOn(BalanceStore& store, BalanceViewSettings settings,
       .setFiatCurrency =
           [&store](PreferredFiatCurrency currency) { store.setPreferredFiatCurrency(currency); },
       .close = std::move(onClose),
-      .commands = std::move(settings.commands)};
+      .commands = settings.commands};
 }
 
 }  // namespace
 
 BalanceView::BalanceView(BalanceStore& store, const LocaleFormat& format,
-                         BalanceViewSettings settings, std::function<void()> onClose,
+                         const BalanceViewSettings& settings, std::function<void()> onClose,
                          QWidget* parent)
     : QWidget(parent),
       content_(new BalanceContent(store.state(), format, settings.poolWebHost,

@@ -26,7 +26,7 @@ class BalanceView final : public QWidget {
 
  public:
   /// `store` and `format` outlive the view. `onClose` runs for the Close button and for Escape.
-  BalanceView(BalanceStore& store, const LocaleFormat& format, BalanceViewSettings settings,
+  BalanceView(BalanceStore& store, const LocaleFormat& format, const BalanceViewSettings& settings,
               std::function<void()> onClose, QWidget* parent = nullptr);
 
  private:
