@@ -31,9 +31,7 @@ std::string hexId(std::mt19937& random) {
 template <class Write>
 void writeList(std::string& to, std::size_t count, Write write) {
   for (std::size_t index = 0; index < count; ++index) {
-    if (index != 0) {
-      to += ',';
-    }
+    if (index != 0) { to += ','; }
     write(std::back_inserter(to), index);
   }
 }

@@ -25,13 +25,9 @@ bool isSound(const WatchedAddressTransaction& transaction, std::int64_t tipHeigh
 void summarize(const AddressStats& totals, const std::vector<Transaction>& transactions,
                std::int64_t tipHeight) {
   const auto summary = buildSummary(totals, transactions, tipHeight, watchedAddress);
-  if (!summary) {
-    return;
-  }
+  if (!summary) { return; }
   for (const WatchedAddressTransaction& transaction : summary->incoming) {
-    if (!isSound(transaction, summary->tipHeight)) {
-      std::abort();
-    }
+    if (!isSound(transaction, summary->tipHeight)) { std::abort(); }
   }
 }
 

@@ -23,12 +23,12 @@ void mapProfile(std::string_view body) {
 
 void mapWorkers(std::string_view body) {
   std::optional<BraiinsWorkersResponse> response = decodeWorkers(body);
-  if (!response) return;
+  if (!response) { return; }
   const std::vector<BraiinsWorkerStatus> workers = workerStatuses(std::move(*response));
   const auto fasterFirst = [](const auto& a, const auto& b) { return a.hashRate5m > b.hashRate5m; };
   const bool inOrder = std::ranges::is_sorted(workers, fasterFirst);
   const bool stays = workerOrder(workers) == workers;
-  if (!inOrder || !stays) std::abort();
+  if (!inOrder || !stays) { std::abort(); }
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ constexpr ScenarioSeconds demoRewardAfter{40};
 template <typename T>
 bool readNumber(std::string_view text, T& target) {
   const std::optional<T> number = numberFrom<T>(text);
-  if (number) target = *number;
+  if (number) { target = *number; }
   return number.has_value();
 }
 
@@ -53,7 +53,7 @@ bool takeSpeed(LocalServicesOptions& options, std::string_view value) {
 
 bool takeSeconds(std::optional<ScenarioSeconds>& target, std::string_view value) {
   double seconds = 0;
-  if (!readNumber(value, seconds) || !(seconds >= 0)) return false;
+  if (!readNumber(value, seconds) || !(seconds >= 0)) { return false; }
   target = ScenarioSeconds(seconds);
   return true;
 }
@@ -89,8 +89,8 @@ constexpr std::array knownOptions{
 };
 
 void applyDemo(LocalServicesOptions& options) {
-  if (!options.paymentAfter) options.paymentAfter = demoPaymentAfter;
-  if (!options.rewardAfter) options.rewardAfter = demoRewardAfter;
+  if (!options.paymentAfter) { options.paymentAfter = demoPaymentAfter; }
+  if (!options.rewardAfter) { options.rewardAfter = demoRewardAfter; }
 }
 
 }  // namespace
@@ -119,7 +119,7 @@ std::expected<CommandLine, std::string> parseCommandLine(std::span<const char* c
       return std::unexpected(fmt::format("{} does not take \"{}\"", name, arguments[index]));
     }
   }
-  if (isDemo) applyDemo(commandLine.options);
+  if (isDemo) { applyDemo(commandLine.options); }
   return commandLine;
 }
 

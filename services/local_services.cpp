@@ -39,12 +39,12 @@ LocalServices::LocalServices(LocalServicesOptions options)
   writeFile(caFile(), authority.certificatePem());
   start(Service::other, authority);  // first: the others' redirects point at it
   for (const Service service : allServices) {
-    if (service != Service::other) start(service, authority);
+    if (service != Service::other) { start(service, authority); }
   }
   control_ = std::make_unique<HttpServer>(
       options_.controlPort, nullptr, [this](const Request& request, Connection& connection) {
         const bool keepAlive = wantsKeepAlive(request);
-        if (!connection.send(controlAnswer(request, *this), keepAlive)) return Outcome::cut;
+        if (!connection.send(controlAnswer(request, *this), keepAlive)) { return Outcome::cut; }
         return keepAlive ? Outcome::keep : Outcome::finish;
       });
   writeFile(directory_.path() / "ports.json", description() + "\n");
@@ -84,7 +84,7 @@ Response LocalServices::answer(Service service, const Request& request) {
 Response LocalServices::answerAsAnyone(const Request& request) {
   Response response = poolAnswer(request, scenario_.now(), std::nullopt);
   for (const Service service : {Service::explorer, Service::price, Service::fallback}) {
-    if (response.status != 404) break;
+    if (response.status != 404) { break; }
     response = answer(service, request);
   }
   return response;
@@ -121,8 +121,9 @@ void LocalServices::fault(Fault fault) {
 
 void LocalServices::clearFaults() {
   faults_.clear();
-  for (const auto& endpoint : endpoints_)
+  for (const auto& endpoint : endpoints_) {
     endpoint->accept();
+  }
 }
 
 std::vector<LoggedRequest> LocalServices::requests(Service service) const {

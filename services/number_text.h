@@ -13,7 +13,7 @@ template <typename T>
   T number{};
   const char* const end = std::to_address(text.end());
   const auto [stopped, error] = std::from_chars(std::to_address(text.begin()), end, number);
-  if (error != std::errc() || stopped != end) return std::nullopt;
+  if (error != std::errc() || stopped != end) { return std::nullopt; }
   return number;
 }
 

@@ -31,8 +31,8 @@ nlohmann::ordered_json toJson(const LoggedRequest& entry) {
   for (const Header& header : entry.headers) {
     json["headers"].push_back({{"name", header.name}, {"value", header.value}});
   }
-  if (!entry.fault.empty()) json["fault"] = entry.fault;
-  if (entry.sincePrevious) json["sincePrevious"] = *entry.sincePrevious;
+  if (!entry.fault.empty()) { json["fault"] = entry.fault; }
+  if (entry.sincePrevious) { json["sincePrevious"] = *entry.sincePrevious; }
   return json;
 }
 
@@ -41,7 +41,7 @@ RequestLog::RequestLog(const std::filesystem::path& file) : file_(file, std::ios
 std::optional<double> RequestLog::secondsSincePrevious(Service service, double now) const {
   const auto newestFirst = entries_ | std::views::reverse;
   const auto found = std::ranges::find(newestFirst, service, &LoggedRequest::service);
-  if (found == newestFirst.end()) return std::nullopt;
+  if (found == newestFirst.end()) { return std::nullopt; }
   return now - found->monotonic;
 }
 

@@ -38,7 +38,7 @@ inline constexpr std::array allServices{Service::pool, Service::explorer, Servic
 
 [[nodiscard]] constexpr std::optional<Service> serviceNamed(std::string_view name) {
   for (const Service service : allServices) {
-    if (serviceName(service) == name) return service;
+    if (serviceName(service) == name) { return service; }
   }
   return std::nullopt;
 }

@@ -21,8 +21,8 @@ ServiceEndpoint::ServiceEndpoint(Service service, std::uint16_t port, TlsContext
       }) {}
 
 Response ServiceEndpoint::rightAnswer(const Request& request) const {
-  if (request.method != "GET") return textResponse(405, "Only GET is answered here");
-  if (!isMoved(request)) return answer_(request);
+  if (request.method != "GET") { return textResponse(405, "Only GET is answered here"); }
+  if (!isMoved(request)) { return answer_(request); }
   Request original = request;
   original.target.erase(0, movedPrefix.size());
   return answer_(original);
@@ -36,7 +36,7 @@ Outcome ServiceEndpoint::handle(const Request& request, Connection& connection) 
       isMoved(request) ? std::nullopt : surroundings_.faults.take(service_, request.target);
   if (!fault) {
     surroundings_.log.add(service_, request, response.status, {});
-    if (!connection.send(response, keepAlive)) return Outcome::cut;
+    if (!connection.send(response, keepAlive)) { return Outcome::cut; }
     return keepAlive ? Outcome::keep : Outcome::finish;
   }
   response = spoiled(std::move(response), request, *fault, surroundings_.elsewhere);

@@ -24,7 +24,7 @@ WorkingDirectory::WorkingDirectory(std::filesystem::path given)
 
 WorkingDirectory::~WorkingDirectory() {
   std::error_code ignored;
-  if (isTemporary_) std::filesystem::remove_all(path_, ignored);
+  if (isTemporary_) { std::filesystem::remove_all(path_, ignored); }
 }
 
 }  // namespace orvane::services

@@ -17,7 +17,7 @@ Response done() { return {.body = R"({"done": true})"}; }
 
 Response addFault(const Request& request, LocalServices& services) {
   const auto fault = faultRequest(request.body);
-  if (!fault) return textResponse(400, fault.error());
+  if (!fault) { return textResponse(400, fault.error()); }
   services.fault(*fault);
   return done();
 }
@@ -34,21 +34,22 @@ Response clearFaults(const Request&, LocalServices& services) {
 
 Response listRequests(const Request&, LocalServices& services) {
   auto list = nlohmann::ordered_json::array();
-  for (const LoggedRequest& entry : services.requests())
+  for (const LoggedRequest& entry : services.requests()) {
     list.push_back(toJson(entry));
+  }
   return {.body = list.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace)};
 }
 
 Response advance(const Request& request, LocalServices& services) {
   const auto time = advanceRequest(request.body);
-  if (!time) return textResponse(400, time.error());
+  if (!time) { return textResponse(400, time.error()); }
   services.advance(*time);
   return done();
 }
 
 Response pay(const Request& request, LocalServices& services) {
   const auto payment = payRequest(request.body);
-  if (!payment) return textResponse(400, payment.error());
+  if (!payment) { return textResponse(400, payment.error()); }
   if (payment->isCoinbase) {
     services.payBlockReward(payment->sats, payment->address);
   } else {
@@ -83,7 +84,7 @@ Response controlAnswer(const Request& request, LocalServices& services) {
   const auto route = std::ranges::find_if(routes, [&](const Route& each) {
     return each.method == request.method && each.target == request.target;
   });
-  if (route == routes.end()) return textResponse(404, "No such control request");
+  if (route == routes.end()) { return textResponse(404, "No such control request"); }
   return route->answer(request, services);
 }
 

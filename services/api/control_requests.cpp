@@ -18,25 +18,27 @@ using nlohmann::json;
 constexpr double longestSeconds = 366.0 * 86'400;
 
 bool take(const json& value, std::string& target) {
-  if (!value.is_string()) return false;
+  if (!value.is_string()) { return false; }
   target = value.get<std::string>();
   return true;
 }
 
 bool take(const json& value, bool& target) {
-  if (!value.is_boolean()) return false;
+  if (!value.is_boolean()) { return false; }
   target = value.get<bool>();
   return true;
 }
 
 bool take(const json& value, std::int64_t& target) {
-  if (!value.is_number_integer() || value > std::numeric_limits<std::int64_t>::max()) return false;
+  if (!value.is_number_integer() || value > std::numeric_limits<std::int64_t>::max()) {
+    return false;
+  }
   target = value.get<std::int64_t>();
   return true;
 }
 
 bool take(const json& value, double& target) {
-  if (!value.is_number()) return false;
+  if (!value.is_number()) { return false; }
   target = value.get<double>();
   return target >= 0 && target <= longestSeconds;
 }
@@ -45,25 +47,25 @@ bool take(const json& value, double& target) {
 class Members {
  public:
   explicit Members(std::string_view body) : object_(json::parse(body, nullptr, false)) {
-    if (!object_.is_object()) problem_ = "The body is not a JSON object";
+    if (!object_.is_object()) { problem_ = "The body is not a JSON object"; }
   }
 
   /// Leaves `target` as it is where the member is absent.
   template <typename T>
   bool read(const char* name, T& target) {
-    if (problem_ || !object_.contains(name)) return false;
-    if (take(object_[name], target)) return true;
+    if (problem_ || !object_.contains(name)) { return false; }
+    if (take(object_[name], target)) { return true; }
     problem_ = fmt::format("\"{}\" is not of the right type or out of range", name);
     return false;
   }
 
   void require(bool condition, const char* sentence) {
-    if (!problem_ && !condition) problem_ = sentence;
+    if (!problem_ && !condition) { problem_ = sentence; }
   }
 
   /// Refuses misspelt members, which would otherwise be silently without effect.
   void allowOnly(std::initializer_list<std::string_view> names) {
-    if (problem_) return;
+    if (problem_) { return; }
     for (const auto& [name, value] : object_.items()) {
       if (std::ranges::find(names, name) == names.end()) {
         problem_ = fmt::format("\"{}\" is not known", name);
@@ -73,7 +75,7 @@ class Members {
 
   template <typename T>
   Understood<T> result(T value) const {
-    if (problem_) return std::unexpected(*problem_);
+    if (problem_) { return std::unexpected(*problem_); }
     return value;
   }
 

@@ -27,13 +27,13 @@ bool mayBeAddress(std::string_view text) {
 }  // namespace
 
 Response explorerAnswer(const Request& request, const Chain& chain) {
-  if (request.target == tipPath) return textResponse(200, std::to_string(chain.tipHeight()));
+  if (request.target == tipPath) { return textResponse(200, std::to_string(chain.tipHeight())); }
   std::string_view rest = request.target;
-  if (!rest.starts_with(addressPrefix)) return textResponse(404, "There is nothing here");
+  if (!rest.starts_with(addressPrefix)) { return textResponse(404, "There is nothing here"); }
   rest.remove_prefix(addressPrefix.size());
   const bool wantsTransactions = rest.ends_with(transactionsSuffix);
-  if (wantsTransactions) rest.remove_suffix(transactionsSuffix.size());
-  if (!mayBeAddress(rest)) return textResponse(400, "Invalid Bitcoin address");
+  if (wantsTransactions) { rest.remove_suffix(transactionsSuffix.size()); }
+  if (!mayBeAddress(rest)) { return textResponse(400, "Invalid Bitcoin address"); }
   const nlohmann::json document =
       wantsTransactions ? transactionsDocument(chain.transactionsOf(rest))
                         : addressDocument(std::string(rest), chain.confirmedTotals(rest),

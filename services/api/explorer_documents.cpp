@@ -24,13 +24,13 @@ nlohmann::json inputObject(const ChainInput& input) {
 nlohmann::json outputObject(const ChainOutput& output) {
   nlohmann::json object{{"scriptpubkey_type", output.address ? "v0_p2wpkh" : "op_return"},
                         {"value", output.sats}};
-  if (output.address) object["scriptpubkey_address"] = *output.address;
+  if (output.address) { object["scriptpubkey_address"] = *output.address; }
   return object;
 }
 
 nlohmann::json statusObject(const ChainTransaction& transaction) {
   nlohmann::json object{{"confirmed", transaction.blockHeight.has_value()}};
-  if (transaction.blockHeight) object["block_height"] = *transaction.blockHeight;
+  if (transaction.blockHeight) { object["block_height"] = *transaction.blockHeight; }
   return object;
 }
 
@@ -40,8 +40,9 @@ nlohmann::json transactionObject(const ChainTransaction& transaction) {
                         {"vin", nlohmann::json::array()},
                         {"vout", nlohmann::json::array()},
                         {"status", statusObject(transaction)}};
-  for (const ChainInput& input : transaction.inputs)
+  for (const ChainInput& input : transaction.inputs) {
     object["vin"].push_back(inputObject(input));
+  }
   for (const ChainOutput& output : transaction.outputs) {
     object["vout"].push_back(outputObject(output));
   }

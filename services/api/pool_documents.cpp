@@ -39,14 +39,14 @@ std::int64_t secondsOf(std::chrono::sys_seconds time) { return time.time_since_e
 
 nlohmann::json workerObject(const PoolWorker& worker) {
   nlohmann::json object = nlohmann::json::object();
-  if (worker.unit.empty()) return object;
+  if (worker.unit.empty()) { return object; }
   object["state"] = worker.state;
   object["hash_rate_unit"] = worker.unit;
   object["hash_rate_5m"] = inUnit(worker.rate5m, worker.unit);
   object["hash_rate_60m"] = inUnit(worker.rate60m, worker.unit);
   object["hash_rate_24h"] = inUnit(worker.rate24h, worker.unit);
   object["hash_rate_scoring"] = object["hash_rate_60m"];
-  if (worker.lastShare) object["last_share"] = secondsOf(*worker.lastShare);
+  if (worker.lastShare) { object["last_share"] = secondsOf(*worker.lastShare); }
   return object;
 }
 
@@ -64,15 +64,16 @@ nlohmann::json profileDocument(const PoolAccount& account) {
 
 nlohmann::json workersDocument(const std::vector<PoolWorker>& workers) {
   nlohmann::json named = nlohmann::json::object();
-  for (const PoolWorker& worker : workers)
+  for (const PoolWorker& worker : workers) {
     named[worker.name] = workerObject(worker);
+  }
   return {{"btc", {{"workers", named}}}};
 }
 
 nlohmann::json rewardsDocument(const std::vector<PoolDay>& days) {
   nlohmann::json rewards = nlohmann::json::array();
   for (const PoolDay& day : days) {
-    if (!day.rewardSats) continue;
+    if (!day.rewardSats) { continue; }
     rewards.push_back({{"date", secondsOf(day.date)},
                        {"total_reward", bitcoinText(*day.rewardSats)},
                        {"mining_reward", bitcoinText(*day.rewardSats)}});
@@ -83,7 +84,7 @@ nlohmann::json rewardsDocument(const std::vector<PoolDay>& days) {
 nlohmann::json dailyHashRateDocument(const std::vector<PoolDay>& days) {
   nlohmann::json entries = nlohmann::json::array();
   for (const PoolDay& day : days) {
-    if (!day.rate) continue;
+    if (!day.rate) { continue; }
     entries.push_back({{"date", secondsOf(day.date)},
                        {"hash_rate_unit", "Gh/s"},
                        {"hash_rate_24h", inUnit(*day.rate, "Gh/s")},

@@ -29,7 +29,7 @@ std::string_view faultName(FaultKind kind) {
 
 std::optional<FaultKind> faultNamed(std::string_view name) {
   const auto found = std::ranges::find(entries, name, &Entry::name);
-  if (found == entries.end()) return std::nullopt;
+  if (found == entries.end()) { return std::nullopt; }
   return found->kind;
 }
 

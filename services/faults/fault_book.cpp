@@ -20,8 +20,8 @@ std::optional<Fault> FaultBook::take(Service service, std::string_view target) {
   const auto found = std::ranges::find_if(faults_, [&](const Fault& fault) {
     return fault.service == service && target.contains(fault.path) && fault.count != 0;
   });
-  if (found == faults_.end()) return std::nullopt;
-  if (found->count) --*found->count;
+  if (found == faults_.end()) { return std::nullopt; }
+  if (found->count) { --*found->count; }
   return *found;
 }
 

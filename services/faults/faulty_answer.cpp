@@ -27,7 +27,7 @@ std::string lowerHeight(std::string text, std::int64_t blocks) {
 }
 
 Outcome kept(bool sent, bool keepAlive) {
-  if (!sent) return Outcome::cut;
+  if (!sent) { return Outcome::cut; }
   return keepAlive ? Outcome::keep : Outcome::finish;
 }
 
@@ -40,18 +40,21 @@ Outcome sendHalf(Connection& connection, const Response& response) {
 
 Outcome trickle(Connection& connection, const Response& response,
                 std::chrono::milliseconds interval) {
-  if (!connection.write(responseHead(response, response.body.size(), false))) return Outcome::cut;
+  if (!connection.write(responseHead(response, response.body.size(), false))) {
+    return Outcome::cut;
+  }
   for (const char& byte : response.body) {
-    if (!connection.pause(interval) || !connection.write({&byte, 1})) return Outcome::cut;
+    if (!connection.pause(interval) || !connection.write({&byte, 1})) { return Outcome::cut; }
   }
   return Outcome::finish;
 }
 
 Outcome sendWithoutEnd(Connection& connection, const Response& response) {
-  if (!connection.write(responseHead(response, std::nullopt, false) + "[\"")) return Outcome::cut;
-  const std::string block(endlessBlock, 'a');
-  while (connection.write(block)) {
+  if (!connection.write(responseHead(response, std::nullopt, false) + "[\"")) {
+    return Outcome::cut;
   }
+  const std::string block(endlessBlock, 'a');
+  while (connection.write(block)) {}
   return Outcome::cut;
 }
 
@@ -98,7 +101,7 @@ bool sendsStatus(FaultKind kind) {
 
 Outcome sendFaulty(Connection& connection, const Response& response, const Fault& fault,
                    bool keepAlive) {
-  if (!connection.pause(fault.delay)) return Outcome::cut;
+  if (!connection.pause(fault.delay)) { return Outcome::cut; }
   switch (fault.kind) {
     case FaultKind::silence:
       return staySilent(connection);

@@ -28,15 +28,15 @@ bool ChainTransaction::concerns(std::string_view address) const {
 }
 
 void addTo(AddressTotals& totals, const ChainTransaction& transaction, std::string_view address) {
-  if (!transaction.concerns(address)) return;
+  if (!transaction.concerns(address)) { return; }
   ++totals.transactions;
   for (const ChainOutput& output : transaction.outputs) {
-    if (!pays(output, address)) continue;
+    if (!pays(output, address)) { continue; }
     ++totals.fundedOutputs;
     totals.fundedSats += output.sats;
   }
   for (const ChainInput& input : transaction.inputs) {
-    if (!spends(input, address)) continue;
+    if (!spends(input, address)) { continue; }
     ++totals.spentOutputs;
     totals.spentSats += input.sats;
   }

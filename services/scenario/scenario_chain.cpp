@@ -20,7 +20,7 @@ Chain::Chain(Plan plan) : address_(std::move(plan.address)) {
   if (plan.paymentAfter) {
     coming_.emplace_back(*plan.paymentAfter, Occasion::payment, std::nullopt);
   }
-  if (plan.rewardAfter) coming_.emplace_back(*plan.rewardAfter, Occasion::reward, std::nullopt);
+  if (plan.rewardAfter) { coming_.emplace_back(*plan.rewardAfter, Occasion::reward, std::nullopt); }
 }
 
 void Chain::confirmAt(std::int64_t depth, ChainTransaction transaction) {
@@ -52,7 +52,7 @@ void Chain::tellHistory() {
 void Chain::advanceTo(ScenarioSeconds elapsed) {
   while (true) {
     const auto next = std::ranges::min_element(coming_, {}, &Event::time);
-    if (next == coming_.end() || next->time > elapsed) return;
+    if (next == coming_.end() || next->time > elapsed) { return; }
     const Occasion occasion = next->occasion;
     if (next->repeatedAfter) {
       next->time += *next->repeatedAfter;
@@ -103,15 +103,17 @@ std::vector<ChainTransaction> Chain::transactionsOf(std::string_view address) co
 
 AddressTotals Chain::confirmedTotals(std::string_view address) const {
   AddressTotals totals;
-  for (const ChainTransaction& each : confirmed_)
+  for (const ChainTransaction& each : confirmed_) {
     addTo(totals, each, address);
+  }
   return totals;
 }
 
 AddressTotals Chain::unconfirmedTotals(std::string_view address) const {
   AddressTotals totals;
-  for (const ChainTransaction& each : unconfirmed_)
+  for (const ChainTransaction& each : unconfirmed_) {
     addTo(totals, each, address);
+  }
   return totals;
 }
 

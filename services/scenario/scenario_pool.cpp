@@ -73,7 +73,9 @@ double wandering(double rate, std::size_t worker, std::uint64_t figure, const Mo
 }
 
 sys_seconds lastShareOfStory(const Moment& moment, const Character& character) {
-  if (acts[actIndexAt(moment)].state != "off") return moment.calendar - character.sinceLastShare;
+  if (acts[actIndexAt(moment)].state != "off") {
+    return moment.calendar - character.sinceLastShare;
+  }
   const ScenarioSeconds inAct(
       std::fmod(moment.elapsed.count(), ScenarioSeconds(actLength).count()));
   return moment.calendar - std::chrono::floor<seconds>(inAct) - character.sinceLastShare;
@@ -124,9 +126,9 @@ PoolDay historyDay(sys_days date) {
   PoolDay day{.date = date, .rewardSats = dayRewardSats(date), .rate = std::nullopt};
   const bool poweredOff = number % 61 == 20;
   const double rate = poweredOff ? 0 : typicalDayRate * (1 + 0.08 * noise(dayRateSeed, number));
-  if (poweredOff) day.rewardSats = 0;
-  if (number % 53 == 11) day.rewardSats.reset();
-  if (number % 37 != 5) day.rate = rate;
+  if (poweredOff) { day.rewardSats = 0; }
+  if (number % 53 == 11) { day.rewardSats.reset(); }
+  if (number % 37 != 5) { day.rate = rate; }
   day.shares = std::round(rate * seconds(days(1)).count() / hashesPerShare);
   return day;
 }

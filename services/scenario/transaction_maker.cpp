@@ -14,8 +14,9 @@ constexpr std::int64_t strangersChange = 1'250'000;
 
 ChainTransaction TransactionMaker::paidByStranger(std::vector<ChainOutput> outputs) {
   std::int64_t sum = fee;
-  for (const ChainOutput& output : outputs)
+  for (const ChainOutput& output : outputs) {
     sum += output.sats;
+  }
   return {.txid = txid(),
           .inputs = {{.address = stranger(), .sats = sum}},
           .outputs = std::move(outputs)};
@@ -28,7 +29,7 @@ ChainTransaction TransactionMaker::payment(const std::string& address, std::int6
 ChainTransaction TransactionMaker::blockReward(const std::string& address, std::int64_t sats) {
   ChainTransaction reward{
       .txid = txid(), .inputs = {{.isCoinbase = true}}, .outputs = {{address, sats}}};
-  if (sats < blockSubsidy) reward.outputs.emplace_back(stranger(), blockSubsidy - sats);
+  if (sats < blockSubsidy) { reward.outputs.emplace_back(stranger(), blockSubsidy - sats); }
   reward.outputs.emplace_back(std::nullopt, 0);
   return reward;
 }
@@ -36,8 +37,9 @@ ChainTransaction TransactionMaker::blockReward(const std::string& address, std::
 ChainTransaction TransactionMaker::paymentWithData(const std::string& address,
                                                    const std::vector<std::int64_t>& sats) {
   std::vector<ChainOutput> outputs{{std::nullopt, 0}};
-  for (const std::int64_t value : sats)
+  for (const std::int64_t value : sats) {
     outputs.emplace_back(address, value);
+  }
   return paidByStranger(std::move(outputs));
 }
 
@@ -60,7 +62,7 @@ ChainTransaction TransactionMaker::spending(const std::string& address, std::int
   ChainTransaction transaction{.txid = txid(),
                                .inputs = {{.address = address, .sats = sats}},
                                .outputs = {{stranger(), sats - change - fee}}};
-  if (change > 0) transaction.outputs.emplace_back(address, change);
+  if (change > 0) { transaction.outputs.emplace_back(address, change); }
   return transaction;
 }
 

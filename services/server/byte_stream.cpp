@@ -16,16 +16,16 @@ class PlainStream final : public ByteStream {
   std::size_t read(std::span<char> buffer) override {
     while (true) {
       const ssize_t count = ::recv(socket_, buffer.data(), buffer.size(), 0);
-      if (count >= 0) return static_cast<std::size_t>(count);
-      if (errno != EINTR) return 0;
+      if (count >= 0) { return static_cast<std::size_t>(count); }
+      if (errno != EINTR) { return 0; }
     }
   }
 
   bool write(std::string_view bytes) override {
     while (!bytes.empty()) {
       const ssize_t count = ::send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL);
-      if (count < 0 && errno != EINTR) return false;
-      if (count > 0) bytes.remove_prefix(static_cast<std::size_t>(count));
+      if (count < 0 && errno != EINTR) { return false; }
+      if (count > 0) { bytes.remove_prefix(static_cast<std::size_t>(count)); }
     }
     return true;
   }
@@ -47,7 +47,7 @@ class TlsStream final : public ByteStream {
   }
 
   bool write(std::string_view bytes) override {
-    if (bytes.empty()) return true;
+    if (bytes.empty()) { return true; }
     std::size_t count = 0;
     ERR_clear_error();
     return SSL_write_ex(session_.get(), bytes.data(), bytes.size(), &count) == 1;

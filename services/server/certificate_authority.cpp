@@ -19,7 +19,7 @@ constexpr long validFrom = -secondsPerDay;
 constexpr long validFor = 365 * secondsPerDay;
 
 void require(bool succeeded) {
-  if (succeeded) return;
+  if (succeeded) { return; }
   std::array<char, 256> text{};
   ERR_error_string_n(ERR_get_error(), text.data(), text.size());
   throw std::runtime_error(text.data());

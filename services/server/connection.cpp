@@ -25,7 +25,7 @@ bool endsWithin(int socket, std::chrono::milliseconds duration) {
         std::chrono::ceil<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
     const int timeout = forever ? -1 : static_cast<int>(std::max<long>(left.count(), 0));
     const int outcome = ::poll(&entry, 1, timeout);
-    if (outcome >= 0 || errno != EINTR) return outcome != 0;
+    if (outcome >= 0 || errno != EINTR) { return outcome != 0; }
   }
 }
 
@@ -44,7 +44,7 @@ bool Connection::readMore() {
 std::optional<std::string> Connection::takeHead() {
   std::size_t end = received_.find(headEnd);
   while (end == std::string::npos) {
-    if (received_.size() > headLimit || !readMore()) return std::nullopt;
+    if (received_.size() > headLimit || !readMore()) { return std::nullopt; }
     end = received_.find(headEnd);
   }
   std::string head = received_.substr(0, end);
@@ -56,16 +56,16 @@ std::optional<Request> Connection::receive() {
   if (stream_ == nullptr) {
     stream_ =
         tls_ != nullptr ? makeTlsStream(socket_.get(), *tls_) : makePlainStream(socket_.get());
-    if (stream_ == nullptr) return std::nullopt;
+    if (stream_ == nullptr) { return std::nullopt; }
   }
   const std::optional<std::string> head = takeHead();
-  if (!head) return std::nullopt;
+  if (!head) { return std::nullopt; }
   std::optional<Request> request = parseRequestHead(*head);
-  if (!request) return std::nullopt;
+  if (!request) { return std::nullopt; }
   const std::optional<std::size_t> size = bodySize(*request);
-  if (!size || *size > bodyLimit) return std::nullopt;
+  if (!size || *size > bodyLimit) { return std::nullopt; }
   while (received_.size() < *size) {
-    if (!readMore()) return std::nullopt;
+    if (!readMore()) { return std::nullopt; }
   }
   request->body = received_.substr(0, *size);
   received_.erase(0, *size);
@@ -85,7 +85,7 @@ bool Connection::pause(std::chrono::milliseconds duration) const {
 void Connection::waitUntilGone() const { endsWithin(socket_.get(), std::chrono::milliseconds(-1)); }
 
 void Connection::finish() {
-  if (stream_ != nullptr) stream_->finish();
+  if (stream_ != nullptr) { stream_->finish(); }
   cut();
 }
 

@@ -18,7 +18,7 @@ class FileDescriptor {
     return *this;
   }
   ~FileDescriptor() {
-    if (descriptor_ >= 0) ::close(descriptor_);
+    if (descriptor_ >= 0) { ::close(descriptor_); }
   }
 
   [[nodiscard]] int get() const { return descriptor_; }

@@ -47,7 +47,7 @@ bool equalInAnyCase(std::string_view left, std::string_view right) {
 
 std::string_view trimmed(std::string_view text) {
   const auto first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return {};
+  if (first == std::string_view::npos) { return {}; }
   return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
@@ -86,15 +86,15 @@ std::optional<Request> parseRequestHead(std::string_view head) {
   const std::string_view line = takeLine(head);
   const auto first = line.find(' ');
   const auto last = line.rfind(' ');
-  if (first == std::string_view::npos || first == 0 || last <= first + 1) return std::nullopt;
-  if (!line.substr(last + 1).starts_with("HTTP/1.")) return std::nullopt;
+  if (first == std::string_view::npos || first == 0 || last <= first + 1) { return std::nullopt; }
+  if (!line.substr(last + 1).starts_with("HTTP/1.")) { return std::nullopt; }
   Request request;
   request.method = line.substr(0, first);
   request.target = line.substr(first + 1, last - first - 1);
   while (!head.empty()) {
     const std::string_view field = takeLine(head);
     const auto colon = field.find(':');
-    if (colon == std::string_view::npos || colon == 0) return std::nullopt;
+    if (colon == std::string_view::npos || colon == 0) { return std::nullopt; }
     request.headers.emplace_back(std::string(field.substr(0, colon)),
                                  std::string(trimmed(field.substr(colon + 1))));
   }
@@ -102,9 +102,9 @@ std::optional<Request> parseRequestHead(std::string_view head) {
 }
 
 std::optional<std::size_t> bodySize(const Request& request) {
-  if (request.header("Transfer-Encoding") != nullptr) return std::nullopt;
+  if (request.header("Transfer-Encoding") != nullptr) { return std::nullopt; }
   const std::string* const text = request.header("Content-Length");
-  if (text == nullptr) return 0;
+  if (text == nullptr) { return 0; }
   return numberFrom<std::size_t>(*text);
 }
 

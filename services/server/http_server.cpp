@@ -25,7 +25,7 @@ HttpServer::~HttpServer() { close(); }
 
 void HttpServer::open() {
   const std::lock_guard lock(opening_);
-  if (listener_) return;
+  if (listener_) { return; }
   listener_.emplace(port_);
   port_ = listener_->port();
   accepting_ = std::jthread([this] { acceptClients(); });
@@ -33,12 +33,13 @@ void HttpServer::open() {
 
 void HttpServer::close() {
   const std::lock_guard lock(opening_);
-  if (!listener_) return;
+  if (!listener_) { return; }
   listener_->interrupt();
   accepting_.join();
   listener_.reset();
-  for (const Client& client : clients_)
+  for (const Client& client : clients_) {
     client.connection.cut();
+  }
   clients_.clear();
 }
 
@@ -46,7 +47,7 @@ void HttpServer::acceptClients() {
   blockSignals();
   while (true) {
     FileDescriptor socket = listener_->accept();
-    if (!socket.isOpen()) return;
+    if (!socket.isOpen()) { return; }
     clients_.remove_if([](const Client& client) { return client.finished.load(); });
     Client& client = clients_.emplace_back(std::move(socket), tls_.get());
     client.thread = std::jthread([this, &client] { serve(client); });

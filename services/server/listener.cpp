@@ -13,7 +13,7 @@ namespace {
 constexpr int waitingClients = 128;
 
 void require(bool succeeded, const char* what) {
-  if (!succeeded) throw std::system_error(errno, std::generic_category(), what);
+  if (!succeeded) { throw std::system_error(errno, std::generic_category(), what); }
 }
 
 sockaddr_in loopback(std::uint16_t port) {
@@ -49,7 +49,7 @@ FileDescriptor Listener::accept() const {
       ::setsockopt(client.get(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
       return client;
     }
-    if (errno != EINTR && errno != ECONNABORTED) return client;
+    if (errno != EINTR && errno != ECONNABORTED) { return client; }
   }
 }
 

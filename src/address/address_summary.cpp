@@ -5,9 +5,7 @@
 namespace orvane {
 
 std::int64_t confirmations(std::int64_t tipHeight, std::optional<std::int64_t> blockHeight) {
-  if (!blockHeight || *blockHeight > tipHeight) {
-    return 0;
-  }
+  if (!blockHeight || *blockHeight > tipHeight) { return 0; }
   constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
   // The heights of a malformed answer may lie further apart than a signed number can tell.
   const std::uint64_t blocksOnTop =

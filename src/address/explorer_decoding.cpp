@@ -62,16 +62,12 @@ std::optional<std::vector<Transaction>> decodeTransactions(std::string_view body
 std::optional<std::int64_t> parseTipHeight(std::string_view text) {
   std::string_view number = trimmed(text);
   // The library reads a minus sign but no plus sign.
-  if (number.starts_with('+') && !number.starts_with("+-")) {
-    number.remove_prefix(1);
-  }
+  if (number.starts_with('+') && !number.starts_with("+-")) { number.remove_prefix(1); }
   std::int64_t height = 0;
   const char* const begin = number.data();
   const char* const end = begin + number.size();
   const auto [next, error] = std::from_chars(begin, end, height);
-  if (error != std::errc() || next != end) {
-    return std::nullopt;
-  }
+  if (error != std::errc() || next != end) { return std::nullopt; }
   return height;
 }
 

@@ -14,9 +14,7 @@ constexpr std::string_view seenTransactionsKey = "balance.watchedAddressSeenTran
 
 Task<void> post(NotificationCenter& center, std::vector<NotificationRequest> requests) {
   const bool granted = co_await center.requestAuthorization();
-  if (!granted) {
-    co_return;
-  }
+  if (!granted) { co_return; }
   for (NotificationRequest& request : requests) {
     // One that the service does not take must not cost the user those behind it.
     (void)co_await center.add(std::move(request));
@@ -46,9 +44,7 @@ void NewPaymentNotifications::notifyNewTransactions(const WatchedAddressSummary&
     }
   }
   defaults_.setTexts(seenTransactionsKey, seen);
-  if (!known || arrivals.empty()) {
-    return;
-  }
+  if (!known || arrivals.empty()) { return; }
   std::vector<NotificationRequest> requests;
   requests.reserve(arrivals.size());
   for (const WatchedAddressTransaction* const transaction : arrivals) {

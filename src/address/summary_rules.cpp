@@ -10,9 +10,7 @@ __extension__ using WideAmount = __int128;
 
 std::expected<std::int64_t, ExplorerError> narrowed(WideAmount amount) {
   const auto sats = static_cast<std::int64_t>(amount);
-  if (sats != amount) {
-    return std::unexpected(ExplorerError{ExplorerError::Kind::decoding});
-  }
+  if (sats != amount) { return std::unexpected(ExplorerError{ExplorerError::Kind::decoding}); }
   return sats;
 }
 
@@ -23,9 +21,7 @@ std::expected<std::int64_t, ExplorerError> balance(const AddressStats::Stats& st
 WideAmount paidTo(std::string_view address, const std::vector<Transaction::Output>& outputs) {
   WideAmount sum = 0;
   for (const Transaction::Output& output : outputs) {
-    if (output.scriptpubkey_address == address) {
-      sum += output.value;
-    }
+    if (output.scriptpubkey_address == address) { sum += output.value; }
   }
   return sum;
 }
@@ -36,12 +32,8 @@ std::expected<std::optional<WatchedAddressTransaction>, ExplorerError> incomingT
     const Transaction& transaction, std::string_view address) {
   const std::expected<std::int64_t, ExplorerError> sats =
       narrowed(paidTo(address, transaction.vout));
-  if (!sats) {
-    return std::unexpected(sats.error());
-  }
-  if (*sats < 1) {
-    return std::nullopt;
-  }
+  if (!sats) { return std::unexpected(sats.error()); }
+  if (*sats < 1) { return std::nullopt; }
   const Transaction::Status& status = transaction.status;
   return WatchedAddressTransaction{
       .txid = transaction.txid,
@@ -62,12 +54,8 @@ std::expected<WatchedAddressSummary, ExplorerError> buildSummary(
       .confirmedSats = *confirmed, .pendingSats = *pending, .tipHeight = tipHeight, .incoming = {}};
   for (const Transaction& transaction : transactions) {
     auto incoming = incomingTransaction(transaction, address);
-    if (!incoming) {
-      return std::unexpected(incoming.error());
-    }
-    if (*incoming) {
-      summary.incoming.push_back(*std::move(*incoming));
-    }
+    if (!incoming) { return std::unexpected(incoming.error()); }
+    if (*incoming) { summary.incoming.push_back(*std::move(*incoming)); }
   }
   return summary;
 }

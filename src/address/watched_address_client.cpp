@@ -44,12 +44,8 @@ WatchedAddressClient::WatchedAddressClient(HttpTransport& transport, std::string
 Task<Result<std::string>> WatchedAddressClient::fetchData(std::string path) {
   HttpRequest request{.url = explorerBaseURL_ + path};
   HttpResult answer = co_await transport_.get(std::move(request));
-  if (!answer) {
-    co_return std::unexpected(errorOf(answer.error()));
-  }
-  if (!answer->isSuccess()) {
-    co_return std::unexpected(ExplorerError{Kind::badServerResponse});
-  }
+  if (!answer) { co_return std::unexpected(errorOf(answer.error())); }
+  if (!answer->isSuccess()) { co_return std::unexpected(ExplorerError{Kind::badServerResponse}); }
   co_return std::move(answer->body);
 }
 
@@ -57,21 +53,15 @@ template <class Record>
 Task<Result<Record>> WatchedAddressClient::fetchJSON(
     std::string path, std::optional<Record> (*decode)(std::string_view body)) {
   const Result<std::string> body = co_await fetchData(std::move(path));
-  if (!body) {
-    co_return std::unexpected(body.error());
-  }
+  if (!body) { co_return std::unexpected(body.error()); }
   std::optional<Record> record = decode(*body);
-  if (!record) {
-    co_return std::unexpected(ExplorerError{Kind::decoding});
-  }
+  if (!record) { co_return std::unexpected(ExplorerError{Kind::decoding}); }
   co_return *std::move(record);
 }
 
 Task<Result<std::string>> WatchedAddressClient::fetchText(std::string path) {
   const Result<std::string> body = co_await fetchData(std::move(path));
-  if (!body) {
-    co_return std::unexpected(body.error());
-  }
+  if (!body) { co_return std::unexpected(body.error()); }
   co_return decodedLossily(*body);
 }
 
@@ -105,13 +95,9 @@ Task<Result<WatchedAddressSummary>> WatchedAddressClient::summary(std::string ad
     co_return std::unexpected(transactions.error());
   }
   const Result<std::string> tip = co_await tipRequest.result();
-  if (!tip) {
-    co_return std::unexpected(tip.error());
-  }
+  if (!tip) { co_return std::unexpected(tip.error()); }
   const std::optional<std::int64_t> tipHeight = parseTipHeight(*tip);
-  if (!tipHeight) {
-    co_return std::unexpected(ExplorerError{Kind::cannotParseResponse});
-  }
+  if (!tipHeight) { co_return std::unexpected(ExplorerError{Kind::cannotParseResponse}); }
   co_return buildSummary(*totals, *transactions, *tipHeight, address);
 }
 

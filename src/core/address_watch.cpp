@@ -27,13 +27,13 @@ AddressWatch::AddressWatch(const BalancePlatform& platform, BalanceFields& field
       tasks_(platform.executor) {}
 
 void AddressWatch::start() {
-  if (!fields_->ownAddress.empty()) useAddresses("");
+  if (!fields_->ownAddress.empty()) { useAddresses(""); }
   restartAddressWatch();
 }
 
 std::optional<std::string> AddressWatch::setOwnAddress(std::string_view text) {
   const std::string address(trimmed(text));
-  if (address == fields_->ownAddress) return std::nullopt;
+  if (address == fields_->ownAddress) { return std::nullopt; }
   if (!address.empty() && !isValidMainnetAddress(address)) {
     return "This is not a Bitcoin mainnet address. It starts with bc1, 1 or 3.";
   }
@@ -54,31 +54,31 @@ Task<void> AddressWatch::watchLoop() {
   while (!context.stop.stop_requested()) {
     co_await refreshAddress();
     const SleepEnd sleep = co_await sleepFor(watchInterval);
-    if (sleep == SleepEnd::cancelled) co_return;
+    if (sleep == SleepEnd::cancelled) { co_return; }
   }
 }
 
 Task<void> AddressWatch::refreshAddress() {
   co_await resolveWatchedAddress();
-  if (fields_->watchedAddress.empty()) co_return;
+  if (fields_->watchedAddress.empty()) { co_return; }
   co_await loadAddressSummary();
   // With a token the pool's cycle fetches the prices.
-  if (fields_->token.empty()) co_await prices_.refreshPrices();
+  if (fields_->token.empty()) { co_await prices_.refreshPrices(); }
 }
 
 Task<void> AddressWatch::resolveWatchedAddress() {
   const TaskContext context = co_await currentContext();
   std::string payout;
   // An entered address does not wait for a keychain that may be waiting for the user.
-  if (fields_->ownAddress.empty()) payout = co_await payoutAddress();
-  if (!context.stop.stop_requested()) useAddresses(payout);
+  if (fields_->ownAddress.empty()) { payout = co_await payoutAddress(); }
+  if (!context.stop.stop_requested()) { useAddresses(payout); }
 }
 
 Task<std::string> AddressWatch::payoutAddress() {
   const std::optional<std::string> stored = co_await keychain_.readItem(
       payoutAddressItem.service, payoutAddressItem.account, KeychainPrompt::never);
   std::string address(trimmed(stored.value_or("")));
-  if (!isValidMainnetAddress(address)) address.clear();
+  if (!isValidMainnetAddress(address)) { address.clear(); }
   co_return address;
 }
 
@@ -86,7 +86,7 @@ void AddressWatch::useAddresses(std::string_view payoutAddress) {
   const bool isEntered = !fields_->ownAddress.empty();
   std::string effective = isEntered ? fields_->ownAddress : std::string(payoutAddress);
   fields_.set(&BalanceState::addressIsFromMiner, !isEntered && !effective.empty());
-  if (effective == fields_->watchedAddress) return;
+  if (effective == fields_->watchedAddress) { return; }
 
   fields_.set(&BalanceState::watchedAddress, std::move(effective));
   notifications_.forgetSeenTransactions();
@@ -99,11 +99,11 @@ void AddressWatch::useAddresses(std::string_view payoutAddress) {
 Task<void> AddressWatch::loadAddressSummary() {
   const TaskContext context = co_await currentContext();
   const std::string address = fields_->watchedAddress;
-  if (address.empty()) co_return;
+  if (address.empty()) { co_return; }
   fields_.set(&BalanceState::isRefreshingAddress, true);
   std::expected<WatchedAddressSummary, ExplorerError> summary = co_await client_.summary(address);
   const bool isWatched = fields_->watchedAddress == address;
-  if (isWatched && !isCancelled(context, summary)) applySummary(std::move(summary));
+  if (isWatched && !isCancelled(context, summary)) { applySummary(std::move(summary)); }
   fields_.set(&BalanceState::isRefreshingAddress, false);
 }
 

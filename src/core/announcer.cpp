@@ -13,7 +13,7 @@ void Announcer::announce() {
   // A listener may change the list while it is being walked.
   const auto told = listeners_;
   for (const auto& listener : told) {
-    if (const auto alive = listener.lock()) (*alive)();
+    if (const auto alive = listener.lock()) { (*alive)(); }
   }
 }
 

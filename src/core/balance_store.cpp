@@ -9,7 +9,7 @@ namespace orvane {
 BalanceStore::BalanceStore(BalancePlatform platform)
     : format_(platform.format),
       fields_([this] {
-        if (onChange) onChange();
+        if (onChange) { onChange(); }
       }),
       settings_(platform.defaults),
       keychain_(platform.executor, platform.keychain, sharedAccessGroup(platform.accessGroups)),

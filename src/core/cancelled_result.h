@@ -8,7 +8,7 @@ namespace orvane {
 /// cancelled: before the request ended, or between its end and now. Nothing of it is shown.
 template <class Result>
 [[nodiscard]] bool isCancelled(const TaskContext& context, const Result& result) {
-  if (context.stop.stop_requested()) return true;
+  if (context.stop.stop_requested()) { return true; }
   return !result && result.error().kind == Result::error_type::Kind::cancelled;
 }
 

@@ -55,19 +55,21 @@ std::string menuBarTitle(const BalanceState& state, const LocaleFormat& format) 
     return amountNumberText(state, format, state.stats->balanceSats) + " | " +
            amountText(state, format, state.addressSummary->confirmedSats);
   }
-  if (state.stats) return amountText(state, format, state.stats->balanceSats);
-  if (state.addressSummary) return amountText(state, format, state.addressSummary->confirmedSats);
+  if (state.stats) { return amountText(state, format, state.stats->balanceSats); }
+  if (state.addressSummary) {
+    return amountText(state, format, state.addressSummary->confirmedSats);
+  }
   return {};
 }
 
 std::optional<std::string> fiatText(const BalanceState& state, const LocaleFormat& format,
                                     double sats) {
-  if (!state.prices) return std::nullopt;
+  if (!state.prices) { return std::nullopt; }
   return fiatValueText(format, state.preferredFiatCurrency, sats, *state.prices);
 }
 
 std::optional<std::string> priceText(const BalanceState& state, const LocaleFormat& format) {
-  if (!state.prices) return std::nullopt;
+  if (!state.prices) { return std::nullopt; }
   return rateText(format, state.preferredFiatCurrency, *state.prices);
 }
 
@@ -93,19 +95,19 @@ std::string lastShareText(const LocaleFormat& format,
 }
 
 std::string poolStatusLine(const BalanceState& state, const LocaleFormat& format) {
-  if (state.accountStatus) return *state.accountStatus;
+  if (state.accountStatus) { return *state.accountStatus; }
   if (!state.lastUpdate) {
     return state.token.empty() ? "Paste a read-only Braiins API token below to start."
                                : "Asking Braiins…";
   }
   std::string line = updatedText(format, *state.lastUpdate);
-  if (const auto price = priceText(state, format)) line += " · " + *price;
+  if (const auto price = priceText(state, format)) { line += " · " + *price; }
   return line + " · refreshes every 5 minutes";
 }
 
 std::string addressStatusLine(const BalanceState& state, const LocaleFormat& format) {
-  if (state.addressStatus) return *state.addressStatus;
-  if (!state.addressLastUpdate) return "Asking Chainpeek…";
+  if (state.addressStatus) { return *state.addressStatus; }
+  if (!state.addressLastUpdate) { return "Asking Chainpeek…"; }
   return updatedText(format, *state.addressLastUpdate) +
          " · Chainpeek · refreshes every 10 minutes";
 }

@@ -21,11 +21,11 @@ KeychainItems::KeychainItems(Executor& executor, Keychain& keychain,
 Task<std::optional<std::string>> KeychainItems::readItem(std::string service, std::string account,
                                                          KeychainPrompt prompt) {
   std::optional<AsyncMutex::Lock> turn = co_await order_.lock();
-  if (!turn) co_return std::nullopt;
+  if (!turn) { co_return std::nullopt; }
 
   const KeychainQuery query{.service = std::move(service), .account = std::move(account)};
   const std::optional<KeychainItem> item = co_await keychain_.copyMatching(query, prompt);
-  if (!item || !isValidUtf8(item->data)) co_return std::nullopt;
+  if (!item || !isValidUtf8(item->data)) { co_return std::nullopt; }
   if (belongsElsewhere(*item)) {
     // Cut off between its two steps, a move would lose the item: it belongs to no task that may be
     // cancelled, and the next call waits for it.
@@ -53,7 +53,7 @@ void KeychainItems::saveItem(std::string text, std::string service, std::string 
 
 Task<void> KeychainItems::saveInTurn(std::string text, KeychainQuery query) {
   const std::optional<AsyncMutex::Lock> turn = co_await order_.lock();
-  if (turn) co_await save(std::move(text), std::move(query), KeychainPrompt::allowed);
+  if (turn) { co_await save(std::move(text), std::move(query), KeychainPrompt::allowed); }
 }
 
 Task<void> KeychainItems::save(std::string text, KeychainQuery query, KeychainPrompt prompt) {

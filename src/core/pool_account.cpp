@@ -34,15 +34,15 @@ Task<void> PoolAccount::pollLoop() {
     co_await refreshAccount();
     co_await prices_.refreshPrices();
     const SleepEnd sleep = co_await sleepFor(pollInterval);
-    if (sleep == SleepEnd::cancelled) co_return;
+    if (sleep == SleepEnd::cancelled) { co_return; }
   }
 }
 
 Task<void> PoolAccount::refreshAccount() {
-  if (fields_->token.empty()) co_return;
+  if (fields_->token.empty()) { co_return; }
   fields_.set(&BalanceState::isRefreshing, true);
   const bool isCurrent = co_await refreshStats();
-  if (isCurrent) co_await refreshWorkers();
+  if (isCurrent) { co_await refreshWorkers(); }
   fields_.set(&BalanceState::isRefreshing, false);
 }
 
@@ -50,7 +50,7 @@ Task<bool> PoolAccount::refreshStats() {
   const TaskContext context = co_await currentContext();
   const std::expected<BraiinsAccountStats, PoolError> stats = co_await client_.fetchStats();
   // A refusal of the old token that arrives late says nothing about the new one.
-  if (isCancelled(context, stats)) co_return false;
+  if (isCancelled(context, stats)) { co_return false; }
   if (stats) {
     fields_.set(&BalanceState::stats, *stats);
     fields_.set(&BalanceState::lastUpdate, executor_.wallClock());
@@ -66,12 +66,12 @@ Task<void> PoolAccount::refreshWorkers() {
   const TaskContext context = co_await currentContext();
   std::expected<std::vector<BraiinsWorkerStatus>, PoolError> workers =
       co_await client_.fetchWorkers();
-  if (!workers || isCancelled(context, workers)) co_return;
+  if (!workers || isCancelled(context, workers)) { co_return; }
   fields_.set(&BalanceState::workers, *std::move(workers));
 }
 
 void PoolAccount::loadHistory() {
-  if (fields_->token.empty() || fields_->isLoadingHistory) return;
+  if (fields_->token.empty() || fields_->isLoadingHistory) { return; }
   fields_.set(&BalanceState::isLoadingHistory, true);
   fields_.set(&BalanceState::historyStatus, std::nullopt);
   tasks_.spawn(historyLoad());
@@ -80,7 +80,7 @@ void PoolAccount::loadHistory() {
 Task<void> PoolAccount::historyLoad() {
   std::expected<std::vector<BraiinsHistoryDay>, PoolError> days = co_await client_.fetchHistory();
   // Where the token was cleared meanwhile the account's history went with it, and stays away.
-  if (!fields_->token.empty()) applyHistory(std::move(days));
+  if (!fields_->token.empty()) { applyHistory(std::move(days)); }
   fields_.set(&BalanceState::isLoadingHistory, false);
 }
 

@@ -17,9 +17,9 @@ Task<void> PoolAccount::useStoredToken() {
   std::optional<std::string> stored = co_await keychain_.readItem(
       poolTokenItem.service, poolTokenItem.account, KeychainPrompt::allowed);
   // A token that the user has entered meanwhile counts; its save follows this read.
-  if (!fields_->isReadingToken) co_return;
+  if (!fields_->isReadingToken) { co_return; }
   assignToken(std::move(stored).value_or(""));
-  if (fields_->token.empty()) co_return;
+  if (fields_->token.empty()) { co_return; }
   fields_.invokeOnChange();
   restartPolling();
 }
@@ -32,7 +32,7 @@ void PoolAccount::assignToken(std::string token) {
 
 void PoolAccount::setToken(std::string_view text) {
   const std::string token(trimmed(text));
-  if (token == fields_->token) return;
+  if (token == fields_->token) { return; }
 
   assignToken(token);
   keychain_.saveItem(token, poolTokenItem.service, poolTokenItem.account);

@@ -50,7 +50,7 @@ void StoredSettings::setOwnAddress(std::string_view address) {
 
 std::vector<BraiinsHistoryDay> StoredSettings::history() const {
   const std::optional<std::string> stored = defaults_.data(key::history);
-  if (!stored) return {};
+  if (!stored) { return {}; }
   auto days = decodeHistory(*stored).value_or(std::vector<BraiinsHistoryDay>());
   std::ranges::sort(days, std::greater(), &BraiinsHistoryDay::date);
   return days;

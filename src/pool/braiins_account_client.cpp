@@ -50,15 +50,11 @@ PoolError poolError(HttpFailure httpFailure) {
 }
 
 std::expected<std::string, PoolError> bodyOf(HttpResult result) {
-  if (!result) {
-    return std::unexpected(poolError(result.error()));
-  }
+  if (!result) { return std::unexpected(poolError(result.error())); }
   if (result->status == 401 || result->status == 403) {
     return failure(Kind::userAuthenticationRequired);
   }
-  if (!result->isSuccess()) {
-    return failure(Kind::badServerResponse);
-  }
+  if (!result->isSuccess()) { return failure(Kind::badServerResponse); }
   return std::move(result->body);
 }
 
@@ -71,9 +67,9 @@ BraiinsAccountClient::BraiinsAccountClient(Executor& executor, HttpTransport& tr
 Task<std::expected<BraiinsAccountStats, PoolError>> BraiinsAccountClient::fetchStats() {
   const std::expected<std::string, PoolError> body =
       co_await fetchPoolData(poolBaseURL_ + "/accounts/profile/json/btc/");
-  if (!body) co_return std::unexpected(body.error());
+  if (!body) { co_return std::unexpected(body.error()); }
   const std::optional<BraiinsProfileResponse> response = decodeProfile(*body);
-  if (!response) co_return failure(Kind::decoding);
+  if (!response) { co_return failure(Kind::decoding); }
   co_return accountStats(*response);
 }
 
@@ -81,9 +77,9 @@ Task<std::expected<std::vector<BraiinsWorkerStatus>, PoolError>>
 BraiinsAccountClient::fetchWorkers() {
   const std::expected<std::string, PoolError> body =
       co_await fetchPoolData(poolBaseURL_ + "/accounts/workers/json/btc/");
-  if (!body) co_return std::unexpected(body.error());
+  if (!body) { co_return std::unexpected(body.error()); }
   std::optional<BraiinsWorkersResponse> response = decodeWorkers(*body);
-  if (!response) co_return failure(Kind::decoding);
+  if (!response) { co_return failure(Kind::decoding); }
   co_return workerStatuses(std::move(*response));
 }
 
@@ -92,18 +88,18 @@ BraiinsAccountClient::fetchHistory() {
   const std::string today = utcDateText(executor_.wallClock());
   const std::expected<std::string, PoolError> rewards = co_await fetchPoolData(
       poolBaseURL_ + "/accounts/rewards/json/btc?from=2000-01-01&to=" + today);
-  if (!rewards) co_return std::unexpected(rewards.error());
+  if (!rewards) { co_return std::unexpected(rewards.error()); }
   const std::expected<std::string, PoolError> hashrate =
       co_await fetchPoolData(poolBaseURL_ + "/accounts/hash_rate_daily/json/group/btc");
   std::optional<std::string_view> hashrateBody;
-  if (hashrate) hashrateBody = *hashrate;
+  if (hashrate) { hashrateBody = *hashrate; }
   co_return buildHistoryDays(*rewards, hashrateBody);
 }
 
 Task<std::expected<std::string, PoolError>> BraiinsAccountClient::fetchPoolData(std::string url) {
-  if (!isSendable(token)) co_return failure(Kind::userAuthenticationRequired);
+  if (!isSendable(token)) { co_return failure(Kind::userAuthenticationRequired); }
   const std::expected<void, PoolError> claimed = co_await claimSlot();
-  if (!claimed) co_return std::unexpected(claimed.error());
+  if (!claimed) { co_return std::unexpected(claimed.error()); }
   HttpRequest request{.url = std::move(url), .idleTimeout = idleTimeout};
   request.headers.push_back({.name = "Pool-Auth-Token", .value = token});
   HttpResult result = co_await transport_.get(std::move(request));
@@ -115,13 +111,13 @@ Task<std::expected<std::string, PoolError>> BraiinsAccountClient::fetchPoolData(
 Task<std::expected<void, PoolError>> BraiinsAccountClient::claimSlot() {
   const TaskContext context = co_await currentContext();
   const std::optional<AsyncMutex::Lock> turn = co_await slot_.lock();
-  if (!turn) co_return failure(Kind::cancelled);
+  if (!turn) { co_return failure(Kind::cancelled); }
   const SleepEnd end = co_await sleepUntil(nextRequestAt_);
   if (end == SleepEnd::cancelled || context.stop.stop_requested()) {
     co_return failure(Kind::cancelled);
   }
   // The token may have been taken away during the wait.
-  if (!isSendable(token)) co_return failure(Kind::userAuthenticationRequired);
+  if (!isSendable(token)) { co_return failure(Kind::userAuthenticationRequired); }
   nextRequestAt_ = executor_.now() + poolRequestGap;
   co_return std::expected<void, PoolError>();
 }

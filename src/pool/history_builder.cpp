@@ -20,9 +20,7 @@ std::chrono::sys_seconds timeOf(std::int64_t secondsSince1970) {
 
 HashrateDays hashrateDays(std::optional<std::string_view> body) {
   std::optional<BraiinsDailyHashrateResponse> response;
-  if (body) {
-    response = decodeDailyHashrate(*body);
-  }
+  if (body) { response = decodeDailyHashrate(*body); }
   return response ? currencyEntry(std::move(response->values)) : HashrateDays{};
 }
 
@@ -53,9 +51,7 @@ bool isWorthKeeping(const BraiinsHistoryDay& day) {
 std::expected<std::vector<BraiinsHistoryDay>, PoolError> buildHistoryDays(
     std::string_view rewardsBody, std::optional<std::string_view> dailyHashrateBody) {
   std::optional<BraiinsRewardsResponse> rewards = decodeRewards(rewardsBody);
-  if (!rewards) {
-    return std::unexpected(PoolError{.kind = PoolError::Kind::decoding});
-  }
+  if (!rewards) { return std::unexpected(PoolError{.kind = PoolError::Kind::decoding}); }
   DaysByTime days;
   for (BraiinsRewardsResponse::Reward& reward : rewards->btc.dailyRewards) {
     addReward(days, std::move(reward));
@@ -66,9 +62,7 @@ std::expected<std::vector<BraiinsHistoryDay>, PoolError> buildHistoryDays(
   std::vector<BraiinsHistoryDay> kept;
   kept.reserve(days.size());
   for (auto& [time, day] : days) {
-    if (isWorthKeeping(day)) {
-      kept.push_back(std::move(day));
-    }
+    if (isWorthKeeping(day)) { kept.push_back(std::move(day)); }
   }
   return kept;
 }

@@ -25,9 +25,9 @@ bool isEncodable(const BraiinsHistoryDay& day) {
 nlohmann::json encodeDay(const BraiinsHistoryDay& day) {
   nlohmann::json object;
   object["date"] = saturatingSum(day.date.time_since_epoch().count(), -from1970To2001);
-  if (day.averageHashRate) object["averageHashRate"] = *day.averageHashRate;
-  if (day.shares) object["shares"] = *day.shares;
-  if (day.rewardBTC) object["rewardBTC"] = *day.rewardBTC;
+  if (day.averageHashRate) { object["averageHashRate"] = *day.averageHashRate; }
+  if (day.shares) { object["shares"] = *day.shares; }
+  if (day.rewardBTC) { object["rewardBTC"] = *day.rewardBTC; }
   return object;
 }
 
@@ -56,9 +56,7 @@ std::vector<BraiinsHistoryDay> readDays(JsonValue value, JsonMatch& match) {
 }  // namespace
 
 std::optional<std::string> encodeHistory(std::span<const BraiinsHistoryDay> days) {
-  if (!std::ranges::all_of(days, isEncodable)) {
-    return std::nullopt;
-  }
+  if (!std::ranges::all_of(days, isEncodable)) { return std::nullopt; }
   nlohmann::json list = nlohmann::json::array();
   for (const BraiinsHistoryDay& day : days) {
     list.push_back(encodeDay(day));

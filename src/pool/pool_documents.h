@@ -72,9 +72,7 @@ struct BraiinsDailyHashrateResponse {
 template <class Value>
 [[nodiscard]] Value currencyEntry(NamedValues<Value> values) {
   auto entry = values.find("btc");
-  if (entry == values.end()) {
-    entry = values.begin();
-  }
+  if (entry == values.end()) { entry = values.begin(); }
   return entry == values.end() ? Value{} : std::move(entry->second);
 }
 

@@ -34,9 +34,7 @@ constexpr double sharesPerFigure = 0.0009765625;
 double hashRateUnitFactor(std::string_view unit) {
   const std::string name = asciiLowercased(trimmed(unit));
   for (const HashRateUnit& known : hashRateUnits) {
-    if (name == known.name || name == known.shortName) {
-      return known.factor;
-    }
+    if (name == known.name || name == known.shortName) { return known.factor; }
   }
   return 1;
 }

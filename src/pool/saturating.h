@@ -11,15 +11,15 @@ namespace orvane {
   using Range = std::numeric_limits<std::int64_t>;
   // The upper end is no double; its successor is.
   constexpr double beyondMaximum = 0x1p63;
-  if (value >= beyondMaximum) return Range::max();
-  if (value <= -beyondMaximum) return Range::min();
+  if (value >= beyondMaximum) { return Range::max(); }
+  if (value <= -beyondMaximum) { return Range::min(); }
   return static_cast<std::int64_t>(value);
 }
 
 [[nodiscard]] inline std::int64_t saturatingSum(std::int64_t a, std::int64_t b) {
   using Range = std::numeric_limits<std::int64_t>;
   std::int64_t sum = 0;
-  if (!__builtin_add_overflow(a, b, &sum)) return sum;
+  if (!__builtin_add_overflow(a, b, &sum)) { return sum; }
   return b < 0 ? Range::min() : Range::max();
 }
 

@@ -15,15 +15,11 @@ using Kind = PriceError::Kind;
 std::unexpected<PriceError> failure(Kind kind) { return std::unexpected(PriceError{.kind = kind}); }
 
 std::expected<std::string, PriceError> bodyOf(HttpResult result) {
-  if (!result && result.error() == HttpFailure::cancelled) {
-    return failure(Kind::cancelled);
-  }
+  if (!result && result.error() == HttpFailure::cancelled) { return failure(Kind::cancelled); }
   if (!result) {
     return std::unexpected(PriceError{.kind = Kind::transport, .failure = result.error()});
   }
-  if (!result->isSuccess()) {
-    return failure(Kind::badServerResponse);
-  }
+  if (!result->isSuccess()) { return failure(Kind::badServerResponse); }
   return std::move(result->body);
 }
 
@@ -34,22 +30,16 @@ std::optional<double> rate(const CoinbasePriceResponse& response, std::string_vi
 
 PriceResult pricesFromCoinGecko(std::string_view body) {
   const std::optional<CurrentPriceResponse> response = decodeCurrentPrice(body);
-  if (!response) {
-    return failure(Kind::decoding);
-  }
+  if (!response) { return failure(Kind::decoding); }
   return CurrentBitcoinPrices{.eur = response->bitcoin.eur, .usd = response->bitcoin.usd};
 }
 
 PriceResult pricesFromCoinbase(std::string_view body) {
   const std::optional<CoinbasePriceResponse> response = decodeCoinbasePrice(body);
-  if (!response) {
-    return failure(Kind::decoding);
-  }
+  if (!response) { return failure(Kind::decoding); }
   const std::optional<double> eur = rate(*response, rawValue(PreferredFiatCurrency::eur));
   const std::optional<double> usd = rate(*response, rawValue(PreferredFiatCurrency::usd));
-  if (!eur || !usd) {
-    return failure(Kind::cannotParseResponse);
-  }
+  if (!eur || !usd) { return failure(Kind::cannotParseResponse); }
   return CurrentBitcoinPrices{.eur = *eur, .usd = *usd};
 }
 
@@ -58,7 +48,7 @@ Task<PriceResult> fetch(HttpTransport& transport, std::string url,
   HttpRequest request{.url = std::move(url)};
   HttpResult result = co_await transport.get(std::move(request));
   const std::expected<std::string, PriceError> body = bodyOf(std::move(result));
-  if (!body) co_return std::unexpected(body.error());
+  if (!body) { co_return std::unexpected(body.error()); }
   co_return pricesFrom(*body);
 }
 
@@ -72,7 +62,7 @@ BitcoinPriceService::BitcoinPriceService(HttpTransport& transport, std::string p
 
 Task<PriceResult> BitcoinPriceService::current() {
   const PriceResult primary = co_await fetchFromCoinGecko();
-  if (primary || primary.error().kind == Kind::cancelled) co_return primary;
+  if (primary || primary.error().kind == Kind::cancelled) { co_return primary; }
   co_return co_await fetchFromCoinbase();
 }
 

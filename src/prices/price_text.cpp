@@ -22,15 +22,11 @@ using Locale = std::unique_ptr<std::remove_pointer_t<locale_t>, FreeLocale>;
 
 std::optional<double> parsePriceText(const std::string& text) {
   const Locale cLocale(newlocale(LC_ALL_MASK, "C", nullptr));
-  if (!cLocale || text.empty() || whiteSpace.contains(text.front())) {
-    return std::nullopt;
-  }
+  if (!cLocale || text.empty() || whiteSpace.contains(text.front())) { return std::nullopt; }
   // A NUL inside the text ends the conversion, but then not at the text's end.
   char* end = nullptr;
   const double value = strtod_l(text.c_str(), &end, cLocale.get());
-  if (end != text.c_str() + text.size()) {
-    return std::nullopt;
-  }
+  if (end != text.c_str() + text.size()) { return std::nullopt; }
   return value;
 }
 

@@ -58,7 +58,7 @@ const FennickAppInfo& orvaneAppInfo() {
 std::string applicationVersionText(const std::optional<std::string>& shortVersion,
                                    const std::optional<std::string>& build) {
   auto text = fmt::format("Version {}", shortVersion.value_or("1.0"));
-  if (build && !build->empty()) text += fmt::format(" ({})", *build);
+  if (build && !build->empty()) { text += fmt::format(" ({})", *build); }
   return text;
 }
 

@@ -74,9 +74,9 @@ TEST(BitcoinAddressTest, KnowsItsAlphabets) {
   std::string inBase58;
   for (int value = 0; value < 256; ++value) {
     const char byte = static_cast<char>(value);
-    if (isValidMainnetAddress("bc1" + std::string(20, byte))) inBech32 += byte;
-    if (isValidMainnetAddress("BC1" + std::string(20, byte))) inBech32Upper += byte;
-    if (isValidMainnetAddress("3" + std::string(30, byte))) inBase58 += byte;
+    if (isValidMainnetAddress("bc1" + std::string(20, byte))) { inBech32 += byte; }
+    if (isValidMainnetAddress("BC1" + std::string(20, byte))) { inBech32Upper += byte; }
+    if (isValidMainnetAddress("3" + std::string(30, byte))) { inBase58 += byte; }
   }
   EXPECT_EQ(inBech32, "023456789acdefghjklmnpqrstuvwxyz");
   EXPECT_EQ(inBech32Upper, "023456789ACDEFGHJKLMNPQRSTUVWXYZ");

@@ -139,7 +139,7 @@ TEST_F(AddressWatchTest, ASummaryThatIsOvertakenByAnotherAddressIsDropped) {
   std::vector<std::string> shown;
   start();
   const auto subscription = store->observe([&] {
-    if (state().addressSummary) shown.push_back(state().watchedAddress);
+    if (state().addressSummary) { shown.push_back(state().watchedAddress); }
   });
   EXPECT_EQ(store->setOwnAddress(firstAddress), std::nullopt);
   executor.runUntilIdle();

@@ -24,10 +24,8 @@ class StoreDayTest : public StoreTest {
   void expectPacing() const {
     std::optional<Instant> last;
     for (const auto& sent : transport.sent()) {
-      if (!sent.request.url.starts_with("https://pool.test/")) continue;
-      if (last) {
-        ASSERT_GE(sent.at - *last, BraiinsAccountClient::poolRequestGap);
-      }
+      if (!sent.request.url.starts_with("https://pool.test/")) { continue; }
+      if (last) { ASSERT_GE(sent.at - *last, BraiinsAccountClient::poolRequestGap); }
       last = sent.at;
     }
   }
@@ -64,8 +62,8 @@ TEST_F(StoreDayTest, HistoryLoadsAndRestartsKeepToThePoolsPace) {
   for (int step = 0; step < 288; ++step) {
     executor.advance(cycle / 2 + std::chrono::seconds(step % 7));
     store->loadHistory();
-    if (step % 5 == 0) store->restartPolling();
-    if (step % 50 == 0) store->setToken("token " + std::to_string(step));
+    if (step % 5 == 0) { store->restartPolling(); }
+    if (step % 50 == 0) { store->setToken("token " + std::to_string(step)); }
   }
   store->setToken("");
   executor.advance(3min);

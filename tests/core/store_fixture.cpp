@@ -91,7 +91,7 @@ void StoreTest::setPayments(const std::string& address, const std::vector<std::s
 
 std::optional<std::string> StoreTest::keptToken() const {
   for (const auto& item : keychain.items) {
-    if (item.service == poolService) return item.data;
+    if (item.service == poolService) { return item.data; }
   }
   return std::nullopt;
 }
@@ -100,7 +100,7 @@ std::vector<bool> StoreTest::valuesDuring(bool BalanceState::* flag,
                                           const std::function<void()>& story) {
   std::vector<bool> values;
   const auto subscription = store->observe([&] {
-    if (values.empty() || values.back() != state().*flag) values.push_back(state().*flag);
+    if (values.empty() || values.back() != state().*flag) { values.push_back(state().*flag); }
   });
   story();
   return values;

@@ -38,7 +38,7 @@ class SuspendTest : public StoreTest {
     std::vector<long> moments;
     for (auto sent = transport.sent().begin() + static_cast<long>(before_);
          sent != transport.sent().end(); ++sent) {
-      if (!sent->request.url.contains(urlPart)) continue;
+      if (!sent->request.url.contains(urlPart)) { continue; }
       moments.push_back(
           std::chrono::duration_cast<std::chrono::seconds>(sent->at - woken_).count());
     }
@@ -91,10 +91,11 @@ TEST_F(SuspendTest, AnAnswerThatWasUnderWayEndsItsCycleAndStartsNoOther) {
 TEST_F(SuspendTest, ANetworkThatWakesLaterLeavesTheFiguresAndIsAskedInTheNextCycle) {
   start();
   executor.advance(100s);
-  for (const char* host : {"pool.test", "explorer.test", "price.test"})
+  for (const char* host : {"pool.test", "explorer.test", "price.test"}) {
     transport.on(host)
         .fail(HttpFailure::cannotFindHost)
         .times(host == std::string_view("explorer.test") ? 3 : 1);
+  }
   runThenSleep(0s);
   EXPECT_EQ(state().accountStatus, unreachable);
   EXPECT_TRUE(state().addressStatus);

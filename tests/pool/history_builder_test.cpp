@@ -29,9 +29,7 @@ std::string rewardsBody(const std::string& rewards) {
 
 std::vector<BraiinsHistoryDay> build(const std::string& rewards, const std::string& days) {
   const auto built = buildHistoryDays(rewardsBody(rewards), R"({"btc":[)" + days + "]}");
-  if (!built) {
-    ADD_FAILURE() << "not built from " << rewards;
-  }
+  if (!built) { ADD_FAILURE() << "not built from " << rewards; }
   return built.value_or(std::vector<BraiinsHistoryDay>{});
 }
 

@@ -34,8 +34,9 @@ TEST(ChainScenarioTest, HistoryHasRewardsAtEveryDepthThatMattersAndOddTransactio
     data |= !each.outputs.front().address.has_value();
     change |= each.inputs.front().address == sample && each.outputs.back().address == sample;
   }
-  for (const std::int64_t depth : {0, 1, 99, 100})
+  for (const std::int64_t depth : {0, 1, 99, 100}) {
     EXPECT_TRUE(rewardDepths.contains(depth)) << depth;
+  }
   EXPECT_TRUE(hundredOutputs && data && change);
 }
 
@@ -46,8 +47,9 @@ TEST(ChainScenarioTest, StateDependsOnTheTimeAndNotOnHowOftenItIsLookedAt) {
   EXPECT_GT(once.unconfirmedTotals(sample).fundedSats, 0);
   once.advanceTo(7196s);
   Chain often = quietChain();
-  for (auto time = 0s; time <= 7196s; time += 7s)
+  for (auto time = 0s; time <= 7196s; time += 7s) {
     often.advanceTo(time);
+  }
   EXPECT_EQ(often.tipHeight(), services::openingTipHeight + 29);
   EXPECT_EQ(often.tipHeight(), once.tipHeight());
   EXPECT_EQ(often.confirmedTotals(sample).fundedSats, once.confirmedTotals(sample).fundedSats);

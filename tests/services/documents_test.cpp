@@ -87,12 +87,14 @@ TEST_F(DocumentsTest, ExplorerTotalsAreThoseOfItsTransactions) {
   std::int64_t waiting = 0;
   for (const json& each : at(Service::explorer, "/api/address/" + address + "/txs")) {
     for (const json& output : each.at("vout")) {
-      if (output.value("scriptpubkey_address", "") != address) continue;
+      if (output.value("scriptpubkey_address", "") != address) { continue; }
       const bool confirmed = each.at("status").at("confirmed");
       (confirmed ? funded : waiting) += output.at("value").get<std::int64_t>();
     }
     for (const json& input : each.at("vin")) {
-      if (input.at("is_coinbase") || input["prevout"]["scriptpubkey_address"] != address) continue;
+      if (input.at("is_coinbase") || input["prevout"]["scriptpubkey_address"] != address) {
+        continue;
+      }
       spent += input["prevout"]["value"].get<std::int64_t>();
     }
   }

@@ -43,8 +43,9 @@ TEST(LifecycleTest, EndIsQuickWithSilentIdleAndUnspokenConnectionsOpen) {
   auto silent = clientOf(*services, Service::pool);
   silent.set_read_timeout(std::chrono::seconds(20));
   std::jthread waiting([&] { EXPECT_FALSE(silent.Get(profileTarget)); });
-  while (services->requests(Service::pool).empty())
+  while (services->requests(Service::pool).empty()) {
     std::this_thread::yield();
+  }
 
   const auto begin = std::chrono::steady_clock::now();
   services.reset();

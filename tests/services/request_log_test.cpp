@@ -19,8 +19,9 @@ TEST(RequestLogTest, ALineTellsWhatWasSentAndHowItWasAnswered) {
 
   std::ifstream file(services.caFile().parent_path() / "requests.log");
   std::vector<nlohmann::json> lines;
-  for (std::string line; std::getline(file, line);)
+  for (std::string line; std::getline(file, line);) {
     lines.push_back(nlohmann::json::parse(line));
+  }
   ASSERT_EQ(lines.size(), 2U);
   EXPECT_EQ(lines[0]["service"], "pool");
   EXPECT_EQ(lines[0]["method"], "GET");
@@ -32,8 +33,9 @@ TEST(RequestLogTest, ALineTellsWhatWasSentAndHowItWasAnswered) {
   EXPECT_EQ(lines[1]["status"], 0) << "nothing was sent";
 
   std::vector<std::string> names;
-  for (const auto& header : lines[0]["headers"])
+  for (const auto& header : lines[0]["headers"]) {
     names.push_back(header["name"]);
+  }
   EXPECT_EQ(std::ranges::count(names, "X-Twice"), 2);
   EXPECT_EQ(std::ranges::count(names, "Pool-Auth-Token"), 1);
 }

@@ -33,7 +33,7 @@ inline httplib::Headers sampleTokenHeader() {
 inline nlohmann::json documentAt(const LocalServices& services, Service service,
                                  const std::string& target) {
   const auto result = clientOf(services, service).Get(target, sampleTokenHeader());
-  if (!result || result->status != 200) return nlohmann::json::value_t::discarded;
+  if (!result || result->status != 200) { return nlohmann::json::value_t::discarded; }
   return nlohmann::json::parse(result->body, nullptr, false);
 }
 

@@ -111,8 +111,8 @@ std::vector<BraiinsHistoryDay> manyDays(int count) {
                           .averageHashRate = 9.1e13 + 1e11 * (i % 37),
                           .shares = 1'900'000'000 + 7'919 * i,
                           .rewardBTC = fmt::format("0.{:08}", 4'000 + i * 13 % 977)};
-    if (i % 11 == 3) day.rewardBTC.reset();
-    if (i % 17 == 5) day.averageHashRate.reset();
+    if (i % 11 == 3) { day.rewardBTC.reset(); }
+    if (i % 17 == 5) { day.averageHashRate.reset(); }
     days.push_back(std::move(day));
   }
   return days;

@@ -31,14 +31,14 @@ class FakeWindow final : public DesktopWindow {
 
   void miniaturize() override {
     record("miniaturize");
-    if (std::exchange(miniaturized_, true)) return;
-    if (const auto delegate = delegate_.lock()) delegate->windowDidMiniaturize(*this);
+    if (std::exchange(miniaturized_, true)) { return; }
+    if (const auto delegate = delegate_.lock()) { delegate->windowDidMiniaturize(*this); }
     notifications_.send(WindowNotification::didMiniaturize);
   }
   void deminiaturize() override {
     record("deminiaturize");
-    if (!std::exchange(miniaturized_, false)) return;
-    if (const auto delegate = delegate_.lock()) delegate->windowDidDeminiaturize(*this);
+    if (!std::exchange(miniaturized_, false)) { return; }
+    if (const auto delegate = delegate_.lock()) { delegate->windowDidDeminiaturize(*this); }
     notifications_.send(WindowNotification::didDeminiaturize);
   }
   void orderOut() override {
@@ -55,7 +55,7 @@ class FakeWindow final : public DesktopWindow {
   void performClose() override {
     record("close");
     const auto delegate = delegate_.lock();
-    if (delegate && !delegate->windowShouldClose(*this)) return;
+    if (delegate && !delegate->windowShouldClose(*this)) { return; }
     notifications_.send(WindowNotification::willClose);
     visible_ = false;
     key_ = false;
@@ -172,13 +172,13 @@ class FakeStatusItem final : public StatusItem {
 class FakeStatusBar final : public StatusBar {
  public:
   [[nodiscard]] std::unique_ptr<StatusItem> createItem(double length) override {
-    if (!givesItems) return nullptr;
+    if (!givesItems) { return nullptr; }
     ++created;
     return std::make_unique<FakeStatusItem>(item, length);
   }
   [[nodiscard]] std::optional<PointSize> symbolSize(const std::string& name,
                                                     double /*pointSize*/) const override {
-    if (std::ranges::find(symbols, name) == symbols.end()) return std::nullopt;
+    if (std::ranges::find(symbols, name) == symbols.end()) { return std::nullopt; }
     return symbolMeasure;
   }
   [[nodiscard]] PointSize textSize(const std::string& text, double /*pointSize*/) const override {

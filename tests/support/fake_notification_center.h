@@ -36,9 +36,7 @@ class FakeNotificationCenter final : public NotificationCenter {
   [[nodiscard]] Task<bool> add(NotificationRequest request) override {
     received_.push_back(request);
     const bool answered = co_await answerAfterDelay();
-    if (!answered || refused.contains(request.identifier)) {
-      co_return false;
-    }
+    if (!answered || refused.contains(request.identifier)) { co_return false; }
     const auto replaced =
         std::ranges::find(shown_, request.identifier, &NotificationRequest::identifier);
     if (replaced == shown_.end()) {

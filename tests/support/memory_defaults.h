@@ -49,7 +49,9 @@ class MemoryDefaults final : public UserDefaults {
   template <class T>
   [[nodiscard]] std::optional<T> get(std::string_view key) const {
     const auto found = values_.find(std::string(key));
-    if (found == values_.end() || !std::holds_alternative<T>(found->second)) return std::nullopt;
+    if (found == values_.end() || !std::holds_alternative<T>(found->second)) {
+      return std::nullopt;
+    }
     return std::get<T>(found->second);
   }
   void set(std::string_view key, Value value) {

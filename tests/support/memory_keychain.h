@@ -38,7 +38,7 @@ class MemoryKeychain final : public Keychain {
   [[nodiscard]] bool isPrompting() const { return prompt_.has_value(); }
   /// The user's answer to the prompt.
   void answerPrompt(bool unlock) {
-    if (unlock) condition = Condition::working;
+    if (unlock) { condition = Condition::working; }
     std::exchange(prompt_, std::nullopt)->resolve(unlock);
   }
 
@@ -46,33 +46,33 @@ class MemoryKeychain final : public Keychain {
                                                                KeychainPrompt prompt) override {
     const bool answers = co_await begin();
     const auto found = std::ranges::find_if(items, matches(query));
-    if (!answers || found == items.end()) co_return std::nullopt;
+    if (!answers || found == items.end()) { co_return std::nullopt; }
     KeychainItem item{.data = found->data, .accessGroup = found->accessGroup};
     const bool isOpen = co_await isUnlocked(prompt);
-    if (!isOpen) co_return std::nullopt;
+    if (!isOpen) { co_return std::nullopt; }
     co_return item;
   }
 
   [[nodiscard]] Task<KeychainStatus> update(KeychainQuery query, std::string data,
                                             KeychainPrompt prompt) override {
     const bool answers = co_await begin();
-    if (!answers) co_return KeychainStatus::failed;
-    if (std::ranges::none_of(items, matches(query))) co_return KeychainStatus::itemNotFound;
+    if (!answers) { co_return KeychainStatus::failed; }
+    if (std::ranges::none_of(items, matches(query))) { co_return KeychainStatus::itemNotFound; }
     const bool isOpen = co_await isUnlocked(prompt);
-    if (!isOpen) co_return KeychainStatus::failed;
+    if (!isOpen) { co_return KeychainStatus::failed; }
     const auto found = std::ranges::find_if(items, matches(query));
-    if (found != items.end()) found->data = data;
+    if (found != items.end()) { found->data = data; }
     co_return KeychainStatus::success;
   }
 
   [[nodiscard]] Task<KeychainStatus> add(KeychainQuery query, std::string data,
                                          KeychainPrompt prompt) override {
     const bool answers = co_await begin();
-    if (!query.accessGroup) query.accessGroup = defaultGroup;
+    if (!query.accessGroup) { query.accessGroup = defaultGroup; }
     const bool exists = std::ranges::any_of(items, matches(query));
-    if (!answers || exists) co_return KeychainStatus::failed;
+    if (!answers || exists) { co_return KeychainStatus::failed; }
     const bool isOpen = co_await isUnlocked(prompt);
-    if (!isOpen) co_return KeychainStatus::failed;
+    if (!isOpen) { co_return KeychainStatus::failed; }
     items.push_back({.service = query.service,
                      .account = query.account,
                      .data = std::move(data),
@@ -82,10 +82,10 @@ class MemoryKeychain final : public Keychain {
 
   [[nodiscard]] Task<KeychainStatus> remove(KeychainQuery query, KeychainPrompt prompt) override {
     const bool answers = co_await begin();
-    if (!answers) co_return KeychainStatus::failed;
-    if (std::ranges::none_of(items, matches(query))) co_return KeychainStatus::itemNotFound;
+    if (!answers) { co_return KeychainStatus::failed; }
+    if (std::ranges::none_of(items, matches(query))) { co_return KeychainStatus::itemNotFound; }
     const bool isOpen = co_await isUnlocked(prompt);
-    if (!isOpen) co_return KeychainStatus::failed;
+    if (!isOpen) { co_return KeychainStatus::failed; }
     std::erase_if(items, matches(query));
     co_return KeychainStatus::success;
   }
@@ -101,14 +101,14 @@ class MemoryKeychain final : public Keychain {
 
   /// True when the call may go on: the keychain is there and the caller still wants it.
   Task<bool> begin() {
-    if (condition == Condition::absent) co_return false;
+    if (condition == Condition::absent) { co_return false; }
     const SleepEnd end = co_await sleepFor(delay);
     co_return end == SleepEnd::elapsed&& condition != Condition::broken;
   }
 
   Task<bool> isUnlocked(KeychainPrompt prompt) {
-    if (condition != Condition::locked) co_return true;
-    if (prompt == KeychainPrompt::never) co_return false;
+    if (condition != Condition::locked) { co_return true; }
+    if (prompt == KeychainPrompt::never) { co_return false; }
     const bool unlocked = co_await askUser();
     co_return unlocked;
   }

@@ -49,9 +49,7 @@ bool Script::matches(std::string_view url) const {
 std::optional<Script::Step> Script::next() {
   while (!steps_.empty()) {
     Step& step = steps_.front();
-    if (!step.times && steps_.size() == 1) {
-      return step;
-    }
+    if (!step.times && steps_.size() == 1) { return step; }
     std::size_t& left = step.times.emplace(step.times.value_or(1));
     if (left > 0) {
       --left;
@@ -83,12 +81,8 @@ std::size_t ScriptedTransport::count(Outcome outcome) const {
 
 Script::Step ScriptedTransport::nextStep(const std::string& url) {
   for (Script& script : scripts_) {
-    if (!script.matches(url)) {
-      continue;
-    }
-    if (std::optional<Script::Step> step = script.next()) {
-      return std::move(*step);
-    }
+    if (!script.matches(url)) { continue; }
+    if (std::optional<Script::Step> step = script.next()) { return std::move(*step); }
   }
   return {.answer = [](const HttpRequest&) { return HttpResponse{.status = 404, .body = {}}; }};
 }
@@ -116,9 +110,7 @@ ScriptedTransport::Abort ScriptedTransport::begin(HttpRequest request,
   }
   return [this, index, timer] {
     sent_[index].outcome = Outcome::aborted;
-    if (timer) {
-      executor_.cancel(*timer);
-    }
+    if (timer) { executor_.cancel(*timer); }
   };
 }
 

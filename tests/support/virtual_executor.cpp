@@ -53,9 +53,7 @@ void VirtualExecutor::suspend(ExecutorClock::duration duration) {
 }
 
 bool VirtualExecutor::runNextTimer() {
-  if (timers_.empty()) {
-    return false;
-  }
+  if (timers_.empty()) { return false; }
   auto due = timers_.extract(timers_.begin());
   now_ = std::max(now_, due.key().first);
   due.mapped()();

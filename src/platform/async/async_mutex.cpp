@@ -4,7 +4,7 @@ namespace orvane {
 
 Task<std::optional<AsyncMutex::Lock>> AsyncMutex::lock() {
   const TaskContext context = co_await currentContext();
-  if (context.stop.stop_requested()) co_return std::nullopt;
+  if (context.stop.stop_requested()) { co_return std::nullopt; }
   if (!held_) {
     held_ = true;
     co_return Lock(*this);

@@ -23,7 +23,7 @@ class AsyncMutex {
     Lock(const Lock&) = delete;
     Lock& operator=(const Lock&) = delete;
     ~Lock() {
-      if (mutex_) mutex_->passOn();
+      if (mutex_) { mutex_->passOn(); }
     }
 
    private:

@@ -21,10 +21,10 @@ struct CompletionState {
   std::coroutine_handle<> waiting;
 
   static void resolve(const std::shared_ptr<CompletionState>& state, T value) {
-    if (state->value || !state->waiting) return;
+    if (state->value || !state->waiting) { return; }
     state->value.emplace(std::move(value));
     state->executor->post([state] {
-      if (auto task = std::exchange(state->waiting, nullptr)) task.resume();
+      if (auto task = std::exchange(state->waiting, nullptr)) { task.resume(); }
     });
   }
 };
@@ -61,7 +61,7 @@ class [[nodiscard]] CompletionAwaiter {
   ~CompletionAwaiter() {
     stopCallback_.reset();
     state_->waiting = nullptr;
-    if (!state_->value) runAbort();
+    if (!state_->value) { runAbort(); }
     // A queued resumption may keep the state for a while; what it carries is released now.
     state_->value.reset();
   }
@@ -90,13 +90,13 @@ class [[nodiscard]] CompletionAwaiter {
  private:
   // The value is decided before the abort runs: aborting may well report a failure of its own.
   void cancel() {
-    if (state_->value) return;
+    if (state_->value) { return; }
     detail::CompletionState<T>::resolve(state_, std::move(whenCancelled_));
     runAbort();
   }
 
   void runAbort() {
-    if (auto abort = std::exchange(abort_, nullptr)) abort();
+    if (auto abort = std::exchange(abort_, nullptr)) { abort(); }
   }
 
   Start start_;

@@ -6,9 +6,9 @@ namespace orvane {
 
 Task<SleepEnd> sleepUntil(Instant when) {
   const TaskContext context = co_await currentContext();
-  if (context.stop.stop_requested()) co_return SleepEnd::cancelled;
+  if (context.stop.stop_requested()) { co_return SleepEnd::cancelled; }
   Executor* const executor = context.executor;
-  if (when <= executor->now()) co_return SleepEnd::elapsed;
+  if (when <= executor->now()) { co_return SleepEnd::elapsed; }
 
   CompletionAwaiter<SleepEnd>::Start start = [executor,
                                               when](const Completion<SleepEnd>& completion) {

@@ -92,7 +92,7 @@ class [[nodiscard]] Task {
   Task(const Task&) = delete;
   Task& operator=(const Task&) = delete;
   ~Task() {
-    if (handle_) handle_.destroy();
+    if (handle_) { handle_.destroy(); }
   }
 
   /// The coroutine itself, for the primitives that start tasks.

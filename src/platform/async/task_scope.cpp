@@ -5,7 +5,7 @@
 namespace orvane {
 
 void TaskHandle::cancel() const {
-  if (state_) state_->stop.request_stop();
+  if (state_) { state_->stop.request_stop(); }
 }
 
 bool TaskHandle::finished() const { return !state_ || state_->finished; }
@@ -24,22 +24,23 @@ TaskHandle TaskScope::spawn(Task<void> task) {
   running_.push_back(Running{runToEnd(std::move(task), state), state});
   Running& added = running_.back();
   executor_.post([this, alive = alive_, &added] {
-    if (*alive) start(added);
+    if (*alive) { start(added); }
   });
   return TaskHandle(std::move(state));
 }
 
 void TaskScope::cancelAll() {
   // Cancelling resumes nothing at once, so the list does not change under the loop.
-  for (Running& running : running_)
+  for (Running& running : running_) {
     running.state->stop.request_stop();
+  }
 }
 
 Task<void> TaskScope::runToEnd(Task<void> task, std::shared_ptr<TaskHandle::State> state) {
   co_await std::move(task);
   state->finished = true;
   executor_.post([this, alive = alive_] {
-    if (*alive) collectFinished();
+    if (*alive) { collectFinished(); }
   });
 }
 

@@ -27,9 +27,7 @@ std::string_view takeDigits(std::string_view& text) {
 }
 
 bool take(std::string_view& text, std::string_view oneOf) {
-  if (text.empty() || !oneOf.contains(text.front())) {
-    return false;
-  }
+  if (text.empty() || !oneOf.contains(text.front())) { return false; }
   text.remove_prefix(1);
   return true;
 }
@@ -47,17 +45,11 @@ bool isExponent(std::string_view text) {
 /// The text's own grammar. The library's differs between its versions and takes blanks, "nan" and
 /// "1,5" in some of them.
 bool isDecimalText(std::string_view text) {
-  if (text.size() > maximumTextSize) {
-    return false;
-  }
+  if (text.size() > maximumTextSize) { return false; }
   take(text, "+-");
   std::size_t digits = takeDigits(text).size();
-  if (take(text, ".")) {
-    digits += takeDigits(text).size();
-  }
-  if (digits == 0) {
-    return false;
-  }
+  if (take(text, ".")) { digits += takeDigits(text).size(); }
+  if (digits == 0) { return false; }
   return take(text, "eE") ? isExponent(text) : text.empty();
 }
 
@@ -75,9 +67,7 @@ Decimal& Decimal::operator=(Decimal&& other) noexcept = default;
 Decimal::~Decimal() = default;
 
 std::optional<Decimal> Decimal::parse(std::string_view text) {
-  if (!isDecimalText(text)) {
-    return std::nullopt;
-  }
+  if (!isDecimalText(text)) { return std::nullopt; }
   Decimal result;
   result.value_->number.assign(std::string(text));
   return result;
@@ -106,12 +96,8 @@ double Decimal::toDouble() const { return value_->number.convert_to<double>(); }
 std::int64_t Decimal::toInt64() const {
   using Range = std::numeric_limits<std::int64_t>;
   const Number rounded = round(value_->number);
-  if (rounded >= Range::max()) {
-    return Range::max();
-  }
-  if (rounded <= Range::min()) {
-    return Range::min();
-  }
+  if (rounded >= Range::max()) { return Range::max(); }
+  if (rounded <= Range::min()) { return Range::min(); }
   return rounded.convert_to<std::int64_t>();
 }
 

@@ -18,9 +18,7 @@ constexpr int mostFilesSetAside = 10'000;
 
 void createPrivateFolder(const fs::path& folder) {
   std::error_code ignored;
-  if (folder.empty() || fs::exists(folder, ignored)) {
-    return;
-  }
+  if (folder.empty() || fs::exists(folder, ignored)) { return; }
   createPrivateFolder(folder.parent_path());
   ::mkdir(folder.c_str(), S_IRWXU);
 }
@@ -46,9 +44,7 @@ fs::path freeNameBeside(const fs::path& file) {
 void createPrivateFile(const fs::path& file) {
   createPrivateFolder(file.parent_path());
   const int descriptor = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
-  if (descriptor >= 0) {
-    ::close(descriptor);
-  }
+  if (descriptor >= 0) { ::close(descriptor); }
   std::error_code ignored;
   fs::permissions(file, fs::perms::group_all | fs::perms::others_all, fs::perm_options::remove,
                   ignored);
@@ -59,12 +55,8 @@ bool setAside(const fs::path& file) {
   constexpr std::string_view logIndex = "-shm";  // holds nothing that the log does not
   const fs::path name = freeNameBeside(file);
   std::error_code error;
-  if (!isTaken(name)) {
-    fs::rename(file, name, error);
-  }
-  if (isTaken(file)) {
-    return false;
-  }
+  if (!isTaken(name)) { fs::rename(file, name, error); }
+  if (isTaken(file)) { return false; }
   for (const std::string_view suffix : journals) {
     const fs::path journal = withSuffix(file, suffix);
     if (fs::file_size(journal, error) > 0) {

@@ -18,15 +18,11 @@ std::string jsonOf(const SettingTexts& texts) {
 
 std::optional<SettingValue> textsOf(std::string_view json) {
   const std::optional<JsonDocument> document = JsonDocument::parse(json);
-  if (!document || !document->root().isArray()) {
-    return std::nullopt;
-  }
+  if (!document || !document->root().isArray()) { return std::nullopt; }
   SettingTexts texts;
   for (const JsonMember& element : document->root()) {
     const std::optional<std::string_view> text = element.value.text();
-    if (!text) {
-      return std::nullopt;
-    }
+    if (!text) { return std::nullopt; }
     texts.emplace_back(*text);
   }
   return texts;
@@ -77,15 +73,9 @@ std::optional<SettingValue> settingOf(sqlite3_stmt* row, int typeColumn) {
     return sqlite3_column_int64(row, valueColumn) != 0;
   }
   const std::string_view value = bytesOf(row, valueColumn);
-  if (type == textType && storage == SQLITE_TEXT) {
-    return SettingText{std::string(value)};
-  }
-  if (type == dataType && storage == SQLITE_BLOB) {
-    return SettingData{std::string(value)};
-  }
-  if (type == textsType && storage == SQLITE_TEXT) {
-    return textsOf(value);
-  }
+  if (type == textType && storage == SQLITE_TEXT) { return SettingText{std::string(value)}; }
+  if (type == dataType && storage == SQLITE_BLOB) { return SettingData{std::string(value)}; }
+  if (type == textsType && storage == SQLITE_TEXT) { return textsOf(value); }
   return std::nullopt;
 }
 

@@ -38,9 +38,7 @@ SettingsState readFrom(sqlite3* connection, SettingValues& values) {
 Attempt openForWriting(const fs::path& file) {
   Attempt attempt;
   SqliteConnection connection = openSqlite(sqliteUri(file, "mode=rw"), SQLITE_OPEN_READWRITE);
-  if (!connection) {
-    return attempt;
-  }
+  if (!connection) { return attempt; }
   sqlite3_busy_timeout(connection.get(), longestWaitAtStartInMilliseconds);
   attempt.state = readFrom(connection.get(), attempt.settings.values);
   if (attempt.state == SettingsState::damaged) {
@@ -70,18 +68,14 @@ OpenedSettings openUnchangeable(const fs::path& file) {
 bool isFreeForFile(const fs::path& file) {
   std::error_code ignored;
   const fs::file_status status = fs::status(file, ignored);
-  if (fs::is_directory(status)) {
-    return setAside(file);
-  }
+  if (fs::is_directory(status)) { return setAside(file); }
   return !fs::exists(status) || fs::is_regular_file(status);
 }
 
 }  // namespace
 
 OpenedSettings openSettings(const fs::path& file) {
-  if (!isFreeForFile(file)) {
-    return {};
-  }
+  if (!isFreeForFile(file)) { return {}; }
   createPrivateFile(file);
   Attempt attempt = openForWriting(file);
   if (attempt.state == SettingsState::damaged && setAside(file)) {

@@ -25,12 +25,8 @@ std::string schemaSql() {
 SettingsState createSettings(sqlite3* connection) {
   SqliteTransaction transaction(connection);
   int code = transaction.beginCode();
-  if (code == SQLITE_OK) {
-    code = execute(connection, schemaSql());
-  }
-  if (code == SQLITE_OK) {
-    code = transaction.commit();
-  }
+  if (code == SQLITE_OK) { code = execute(connection, schemaSql()); }
+  if (code == SQLITE_OK) { code = transaction.commit(); }
   return stateOf(code);
 }
 
@@ -48,13 +44,9 @@ int writeChange(sqlite3* connection, const std::string& key,
   const PreparedSql change = prepare(
       connection, value ? "INSERT OR REPLACE INTO settings (key, type, value) VALUES (?1, ?2, ?3)"
                         : "DELETE FROM settings WHERE key = ?1");
-  if (!change.statement) {
-    return change.code;
-  }
+  if (!change.statement) { return change.code; }
   bindText(change.statement.get(), 1, key);
-  if (value) {
-    bindSetting(change.statement.get(), 2, *value);
-  }
+  if (value) { bindSetting(change.statement.get(), 2, *value); }
   return sqlite3_step(change.statement.get());
 }
 
@@ -83,20 +75,14 @@ SettingsState claimDatabase(sqlite3* connection) {
                                     " (SELECT count(*) FROM sqlite_schema)"
                                     " FROM pragma_application_id, pragma_user_version");
   const int code = owner.statement ? sqlite3_step(owner.statement.get()) : owner.code;
-  if (code != SQLITE_ROW) {
-    return stateOf(code);
-  }
+  if (code != SQLITE_ROW) { return stateOf(code); }
   const auto column = [&](int index) { return sqlite3_column_int64(owner.statement.get(), index); };
   const std::int64_t application = column(0);
   const std::int64_t version = column(1);
   const bool isEmpty = column(2) == 0;
   sqlite3_reset(owner.statement.get());
-  if (application == 0 && version == 0 && isEmpty) {
-    return createSettings(connection);
-  }
-  if (application != applicationId || version != schemaVersion) {
-    return SettingsState::damaged;
-  }
+  if (application == 0 && version == 0 && isEmpty) { return createSettings(connection); }
+  if (application != applicationId || version != schemaVersion) { return SettingsState::damaged; }
   return checkStructure(connection);
 }
 
@@ -114,13 +100,9 @@ SettingsState readSettings(sqlite3* connection, SettingValues& values) {
 
 bool writeSettings(sqlite3* connection, const SettingChanges& changes) {
   SqliteTransaction transaction(connection);
-  if (transaction.beginCode() != SQLITE_OK) {
-    return false;
-  }
+  if (transaction.beginCode() != SQLITE_OK) { return false; }
   for (const auto& [key, value] : changes) {
-    if (writeChange(connection, key, value) != SQLITE_DONE) {
-      return false;
-    }
+    if (writeChange(connection, key, value) != SQLITE_DONE) { return false; }
   }
   return transaction.commit() == SQLITE_OK;
 }

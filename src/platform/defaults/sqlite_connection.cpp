@@ -53,9 +53,7 @@ SqliteTransaction::SqliteTransaction(sqlite3* connection)
     : connection_(connection), beginCode_(execute(connection, "BEGIN IMMEDIATE")) {}
 
 SqliteTransaction::~SqliteTransaction() {
-  if (sqlite3_get_autocommit(connection_) == 0) {
-    execute(connection_, "ROLLBACK");
-  }
+  if (sqlite3_get_autocommit(connection_) == 0) { execute(connection_, "ROLLBACK"); }
 }
 
 int SqliteTransaction::commit() { return execute(connection_, "COMMIT"); }

@@ -9,7 +9,7 @@ Registration BroadcastCenter::observe(const std::string& name, Listener listener
 }
 
 void BroadcastCenter::post(const std::string& name, const Object& object) const {
-  if (const auto known = names_.find(name); known != names_.end()) known->second.send(object);
+  if (const auto known = names_.find(name); known != names_.end()) { known->second.send(object); }
 }
 
 }  // namespace orvane

@@ -26,7 +26,7 @@ class Signal {
   void send(const Values&... values) const {
     const auto told = listeners_;
     for (const auto& known : told) {
-      if (const auto listener = known.lock()) (*listener)(values...);
+      if (const auto listener = known.lock()) { (*listener)(values...); }
     }
   }
 

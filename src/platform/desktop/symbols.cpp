@@ -87,7 +87,7 @@ class ApplicationIconEngine final : public QIconEngine {
 bool hasSymbol(const QString& name) { return QFile::exists(symbolPath(name)); }
 
 QPixmap symbolPixmap(const QString& name, int size, const QColor& color, qreal devicePixelRatio) {
-  if (size <= 0 || !hasSymbol(name)) return {};
+  if (size <= 0 || !hasSymbol(name)) { return {}; }
   const auto key = QStringLiteral("orvane/%1/%2/%3/%4")
                        .arg(name)
                        .arg(size)

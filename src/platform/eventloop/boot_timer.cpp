@@ -14,7 +14,9 @@ using std::chrono::nanoseconds;
 using std::chrono::seconds;
 
 BootTimer::BootTimer() : descriptor_(::timerfd_create(CLOCK_BOOTTIME, TFD_NONBLOCK | TFD_CLOEXEC)) {
-  if (descriptor_ < 0) throw std::system_error(errno, std::generic_category(), "timerfd_create");
+  if (descriptor_ < 0) {
+    throw std::system_error(errno, std::generic_category(), "timerfd_create");
+  }
 }
 
 BootTimer::~BootTimer() { ::close(descriptor_); }

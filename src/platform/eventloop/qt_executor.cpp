@@ -38,7 +38,7 @@ void QtExecutor::post(Callback callback) {
 Executor::TimerId QtExecutor::schedule(Instant when, Callback callback) {
   const TimerKey key{std::max(when, now()), ++lastTimer_};
   const auto added = timers_.emplace(key, std::move(callback)).first;
-  if (added == timers_.begin()) armForEarliest();
+  if (added == timers_.begin()) { armForEarliest(); }
   return lastTimer_;
 }
 
@@ -46,14 +46,14 @@ void QtExecutor::cancel(TimerId timer) {
   const auto found = std::find_if(timers_.begin(), timers_.end(), [timer](const auto& entry) {
     return entry.first.second == timer;
   });
-  if (found == timers_.end()) return;
+  if (found == timers_.end()) { return; }
   const bool wasEarliest = found == timers_.begin();
   const auto forgotten = timers_.extract(found);  // its destructor may call back into the executor
-  if (wasEarliest) armForEarliest();
+  if (wasEarliest) { armForEarliest(); }
 }
 
 bool QtExecutor::event(QEvent* event) {
-  if (event->type() != nextCallback) return QObject::event(event);
+  if (event->type() != nextCallback) { return QObject::event(event); }
   runNextCallback();
   return true;
 }

@@ -52,7 +52,7 @@ void HttpExchange::requestIsAboutToBeSent() {
 }
 
 void HttpExchange::takeBody() {
-  if (ended_) return;
+  if (ended_) { return; }
   noteArrival();
   const QByteArray bytes = reply_->readAll();
   if (bytes.size() > static_cast<qsizetype>(limits_.bodyBytes - body_.size())) {
@@ -86,7 +86,7 @@ void HttpExchange::watchTheTime() {
 }
 
 void HttpExchange::end(Result result) {
-  if (std::exchange(ended_, true)) return;
+  if (std::exchange(ended_, true)) { return; }
   executor_.cancel(timer_);
   completion_.resolve(std::move(result));
   reply_->abort();

@@ -37,9 +37,9 @@ HttpFailure failureOf(QNetworkReply::NetworkError error) {
 
 std::optional<HttpFailure> exchangeFailure(QNetworkReply::NetworkError error, int status) {
   constexpr int firstErrorStatus = 400;
-  if (status == 0 && error == QNetworkReply::NoError) return HttpFailure::other;
-  if (error == QNetworkReply::NoError) return std::nullopt;
-  if (status >= firstErrorStatus && mayStandForAStatus(error)) return std::nullopt;
+  if (status == 0 && error == QNetworkReply::NoError) { return HttpFailure::other; }
+  if (error == QNetworkReply::NoError) { return std::nullopt; }
+  if (status >= firstErrorStatus && mayStandForAStatus(error)) { return std::nullopt; }
   return failureOf(error);
 }
 

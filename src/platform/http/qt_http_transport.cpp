@@ -15,7 +15,7 @@ constexpr int mostRedirects = 5;
 // Adding to the default configuration's own list, which is empty until roots are needed, would
 // leave nothing but the additions.
 std::optional<QSslConfiguration> trustBesideTheSystem(const std::string& caFile) {
-  if (caFile.empty()) return std::nullopt;
+  if (caFile.empty()) { return std::nullopt; }
   QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
   tls.setCaCertificates(QSslConfiguration::systemCaCertificates() +
                         QSslCertificate::fromPath(QString::fromStdString(caFile)));
@@ -29,14 +29,14 @@ QtHttpTransport::QtHttpTransport(QtHttpOptions options)
 
 Task<HttpResult> QtHttpTransport::get(HttpRequest request) {
   std::optional<QUrl> url = httpsUrl(request.url);
-  if (!url) co_return std::unexpected(HttpFailure::invalidUrl);
-  if (!canBeSent(request.headers)) co_return std::unexpected(HttpFailure::other);
+  if (!url) { co_return std::unexpected(HttpFailure::invalidUrl); }
+  if (!canBeSent(request.headers)) { co_return std::unexpected(HttpFailure::other); }
 
   const TaskContext context = co_await currentContext();
   const Instant end = context.executor->now() + options_.longestExchange;
   for (int redirects = 0;; ++redirects) {
     HttpExchange::Result answer = co_await exchange(request, *url, end);
-    if (!answer) co_return std::unexpected(answer.error());
+    if (!answer) { co_return std::unexpected(answer.error()); }
     const std::optional<QUrl> target =
         allowedRedirect(answer->status, *url, answer->location, !request.headers.empty());
     if (!target || redirects == mostRedirects) {
@@ -69,7 +69,7 @@ QNetworkRequest QtHttpTransport::networkRequest(const HttpRequest& request, cons
   result.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
   // Otherwise a challenge for NTLM would be answered by a second request.
   result.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
-  if (tls_) result.setSslConfiguration(*tls_);
+  if (tls_) { result.setSslConfiguration(*tls_); }
   for (const HttpHeader& header : request.headers) {
     result.setRawHeader(QByteArray::fromStdString(header.name),
                         QByteArray::fromStdString(header.value));

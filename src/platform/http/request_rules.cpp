@@ -46,10 +46,10 @@ bool canBeSent(const std::vector<HttpHeader>& headers) {
 std::optional<QUrl> allowedRedirect(int status, const QUrl& url, const QUrl& location,
                                     bool hasOwnHeaders) {
   const bool isFollowed = std::ranges::find(followedStatuses, status) != followedStatuses.end();
-  if (!isFollowed || location.isEmpty()) return std::nullopt;
+  if (!isFollowed || location.isEmpty()) { return std::nullopt; }
   QUrl target = url.resolved(location);
-  if (!isPlainHttps(target)) return std::nullopt;
-  if (hasOwnHeaders && !isSameOrigin(url, target)) return std::nullopt;
+  if (!isPlainHttps(target)) { return std::nullopt; }
+  if (hasOwnHeaders && !isSameOrigin(url, target)) { return std::nullopt; }
   return target;
 }
 

@@ -17,14 +17,10 @@ using JsonRead = Record (*)(JsonValue value, JsonMatch& match);
 template <class Record>
 [[nodiscard]] std::optional<Record> decodeJson(std::string_view text, JsonRead<Record> read) {
   const std::optional<JsonDocument> document = JsonDocument::parse(text);
-  if (!document) {
-    return std::nullopt;
-  }
+  if (!document) { return std::nullopt; }
   JsonMatch match;
   Record record = read(document->root(), match);
-  if (match.failed()) {
-    return std::nullopt;
-  }
+  if (match.failed()) { return std::nullopt; }
   return record;
 }
 

@@ -13,9 +13,7 @@ JsonDocument::~JsonDocument() = default;
 
 std::optional<JsonDocument> JsonDocument::parse(std::string_view text) {
   std::optional<JsonTree> tree = parseJsonTree(text);
-  if (!tree) {
-    return std::nullopt;
-  }
+  if (!tree) { return std::nullopt; }
   return JsonDocument(std::make_unique<JsonTree>(std::move(*tree)));
 }
 
@@ -34,33 +32,23 @@ bool JsonValue::isObject() const { return node().type == JsonType::object; }
 bool JsonValue::isArray() const { return node().type == JsonType::array; }
 
 std::optional<std::string_view> JsonValue::text() const {
-  if (node().type != JsonType::text) {
-    return std::nullopt;
-  }
+  if (node().type != JsonType::text) { return std::nullopt; }
   return tree_->view(node().text);
 }
 
 std::optional<bool> JsonValue::boolean() const {
-  if (node().type != JsonType::boolean) {
-    return std::nullopt;
-  }
+  if (node().type != JsonType::boolean) { return std::nullopt; }
   return node().boolean;
 }
 
 std::optional<double> JsonValue::number() const {
-  if (node().type == JsonType::integer) {
-    return static_cast<double>(node().integer);
-  }
-  if (node().type == JsonType::number) {
-    return node().number;
-  }
+  if (node().type == JsonType::integer) { return static_cast<double>(node().integer); }
+  if (node().type == JsonType::number) { return node().number; }
   return std::nullopt;
 }
 
 std::optional<std::int64_t> JsonValue::integer() const {
-  if (node().type != JsonType::integer) {
-    return std::nullopt;
-  }
+  if (node().type != JsonType::integer) { return std::nullopt; }
   return node().integer;
 }
 
@@ -80,15 +68,11 @@ JsonValue::Iterator& JsonValue::Iterator::operator++() {
 }
 
 std::optional<JsonValue> JsonValue::last(std::string_view name) const {
-  if (!isObject()) {
-    return std::nullopt;
-  }
+  if (!isObject()) { return std::nullopt; }
   std::optional<JsonValue> found;
   const std::uint32_t behind = node().end;
   for (std::uint32_t member = node_ + 1; member != behind; member = tree_->nodes[member].end) {
-    if (tree_->view(tree_->nodes[member].name) == name) {
-      found = JsonValue(tree_, member);
-    }
+    if (tree_->view(tree_->nodes[member].name) == name) { found = JsonValue(tree_, member); }
   }
   return found;
 }

@@ -8,13 +8,9 @@ namespace {
 template <class T>
 std::optional<T> readOptional(const std::optional<JsonValue>& member, JsonMatch& match,
                               std::optional<T> (JsonValue::*read)() const) {
-  if (!member || member->isNull()) {
-    return std::nullopt;
-  }
+  if (!member || member->isNull()) { return std::nullopt; }
   std::optional<T> value = ((*member).*read)();
-  if (!value) {
-    match.fail();
-  }
+  if (!value) { match.fail(); }
   return value;
 }
 
@@ -23,9 +19,7 @@ template <class T>
 T readRequired(const std::optional<JsonValue>& member, JsonMatch& match,
                std::optional<T> (JsonValue::*read)() const) {
   const std::optional<T> value = readOptional(member, match, read);
-  if (!value) {
-    match.fail();
-  }
+  if (!value) { match.fail(); }
   return value.value_or(T{});
 }
 
@@ -37,9 +31,7 @@ std::optional<std::string> copied(std::optional<std::string_view> view) {
 
 JsonObjectReader::JsonObjectReader(JsonValue object, JsonMatch& match)
     : object_(object), match_(match) {
-  if (!object.isObject()) {
-    match.fail();
-  }
+  if (!object.isObject()) { match.fail(); }
 }
 
 std::string JsonObjectReader::text(std::string_view name) const {
@@ -60,9 +52,7 @@ bool JsonObjectReader::boolean(std::string_view name) const {
 
 JsonValue JsonObjectReader::value(std::string_view name) const {
   const JsonValue member = find(name).value_or(JsonValue::null());
-  if (member.isNull()) {
-    match_.fail();
-  }
+  if (member.isNull()) { match_.fail(); }
   return member;
 }
 
@@ -87,17 +77,13 @@ std::optional<JsonValue> JsonObjectReader::find(std::string_view name) const {
 }
 
 JsonValue arrayElements(JsonValue value, JsonMatch& match) {
-  if (value.isArray()) {
-    return value;
-  }
+  if (value.isArray()) { return value; }
   match.fail();
   return JsonValue::null();
 }
 
 JsonValue objectMembers(JsonValue value, JsonMatch& match) {
-  if (value.isObject()) {
-    return value;
-  }
+  if (value.isObject()) { return value; }
   match.fail();
   return JsonValue::null();
 }

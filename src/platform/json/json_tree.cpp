@@ -92,9 +92,7 @@ class TreeBuilder final : public nlohmann::json_sax<nlohmann::json> {
 
  private:
   JsonNode& append(JsonType type) {
-    if (!open_.empty()) {
-      ++tree_.nodes[open_.back()].childCount;
-    }
+    if (!open_.empty()) { ++tree_.nodes[open_.back()].childCount; }
     JsonNode& node = tree_.nodes.emplace_back();
     node.name = std::exchange(name_, {});
     node.end = static_cast<std::uint32_t>(tree_.nodes.size());
@@ -103,9 +101,7 @@ class TreeBuilder final : public nlohmann::json_sax<nlohmann::json> {
   }
 
   bool open(JsonType type) {
-    if (open_.size() == maximumDepth) {
-      return false;
-    }
+    if (open_.size() == maximumDepth) { return false; }
     append(type).childCount = 0;
     open_.push_back(static_cast<std::uint32_t>(tree_.nodes.size() - 1));
     return true;
@@ -133,17 +129,13 @@ class TreeBuilder final : public nlohmann::json_sax<nlohmann::json> {
 
 std::optional<JsonTree> parseJsonTree(std::string_view text) {
   // The parser takes a NUL for the end of the text; in JSON it is nowhere allowed.
-  if (text.size() > maximumTextSize || text.contains('\0')) {
-    return std::nullopt;
-  }
+  if (text.size() > maximumTextSize || text.contains('\0')) { return std::nullopt; }
   JsonTree tree;
   // Fits the documents of our sources: large ones grow no block more than once or twice.
   tree.nodes.reserve(text.size() / 16 + 1);
   tree.pool.reserve(text.size() / 2);
   TreeBuilder builder(tree);
-  if (!nlohmann::json::sax_parse(text.begin(), text.end(), &builder)) {
-    return std::nullopt;
-  }
+  if (!nlohmann::json::sax_parse(text.begin(), text.end(), &builder)) { return std::nullopt; }
   return tree;
 }
 

@@ -19,7 +19,7 @@ class GRef {
     return result;
   }
   GRef(const GRef& other) : object_(other.object_) {
-    if (object_ != nullptr) g_object_ref(object_);
+    if (object_ != nullptr) { g_object_ref(object_); }
   }
   GRef(GRef&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
   GRef& operator=(GRef other) noexcept {
@@ -27,7 +27,7 @@ class GRef {
     return *this;
   }
   ~GRef() {
-    if (object_ != nullptr) g_object_unref(object_);
+    if (object_ != nullptr) { g_object_unref(object_); }
   }
 
   [[nodiscard]] T* get() const { return object_; }

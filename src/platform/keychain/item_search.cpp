@@ -30,10 +30,11 @@ Found takeFound(GAsyncResult* result) {
   const std::unique_ptr<GList, ListOfItems> list(
       secret_service_search_finish(nullptr, result, &error));
   const GOwned<GError, g_error_free> failure(error);
-  if (failure) return std::nullopt;
+  if (failure) { return std::nullopt; }
   SecretItems items;
-  for (const GList* entry = list.get(); entry != nullptr; entry = entry->next)
+  for (const GList* entry = list.get(); entry != nullptr; entry = entry->next) {
     items.push_back(SecretItemRef::adopt(g_object_ref(entry->data)));
+  }
   return items;
 }
 
@@ -56,13 +57,13 @@ SecretAttributes attributesOf(const KeychainQuery& query) {
   put(table.get(), "service", query.service);
   put(table.get(), "account", query.account);
   put(table.get(), "synchronizable", "true");
-  if (query.accessGroup) put(table.get(), groupAttribute, *query.accessGroup);
+  if (query.accessGroup) { put(table.get(), groupAttribute, *query.accessGroup); }
   return table;
 }
 
 Task<Found> findItems(KeychainQuery query) {
   const bool isPresent = co_await secretServiceIsPresent();
-  if (!isPresent) co_return std::nullopt;
+  if (!isPresent) { co_return std::nullopt; }
 
   const SecretAttributes attributes = attributesOf(query);
   GlibBegin begin = [&](GCancellable* cancellable, GAsyncReadyCallback callback, gpointer data) {
@@ -71,7 +72,7 @@ Task<Found> findItems(KeychainQuery query) {
   };
   const GlibFinish<Found> finish = [](GObject*, GAsyncResult* result) { return takeFound(result); };
   Found items = co_await glibCall(std::move(begin), finish);
-  if (items) std::ranges::sort(*items, isPreferred);
+  if (items) { std::ranges::sort(*items, isPreferred); }
   co_return items;
 }
 
@@ -79,13 +80,14 @@ bool isLocked(const SecretItemRef& item) { return secret_item_get_locked(item.ge
 
 std::optional<KeychainItem> contentOf(const SecretItemRef& item) {
   const GOwned<SecretValue, secret_value_unref> value(secret_item_get_secret(item.get()));
-  if (!value) return std::nullopt;
+  if (!value) { return std::nullopt; }
   gsize size = 0;
   const char* const bytes = secret_value_get(value.get(), &size);
   KeychainItem content{.data = std::string(bytes, size), .accessGroup = std::nullopt};
   const SecretAttributes attributes(secret_item_get_attributes(item.get()));
-  if (const auto* group = g_hash_table_lookup(attributes.get(), groupAttribute))
+  if (const auto* group = g_hash_table_lookup(attributes.get(), groupAttribute)) {
     content.accessGroup = static_cast<const char*>(group);
+  }
   return content;
 }
 

@@ -22,7 +22,7 @@ SecretValueRef secretOf(const std::string& data) {
 
 Task<std::optional<SecretCollectionRef>> defaultCollection() {
   const bool isPresent = co_await secretServiceIsPresent();
-  if (!isPresent) co_return std::nullopt;
+  if (!isPresent) { co_return std::nullopt; }
 
   using Found = std::optional<SecretCollectionRef>;
   GlibBegin begin = [](GCancellable* cancellable, GAsyncReadyCallback callback, gpointer data) {
@@ -34,7 +34,7 @@ Task<std::optional<SecretCollectionRef>> defaultCollection() {
     auto collection =
         SecretCollectionRef::adopt(secret_collection_for_alias_finish(result, &error));
     const GOwned<GError, g_error_free> failure(error);
-    if (failure) return std::nullopt;
+    if (failure) { return std::nullopt; }
     return collection;
   };
   co_return co_await glibCall(std::move(begin), finish);

@@ -18,7 +18,7 @@ Task<Connection> sessionBus() {
   };
   Connection bus = co_await glibCall(std::move(begin), finish);
   // GLib would end the whole program with the bus.
-  if (bus) g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
+  if (bus) { g_dbus_connection_set_exit_on_close(bus.get(), FALSE); }
   co_return bus;
 }
 
@@ -41,15 +41,15 @@ Task<GVariantRef> askBus(Connection bus, std::string method, std::string argumen
 
 Task<bool> secretServiceIsPresent() {
   const Connection bus = co_await sessionBus();
-  if (!bus) co_return false;
+  if (!bus) { co_return false; }
 
   const GVariantRef owner = co_await askBus(bus, "NameHasOwner", secretServiceName);
   gboolean isOwned = FALSE;
-  if (owner) g_variant_get(owner.get(), "(b)", &isOwned);
-  if (isOwned != FALSE) co_return true;
+  if (owner) { g_variant_get(owner.get(), "(b)", &isOwned); }
+  if (isOwned != FALSE) { co_return true; }
 
   const GVariantRef names = co_await askBus(bus, "ListActivatableNames", "");
-  if (!names) co_return false;
+  if (!names) { co_return false; }
   const GVariantRef list(g_variant_get_child_value(names.get(), 0));
   const GOwned<char*, g_strfreev> texts(g_variant_dup_strv(list.get(), nullptr));
   co_return g_strv_contains(texts.get(), secretServiceName) != FALSE;

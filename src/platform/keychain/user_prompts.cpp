@@ -20,8 +20,9 @@ constexpr auto collectionLabel = "Default keyring";
 Task<bool> unlock(std::vector<GRef<GDBusProxy>> objects) {
   GlibBegin begin = [&](GCancellable*, GAsyncReadyCallback callback, gpointer data) {
     GList* list = nullptr;
-    for (const GRef<GDBusProxy>& object : objects)
+    for (const GRef<GDBusProxy>& object : objects) {
       list = g_list_prepend(list, object.get());
+    }
     const ListOfObjects owned(list);
     secret_service_unlock(nullptr, list, nullptr, callback, data);
   };

@@ -37,9 +37,7 @@ Task<bool> DesktopNotificationCenter::requestAuthorization() {
   QDBusMessage hasOwner = busCall(QStringLiteral("NameHasOwner"));
   hasOwner << notificationServiceName();
   const BusReply owned = co_await call(hasOwner);
-  if (firstValue<bool>(owned)) {
-    co_return true;
-  }
+  if (firstValue<bool>(owned)) { co_return true; }
   const QDBusMessage listActivatable = busCall(QStringLiteral("ListActivatableNames"));
   const BusReply activatable = co_await call(listActivatable);
   co_return firstValue<QStringList>(activatable).contains(notificationServiceName());
@@ -49,17 +47,13 @@ Task<bool> DesktopNotificationCenter::add(NotificationRequest request) {
   const QStringList known = co_await capabilities();
   const QDBusMessage notify = notifyCall(request, numberOf(request.identifier), known);
   const BusReply reply = co_await call(notify);
-  if (reply) {
-    remember(std::move(request.identifier), firstValue<uint>(reply));
-  }
+  if (reply) { remember(std::move(request.identifier), firstValue<uint>(reply)); }
   co_return reply.has_value();
 }
 
 void DesktopNotificationCenter::noticeAction(uint number, const QString& action) {
   const bool isOurs = std::ranges::find(shown_, number, &Shown::number) != shown_.end();
-  if (isOurs && action == defaultNotificationAction() && activated_) {
-    activated_();
-  }
+  if (isOurs && action == defaultNotificationAction() && activated_) { activated_(); }
 }
 
 Task<BusReply> DesktopNotificationCenter::call(const QDBusMessage& message) {
@@ -67,14 +61,10 @@ Task<BusReply> DesktopNotificationCenter::call(const QDBusMessage& message) {
 }
 
 Task<QStringList> DesktopNotificationCenter::capabilities() {
-  if (capabilities_) {
-    co_return *capabilities_;
-  }
+  if (capabilities_) { co_return *capabilities_; }
   const QDBusMessage question = notificationServiceCall(QStringLiteral("GetCapabilities"));
   const BusReply reply = co_await call(question);
-  if (reply) {
-    capabilities_ = firstValue<QStringList>(reply);
-  }
+  if (reply) { capabilities_ = firstValue<QStringList>(reply); }
   co_return capabilities_.value_or(QStringList());
 }
 
@@ -86,9 +76,7 @@ uint DesktopNotificationCenter::numberOf(const std::string& identifier) const {
 void DesktopNotificationCenter::remember(std::string identifier, uint number) {
   std::erase_if(shown_, [&](const Shown& shown) { return shown.identifier == identifier; });
   shown_.push_back({.identifier = std::move(identifier), .number = number});
-  if (shown_.size() > mostNotificationsRemembered) {
-    shown_.pop_front();
-  }
+  if (shown_.size() > mostNotificationsRemembered) { shown_.pop_front(); }
 }
 
 void DesktopNotificationCenter::forgetService() {

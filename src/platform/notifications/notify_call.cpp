@@ -32,9 +32,7 @@ QString bodyOf(const NotificationRequest& request, const QStringList& capabiliti
 
 /// A click on the notification itself; the label is for services that draw it as a button.
 QStringList actionsFor(const QStringList& capabilities) {
-  if (!capabilities.contains(QStringLiteral("actions"))) {
-    return {};
-  }
+  if (!capabilities.contains(QStringLiteral("actions"))) { return {}; }
   return {defaultNotificationAction(), QStringLiteral("Open")};
 }
 

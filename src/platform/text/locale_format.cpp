@@ -35,9 +35,7 @@ constexpr ScriptModifier scriptModifiers[] = {
 
 std::string_view scriptOf(std::string_view modifier) {
   for (const ScriptModifier& known : scriptModifiers) {
-    if (known.modifier == modifier) {
-      return known.script;
-    }
+    if (known.modifier == modifier) { return known.script; }
   }
   return {};
 }
@@ -45,9 +43,7 @@ std::string_view scriptOf(std::string_view modifier) {
 /// Reads language[_territory][.codeset][@modifier].
 icu::Locale localeNamed(std::string_view name) {
   const std::string_view base = name.substr(0, name.find_first_of(".@"));
-  if (base.empty() || base == "C" || base == "POSIX") {
-    return icu::Locale::getUS();
-  }
+  if (base.empty() || base == "C" || base == "POSIX") { return icu::Locale::getUS(); }
   const std::size_t at = name.find('@');
   const std::string_view modifier = at == name.npos ? std::string_view() : name.substr(at + 1);
   std::string identifier(base);
@@ -70,9 +66,7 @@ std::unique_ptr<icu::TimeZone> timeZoneNamed(const std::string& name) {
 
 std::unique_ptr<icu::DateFormat> inZone(icu::DateFormat* format, const icu::TimeZone& zone) {
   std::unique_ptr<icu::DateFormat> owned(format);
-  if (owned) {
-    owned->setTimeZone(zone);
-  }
+  if (owned) { owned->setTimeZone(zone); }
   return owned;
 }
 
@@ -80,9 +74,7 @@ std::unique_ptr<icu::DateFormat> inZone(icu::DateFormat* format, const icu::Time
 std::string formatted(const std::unique_ptr<icu::DateFormat>& format, UDate milliseconds) {
   icu::UnicodeString text;
   std::string result;
-  if (format) {
-    format->format(milliseconds, text).toUTF8String(result);
-  }
+  if (format) { format->format(milliseconds, text).toUTF8String(result); }
   return result;
 }
 

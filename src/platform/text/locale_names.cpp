@@ -10,9 +10,7 @@ namespace {
 std::string firstSet(std::initializer_list<const char*> variables) {
   for (const char* const variable : variables) {
     const char* const value = std::getenv(variable);
-    if (value != nullptr && *value != '\0') {
-      return value;
-    }
+    if (value != nullptr && *value != '\0') { return value; }
   }
   return {};
 }

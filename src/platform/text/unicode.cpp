@@ -62,16 +62,12 @@ icu::StringPiece piece(std::string_view text) {
 std::string_view trimmed(std::string_view text) {
   while (!text.empty()) {
     const Character first = firstCharacter(text);
-    if (!isWhiteSpace(first)) {
-      break;
-    }
+    if (!isWhiteSpace(first)) { break; }
     text.remove_prefix(first.size);
   }
   while (!text.empty()) {
     const Character last = lastCharacter(text);
-    if (!isWhiteSpace(last)) {
-      break;
-    }
+    if (!isWhiteSpace(last)) { break; }
     text.remove_suffix(last.size);
   }
   return text;
@@ -86,9 +82,7 @@ std::string asciiLowercased(std::string_view text) {
 std::string nfcNormalized(std::string_view text) {
   UErrorCode status = U_ZERO_ERROR;
   const icu::Normalizer2* const composition = icu::Normalizer2::getNFCInstance(status);
-  if (U_FAILURE(status) || isAscii(text) || !isValidUtf8(text)) {
-    return std::string(text);
-  }
+  if (U_FAILURE(status) || isAscii(text) || !isValidUtf8(text)) { return std::string(text); }
   std::string result;
   icu::StringByteSink<std::string> sink(&result);
   composition->normalizeUTF8(0, piece(text), sink, nullptr, status);
@@ -98,26 +92,20 @@ std::string nfcNormalized(std::string_view text) {
 bool isValidUtf8(std::string_view bytes) {
   while (!bytes.empty()) {
     const Character first = firstCharacter(bytes);
-    if (first.codePoint < 0) {
-      return false;
-    }
+    if (first.codePoint < 0) { return false; }
     bytes.remove_prefix(first.size);
   }
   return true;
 }
 
 std::string decodedLossily(std::string_view bytes) {
-  if (isValidUtf8(bytes)) {
-    return std::string(bytes);
-  }
+  if (isValidUtf8(bytes)) { return std::string(bytes); }
   std::string text;
   return icu::UnicodeString::fromUTF8(piece(bytes)).toUTF8String(text);
 }
 
 std::string percentEscaped(std::string_view text) {
-  if (!isValidUtf8(text)) {
-    return std::string(text);
-  }
+  if (!isValidUtf8(text)) { return std::string(text); }
   constexpr std::string_view hexDigits = "0123456789ABCDEF";
   std::string escaped;
   while (!text.empty()) {

@@ -24,7 +24,7 @@ void BalanceAppDelegate::didFinishLaunching() {
 
 bool BalanceAppDelegate::shouldHandleReopen() {
   auto* const window = presentation_.mainWindow();
-  if (!window) return true;
+  if (!window) { return true; }
   presentation_.present(*window);
   return false;
 }

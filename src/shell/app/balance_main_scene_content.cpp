@@ -18,7 +18,7 @@ AmountText amountTextOf(const BalanceStore& store) {
 
 std::function<void()> hiding(const std::shared_ptr<BackgroundRuntime>& runtime) {
   return [weak = std::weak_ptr(runtime)] {
-    if (const auto alive = weak.lock()) alive->hideMainWindow();
+    if (const auto alive = weak.lock()) { alive->hideMainWindow(); }
   };
 }
 
@@ -27,7 +27,7 @@ std::function<std::optional<Menu>()> statusMenu(const BalanceMainScene& scene) {
   return [weakStore = std::weak_ptr(scene.store), weakRuntime = std::weak_ptr(scene.runtime),
           actions = scene.menuActions, &application = scene.application]() -> std::optional<Menu> {
     const auto store = weakStore.lock();
-    if (!store) return std::nullopt;
+    if (!store) { return std::nullopt; }
     actions->setStore(store);
     return makeStatusMenu(store->state(), amountTextOf(*store),
                           {.showMainWindow =
@@ -51,7 +51,7 @@ BalanceMainSceneContent::BalanceMainSceneContent(BalanceMainScene scene,
       scene_(std::move(scene)),
       openWindowObserver_(
           scene_.broadcasts.observe(openWindowBroadcast, [this](const BroadcastCenter::Object& id) {
-            if (id) openWindow(*id);
+            if (id) { openWindow(*id); }
           })) {
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -61,7 +61,7 @@ BalanceMainSceneContent::BalanceMainSceneContent(BalanceMainScene scene,
 
 void BalanceMainSceneContent::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  if (!std::exchange(isConnected_, true)) connectStatusItem();
+  if (!std::exchange(isConnected_, true)) { connectStatusItem(); }
 }
 
 void BalanceMainSceneContent::connectStatusItem() {
@@ -73,7 +73,7 @@ void BalanceMainSceneContent::connectStatusItem() {
   };
   runtime.statusMenuProvider = statusMenu(scene_);
   scene_.store->onChange = [self = QPointer(this)] {
-    if (self) self->updateMenuBarStatus();
+    if (self) { self->updateMenuBarStatus(); }
   };
   updateMenuBarStatus();
 }

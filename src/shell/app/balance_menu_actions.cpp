@@ -6,7 +6,7 @@ namespace orvane {
 
 void BalanceMenuActions::refreshNow() const {
   const auto store = store_.lock();
-  if (!store) return;
+  if (!store) { return; }
   store->restartPolling();
   store->restartAddressWatch();
 }

@@ -35,7 +35,7 @@ void MenuBarWindowContent::showEvent(QShowEvent* event) {
 void MenuBarWindowContent::reportWindow() {
   // Only after the show is over does the window count as visible.
   executor_.post([self = QPointer(this)] {
-    if (self) self->visibility_.handleWindow(&self->window_);
+    if (self) { self->visibility_.handleWindow(&self->window_); }
   });
 }
 

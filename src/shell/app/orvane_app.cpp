@@ -50,7 +50,7 @@ void OrvaneApp::launch() {
   longestWaitForToken_.emplace(platform_.balance.executor, longestWaitForToken,
                                [this] { finishLaunching(); });
   tokenRead_ = store_->observe([this] {
-    if (!store_->state().isReadingToken) finishLaunching();
+    if (!store_->state().isReadingToken) { finishLaunching(); }
   });
 }
 
@@ -119,7 +119,7 @@ Menu OrvaneApp::commands() {
 }
 
 void OrvaneApp::end() {
-  if (const auto tell = std::exchange(onEnd, nullptr)) tell();
+  if (const auto tell = std::exchange(onEnd, nullptr)) { tell(); }
   // Gone for the user at once, even when a last write takes its time.
   for (auto* const window : platform_.desktop.windows()) {
     window->orderOut();

@@ -19,15 +19,15 @@ SceneWindows::SceneWindows(QtDesktopApplication& application, Executor& executor
 
 DesktopWindow* SceneWindows::prepare(std::string_view id) {
   const auto* const scene = findScene(id);
-  if (!scene) return nullptr;
-  if (const auto known = windows_.find(id); known != windows_.end()) return known->second;
+  if (!scene) { return nullptr; }
+  if (const auto known = windows_.find(id); known != windows_.end()) { return known->second; }
   auto& window = make(*scene);
   windows_.emplace(id, &window);
   return &window;
 }
 
 void SceneWindows::open(std::string_view id) {
-  if (auto* const window = prepare(id)) window->makeKeyAndOrderFront();
+  if (auto* const window = prepare(id)) { window->makeKeyAndOrderFront(); }
 }
 
 DesktopWindow& SceneWindows::make(const WindowScene& scene) {
@@ -56,7 +56,7 @@ DesktopWindow& SceneWindows::make(const WindowScene& scene) {
 
 void SceneWindows::placeOverMainWindow(QWidget& frame) const {
   const auto main = windows_.find(mainSceneId);
-  if (main == windows_.end() || !main->second->isVisible()) return;
+  if (main == windows_.end() || !main->second->isVisible()) { return; }
   const auto& mainWidget = QtDesktopApplication::widgetOf(*main->second);
   QRect place(QPoint(), frame.size());
   place.moveCenter(mainWidget.geometry().center());

@@ -33,7 +33,7 @@ inline constexpr std::array windowScenes{
 /// Nothing when there is no such window.
 [[nodiscard]] constexpr const WindowScene* findScene(std::string_view id) {
   for (const auto& scene : windowScenes) {
-    if (scene.id == id) return &scene;
+    if (scene.id == id) { return &scene; }
   }
   return nullptr;
 }

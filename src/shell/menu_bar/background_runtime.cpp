@@ -20,7 +20,7 @@ constexpr auto firstRateRetryDelay = 5s;
 std::function<void()> weakly(const std::weak_ptr<BackgroundRuntime>& runtime,
                              std::function<void(BackgroundRuntime&)> action) {
   return [runtime, action = std::move(action)] {
-    if (const auto alive = runtime.lock()) action(*alive);
+    if (const auto alive = runtime.lock()) { action(*alive); }
   };
 }
 
@@ -45,7 +45,9 @@ void BackgroundRuntime::attachMainWindow(const std::string& title) {
   ensureStatusItem();
   installKeyMonitors();
   platform_.executor.post(weakly(weak_from_this(), [](BackgroundRuntime& runtime) {
-    if (auto* const window = runtime.mainWindow()) window->setDelegate(runtime.weak_from_this());
+    if (auto* const window = runtime.mainWindow()) {
+      window->setDelegate(runtime.weak_from_this());
+    }
   }));
 }
 
@@ -65,13 +67,13 @@ void BackgroundRuntime::updateStatus(bool working, const std::string& status, bo
 }
 
 void BackgroundRuntime::ensureStatusItem() {
-  if (statusItem_) return;
+  if (statusItem_) { return; }
   auto item = platform_.statusBar.createItem(StatusItem::squareLength);
-  if (!item) return;
+  if (!item) { return; }
   renderButton(*item, false);
   item->setToolTip(options_.appName);
   item->setAction([weak = weak_from_this()](const std::optional<DesktopEvent>& event) {
-    if (const auto runtime = weak.lock()) runtime->handleStatusItemClick(event);
+    if (const auto runtime = weak.lock()) { runtime->handleStatusItemClick(event); }
   });
   statusItem_ = std::move(item);
 
@@ -102,11 +104,11 @@ void BackgroundRuntime::renderButton(StatusItem& item, bool working) const {
 }
 
 void BackgroundRuntime::refreshMenuBarRate() {
-  if (!statusItem_) return;
+  if (!statusItem_) { return; }
   const bool working = displayedWorking_.value_or(false);
   auto text = working ? currentMenuBarText() : std::string();
-  if (working && text.empty() && !firstRateRetry_) retryFirstRate();
-  if (text == displayedMenuBarRate_) return;
+  if (working && text.empty() && !firstRateRetry_) { retryFirstRate(); }
+  if (text == displayedMenuBarRate_) { return; }
   displayedMenuBarRate_ = std::move(text);
   renderButton(*statusItem_, working);
 }
@@ -120,8 +122,8 @@ void BackgroundRuntime::retryFirstRate() {
 }
 
 std::string BackgroundRuntime::currentMenuBarText() const {
-  if (menuBarTextProvider) return menuBarTextProvider().value_or("");
-  if (!showsHashRate() || !menuBarRateProvider) return {};
+  if (menuBarTextProvider) { return menuBarTextProvider().value_or(""); }
+  if (!showsHashRate() || !menuBarRateProvider) { return {}; }
   const auto rate = menuBarRateProvider();
   return rate ? menuBarRateText(*rate) : std::string();
 }
@@ -139,9 +141,9 @@ void BackgroundRuntime::handleStatusItemClick(const std::optional<DesktopEvent>&
 }
 
 void BackgroundRuntime::popUpStatusMenu() {
-  if (!statusItem_ || !statusMenuProvider) return;
+  if (!statusItem_ || !statusMenuProvider) { return; }
   auto menu = statusMenuProvider();
-  if (!menu) return;
+  if (!menu) { return; }
   statusItem_->setMenu(std::move(menu));
   statusItem_->performClick();
   // A menu that stayed would catch the next left click.
@@ -150,25 +152,25 @@ void BackgroundRuntime::popUpStatusMenu() {
 
 void BackgroundRuntime::showMainWindow() {
   auto* const window = mainWindow();
-  if (!window) return;
+  if (!window) { return; }
   setMenuBarOnly(false);
   platform_.application.setActivationPolicy(ActivationPolicy::regular);
   platform_.application.unhide();
-  if (window->isMiniaturized()) window->deminiaturize();
+  if (window->isMiniaturized()) { window->deminiaturize(); }
   window->makeKeyAndOrderFront();
   platform_.application.activateIgnoringOtherApps();
   setMainWindowVisible(true);
 }
 
 void BackgroundRuntime::hideMainWindow() {
-  if (!mainWindow()) return;
+  if (!mainWindow()) { return; }
   setMenuBarOnly(true);
   setMainWindowVisible(false);
   auto& application = platform_.application;
   application.setActivationPolicy(ActivationPolicy::accessory);
   for (auto* const window : application.windows()) {
-    if (window->level() == DesktopWindow::statusBarLevel) continue;
-    if (window->isMiniaturized()) window->deminiaturize();
+    if (window->level() == DesktopWindow::statusBarLevel) { continue; }
+    if (window->isMiniaturized()) { window->deminiaturize(); }
     window->orderOut();
   }
   platform_.executor.post(weakly(weak_from_this(), [](BackgroundRuntime& runtime) {
@@ -177,15 +179,17 @@ void BackgroundRuntime::hideMainWindow() {
 }
 
 void BackgroundRuntime::installKeyMonitors() {
-  if (!commandMMonitor_) commandMMonitor_ = monitorHiding(isCommandM);
-  if (!escapeMonitor_) escapeMonitor_ = monitorHiding(isPlainEscape);
+  if (!commandMMonitor_) { commandMMonitor_ = monitorHiding(isCommandM); }
+  if (!escapeMonitor_) { escapeMonitor_ = monitorHiding(isPlainEscape); }
 }
 
 Registration BackgroundRuntime::monitorHiding(bool (*hides)(const DesktopEvent&)) {
   return platform_.application.addKeyDownMonitor(
       [weak = weak_from_this(), hides](const DesktopEvent& event) {
         const auto runtime = weak.lock();
-        if (!runtime || !hides(event) || !runtime->mainWindowIsKey()) return KeyDecision::passOn;
+        if (!runtime || !hides(event) || !runtime->mainWindowIsKey()) {
+          return KeyDecision::passOn;
+        }
         runtime->hideMainWindow();
         return KeyDecision::swallow;
       });
@@ -197,7 +201,7 @@ bool BackgroundRuntime::mainWindowIsKey() const {
 }
 
 DesktopWindow* BackgroundRuntime::mainWindow() const {
-  if (!mainWindowTitle_) return nullptr;
+  if (!mainWindowTitle_) { return nullptr; }
   const auto windows = platform_.application.windows();
   const auto found = std::ranges::find(windows, *mainWindowTitle_,
                                        [](const auto* window) { return window->title(); });
@@ -209,7 +213,7 @@ bool BackgroundRuntime::isMainWindow(const DesktopWindow& window) const {
 }
 
 bool BackgroundRuntime::windowShouldClose(DesktopWindow& window) {
-  if (!isMainWindow(window)) return true;
+  if (!isMainWindow(window)) { return true; }
   const auto event = platform_.application.currentEvent();
   if (event && (isCommandW(*event) || isPlainEscape(*event))) {
     hideMainWindow();
@@ -220,19 +224,19 @@ bool BackgroundRuntime::windowShouldClose(DesktopWindow& window) {
 }
 
 void BackgroundRuntime::windowDidMiniaturize(DesktopWindow& window) {
-  if (isMainWindow(window)) setMainWindowVisible(false);
+  if (isMainWindow(window)) { setMainWindowVisible(false); }
 }
 
 void BackgroundRuntime::windowDidDeminiaturize(DesktopWindow& window) {
-  if (isMainWindow(window) && !isMenuBarOnly_) setMainWindowVisible(true);
+  if (isMainWindow(window) && !isMenuBarOnly_) { setMainWindowVisible(true); }
 }
 
 void BackgroundRuntime::setMainWindowVisible(bool visible) {
-  if (std::exchange(isMainWindowVisible_, visible) != visible) changed_.send();
+  if (std::exchange(isMainWindowVisible_, visible) != visible) { changed_.send(); }
 }
 
 void BackgroundRuntime::setMenuBarOnly(bool menuBarOnly) {
-  if (std::exchange(isMenuBarOnly_, menuBarOnly) != menuBarOnly) changed_.send();
+  if (std::exchange(isMenuBarOnly_, menuBarOnly) != menuBarOnly) { changed_.send(); }
 }
 
 }  // namespace orvane

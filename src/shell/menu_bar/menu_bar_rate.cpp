@@ -18,7 +18,7 @@ constexpr std::array rateUnits{RateUnit{1e12, "TH"}, RateUnit{1e9, "GH"}, RateUn
                                RateUnit{1e3, "kH"}};
 
 int fractionDigits(double scaled) {
-  if (scaled >= 100) return 0;
+  if (scaled >= 100) { return 0; }
   return scaled >= 10 ? 1 : 2;
 }
 
@@ -26,9 +26,9 @@ int fractionDigits(double scaled) {
 
 std::string menuBarRateText(double hashesPerSecond) {
   // Written so that a rate that is not a number is refused as well.
-  if (!(hashesPerSecond > 0 && hashesPerSecond <= largestRate)) return {};
+  if (!(hashesPerSecond > 0 && hashesPerSecond <= largestRate)) { return {}; }
   for (const auto& unit : rateUnits) {
-    if (hashesPerSecond < unit.threshold) continue;
+    if (hashesPerSecond < unit.threshold) { continue; }
     const double scaled = hashesPerSecond / unit.threshold;
     return fmt::format("{:.{}f} {}", scaled, fractionDigits(scaled), unit.name);
   }

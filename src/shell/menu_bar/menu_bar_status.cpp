@@ -4,11 +4,11 @@ namespace orvane {
 namespace {
 
 std::string statusText(const BalanceState& state, const AmountText& amountText) {
-  if (state.accountStatus) return *state.accountStatus;
-  if (state.addressStatus) return *state.addressStatus;
-  if (state.stats) return "Balance " + amountText(state.stats->balanceSats);
-  if (state.addressSummary) return "Address " + amountText(state.addressSummary->confirmedSats);
-  if (state.token.empty() && state.watchedAddress.empty()) return "No API token or address";
+  if (state.accountStatus) { return *state.accountStatus; }
+  if (state.addressStatus) { return *state.addressStatus; }
+  if (state.stats) { return "Balance " + amountText(state.stats->balanceSats); }
+  if (state.addressSummary) { return "Address " + amountText(state.addressSummary->confirmedSats); }
+  if (state.token.empty() && state.watchedAddress.empty()) { return "No API token or address"; }
   return "Loading";
 }
 

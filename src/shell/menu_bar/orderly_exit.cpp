@@ -18,7 +18,7 @@ OrderlyExit::OrderlyExit(Executor& executor, std::function<bool()> mayEnd,
     : executor_(executor), mayEnd_(std::move(mayEnd)), end_(std::move(end)) {}
 
 void OrderlyExit::begin() {
-  if (deadline_) return;
+  if (deadline_) { return; }
   deadline_ = executor_.now() + longestWait;
   poll();
 }

@@ -16,7 +16,7 @@ std::optional<StatusImage> symbolImage(const StatusBar& statusBar,
                                        const StatusButtonContent& content) {
   for (const auto& name : content.symbolNames) {
     const auto size = statusBar.symbolSize(name, symbolPointSize);
-    if (!size) continue;
+    if (!size) { continue; }
     return StatusImage{.symbolName = name,
                        .symbolPointSize = symbolPointSize,
                        .symbolColor = content.color,

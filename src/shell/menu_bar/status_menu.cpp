@@ -16,7 +16,7 @@ void addFigures(Menu& menu, const BalanceState& state, const AmountText& amountT
   if (state.addressSummary) {
     menu.items.push_back(figure("Address " + amountText(state.addressSummary->confirmedSats)));
   }
-  if (!menu.items.empty()) menu.items.push_back(MenuItem::separator());
+  if (!menu.items.empty()) { menu.items.push_back(MenuItem::separator()); }
 }
 
 }  // namespace

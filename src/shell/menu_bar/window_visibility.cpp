@@ -14,7 +14,7 @@ WindowVisibility::WindowVisibility(std::shared_ptr<BackgroundRuntime> runtime,
 bool WindowVisibility::showsContent() const { return onScreen_ && !runtime_->isMenuBarOnly(); }
 
 void WindowVisibility::handleWindow(DesktopWindow* window) {
-  if (!window) return;
+  if (!window) { return; }
   if (window != window_) {
     window_ = window;
     windowObserver_ = window->observe(
@@ -25,7 +25,7 @@ void WindowVisibility::handleWindow(DesktopWindow* window) {
 
 void WindowVisibility::handleRuntimeChange() {
   const bool menuBarOnly = runtime_->isMenuBarOnly();
-  if (std::exchange(menuBarOnly_, menuBarOnly) == menuBarOnly) return;
+  if (std::exchange(menuBarOnly_, menuBarOnly) == menuBarOnly) { return; }
   if (menuBarOnly) {
     setOnScreen(false);
   } else if (window_) {
@@ -36,20 +36,20 @@ void WindowVisibility::handleRuntimeChange() {
 void WindowVisibility::handleNotification(WindowNotification notification) {
   switch (notification) {
     case WindowNotification::didBecomeKey:
-      if (!runtime_->isMenuBarOnly()) setOnScreen(true);
+      if (!runtime_->isMenuBarOnly()) { setOnScreen(true); }
       break;
     case WindowNotification::willClose:
     case WindowNotification::didMiniaturize:
       setOnScreen(false);
       break;
     case WindowNotification::didDeminiaturize:
-      if (!runtime_->isMenuBarOnly()) setOnScreen(window_->isVisible());
+      if (!runtime_->isMenuBarOnly()) { setOnScreen(window_->isVisible()); }
       break;
   }
 }
 
 void WindowVisibility::setOnScreen(bool onScreen) {
-  if (std::exchange(onScreen_, onScreen) != onScreen) onChange_();
+  if (std::exchange(onScreen_, onScreen) != onScreen) { onChange_(); }
 }
 
 bool WindowVisibility::windowIsOnScreen() const {

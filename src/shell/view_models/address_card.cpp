@@ -6,7 +6,7 @@ namespace orvane {
 namespace {
 
 BalanceFigure balanceFigure(const BalanceState& state, const LocaleFormat& format) {
-  if (!state.addressSummary) return {.text = "Loading…", .isPlaceholder = true};
+  if (!state.addressSummary) { return {.text = "Loading…", .isPlaceholder = true}; }
   const auto sats = state.addressSummary->confirmedSats;
   return {.text = amountText(state, format, sats),
           .fiatValue = fiatText(state, format, static_cast<double>(sats))};
@@ -14,7 +14,7 @@ BalanceFigure balanceFigure(const BalanceState& state, const LocaleFormat& forma
 
 std::vector<Metric> addressMetrics(const BalanceState& state, const LocaleFormat& format,
                                    std::size_t blockRewards) {
-  if (!state.addressSummary) return {};
+  if (!state.addressSummary) { return {}; }
   return {{.title = "Unconfirmed",
            .value = amountText(state, format, state.addressSummary->pendingSats)},
           {.title = "Block rewards",

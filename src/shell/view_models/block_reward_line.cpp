@@ -8,7 +8,7 @@ namespace orvane {
 namespace {
 
 std::string blockTitle(const WatchedAddressTransaction& reward, const LocaleFormat& format) {
-  if (!reward.blockHeight) return "Unconfirmed block";
+  if (!reward.blockHeight) { return "Unconfirmed block"; }
   return fmt::format("Block #{}", format.integer(*reward.blockHeight));
 }
 
@@ -17,10 +17,10 @@ std::string blockTitle(const WatchedAddressTransaction& reward, const LocaleForm
 std::vector<BlockRewardLine> blockRewardLines(const BalanceState& state,
                                               const LocaleFormat& format) {
   std::vector<BlockRewardLine> lines;
-  if (!state.addressSummary) return lines;
+  if (!state.addressSummary) { return lines; }
   const auto& summary = *state.addressSummary;
   for (const auto& reward : summary.incoming) {
-    if (!reward.isCoinbase) continue;
+    if (!reward.isCoinbase) { continue; }
     const auto count = confirmations(summary.tipHeight, reward.blockHeight);
     const bool isSpendable = count >= coinbaseMaturity;
     const auto maturity = isSpendable

@@ -39,7 +39,7 @@ std::vector<Metric> historySummaryMetrics(const BraiinsHistorySummary& summary,
 std::vector<Metric> historyValueMetrics(const BraiinsHistorySummary& summary,
                                         const BalanceState& state, const LocaleFormat& format) {
   const auto value = fiatText(state, format, summary.totalRewardSats.toDouble());
-  if (!value) return {};
+  if (!value) { return {}; }
   return {
       {.title = fmt::format("VALUE · {}", rawValue(state.preferredFiatCurrency)), .value = *value}};
 }

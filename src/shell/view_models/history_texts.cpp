@@ -28,8 +28,8 @@ std::string rewardText(const LocaleFormat& format, const std::optional<std::stri
 
 std::string historySatsText(const LocaleFormat& format, const Decimal& amount) {
   const double sats = amount.toDouble();
-  if (sats == 0) return "0 sats";
-  if (sats < 1) return fmt::format("{:.3f} sats", sats);
+  if (sats == 0) { return "0 sats"; }
+  if (sats < 1) { return fmt::format("{:.3f} sats", sats); }
   return fmt::format("{} sats", format.integer(roundedSaturating(sats)));
 }
 

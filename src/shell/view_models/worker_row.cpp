@@ -32,7 +32,7 @@ const char* stateWord(BraiinsWorkerStatus::State state) {
 
 std::string_view shortWorkerName(std::string_view fullName) {
   const auto dot = fullName.find('.');
-  if (dot == std::string_view::npos || dot + 1 == fullName.size()) return fullName;
+  if (dot == std::string_view::npos || dot + 1 == fullName.size()) { return fullName; }
   return fullName.substr(dot + 1);
 }
 
@@ -47,10 +47,10 @@ WorkerRow workerRow(const BraiinsWorkerStatus& worker, const LocaleFormat& forma
 }
 
 std::string workersSubtitle(std::span<const BraiinsWorkerStatus> workers) {
-  if (workers.empty()) return {};
+  if (workers.empty()) { return {}; }
   const auto okCount =
       std::ranges::count(workers, BraiinsWorkerStatus::State::ok, &BraiinsWorkerStatus::state);
-  if (std::cmp_equal(okCount, workers.size())) return fmt::format("{} OK", okCount);
+  if (std::cmp_equal(okCount, workers.size())) { return fmt::format("{} OK", okCount); }
   return fmt::format("{} of {} OK", okCount, workers.size());
 }
 

@@ -19,7 +19,7 @@ constexpr QSize usualWindowFrame(2, 40);
 /// new size.
 void layOutUpToWindow(QWidget& changed) {
   for (auto* widget = &changed; widget; widget = widget->parentWidget()) {
-    if (widget->layout()) widget->layout()->activate();
+    if (widget->layout()) { widget->layout()->activate(); }
   }
 }
 
@@ -68,11 +68,13 @@ void BalanceContent::layOut() {
 
 void BalanceContent::showState() {
   const auto layout = windowLayout(state_);
-  if (layout.showsPoolCard) poolCard_->showCard(poolCard(state_, format_), state_.unit);
-  if (layout.showsAddressCard) addressCard_->showCard(addressCard(state_, format_), state_.unit);
+  if (layout.showsPoolCard) { poolCard_->showCard(poolCard(state_, format_), state_.unit); }
+  if (layout.showsAddressCard) {
+    addressCard_->showCard(addressCard(state_, format_), state_.unit);
+  }
   poolCard_->setVisible(layout.showsPoolCard);
   addressCard_->setVisible(layout.showsAddressCard);
-  if (isVisible()) settings_->loadDrafts();
+  if (isVisible()) { settings_->loadDrafts(); }
   settings_->showState();
   if (layout.showsAccountColumn) {
     workers_->showWorkers(state_.workers);
@@ -91,7 +93,7 @@ void BalanceContent::askForSize() {
                                            : usualWindowFrame;
   const auto available = screen()->availableGeometry().size() - frame.expandedTo(usualWindowFrame);
   const QSize size = QSize(wanted.minimumWidth, wanted.minimumHeight).boundedTo(available);
-  if (size == minimumSize()) return;
+  if (size == minimumSize()) { return; }
   leftColumn_->setMinimumWidth(std::min(theme::leftColumnWidth, size.width()));
   setMinimumSize(size);
   layOutUpToWindow(*this);

@@ -24,7 +24,7 @@ CloseBar::CloseBar(const std::function<void()>& onClose, const Menu& commands, Q
   connect(close, &QPushButton::clicked, this, [onClose] { onClose(); });
   row->addWidget(close);
   row->addStretch();
-  if (!commands.items.empty()) row->addWidget(new CommandButton(commands, this));
+  if (!commands.items.empty()) { row->addWidget(new CommandButton(commands, this)); }
 }
 
 }  // namespace orvane

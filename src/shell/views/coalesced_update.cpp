@@ -12,24 +12,24 @@ CoalescedUpdate::CoalescedUpdate(QWidget& view, std::function<void()> update)
 
 void CoalescedUpdate::request() {
   isNeeded_ = true;
-  if (isQueued_ || !view_.isVisible()) return;
+  if (isQueued_ || !view_.isVisible()) { return; }
   isQueued_ = true;
   QMetaObject::invokeMethod(
       this,
       [this] {
         isQueued_ = false;
-        if (view_.isVisible()) run();
+        if (view_.isVisible()) { run(); }
       },
       Qt::QueuedConnection);
 }
 
 bool CoalescedUpdate::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Show) run();
+  if (event->type() == QEvent::Show) { run(); }
   return QObject::eventFilter(watched, event);
 }
 
 void CoalescedUpdate::run() {
-  if (!isNeeded_) return;
+  if (!isNeeded_) { return; }
   isNeeded_ = false;
   update_();
 }

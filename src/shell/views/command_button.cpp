@@ -16,7 +16,7 @@ constexpr int symbolSize = theme::symbolSize + 4;
 
 /// The command's key, and the ones that a user of this desktop would try as well.
 QList<QKeySequence> shortcuts(const std::string& keyEquivalent) {
-  if (keyEquivalent.empty()) return {};
+  if (keyEquivalent.empty()) { return {}; }
   const auto key = toQString(keyEquivalent).toUpper();
   QList<QKeySequence> keys{QKeySequence(QStringLiteral("Ctrl+") + key)};
   if (keyEquivalent == "?") {
@@ -36,7 +36,7 @@ void addCommand(QMenu& menu, const MenuItem& item) {
   command->setShortcuts(shortcuts(item.keyEquivalent));
   command->setShortcutContext(Qt::ApplicationShortcut);
   QObject::connect(command, &QAction::triggered, &menu, [action = item.action] {
-    if (action) action();
+    if (action) { action(); }
   });
 }
 
@@ -61,7 +61,7 @@ CommandButton::CommandButton(const Menu& commands, QWidget* parent) : QPushButto
 
 void CommandButton::changeEvent(QEvent* event) {
   QPushButton::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange) drawSymbol();
+  if (event->type() == QEvent::PaletteChange) { drawSymbol(); }
 }
 
 void CommandButton::paintEvent(QPaintEvent* /*event*/) {

@@ -38,7 +38,7 @@ void FigureLabel::applyFont() {
     const auto share = std::max(smallestShare, static_cast<double>(width()) / wanted);
     fitting.setPixelSize(static_cast<int>(fitting.pixelSize() * share));
   }
-  if (fitting != font()) setFont(fitting);
+  if (fitting != font()) { setFont(fitting); }
 }
 
 }  // namespace orvane

@@ -31,7 +31,7 @@ FigureTable::FigureTable(QWidget* parent) : QTableView(parent) {
 
 void FigureTable::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
-  if (event->type() == QEvent::ApplicationFontChange) applyStyle();
+  if (event->type() == QEvent::ApplicationFontChange) { applyStyle(); }
 }
 
 void FigureTable::applyStyle() {

@@ -36,7 +36,7 @@ QLayoutItem* FlowLayout::itemAt(int index) const {
 }
 
 QLayoutItem* FlowLayout::takeAt(int index) {
-  if (index < 0 || index >= count()) return nullptr;
+  if (index < 0 || index >= count()) { return nullptr; }
   const auto position = items_.begin() + index;
   auto* const taken = position->release();
   items_.erase(position);
@@ -53,14 +53,14 @@ int FlowLayout::heightForWidth(int width) const {
 
 QSize FlowLayout::sizeHint() const {
   const auto whole = rows(QWIDGETSIZE_MAX);
-  if (whole.empty()) return marginSize();
+  if (whole.empty()) { return marginSize(); }
   return QSize(whole.front().width, whole.front().height()) + marginSize();
 }
 
 QSize FlowLayout::minimumSize() const {
   QSize size(0, 0);
   for (const auto& item : items_) {
-    if (!item->isEmpty()) size = size.expandedTo(item->minimumSize());
+    if (!item->isEmpty()) { size = size.expandedTo(item->minimumSize()); }
   }
   return size + marginSize();
 }
@@ -84,7 +84,7 @@ QSize FlowLayout::marginSize() const {
 std::vector<FlowLayout::Row> FlowLayout::rows(int width) const {
   std::vector<Row> rows;
   for (const auto& item : items_) {
-    if (item->isEmpty()) continue;
+    if (item->isEmpty()) { continue; }
     const auto size = item->sizeHint();
     const int itemWidth = std::min(size.width(), width);
     if (rows.empty() || rows.back().width + horizontalSpacing_ + itemWidth > width) {
@@ -102,7 +102,7 @@ std::vector<FlowLayout::Row> FlowLayout::rows(int width) const {
 }
 
 int FlowLayout::baseline(const QLayoutItem& item) const {
-  if (align_ == Align::top) return 0;
+  if (align_ == Align::top) { return 0; }
   // The text of a label stands in the middle of its height.
   const auto metrics = const_cast<QLayoutItem&>(item).widget()->fontMetrics();
   return (item.sizeHint().height() - metrics.height()) / 2 + metrics.ascent();

@@ -53,7 +53,7 @@ void HistorySection::showHistory(const BalanceState& state) {
   reloadButton_->showState({.isVisible = !section.isEmpty, .isBusy = section.isLoading});
   hint_->setVisible(section.isEmpty);
   status_->showTextOrHide(section.status.value_or(std::string()));
-  if (table_->showDays(state.history) || !summary_) summary_.emplace(state.history);
+  if (table_->showDays(state.history) || !summary_) { summary_.emplace(state.history); }
   summaryRow_->showSummary(*summary_, historyValueMetrics(*summary_, state, format_));
   panel_->setVisible(!section.isEmpty);
 }

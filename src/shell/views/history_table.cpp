@@ -46,7 +46,7 @@ QVariant HistoryModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant HistoryModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation != Qt::Horizontal || section < 0 || section >= columnTotal) return {};
+  if (orientation != Qt::Horizontal || section < 0 || section >= columnTotal) { return {}; }
   if (role == Qt::DisplayRole) {
     return toQString(historyColumnTitles.at(static_cast<std::size_t>(section)));
   }
@@ -62,12 +62,12 @@ BraiinsHistoryTable::BraiinsHistoryTable(const LocaleFormat& format, QWidget* pa
   horizontalHeader()->setStretchLastSection(true);
   connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int section) {
     const bool isStretched = section + 1 == columnTotal;
-    if (!isSharing_ && !isStretched && isVisible()) sharesWidth_ = false;
+    if (!isSharing_ && !isStretched && isVisible()) { sharesWidth_ = false; }
   });
 }
 
 void BraiinsHistoryTable::resizeEvent(QResizeEvent* event) {
-  if (sharesWidth_) shareWidth();
+  if (sharesWidth_) { shareWidth(); }
   FigureTable::resizeEvent(event);
 }
 

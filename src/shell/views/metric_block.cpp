@@ -15,7 +15,7 @@ using theme::TextStyle;
 void showFigure(TextLabel& label, const Metric& metric) {
   label.showText(metric.value);
   const auto title = toQString(metric.title);
-  if (title != label.accessibleDescription()) label.setAccessibleDescription(title);
+  if (title != label.accessibleDescription()) { label.setAccessibleDescription(title); }
 }
 
 QVBoxLayout* column(QWidget* parent) {

@@ -39,7 +39,7 @@ RefreshButton::RefreshButton(const QString& subject, std::function<void()> onPre
 
 void RefreshButton::showState(const RefreshButtonState& state) {
   setVisible(state.isVisible);
-  if (state.isBusy != isBusy_) setBusy(state.isBusy);
+  if (state.isBusy != isBusy_) { setBusy(state.isBusy); }
 }
 
 void RefreshButton::setBusy(bool busy) {
@@ -53,7 +53,7 @@ void RefreshButton::setBusy(bool busy) {
   setEnabled(!busy);
   if (!busy && returnsFocus_) {
     returnsFocus_ = false;
-    if (!window()->focusWidget()) setFocus(Qt::OtherFocusReason);
+    if (!window()->focusWidget()) { setFocus(Qt::OtherFocusReason); }
   }
   setAccessibleDescription(busy ? tr("%1, refreshing").arg(subject_) : subject_);
   startOrStopMoving();
@@ -63,7 +63,7 @@ void RefreshButton::setBusy(bool busy) {
 void RefreshButton::startOrStopMoving() {
   const bool animates = style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this) > 0;
   if (isBusy_ && isVisible() && animates) {
-    if (!timer_.isActive()) timer_.start(theme::busyStepMilliseconds, this);
+    if (!timer_.isActive()) { timer_.start(theme::busyStepMilliseconds, this); }
   } else {
     timer_.stop();
   }
@@ -105,7 +105,9 @@ void RefreshButton::hideEvent(QHideEvent* event) {
 
 void RefreshButton::changeEvent(QEvent* event) {
   QPushButton::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange) drawSymbol();
+  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange) {
+    drawSymbol();
+  }
 }
 
 void RefreshButton::drawSymbol() {

@@ -17,7 +17,7 @@ class RowListModel : public QAbstractTableModel {
   /// Shows `records` instead. Rows come and go at the end of the list, whatever changed, so that
   /// a view keeps its scroll position. Returns whether anything differed.
   bool setRecords(const std::vector<Record>& records) {
-    if (records == records_) return false;
+    if (records == records_) { return false; }
     const int before = rowCount();
     const int after = static_cast<int>(records.size());
     if (after > before) {
@@ -32,7 +32,7 @@ class RowListModel : public QAbstractTableModel {
       records_ = records;
     }
     const int kept = std::min(before, after);
-    if (kept > 0) Q_EMIT dataChanged(index(0, 0), index(kept - 1, columnCount() - 1));
+    if (kept > 0) { Q_EMIT dataChanged(index(0, 0), index(kept - 1, columnCount() - 1)); }
     return true;
   }
 

@@ -32,8 +32,8 @@ class Segment final : public QRadioButton {
     painter.setRenderHint(QPainter::Antialiasing);
     const auto box = QRectF(rect()).adjusted(segmentInset + 0.5, segmentInset + 0.5,
                                              -segmentInset - 0.5, -segmentInset - 0.5);
-    if (isChecked()) paintThumb(painter, box);
-    if (hasFocus()) paintFocus(painter, box);
+    if (isChecked()) { paintThumb(painter, box); }
+    if (hasFocus()) { paintFocus(painter, box); }
     painter.setPen(palette().color(isChecked() ? QPalette::ButtonText : QPalette::WindowText));
     painter.drawText(rect(), Qt::AlignCenter, text());
   }
@@ -69,7 +69,7 @@ SegmentedPicker::SegmentedPicker(const QString& accessibleName, const QStringLis
     segment->setAccessibleDescription(accessibleName);
     // Not `clicked`: a screen reader checks the button without clicking it.
     connect(segment, &QRadioButton::toggled, this, [this, onChoose, index](bool checked) {
-      if (checked && !isShowing_) onChoose(index);
+      if (checked && !isShowing_) { onChoose(index); }
     });
     row->addWidget(segment, 1);
     segments_.push_back(segment);
@@ -77,7 +77,7 @@ SegmentedPicker::SegmentedPicker(const QString& accessibleName, const QStringLis
 }
 
 void SegmentedPicker::showChoice(int index) {
-  if (index < 0 || std::cmp_greater_equal(index, segments_.size())) return;
+  if (index < 0 || std::cmp_greater_equal(index, segments_.size())) { return; }
   isShowing_ = true;
   segments_[static_cast<std::size_t>(index)]->setChecked(true);
   isShowing_ = false;

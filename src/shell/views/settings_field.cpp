@@ -51,12 +51,14 @@ std::string SettingsField::draft() const { return toUtf8(edit_->text()); }
 
 void SettingsField::setDraft(const std::string& text) {
   const auto wanted = toQString(text);
-  if (wanted != edit_->text()) edit_->setText(wanted);
-  if (!edit_->hasFocus()) edit_->setCursorPosition(0);  // a long address shows its beginning
+  if (wanted != edit_->text()) { edit_->setText(wanted); }
+  if (!edit_->hasFocus()) {
+    edit_->setCursorPosition(0);  // a long address shows its beginning
+  }
 }
 
 void SettingsField::showPlaceholder(const QString& text) {
-  if (text == edit_->placeholderText()) return;
+  if (text == edit_->placeholderText()) { return; }
   edit_->setPlaceholderText(text);
   edit_->setAccessibleDescription(text);
 }

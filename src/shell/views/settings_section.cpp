@@ -103,10 +103,10 @@ void SettingsSection::layOut() {
 }
 
 void SettingsSection::loadDrafts() {
-  if (!std::exchange(addressFieldLoaded_, true)) address_->setDraft(state_.ownAddress);
-  if (tokenFieldLoaded_ || state_.isReadingToken) return;
+  if (!std::exchange(addressFieldLoaded_, true)) { address_->setDraft(state_.ownAddress); }
+  if (tokenFieldLoaded_ || state_.isReadingToken) { return; }
   tokenFieldLoaded_ = true;
-  if (token_->draft().empty()) token_->setDraft(state_.token);
+  if (token_->draft().empty()) { token_->setDraft(state_.token); }
 }
 
 void SettingsSection::showState() {
@@ -132,7 +132,7 @@ void SettingsSection::commitToken() {
 
 void SettingsSection::commitAddress() {
   addressMessage_ = actions_.setOwnAddress(address_->draft());
-  if (!addressMessage_) address_->setDraft(state_.ownAddress);
+  if (!addressMessage_) { address_->setDraft(state_.ownAddress); }
   showState();
   if (addressMessage_) {
     QAccessibleEvent alert(addressMessageLabel_, QAccessible::Alert);

@@ -24,7 +24,7 @@ SymbolLabel::SymbolLabel(QWidget* parent) : QWidget(parent) {
 }
 
 void SymbolLabel::showSymbol(const QString& name, theme::TextColor color) {
-  if (name == name_ && color == color_) return;
+  if (name == name_ && color == color_) { return; }
   name_ = name;
   color_ = color;
   update();

@@ -16,7 +16,7 @@ TextLabel::TextLabel(theme::TextStyle style, theme::TextColor color, QWidget* pa
 
 void TextLabel::showText(std::string_view text) {
   const auto wanted = toQString(text);
-  if (wanted != this->text()) setText(wanted);
+  if (wanted != this->text()) { setText(wanted); }
 }
 
 void TextLabel::showTextOrHide(std::string_view text) {
@@ -25,7 +25,7 @@ void TextLabel::showTextOrHide(std::string_view text) {
 }
 
 void TextLabel::setColor(theme::TextColor color) {
-  if (color == color_) return;
+  if (color == color_) { return; }
   color_ = color;
   applyColor();
 }
@@ -36,8 +36,10 @@ void TextLabel::makeSelectable() {
 
 void TextLabel::changeEvent(QEvent* event) {
   QLabel::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ParentChange) applyColor();
-  if (event->type() == QEvent::ApplicationFontChange) applyFont();
+  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ParentChange) {
+    applyColor();
+  }
+  if (event->type() == QEvent::ApplicationFontChange) { applyFont(); }
 }
 
 void TextLabel::applyFont() { setFont(theme::textFont(style_)); }
@@ -46,7 +48,7 @@ void TextLabel::applyColor() {
   const auto surroundings = parentWidget() ? parentWidget()->palette() : QGuiApplication::palette();
   const auto color = theme::textColor(color_, surroundings);
   auto own = palette();
-  if (own.color(QPalette::WindowText) == color) return;
+  if (own.color(QPalette::WindowText) == color) { return; }
   own.setColor(QPalette::WindowText, color);
   setPalette(own);
 }

@@ -54,7 +54,7 @@ bool hasDigitsOfEqualWidth(const QFont& font) {
 /// when the interface font's digits differ in width: figures must not jump when they change.
 QFont withDigitsOfEqualWidth(QFont font) {
   font.setKerning(false);
-  if (hasDigitsOfEqualWidth(font)) return font;
+  if (hasDigitsOfEqualWidth(font)) { return font; }
   for (const auto* family : {"Noto Sans", "Roboto", "Liberation Sans", "DejaVu Sans"}) {
     auto candidate = font;
     candidate.setFamilies({QString::fromLatin1(family)});

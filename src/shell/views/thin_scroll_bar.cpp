@@ -31,7 +31,7 @@ QSize ThinScrollBar::sizeHint() const {
 }
 
 void ThinScrollBar::paintEvent(QPaintEvent* /*event*/) {
-  if (minimum() == maximum()) return;
+  if (minimum() == maximum()) { return; }
   QStyleOptionSlider option;
   initStyleOption(&option);
   const auto handle = QRectF(style()->subControlRect(QStyle::CC_ScrollBar, &option,

@@ -43,8 +43,8 @@ const std::string& cellText(const WorkerRow& row, int column) {
 }
 
 QVariant toolTip(const WorkerRow& row, int column) {
-  if (column == WorkersModel::worker) return plainToolTip(row.nameToolTip);
-  if (column == WorkersModel::state) return plainToolTip(row.stateToolTip);
+  if (column == WorkersModel::worker) { return plainToolTip(row.nameToolTip); }
+  if (column == WorkersModel::state) { return plainToolTip(row.stateToolTip); }
   return {};
 }
 
@@ -68,7 +68,7 @@ QVariant WorkersModel::data(const QModelIndex& index, int role) const {
     case Qt::TextAlignmentRole:
       return alignment(index.column());
     case dotColorRole:
-      if (index.column() != state) return {};
+      if (index.column() != state) { return {}; }
       return static_cast<int>(dotColor(record(index).state));
     default:
       return {};
@@ -76,8 +76,8 @@ QVariant WorkersModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant WorkersModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation != Qt::Horizontal || section < 0 || section >= columnTotal) return {};
-  if (role == Qt::DisplayRole) return toQString(titles.at(static_cast<std::size_t>(section)));
+  if (orientation != Qt::Horizontal || section < 0 || section >= columnTotal) { return {}; }
+  if (role == Qt::DisplayRole) { return toQString(titles.at(static_cast<std::size_t>(section))); }
   return role == Qt::TextAlignmentRole ? QVariant(alignment(section)) : QVariant();
 }
 

@@ -23,7 +23,7 @@ WorkersTable::WorkersTable(const LocaleFormat& format, QWidget* parent)
 void WorkersTable::showWorkers(const std::vector<BraiinsWorkerStatus>& workers) {
   const int before = model_->rowCount();
   model_->setRecords(workers);
-  if (model_->rowCount() != before) updateGeometry();
+  if (model_->rowCount() != before) { updateGeometry(); }
 }
 
 QSize WorkersTable::sizeHint() const {

@@ -208,9 +208,9 @@ Task<void> tryToStartSomething(AsyncMutex& mutex, Log& log) {
   };
   co_await untilResolved<bool>(std::move(start), false);
   const SleepEnd sleep = co_await sleepFor(0s);
-  if (sleep == SleepEnd::elapsed) log.emplace_back("slept");
+  if (sleep == SleepEnd::elapsed) { log.emplace_back("slept"); }
   const std::optional<AsyncMutex::Lock> turn = co_await mutex.lock();
-  if (turn) log.emplace_back("locked");
+  if (turn) { log.emplace_back("locked"); }
   log.emplace_back("ended");
 }
 
@@ -225,8 +225,9 @@ TEST_F(TaskTest, ACancelledTaskStartsNothingMore) {
 Task<int> immediate() { co_return 1; }
 
 Task<void> countMany(int& sum) {
-  for (int i = 0; i < 200'000; ++i)
+  for (int i = 0; i < 200'000; ++i) {
     sum += co_await immediate();
+  }
 }
 
 TEST_F(TaskTest, ManyAwaitsThatCompleteAtOnceDoNotGrowTheStack) {

@@ -34,9 +34,7 @@ class DamagedSettingsTest : public SettingsFileTest {
   }
   /// Starts with what is in the file's place, changes a setting and reads it after a restart.
   void startAndWrite() {
-    {
-      SqliteDefaults(file).setText("new", "value");
-    }
+    { SqliteDefaults(file).setText("new", "value"); }
     EXPECT_EQ(SqliteDefaults(file).text("new"), "value");
   }
   fs::path asideFile(std::size_t number = 1) const {
@@ -47,8 +45,9 @@ class DamagedSettingsTest : public SettingsFileTest {
 TEST_F(DamagedSettingsTest, AreSetAsideAsTheyWereAndEveryOneIsKept) {
   const std::string sound = soundContent();
   std::string scrambled = sound;
-  for (std::size_t at = 4096; at < scrambled.size(); at += 3)
+  for (std::size_t at = 4096; at < scrambled.size(); at += 3) {
     scrambled[at] = '\x5a';
+  }
   std::string unreadableIndex = sound;  // which only a look at the whole structure meets
   unreadableIndex.replace(2 * 4096, 100, 100, '\x5a');
   const std::vector<std::string> contents{

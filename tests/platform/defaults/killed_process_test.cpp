@@ -21,7 +21,7 @@ class KilledProcessTest : public SettingsFileTest {
       const std::string text = std::to_string(number);
       defaults.setTexts("copies", std::vector<std::string>(1 + number % 300, text));
       defaults.setText("number", text);
-      if (::write(report, &number, sizeof number) != sizeof number) ::_exit(1);
+      if (::write(report, &number, sizeof number) != sizeof number) { ::_exit(1); }
     }
   }
 
@@ -30,13 +30,13 @@ class KilledProcessTest : public SettingsFileTest {
     std::array<int, 2> channel{};
     EXPECT_EQ(::pipe(channel.data()), 0);
     const pid_t child = ::fork();
-    if (child == 0) writeForEver(start, channel[1]);
+    if (child == 0) { writeForEver(start, channel[1]); }
     ::close(channel[1]);
     int last = 0;
     int number = 0;
     while (::read(channel[0], &number, sizeof number) == sizeof number) {
       last = number;
-      if (--reports == 0) ::kill(child, SIGKILL);
+      if (--reports == 0) { ::kill(child, SIGKILL); }
     }
     ::close(channel[0]);
     int status = 0;

@@ -64,9 +64,7 @@ TEST_F(SqliteDefaultsTest, NobodyElseMayLook) {
 }
 
 TEST_F(SqliteDefaultsTest, ValuesThatMakeNoSenseAreMissing) {
-  {
-    const SqliteDefaults defaults(file);
-  }
+  { const SqliteDefaults defaults(file); }
   OtherProgram(file).run(
       "INSERT INTO settings VALUES ('a', 'text', 5), ('b', 'data', 'x'), ('c', 'boolean', 'yes'),"
       " ('d', 'texts', 'no list'), ('e', 'texts', '[\"x\", 5]'), ('f', 'texts', '{}'),"
@@ -97,9 +95,7 @@ TEST_F(SqliteDefaultsTest, ALockedFileDelaysNobodyAndTheChangeIsSavedLater) {
 }
 
 TEST_F(SqliteDefaultsTest, WhatCouldNotBeReadIsNotOverwritten) {
-  {
-    SqliteDefaults(file).setText("a", "old");
-  }
+  { SqliteDefaults(file).setText("a", "old"); }
   OtherProgram other(file);
   other.run("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE");
   SqliteDefaults defaults(file);
@@ -125,9 +121,7 @@ TEST_F(SqliteDefaultsTest, ChangesLiveInMemoryWhereNothingCanBeWritten) {
 
 TEST_F(SqliteDefaultsTest, ReadsWhatItMayNotWrite) {
   for (const fs::path& readOnly : {file, file.parent_path()}) {
-    {
-      SqliteDefaults(file).setText("a", "old");
-    }
+    { SqliteDefaults(file).setText("a", "old"); }
     for (fs::path path = file; path != folder.path().parent_path(); path = path.parent_path()) {
       fs::permissions(path, path == readOnly ? fs::perms::all & ~writing : fs::perms::all);
     }
@@ -152,9 +146,7 @@ TEST_F(SqliteDefaultsTest, AFullDiskLosesNothingOldAndIsNoDamage) {
     defaults.setText("a", "value");
     EXPECT_EQ(defaults.text("a"), "value");
   }
-  {
-    SqliteDefaults(file).setText("a", "old");
-  }
+  { SqliteDefaults(file).setText("a", "old"); }
   const std::string large(1'000'000, 'x');
   {
     SqliteDefaults defaults(file);
@@ -176,9 +168,7 @@ TEST_F(SqliteDefaultsTest, FollowsALinkAndTakesAnyName) {
   file = folder.path() / "a%b?c#d é.sqlite";
   const fs::path target = folder.path() / "elsewhere.sqlite";
   fs::create_symlink(target, file);
-  {
-    SqliteDefaults(file).setText("a", "value");
-  }
+  { SqliteDefaults(file).setText("a", "value"); }
   EXPECT_TRUE(fs::is_symlink(file));
   EXPECT_EQ(SqliteDefaults(target).text("a"), "value");
 }

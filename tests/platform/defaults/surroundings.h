@@ -35,12 +35,12 @@ class OtherProgram {
 class OrdinaryUser {
  public:
   OrdinaryUser() {
-    if (previous_ == 0) EXPECT_EQ(::seteuid(65534), 0);
+    if (previous_ == 0) { EXPECT_EQ(::seteuid(65534), 0); }
   }
   OrdinaryUser(const OrdinaryUser&) = delete;
   OrdinaryUser& operator=(const OrdinaryUser&) = delete;
   ~OrdinaryUser() {
-    if (previous_ == 0) EXPECT_EQ(::seteuid(0), 0);
+    if (previous_ == 0) { EXPECT_EQ(::seteuid(0), 0); }
   }
 
  private:

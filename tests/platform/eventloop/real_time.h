@@ -42,7 +42,7 @@ class RealTime {
     scope.spawn(detail::keepResult(std::move(task), result, loop));
     loop.exec();
     executor->cancel(guard);
-    if (!result) throw std::runtime_error("the task does not end");
+    if (!result) { throw std::runtime_error("the task does not end"); }
     return std::move(*result);
   }
 
@@ -57,8 +57,9 @@ class RealTime {
   template <class Condition>
   bool letPassUntil(Condition condition) {
     const Instant end = executor->now() + std::chrono::seconds(30);
-    while (!condition() && executor->now() < end)
+    while (!condition() && executor->now() < end) {
       letPass(std::chrono::milliseconds(2));
+    }
     return condition();
   }
 

@@ -20,8 +20,9 @@ TEST_F(AnswersTest, BodyArrivesWholeAndTheRequestHasOneHeaderBeyondTheStacks) {
   EXPECT_EQ(request.method, "GET");
   EXPECT_EQ(request.target, profileTarget);
   std::vector<std::string> names;
-  for (const services::Header& header : request.headers)
+  for (const services::Header& header : request.headers) {
     names.push_back(header.name);
+  }
   std::ranges::sort(names);
   EXPECT_EQ(names, (std::vector<std::string>{"Accept-Encoding", "Accept-Language", "Connection",
                                              "Host", "Pool-Auth-Token", "User-Agent"}));
@@ -50,8 +51,9 @@ TEST_F(AnswersTest, RedirectsKeepTheHeadersWithinTheOriginAndLeaveItOnlyWithoutT
   EXPECT_EQ(get(tipRequest()).value().status, 200);
   const auto elsewhere = local.requests(Service::other);
   ASSERT_EQ(elsewhere.size(), 1U);
-  for (const services::Header& header : elsewhere.front().headers)
+  for (const services::Header& header : elsewhere.front().headers) {
     EXPECT_NE(header.name, "Referer");
+  }
 }
 
 std::string emptyAnswer(const std::string& statusAndHeaders) {
@@ -63,8 +65,9 @@ TEST_F(AnswersTest, RedirectsEndSomewhereAndACookieIsNeverSentBack) {
       [](const Request&) { return emptyAnswer("302 Found\r\nSet-Cookie: a=b\r\nLocation: /on"); });
   EXPECT_EQ(getFrom(server).value().status, 302);
   EXPECT_EQ(server.requests().size(), 6U);
-  for (const Request& request : server.requests())
+  for (const Request& request : server.requests()) {
     EXPECT_EQ(request.header("Cookie"), nullptr);
+  }
 }
 
 TEST_F(AnswersTest, AChallengeIsAnAnswerAndNotAnsweredItself) {

@@ -27,8 +27,9 @@ TEST(RequestRulesTest, HeadersThatCouldSmuggleOthersAreNotSent) {
       {"X", "a\r\nY: b"}, {"X", "a\n"}, {"X", "\r"}, {"X", "a\0b"s},
       {"", "a"},          {"X Y", "a"}, {"X:", "a"}, {"X\n", "a"},
   };
-  for (const HttpHeader& header : refused)
+  for (const HttpHeader& header : refused) {
     EXPECT_FALSE(canBeSent({{"Good", "one"}, header})) << header.name << ": " << header.value;
+  }
 }
 
 TEST(RequestRulesTest, RedirectsLeadWhereHttpsAndTheHeadersMayGo) {

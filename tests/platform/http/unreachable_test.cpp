@@ -16,7 +16,7 @@ bool cutOff() {
 const bool isCutOff = cutOff();
 
 TEST_F(UnreachableTest, WithoutANetworkNoAddressIsReachedAndNoHostFound) {
-  if (!isCutOff) GTEST_SKIP() << "no network namespace of its own";
+  if (!isCutOff) { GTEST_SKIP() << "no network namespace of its own"; }
   QtHttpTransport transport;
   for (const auto& [url, failure] :
        {std::pair("https://192.0.2.1/", HttpFailure::notConnectedToInternet),

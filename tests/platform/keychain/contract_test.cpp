@@ -99,8 +99,9 @@ TYPED_TEST(KeychainContractTest, AddingWhatExistsChangesNothing) {
 
 TYPED_TEST(KeychainContractTest, RemoveTakesEveryMatchAndNothingElse) {
   EXPECT_EQ(this->remove(this->token), KeychainStatus::itemNotFound);
-  for (const char* group : {"a", "b", "c"})
+  for (const char* group : {"a", "b", "c"}) {
     this->add(inGroup(this->token, group), group);
+  }
   const KeychainQuery neighbour{.service = this->token.service, .account = "neighbour"};
   this->add(neighbour, "stays");
 

@@ -53,8 +53,9 @@ TEST_F(ForeignItemsTest, UpdatingKeepsTheItemAndItsOtherAttributes) {
 }
 
 TEST_F(ForeignItemsTest, OfDuplicatesOneIsReadAndAllAreUpdatedAndRemoved) {
-  for (const std::string colour : {"blue", "red", "green"})
+  for (const std::string colour : {"blue", "red", "green"}) {
     storeWithSecretTool(synchronizable + " colour " + colour, colour);
+  }
   const auto first = read();
   ASSERT_TRUE(first);
   EXPECT_EQ(read()->data, first->data);

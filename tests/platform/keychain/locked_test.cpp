@@ -18,7 +18,7 @@ class LockedTest : public RealTimeTest {
  protected:
   LockedTest() {
     const std::string attributes = "service locked account token synchronizable true";
-    if (countWithSecretTool(attributes) == 0) storeWithSecretTool(attributes, "secret");
+    if (countWithSecretTool(attributes) == 0) { storeWithSecretTool(attributes, "secret"); }
     lock();
   }
   static void lock() {
@@ -54,9 +54,10 @@ class Prompter {
   /// Types into the dialog, and Return, unless it is gone; it may not listen at first.
   static bool isClosedWith(const std::string& keys) {
     const std::string dialog = window();
-    if (!dialog.empty())
+    if (!dialog.empty()) {
       outputOf("xdotool windowfocus " + dialog + " key ctrl+a " + keys +
                " 2>/dev/null; xdotool key Return");
+    }
     return dialog.empty();
   }
 

@@ -13,8 +13,9 @@ inline std::string outputOf(const std::string& command) {
   const std::unique_ptr<FILE, int (*)(FILE*)> pipe(::popen(command.c_str(), "r"), &::pclose);
   std::string output;
   std::array<char, 256> buffer{};
-  while (std::fgets(buffer.data(), buffer.size(), pipe.get()) != nullptr)
+  while (std::fgets(buffer.data(), buffer.size(), pipe.get()) != nullptr) {
     output += buffer.data();
+  }
   return output;
 }
 

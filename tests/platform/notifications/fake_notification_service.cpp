@@ -19,9 +19,7 @@ FakeNotificationService::FakeNotificationService(QStringList capabilities, uint 
           QStringLiteral("/org/freedesktop/Notifications"), this,
           QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals) &&
       connection_.registerService(QStringLiteral("org.freedesktop.Notifications"));
-  if (!isServing) {
-    throw std::runtime_error("another notification service is running");
-  }
+  if (!isServing) { throw std::runtime_error("another notification service is running"); }
 }
 
 FakeNotificationService::~FakeNotificationService() {

@@ -52,7 +52,7 @@ void AppTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
 
 QPushButton* AppTest::button(const QString& text, const QString& name) const {
   for (auto* const each : widget("Orvane").findChildren<QPushButton*>()) {
-    if (each->text() == text && each->accessibleDescription() == name) return each;
+    if (each->text() == text && each->accessibleDescription() == name) { return each; }
   }
   return nullptr;
 }

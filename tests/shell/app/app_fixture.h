@@ -35,7 +35,7 @@ class AppTest : public StoreTest {
   template <class Widget>
   [[nodiscard]] Widget* find(const QString& accessibleName) const {
     for (auto* const child : widget("Orvane").findChildren<Widget*>()) {
-      if (child->accessibleName() == accessibleName) return child;
+      if (child->accessibleName() == accessibleName) { return child; }
     }
     return nullptr;
   }

@@ -14,7 +14,7 @@ constexpr int clockSpeed = 20;
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != argumentsNeeded) return 2;
+  if (argc != argumentsNeeded) { return 2; }
   return orvane::runProgram(
       1, argv,
       {.hosts = {.pool = argv[1], .explorer = argv[2], .price = argv[3], .fallbackPrice = argv[4]},

@@ -35,7 +35,7 @@ TEST_F(WindowsStory, EveryWayToCloseTheMainWindowHidesAllAndAClickBringsItBack) 
       [this] { press(Qt::Key_M, Qt::ControlModifier); },
       [this] {
         for (auto* const button : widget("Orvane").findChildren<QPushButton*>()) {
-          if (button->text() == QStringLiteral("Close")) button->click();
+          if (button->text() == QStringLiteral("Close")) { button->click(); }
         }
         settle();
       }};

@@ -62,7 +62,7 @@ int main(int argc, char** argv) {
   QApplication::setWindowIcon(orvane::applicationIcon());
   const auto arguments = QApplication::arguments();
   const QDir folder(arguments.value(1, QStringLiteral(".")));
-  if (!folder.mkpath(QStringLiteral("."))) return 1;
+  if (!folder.mkpath(QStringLiteral("."))) { return 1; }
   QApplication::setStyle(arguments.value(2, QStringLiteral("fusion")));
   orvane::test::takeAll(folder, QStringLiteral("-light"));
   orvane::ColorScheme::apply(orvane::ColorScheme::Preference::dark);

@@ -14,7 +14,7 @@ class AccessibilityTest : public ContentTest {
 TEST_F(AccessibilityTest, EverythingThatTakesTheFocusHasANameAndARole) {
   int reached = 0;
   for (auto* const child : content->findChildren<QWidget*>()) {
-    if (!child->isVisible() || !(child->focusPolicy() & Qt::TabFocus)) continue;
+    if (!child->isVisible() || !(child->focusPolicy() & Qt::TabFocus)) { continue; }
     ++reached;
     const auto* const spoken = QAccessible::queryAccessibleInterface(child);
     ASSERT_TRUE(spoken);
@@ -31,7 +31,7 @@ TEST_F(AccessibilityTest, TabGoesFromTheCardsThroughTheSettingsToTheTablesAndThe
     if (at->isVisible() && (at->focusPolicy() & Qt::TabFocus)) {
       order.append(QAccessible::queryAccessibleInterface(at)->text(QAccessible::Name));
     }
-    if (at->nextInFocusChain() == first) break;
+    if (at->nextInFocusChain() == first) { break; }
   }
   const auto expected = QStringLiteral(
                             "sats,Braiins API token,Remove,Workers,Daily history,"

@@ -54,7 +54,7 @@ TEST_F(CoalescedUpdateTest, ARequestMadeDuringAnUpdateIsNotLost) {
   CoalescedUpdate* self = nullptr;
   CoalescedUpdate repeating(other, [&] {
     ++updates;
-    if (--left > 0) self->request();
+    if (--left > 0) { self->request(); }
   });
   self = &repeating;
   other.show();

@@ -30,7 +30,7 @@ class ContentTest : public testing::Test {
   template <class Widget>
   [[nodiscard]] Widget* find(const QString& accessibleName) const {
     for (auto* const child : content->findChildren<Widget*>()) {
-      if (child->accessibleName() == accessibleName) return child;
+      if (child->accessibleName() == accessibleName) { return child; }
     }
     return nullptr;
   }

@@ -12,7 +12,7 @@ namespace {
 class CountingModel final : public QIdentityProxyModel {
  public:
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
-    if (role == Qt::DisplayRole) rows.insert(index.row());
+    if (role == Qt::DisplayRole) { rows.insert(index.row()); }
     return QIdentityProxyModel::data(index, role);
   }
   mutable std::set<int> rows;

@@ -13,13 +13,15 @@ namespace {
 class LayoutTest : public ContentTest, public testing::WithParamInterface<int> {};
 
 bool isCutOff(const QLabel& label) {
-  if (!label.isVisible() || label.wordWrap() || label.textFormat() == Qt::RichText) return false;
+  if (!label.isVisible() || label.wordWrap() || label.textFormat() == Qt::RichText) {
+    return false;
+  }
   return QFontMetrics(label.font()).horizontalAdvance(label.text()) > label.width() + 1;
 }
 
 TEST_P(LayoutTest, NoTextIsCutOffAndNoColumnScrollsSideways) {
   for (const auto& sample : namedStates()) {
-    if (GetParam() < windowLayout(sample.state).minimumWidth) continue;
+    if (GetParam() < windowLayout(sample.state).minimumWidth) { continue; }
     show(sample.state);
     content->setMinimumSize(0, 0);
     content->resize(GetParam(), 900);
@@ -28,7 +30,7 @@ TEST_P(LayoutTest, NoTextIsCutOffAndNoColumnScrollsSideways) {
       EXPECT_FALSE(isCutOff(*label)) << sample.name << ": " << label->text().toStdString();
     }
     for (const auto* const column : content->findChildren<QScrollArea*>()) {
-      if (!column->isVisible()) continue;
+      if (!column->isVisible()) { continue; }
       EXPECT_EQ(column->horizontalScrollBar()->maximum(), 0)
           << sample.name << ": " << column->accessibleName().toStdString();
     }

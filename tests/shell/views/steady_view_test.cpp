@@ -22,7 +22,7 @@ class EventCounter final : public QObject {
 
  protected:
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    if (event->type() == QEvent::Paint) ++paints;
+    if (event->type() == QEvent::Paint) { ++paints; }
     return false;
   }
 };
@@ -59,7 +59,7 @@ TEST_F(SteadyView, TypedTextFocusScrollingAndSelectionSurviveNewFigures) {
   ASSERT_EQ(table.value(), 900);
   TextLabel* address = nullptr;
   for (auto* const label : content->findChildren<TextLabel*>()) {
-    if (label->text() == QString::fromStdString(state.watchedAddress)) address = label;
+    if (label->text() == QString::fromStdString(state.watchedAddress)) { address = label; }
   }
   ASSERT_TRUE(address);
   address->setSelection(2, 9);
@@ -82,7 +82,7 @@ TEST_F(SteadyView, AnUnchangedStateRepaintsNothing) {
 TEST_F(SteadyView, ABusyButtonMovesAndGivesTheFocusBack) {
   RefreshButton* button = nullptr;
   for (auto* const each : content->findChildren<RefreshButton*>()) {
-    if (each->isVisible() && !button) button = each;
+    if (each->isVisible() && !button) { button = each; }
   }
   ASSERT_TRUE(button);
   button->setFocus();

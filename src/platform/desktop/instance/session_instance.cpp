@@ -36,8 +36,8 @@ QVariantMap ownPlatformData() {
   QVariantMap data;
   const auto startupId = qEnvironmentVariable("DESKTOP_STARTUP_ID");
   const auto token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN", startupId);
-  if (!startupId.isEmpty()) data.insert(QStringLiteral("desktop-startup-id"), startupId);
-  if (!token.isEmpty()) data.insert(QStringLiteral("activation-token"), token);
+  if (!startupId.isEmpty()) { data.insert(QStringLiteral("desktop-startup-id"), startupId); }
+  if (!token.isEmpty()) { data.insert(QStringLiteral("activation-token"), token); }
   return data;
 }
 
@@ -58,7 +58,7 @@ SessionInstance::SessionInstance(const QString& applicationId, std::chrono::mill
 SessionInstance::~SessionInstance() { bus_.unregisterObject(path_); }
 
 InstanceRole SessionInstance::claim() {
-  if (!bus_.isConnected()) return InstanceRole::alone;
+  if (!bus_.isConnected()) { return InstanceRole::alone; }
   // The object comes before the name: who waits for the name may call at once.
   bus_.registerObject(path_, this, QDBusConnection::ExportAllSlots);
   for (int attempt = 0; attempt < claimAttempts; ++attempt) {
@@ -66,7 +66,7 @@ InstanceRole SessionInstance::claim() {
       case primaryOwner:
         return InstanceRole::first;
       case nameHasOtherOwner:
-        if (activateOther()) return InstanceRole::handedOver;
+        if (activateOther()) { return InstanceRole::handedOver; }
         break;
       default:
         return InstanceRole::alone;
@@ -92,7 +92,7 @@ bool SessionInstance::activateOther() const {
 }
 
 void SessionInstance::Activate(const QVariantMap& platformData) {
-  if (requests_.activate) requests_.activate(activationToken(platformData));
+  if (requests_.activate) { requests_.activate(activationToken(platformData)); }
 }
 
 void SessionInstance::Open(const QStringList& /*uris*/, const QVariantMap& platformData) {
@@ -101,7 +101,9 @@ void SessionInstance::Open(const QStringList& /*uris*/, const QVariantMap& platf
 
 void SessionInstance::ActivateAction(const QString& name, const QVariantList& /*parameters*/,
                                      const QVariantMap& platformData) {
-  if (requests_.runAction) requests_.runAction(name.toStdString(), activationToken(platformData));
+  if (requests_.runAction) {
+    requests_.runAction(name.toStdString(), activationToken(platformData));
+  }
 }
 
 }  // namespace orvane

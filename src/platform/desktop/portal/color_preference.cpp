@@ -48,7 +48,7 @@ void PortalColorPreference::ask(Start start) {
   connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
     watcher->deleteLater();
     const QDBusPendingReply<QDBusVariant> reply = *watcher;
-    if (!reply.isError()) handle_(preferenceIn(reply.value().variant()));
+    if (!reply.isError()) { handle_(preferenceIn(reply.value().variant())); }
   });
 }
 

@@ -20,13 +20,13 @@ void activateOnX11(xcb_connection_t& connection, QWidget& window, const std::str
   const auto id = static_cast<xcb_window_t>(window.winId());
   const auto time = startupTime(token);
   sendToRoot(connection, id, "_NET_ACTIVE_WINDOW", {actOfTheUser, time, 0, 0, 0});
-  if (!token.empty()) endStartupSequence(connection, id, token);
+  if (!token.empty()) { endStartupSequence(connection, id, token); }
   xcb_flush(&connection);
 }
 
 /// Null where the display is no X server; other platforms offer the interface without a server.
 xcb_connection_t* x11Connection() {
-  if (QGuiApplication::platformName() != QStringLiteral("xcb")) return nullptr;
+  if (QGuiApplication::platformName() != QStringLiteral("xcb")) { return nullptr; }
   const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
   return x11 ? x11->connection() : nullptr;
 }
@@ -37,7 +37,7 @@ unsigned startupTime(const std::string& token) {
   constexpr std::string_view mark = "_TIME";
   const auto found = token.rfind(mark);
   unsigned time = 0;
-  if (found == std::string::npos) return time;
+  if (found == std::string::npos) { return time; }
   std::from_chars(token.data() + found + mark.size(), token.data() + token.size(), time);
   return time;
 }
@@ -45,10 +45,10 @@ unsigned startupTime(const std::string& token) {
 void activateWindow(QWidget& window, const std::string& token) {
   auto* const x11 = x11Connection();
   // Where the compositor hands out permissions, Qt takes them from the environment.
-  if (!x11 && !token.empty()) qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(token));
+  if (!x11 && !token.empty()) { qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(token)); }
   window.raise();
   window.activateWindow();
-  if (x11) activateOnX11(*x11, window, token);
+  if (x11) { activateOnX11(*x11, window, token); }
 }
 
 }  // namespace orvane

@@ -25,10 +25,10 @@ void ColorScheme::apply(ColorPreference preference) {
     case ColorPreference::none:
       break;
     case ColorPreference::dark:
-      if (!dark) QApplication::setPalette(darkPalette());
+      if (!dark) { QApplication::setPalette(darkPalette()); }
       break;
     case ColorPreference::light:
-      if (dark) QApplication::setPalette(lightPalette());
+      if (dark) { QApplication::setPalette(lightPalette()); }
       break;
   }
 }

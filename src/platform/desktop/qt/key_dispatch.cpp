@@ -30,11 +30,11 @@ Registration KeyDispatch::addMonitor(DesktopApplication::KeyMonitor monitor) {
 
 bool KeyDispatch::eventFilter(QObject* watched, QEvent* event) {
   const auto type = event->type();
-  if (type != QEvent::ShortcutOverride && type != QEvent::KeyPress) return false;
+  if (type != QEvent::ShortcutOverride && type != QEvent::KeyPress) { return false; }
   // Widgets get the key only after their window has.
-  if (!watched->isWindowType() || QApplication::activePopupWidget()) return false;
+  if (!watched->isWindowType() || QApplication::activePopupWidget()) { return false; }
   auto& keyEvent = static_cast<QKeyEvent&>(*event);
-  if (isModifierKey(keyEvent.key())) return false;
+  if (isModifierKey(keyEvent.key())) { return false; }
   // A press arrives twice, first to let a field claim it before the shortcuts; it is asked about
   // once.
   bool swallowed = false;
@@ -46,7 +46,7 @@ bool KeyDispatch::eventFilter(QObject* watched, QEvent* event) {
     swallowed =
         answered && answered->key == keyEvent.key() ? answered->swallowed : answer(keyEvent);
   }
-  if (swallowed) keyEvent.accept();
+  if (swallowed) { keyEvent.accept(); }
   return swallowed;
 }
 
@@ -61,7 +61,7 @@ bool KeyDispatch::isSwallowed(const DesktopEvent& event) {
   const auto asked = monitors_;
   for (const auto& known : asked) {
     const auto monitor = known.lock();
-    if (monitor && (*monitor)(event) == KeyDecision::swallow) return true;
+    if (monitor && (*monitor)(event) == KeyDecision::swallow) { return true; }
   }
   return windowKeys_(event);
 }

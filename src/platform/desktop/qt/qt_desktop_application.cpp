@@ -61,7 +61,7 @@ Registration QtDesktopApplication::addKeyDownMonitor(KeyMonitor monitor) {
 }
 
 bool QtDesktopApplication::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::Quit || watched != QCoreApplication::instance()) return false;
+  if (event->type() != QEvent::Quit || watched != QCoreApplication::instance()) { return false; }
   // The default would close every window first and give up when one refuses.
   terminate();
   return true;
@@ -75,7 +75,7 @@ DesktopWindow* QtDesktopApplication::keyWindow() const {
 
 bool QtDesktopApplication::handleWindowKey(const DesktopEvent& event) {
   auto* const window = keyWindow();
-  if (!window || event.modifiers != ModifierFlags{.control = true}) return false;
+  if (!window || event.modifiers != ModifierFlags{.control = true}) { return false; }
   if (event.charactersIgnoringModifiers == "w") {
     window->performClose();
   } else if (event.charactersIgnoringModifiers == "m") {

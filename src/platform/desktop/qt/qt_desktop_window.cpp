@@ -11,7 +11,9 @@ namespace {
 /// For a moment after a window is hidden Qt still takes it for the one with the focus, and then
 /// overlooks that the focus comes back to it.
 void noticeReturningFocus(QWidget& window) {
-  if (QGuiApplication::focusWindow() != window.windowHandle() || window.isActiveWindow()) return;
+  if (QGuiApplication::focusWindow() != window.windowHandle() || window.isActiveWindow()) {
+    return;
+  }
   QT_WARNING_PUSH
   QT_WARNING_DISABLE_DEPRECATED
   QApplication::setActiveWindow(&window);
@@ -44,13 +46,13 @@ void QtDesktopWindow::orderOut() { widget_->hide(); }
 
 void QtDesktopWindow::makeKeyAndOrderFront() {
   onOrderFront_(*this);
-  if (isMiniaturized()) deminiaturize();
+  if (isMiniaturized()) { deminiaturize(); }
   // A window manager places a window anew each time it appears unless it asks for its place.
   if (const auto place = std::exchange(placeWhenHidden_, std::nullopt)) {
     widget_->setGeometry(*place);
   }
   widget_->show();
-  if (focusWhenHidden_) focusWhenHidden_->setFocus();
+  if (focusWhenHidden_) { focusWhenHidden_->setFocus(); }
   focusWhenHidden_.clear();
   widget_->raise();
   widget_->activateWindow();
@@ -70,11 +72,11 @@ Registration QtDesktopWindow::observe(std::function<void(const WindowNotificatio
 bool QtDesktopWindow::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::Close:
-      if (mayClose()) break;
+      if (mayClose()) { break; }
       event->ignore();
       return true;
     case QEvent::Hide:
-      if (!event->spontaneous()) remember();
+      if (!event->spontaneous()) { remember(); }
       break;
     case QEvent::WindowActivate:
       notifications_.send(WindowNotification::didBecomeKey);
@@ -95,20 +97,20 @@ void QtDesktopWindow::remember() {
 
 bool QtDesktopWindow::mayClose() {
   const auto delegate = delegate_.lock();
-  if (delegate && !delegate->windowShouldClose(*this)) return false;
+  if (delegate && !delegate->windowShouldClose(*this)) { return false; }
   notifications_.send(WindowNotification::willClose);
   return true;
 }
 
 void QtDesktopWindow::handleStateChange() {
   const bool miniaturized = isMiniaturized();
-  if (std::exchange(wasMiniaturized_, miniaturized) == miniaturized) return;
+  if (std::exchange(wasMiniaturized_, miniaturized) == miniaturized) { return; }
   const auto delegate = delegate_.lock();
   if (miniaturized) {
-    if (delegate) delegate->windowDidMiniaturize(*this);
+    if (delegate) { delegate->windowDidMiniaturize(*this); }
     notifications_.send(WindowNotification::didMiniaturize);
   } else {
-    if (delegate) delegate->windowDidDeminiaturize(*this);
+    if (delegate) { delegate->windowDidDeminiaturize(*this); }
     notifications_.send(WindowNotification::didDeminiaturize);
   }
 }

@@ -46,14 +46,14 @@ TerminationSignals::TerminationSignals(std::function<void()> onSignal)
     : sockets_(connectedSockets()),
       onSignal_(std::move(onSignal)),
       notifier_(sockets_[0], QSocketNotifier::Read) {
-  if (sockets_[0] < 0) return;
+  if (sockets_[0] < 0) { return; }
   connect(&notifier_, &QSocketNotifier::activated, this, &TerminationSignals::receive);
   writingEnd = sockets_[1];
   handle(handleSignal);
 }
 
 TerminationSignals::~TerminationSignals() {
-  if (sockets_[0] < 0) return;
+  if (sockets_[0] < 0) { return; }
   handle(SIG_DFL);
   writingEnd = -1;
   notifier_.setEnabled(false);
@@ -64,7 +64,7 @@ TerminationSignals::~TerminationSignals() {
 
 void TerminationSignals::receive() {
   std::array<char, 16> bytes{};
-  if (read(sockets_[0], bytes.data(), bytes.size()) > 0) onSignal_();
+  if (read(sockets_[0], bytes.data(), bytes.size()) > 0) { onSignal_(); }
 }
 
 }  // namespace orvane

@@ -43,7 +43,7 @@ xcb_client_message_event_t clientMessage(xcb_window_t window, xcb_atom_t type,
 std::string quoted(const std::string& text) {
   std::string result = "\"";
   for (const char character : text) {
-    if (character == '"' || character == '\\') result += '\\';
+    if (character == '"' || character == '\\') { result += '\\'; }
     result += character;
   }
   return result + '"';

@@ -22,7 +22,7 @@ std::unique_ptr<StatusItem> DesktopStatusBar::createItem(double /*length*/) {
 
 std::optional<PointSize> DesktopStatusBar::symbolSize(const std::string& name,
                                                       double pointSize) const {
-  if (!hasSymbol(QString::fromStdString(name))) return std::nullopt;
+  if (!hasSymbol(QString::fromStdString(name))) { return std::nullopt; }
   return symbolMeasure(QString::fromStdString(name), pointSize);
 }
 

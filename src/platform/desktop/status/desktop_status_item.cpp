@@ -60,7 +60,7 @@ void DesktopStatusItem::handleSurroundings() {
 }
 
 void DesktopStatusItem::present() {
-  if (!surroundings_.isKnown()) return;
+  if (!surroundings_.isKnown()) { return; }
   const auto wanted = choosePresentation(surroundings_.facts());
   if (!presenter_ || wanted != presentation_) {
     presenter_.reset();  // before its successor takes the same name on the bus
@@ -87,18 +87,18 @@ StatusRequests DesktopStatusItem::requests() {
           .menu = [this] { return takeMenu(); },
           .activationToken =
               [this](const std::string& token) {
-                if (activationToken_) activationToken_(token);
+                if (activationToken_) { activationToken_(token); }
               }};
 }
 
 void DesktopStatusItem::click() {
   const auto action = action_;
-  if (action) action(DesktopEvent{.type = DesktopEvent::Type::leftMouseUp});
+  if (action) { action(DesktopEvent{.type = DesktopEvent::Type::leftMouseUp}); }
 }
 
 std::optional<Menu> DesktopStatusItem::takeMenu() {
   const auto action = action_;
-  if (!action) return std::nullopt;
+  if (!action) { return std::nullopt; }
   takenMenu_.reset();
   takingMenu_ = true;
   action(DesktopEvent{.type = DesktopEvent::Type::rightMouseUp});

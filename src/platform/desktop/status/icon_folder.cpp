@@ -31,23 +31,23 @@ void removeLeftovers(const QDir& runtime) {
 
 IconFolder::IconFolder() {
   const auto runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-  if (runtime.isEmpty()) return;
+  if (runtime.isEmpty()) { return; }
   const QDir directory(runtime);
   removeLeftovers(directory);
   const auto name = prefix + QString::number(QCoreApplication::applicationPid());
-  if (directory.mkpath(name)) path_ = directory.filePath(name);
+  if (directory.mkpath(name)) { path_ = directory.filePath(name); }
 }
 
 IconFolder::~IconFolder() {
-  if (!path_.isEmpty()) QDir(path_).removeRecursively();
+  if (!path_.isEmpty()) { QDir(path_).removeRecursively(); }
 }
 
 QString IconFolder::store(const QImage& image) {
-  if (path_.isEmpty()) return {};
+  if (path_.isEmpty()) { return {}; }
   auto name = QStringLiteral("orvane-status-%1").arg(++count_);
   const auto file = path_ + u'/' + name + QStringLiteral(".png");
-  if (!image.save(file)) return {};
-  if (!previous_.isEmpty()) QFile::remove(previous_);
+  if (!image.save(file)) { return {}; }
+  if (!previous_.isEmpty()) { QFile::remove(previous_); }
   previous_ = std::exchange(newest_, file);
   return name;
 }

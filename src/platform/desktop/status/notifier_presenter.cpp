@@ -37,12 +37,12 @@ NotifierPresenter::NotifierPresenter(Presentation presentation, SessionBus& bus,
       popup_(executor) {
   registerNotifierTypes();
   registerMenuTypes();
-  if (presentation_ == Presentation::wideFile) icons_.emplace();
+  if (presentation_ == Presentation::wideFile) { icons_.emplace(); }
   busObserver_ = bus_.observe([this] { appear(); });
 }
 
 void NotifierPresenter::show(const StatusContent& content) {
-  if (content_ == content) return;
+  if (content_ == content) { return; }
   content_ = content;
   state_ = stateFor(content);
   if (!item_) {
@@ -56,7 +56,7 @@ void NotifierPresenter::show(const StatusContent& content) {
 void NotifierPresenter::appear() {
   item_.reset();
   menu_.reset();
-  if (!content_ || !bus_.isOpen()) return;
+  if (!content_ || !bus_.isOpen()) { return; }
   // The menu first: a host may ask for it as soon as it hears of the item.
   menu_.emplace(bus_.connection(), QLatin1String(NotifierItem::menuPath), executor_,
                 requests_.menu);
@@ -67,7 +67,7 @@ NotifierRequests NotifierPresenter::notifierRequests() {
   return {.activate = requests_.click,
           .contextMenu =
               [this](int x, int y) {
-                if (const auto menu = requests_.menu()) popup_.popUp(*menu, QPoint(x, y));
+                if (const auto menu = requests_.menu()) { popup_.popUp(*menu, QPoint(x, y)); }
               },
           .activationToken = requests_.activationToken};
 }
@@ -76,7 +76,7 @@ NotifierState NotifierPresenter::stateFor(const StatusContent& content) {
   NotifierState state;
   state.toolTip.title = QString::fromStdString(
       presentation_ == Presentation::square ? toolTipWithText(content) : content.toolTip);
-  if (!content.image) return state;
+  if (!content.image) { return state; }
   state.title = QString::fromStdString(content.image->accessibilityDescription);
   addIcon(state, *content.image, inkFor(*content.image, content.shade));
   return state;
@@ -92,7 +92,7 @@ void NotifierPresenter::addIcon(NotifierState& state, const StatusImage& image,
     case Presentation::wideFile:
       state.iconThemePath = icons_->path();
       state.iconName = icons_->store(drawWide(image, fileHeight, ink));
-      if (!state.iconName.isEmpty()) return;
+      if (!state.iconName.isEmpty()) { return; }
       [[fallthrough]];
     case Presentation::widePixmap:
       state.iconPixmaps = drawAll(wideHeights, drawWide, image, ink);

@@ -27,7 +27,7 @@ void PopupMenu::addRow(const MenuItem& item) {
     row->setShortcutVisibleInContextMenu(true);
   }
   QObject::connect(row, &QAction::triggered, shown_.get(), [this, action = item.action] {
-    if (action) executor_.post(action);
+    if (action) { executor_.post(action); }
   });
 }
 

@@ -29,8 +29,8 @@ Presentation choosePresentation(const TrayFacts& facts) {
   if (facts.trayManager && !facts.dockingFailed && prefersTrayManager(facts)) {
     return isXfce(facts) || isMate(facts) ? Presentation::dockedWide : Presentation::dockedSquare;
   }
-  if (isAnyOf(facts, {"GNOME", "ubuntu", "Unity"})) return Presentation::labelBesideSymbol;
-  if (facts.indicatorService) return Presentation::wideFile;
+  if (isAnyOf(facts, {"GNOME", "ubuntu", "Unity"})) { return Presentation::labelBesideSymbol; }
+  if (facts.indicatorService) { return Presentation::wideFile; }
   // The last four run waybar as a rule.
   if (isMate(facts) || isAnyOf(facts, {"sway", "Hyprland", "river", "niri"})) {
     return Presentation::widePixmap;
@@ -42,7 +42,7 @@ std::vector<std::string> desktopNames(const std::string& variable) {
   std::vector<std::string> names;
   std::istringstream parts(variable);
   for (std::string name; std::getline(parts, name, ':');) {
-    if (!name.empty()) names.push_back(name);
+    if (!name.empty()) { names.push_back(name); }
   }
   return names;
 }

@@ -27,7 +27,7 @@ InstanceRole secondStart(const char* variable, const char* value = "", bool list
   QEventLoop loop;
   QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
   process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--claim"), id});
-  if (listening) loop.exec();
+  if (listening) { loop.exec(); }
   process.waitForFinished();
   return static_cast<InstanceRole>(process.exitCode());
 }

@@ -14,7 +14,7 @@ constexpr QColor lightPanel(0xf4, 0xf4, 0xf0);
 bool hasGreen(const QImage& picture) {
   for (int x = 0; x < picture.width(); ++x) {
     const auto color = picture.pixelColor(x, picture.height() / 2);
-    if (color.green() > color.red() + 30 && color.green() > color.blue() + 30) return true;
+    if (color.green() > color.red() + 30 && color.green() > color.blue() + 30) { return true; }
   }
   return false;
 }
@@ -24,7 +24,7 @@ class DockedTest : public StatusItemTest {
   /// Waits with the tray at work.
   [[nodiscard]] bool within(const std::function<bool()>& condition) {
     return QTest::qWaitFor([&] {
-      if (tray) tray->handleEvents();
+      if (tray) { tray->handleEvents(); }
       return condition();
     });
   }

@@ -96,7 +96,7 @@ MenuLayoutNode FakeHost::layout() {
 int FakeHost::rowId(const char* label) {
   for (const auto& child : layout().children) {
     const auto row = qdbus_cast<MenuLayoutNode>(child.variant());
-    if (row.properties.value(QStringLiteral("label")) == QLatin1String(label)) return row.id;
+    if (row.properties.value(QStringLiteral("label")) == QLatin1String(label)) { return row.id; }
   }
   return 0;
 }

@@ -51,9 +51,9 @@ void FakeTray::announce() const {
 
 void FakeTray::handleEvents() {
   while (const XReply<xcb_generic_event_t> event{xcb_poll_for_event(connection_)}) {
-    if ((event->response_type & ~0x80) != XCB_CLIENT_MESSAGE || !takesWindows_) continue;
+    if ((event->response_type & ~0x80) != XCB_CLIENT_MESSAGE || !takesWindows_) { continue; }
     const auto& message = *reinterpret_cast<const xcb_client_message_event_t*>(event.get());
-    if (message.type == atom("_NET_SYSTEM_TRAY_OPCODE")) takeIn(message.data.data32[2]);
+    if (message.type == atom("_NET_SYSTEM_TRAY_OPCODE")) { takeIn(message.data.data32[2]); }
   }
 }
 
@@ -67,7 +67,7 @@ void FakeTray::takeIn(xcb_window_t icon) {
 }
 
 QImage FakeTray::picture() const {
-  if (icon_ == XCB_WINDOW_NONE) return {};
+  if (icon_ == XCB_WINDOW_NONE) { return {}; }
   return QGuiApplication::primaryScreen()->grabWindow(icon_).toImage();
 }
 

@@ -8,11 +8,11 @@ std::string describe(const MenuLayoutNode& row) {
   const auto text = [&](const char* name) {
     return row.properties.value(QLatin1String(name)).toString().toStdString();
   };
-  if (text("type") == "separator") return "-";
+  if (text("type") == "separator") { return "-"; }
   auto line = text("label");
-  if (!row.properties.value(QStringLiteral("enabled"), true).toBool()) line += " [off]";
+  if (!row.properties.value(QStringLiteral("enabled"), true).toBool()) { line += " [off]"; }
   const auto shortcut = qdbus_cast<MenuShortcut>(row.properties.value(QStringLiteral("shortcut")));
-  if (!shortcut.isEmpty()) line += " " + shortcut.front().join(u'+').toStdString();
+  if (!shortcut.isEmpty()) { line += " " + shortcut.front().join(u'+').toStdString(); }
   return line;
 }
 

@@ -87,7 +87,7 @@ TEST_F(NotifierTest, PixmapsAreGreenInNetworkByteOrder) {
     int opaque = 0;
     for (qsizetype at = 0; at < pixmap.bytes.size(); at += 4) {
       const auto byte = [&](qsizetype n) { return static_cast<uchar>(pixmap.bytes.at(at + n)); };
-      if (byte(0) < 200) continue;
+      if (byte(0) < 200) { continue; }
       ++opaque;
       EXPECT_GT(byte(2), byte(1));
       EXPECT_GT(byte(2), byte(3));

@@ -33,7 +33,7 @@ Registration DesktopShade::observe(std::function<void()> listener) {
 void DesktopShade::follow() {
   portal_.reset();
   preference_.reset();
-  if (!bus_.isOpen()) return;
+  if (!bus_.isOpen()) { return; }
   const auto& connection = bus_.connection();
   preference_ = std::make_unique<PortalColorPreference>(
       connection, [this](ColorPreference preference) { setShade(shadeOf(preference)); });
@@ -47,7 +47,7 @@ void DesktopShade::follow() {
 void DesktopShade::ask() { preference_->ask(PortalColorPreference::Start::never); }
 
 void DesktopShade::setShade(PanelShade shade) {
-  if (std::exchange(shade_, shade) != shade) changed_.send();
+  if (std::exchange(shade_, shade) != shade) { changed_.send(); }
 }
 
 }  // namespace orvane

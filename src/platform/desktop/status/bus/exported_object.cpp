@@ -34,7 +34,7 @@ QString ExportedObject::introspect(const QString& /*path*/) const {
 }
 
 bool ExportedObject::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
-  if (message.type() != QDBusMessage::MethodCallMessage) return false;
+  if (message.type() != QDBusMessage::MethodCallMessage) { return false; }
   const bool isForProperties = message.interface() == propertiesInterface;
   if (!isForProperties && !message.interface().isEmpty() &&
       message.interface() != surface_.interface) {

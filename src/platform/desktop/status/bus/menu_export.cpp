@@ -25,7 +25,7 @@ MenuExport::MenuExport(const QDBusConnection& connection, const QString& path, E
     : executor_(executor), source_(std::move(source)), object_(connection, path, surface()) {}
 
 void MenuExport::contentMayHaveChanged() {
-  if (wasRead_) rebuild();
+  if (wasRead_) { rebuild(); }
 }
 
 bool MenuExport::rebuild() {
@@ -54,8 +54,8 @@ QVariantList MenuExport::aboutToShowGroup(const QVariantList& arguments) {
   QList<int> changed;
   QList<int> missing;
   for (const int id : qdbus_cast<QList<int>>(arguments.at(0))) {
-    if (id == 0 && rebuild()) changed.append(id);
-    if (id != 0 && !model_.find(id)) missing.append(id);
+    if (id == 0 && rebuild()) { changed.append(id); }
+    if (id != 0 && !model_.find(id)) { missing.append(id); }
   }
   return {QVariant::fromValue(changed), QVariant::fromValue(missing)};
 }
@@ -63,18 +63,18 @@ QVariantList MenuExport::aboutToShowGroup(const QVariantList& arguments) {
 QVariantList MenuExport::eventGroup(const QVariantList& arguments) {
   QList<int> missing;
   for (const auto& event : qdbus_cast<MenuEvents>(arguments.at(0))) {
-    if (!handleEvent(event.id, event.name)) missing.append(event.id);
+    if (!handleEvent(event.id, event.name)) { missing.append(event.id); }
   }
   return {QVariant::fromValue(missing)};
 }
 
 bool MenuExport::handleEvent(int id, const QString& name) {
   if (id == 0) {
-    if (name == QStringLiteral("opened")) rebuild();
+    if (name == QStringLiteral("opened")) { rebuild(); }
     return true;
   }
   const auto* const item = model_.find(id);
-  if (!item) return false;
+  if (!item) { return false; }
   if (name == QStringLiteral("clicked") && item->enabled && item->action) {
     executor_.post(item->action);
   }

@@ -14,15 +14,15 @@ QVariant shortcut(const std::string& keyEquivalent) {
 }
 
 QVariantMap limited(QVariantMap properties, const QStringList& names) {
-  if (names.isEmpty()) return properties;
+  if (names.isEmpty()) { return properties; }
   properties.removeIf([&](const auto& property) { return !names.contains(property.key()); });
   return properties;
 }
 
 QVariantMap allRowProperties(const MenuItem& item) {
-  if (item.isSeparator()) return {{QStringLiteral("type"), QStringLiteral("separator")}};
+  if (item.isSeparator()) { return {{QStringLiteral("type"), QStringLiteral("separator")}}; }
   QVariantMap properties{{QStringLiteral("label"), label(item.title)}};
-  if (!item.enabled) properties.insert(QStringLiteral("enabled"), false);
+  if (!item.enabled) { properties.insert(QStringLiteral("enabled"), false); }
   if (!item.keyEquivalent.empty()) {
     properties.insert(QStringLiteral("shortcut"), shortcut(item.keyEquivalent));
   }
@@ -44,8 +44,8 @@ QVariantMap menuProperties(const QStringList& names) {
 }
 
 QVariant defaultProperty(const QString& name) {
-  if (name == QStringLiteral("enabled") || name == QStringLiteral("visible")) return true;
-  if (name == QStringLiteral("type")) return QStringLiteral("standard");
+  if (name == QStringLiteral("enabled") || name == QStringLiteral("visible")) { return true; }
+  if (name == QStringLiteral("type")) { return QStringLiteral("standard"); }
   return QString();
 }
 
@@ -54,9 +54,9 @@ MenuLayoutNode menuLayout(const MenuModel& model, int parent, int depth, const Q
     return {.id = parent, .properties = rowProperties(*item, names), .children = {}};
   }
   MenuLayoutNode node{.id = parent, .properties = {}, .children = {}};
-  if (parent != 0) return node;
+  if (parent != 0) { return node; }
   node.properties = menuProperties(names);
-  if (depth == 0) return node;
+  if (depth == 0) { return node; }
   for (const auto& row : model.rows()) {
     node.children.append(QDBusVariant(QVariant::fromValue(rowNode(row, names))));
   }
@@ -70,7 +70,7 @@ MenuRowPropertiesList groupProperties(const MenuModel& model, const QList<int>& 
     list.append({.id = 0, .properties = menuProperties(names)});
   }
   for (const auto& row : model.rows()) {
-    if (!ids.isEmpty() && !ids.contains(row.id)) continue;
+    if (!ids.isEmpty() && !ids.contains(row.id)) { continue; }
     list.append({.id = row.id, .properties = rowProperties(row.item, names)});
   }
   return list;

@@ -31,7 +31,7 @@ bool MenuModel::replace(Menu menu) {
     differs = differs || old[at].id != id || !looksLike(old[at].item, item);
     rows_.push_back({.id = id, .item = std::move(item)});
   }
-  if (differs) ++revision_;
+  if (differs) { ++revision_; }
   return differs;
 }
 

@@ -37,9 +37,9 @@ void NotifierItem::setState(NotifierState state) {
   if (old.iconThemePath != state_.iconThemePath) {
     object_.sendSignal(QStringLiteral("NewIconThemePath"), {state_.iconThemePath});
   }
-  if (!sameIcon(old, state_)) object_.sendSignal(QStringLiteral("NewIcon"));
-  if (old.title != state_.title) object_.sendSignal(QStringLiteral("NewTitle"));
-  if (old.toolTip != state_.toolTip) object_.sendSignal(QStringLiteral("NewToolTip"));
+  if (!sameIcon(old, state_)) { object_.sendSignal(QStringLiteral("NewIcon")); }
+  if (old.title != state_.title) { object_.sendSignal(QStringLiteral("NewTitle")); }
+  if (old.toolTip != state_.toolTip) { object_.sendSignal(QStringLiteral("NewToolTip")); }
   if (old.label != state_.label) {
     const auto label = state_.label.value_or(QString());
     object_.sendSignal(QStringLiteral("XAyatanaNewLabel"), {label, label});

@@ -45,7 +45,7 @@ void SessionBus::open() {
 }
 
 void SessionBus::close() {
-  if (!connection_) return;
+  if (!connection_) { return; }
   connection_.reset();
   QDBusConnection::disconnectFromBus(name_);
 }
@@ -56,7 +56,7 @@ void SessionBus::retryLater() {
 }
 
 void SessionBus::handleDisconnected() {
-  if (!connection_) return;
+  if (!connection_) { return; }
   close();
   changed_.send();
   retryLater();

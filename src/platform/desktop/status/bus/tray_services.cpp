@@ -41,7 +41,7 @@ void TrayServices::follow() {
   owned_.clear();
   listed_ = hostKnown_ = hasHost_ = false;
   owners_.reset();
-  if (!bus_.isOpen()) return;
+  if (!bus_.isOpen()) { return; }
   owners_ = std::make_unique<QDBusServiceWatcher>();
   owners_->setConnection(bus_.connection());
   owners_->setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
@@ -67,9 +67,9 @@ void TrayServices::list() {
                                         QStringLiteral("ListNames"));
   callAsync(bus_.connection(), call, this, [this](const QDBusPendingCall& finished) {
     const QDBusPendingReply<QStringList> reply(finished);
-    if (reply.isError()) return;
+    if (reply.isError()) { return; }
     for (const auto& name : reply.value()) {
-      if (name == watcherName || indicatorNames.contains(name)) owned_.insert(name);
+      if (name == watcherName || indicatorNames.contains(name)) { owned_.insert(name); }
     }
     listed_ = true;
     askForHost();
@@ -90,7 +90,7 @@ void TrayServices::setOwned(const QString& name, bool owned) {
 }
 
 void TrayServices::askForHost() {
-  if (!bus_.isOpen()) return;
+  if (!bus_.isOpen()) { return; }
   if (!hasWatcher()) {
     setHost(false);
     return;
@@ -109,7 +109,7 @@ void TrayServices::askForHost() {
 void TrayServices::setHost(bool hasHost) {
   hasHost_ = hasHost;
   hostKnown_ = true;
-  if (isKnown()) changed_.send();
+  if (isKnown()) { changed_.send(); }
 }
 
 }  // namespace orvane

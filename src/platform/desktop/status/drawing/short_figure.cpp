@@ -24,7 +24,7 @@ std::uint64_t digitsOf(QStringView text) {
   std::uint64_t number = 0;
   for (const auto character : text) {
     const int digit = character.digitValue();
-    if (digit >= 0) number = number * 10 + static_cast<std::uint64_t>(digit);
+    if (digit >= 0) { number = number * 10 + static_cast<std::uint64_t>(digit); }
   }
   return number;
 }
@@ -34,9 +34,9 @@ QString withOneDecimal(std::uint64_t tenths) {
 }
 
 QString shortWhole(std::uint64_t number) {
-  if (number < 10'000) return QString::number(number);
+  if (number < 10'000) { return QString::number(number); }
   for (const auto& [factor, letter] : magnitudes) {
-    if (number < factor) continue;
+    if (number < factor) { continue; }
     const bool isShort = number < 10 * factor;
     return (isShort ? withOneDecimal(number / (factor / 10)) : QString::number(number / factor)) +
            QChar(letter);
@@ -52,13 +52,15 @@ QString padded(std::uint64_t number, int digits) {
 QString shortBitcoin(std::uint64_t sats) {
   const auto whole = sats / satsPerBitcoin;
   const auto fraction = sats % satsPerBitcoin;
-  if (whole >= 100) return shortWhole(whole);
-  if (whole >= 10) return withOneDecimal(sats / (satsPerBitcoin / 10));
-  if (whole >= 1) return QStringLiteral("%1.%2").arg(whole).arg(padded(fraction / 1'000'000, 2));
-  if (fraction >= 100'000) return u'.' + padded(fraction / 100'000, 3);
-  if (fraction >= 1'000) return QString::number(fraction / 100) + QChar(u'µ');
-  if (fraction >= 100) return withOneDecimal(fraction / 10) + QChar(u'µ');
-  if (fraction > 0) return u'.' + padded(fraction, 2) + QChar(u'µ');
+  if (whole >= 100) { return shortWhole(whole); }
+  if (whole >= 10) { return withOneDecimal(sats / (satsPerBitcoin / 10)); }
+  if (whole >= 1) {
+    return QStringLiteral("%1.%2").arg(whole).arg(padded(fraction / 1'000'000, 2));
+  }
+  if (fraction >= 100'000) { return u'.' + padded(fraction / 100'000, 3); }
+  if (fraction >= 1'000) { return QString::number(fraction / 100) + QChar(u'µ'); }
+  if (fraction >= 100) { return withOneDecimal(fraction / 10) + QChar(u'µ'); }
+  if (fraction > 0) { return u'.' + padded(fraction, 2) + QChar(u'µ'); }
   return QStringLiteral("0");
 }
 
@@ -71,8 +73,8 @@ bool isNegative(QStringView figure) {
 QString shortFigure(const QString& text) {
   const auto first = QStringView(text).left(text.contains(u'|') ? text.indexOf(u'|') : text.size());
   const auto sign = isNegative(first) ? QStringLiteral("-") : QString();
-  if (text.endsWith(QStringLiteral(" sats"))) return sign + shortWhole(digitsOf(first));
-  if (text.endsWith(QStringLiteral(" BTC"))) return sign + shortBitcoin(digitsOf(first));
+  if (text.endsWith(QStringLiteral(" sats"))) { return sign + shortWhole(digitsOf(first)); }
+  if (text.endsWith(QStringLiteral(" BTC"))) { return sign + shortBitcoin(digitsOf(first)); }
   return text.section(u' ', 0, 0).left(longestShortFigure);
 }
 

@@ -37,7 +37,7 @@ int symbolHeightInSquare(int side) {
 int figurePixelSize(const QString& figure, int side) {
   const int largest = toPixels(side * 0.56);
   for (int size = largest; size > 5; --size) {
-    if (TabularText(size).size(figure).width() <= side) return size;
+    if (TabularText(size).size(figure).width() <= side) { return size; }
   }
   return 5;
 }
@@ -51,7 +51,7 @@ PointSize symbolMeasure(const QString& name, double pointSize) {
 }
 
 QImage drawWide(const StatusImage& image, int height, const StatusInk& ink) {
-  if (image.text.empty() || image.size.height <= 0) return drawSymbolSquare(image, height, ink);
+  if (image.text.empty() || image.size.height <= 0) { return drawSymbolSquare(image, height, ink); }
   const auto scale = height / image.size.height;
   const auto text = QString::fromStdString(image.text);
   const auto drawnSymbol =
@@ -78,7 +78,7 @@ QImage drawSymbolSquare(const StatusImage& image, int side, const StatusInk& ink
 }
 
 QImage drawFigureSquare(const StatusImage& image, int side, const StatusInk& ink) {
-  if (image.text.empty()) return drawSymbolSquare(image, side, ink);
+  if (image.text.empty()) { return drawSymbolSquare(image, side, ink); }
   const auto figure = shortFigure(QString::fromStdString(image.text));
   const TabularText text(figurePixelSize(figure, side));
   const int figureHeight = toPixels(text.digitHeight());

@@ -28,8 +28,9 @@ double widestDigit(const QFontMetricsF& metrics) {
 QString nextPiece(QStringView rest) {
   qsizetype length = 1;
   if (!rest.front().isDigit()) {
-    while (length < rest.size() && !rest[length].isDigit())
+    while (length < rest.size() && !rest[length].isDigit()) {
       ++length;
+    }
   }
   return rest.left(length).toString();
 }

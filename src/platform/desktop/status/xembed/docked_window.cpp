@@ -61,8 +61,8 @@ void DockedWindow::setContent(const StatusContent& content) {
 int DockedWindow::iconHeight() const { return std::clamp(height(), smallestIcon, largestIcon); }
 
 PanelShade DockedWindow::shade() const {
-  if (!background_.isNull()) return shadeOfBackground(average(background_));
-  if (look_.foreground) return shadeForText(*look_.foreground);
+  if (!background_.isNull()) { return shadeOfBackground(average(background_)); }
+  if (look_.foreground) { return shadeForText(*look_.foreground); }
   return content_.shade;
 }
 
@@ -84,7 +84,7 @@ void DockedWindow::askForWidth() {
   const int drawnWidth = drawn_.deviceIndependentSize().toSize().width();
   const int margins = drawnWidth > iconHeight() ? 2 * wideMargin : 0;
   const QSize needed(std::max(drawnWidth + margins, smallestIcon), iconHeight());
-  if (minimumSize() == needed) return;
+  if (minimumSize() == needed) { return; }
   setMinimumSize(needed);
   resize(needed.width(), height());
 }
@@ -96,10 +96,10 @@ void DockedWindow::readBackgroundSoon() {
 }
 
 void DockedWindow::readBackground() {
-  if (!isVisible()) return;
+  if (!isVisible()) { return; }
   auto background = panelBackground(static_cast<xcb_window_t>(winId()));
   background.setDevicePixelRatio(devicePixelRatio());
-  if (background == background_) return;
+  if (background == background_) { return; }
   background_ = std::move(background);
   redraw();
 }
@@ -128,9 +128,9 @@ void DockedWindow::moveEvent(QMoveEvent* /*event*/) { readBackgroundSoon(); }
 void DockedWindow::showEvent(QShowEvent* /*event*/) { readBackgroundSoon(); }
 
 void DockedWindow::mouseReleaseEvent(QMouseEvent* event) {
-  if (!rect().contains(event->position().toPoint())) return;
-  if (event->button() == Qt::LeftButton) click_();
-  if (event->button() == Qt::RightButton) menu_(event->globalPosition().toPoint());
+  if (!rect().contains(event->position().toPoint())) { return; }
+  if (event->button() == Qt::LeftButton) { click_(); }
+  if (event->button() == Qt::RightButton) { menu_(event->globalPosition().toPoint()); }
 }
 
 }  // namespace orvane

@@ -18,7 +18,7 @@ QImage readScreen(xcb_connection_t* connection, const QRect& area) {
                                      static_cast<std::int16_t>(area.y()), width, height, allPlanes);
   const XReply<xcb_get_image_reply_t> reply(xcb_get_image_reply(connection, request, nullptr));
   const auto needed = static_cast<std::uint32_t>(width) * height * 4;
-  if (!reply || reply->length * 4 < needed) return {};
+  if (!reply || reply->length * 4 < needed) { return {}; }
   const auto lineSize = static_cast<qsizetype>(width) * 4;
   return QImage(xcb_get_image_data(reply.get()), width, height, lineSize, QImage::Format_RGB32)
       .copy();
@@ -29,7 +29,7 @@ xcb_window_t outermostParent(xcb_connection_t* connection, xcb_window_t window) 
   const auto root = rootWindow(connection);
   for (auto parent = parentWindow(connection, window); parent != root;
        parent = parentWindow(connection, window)) {
-    if (parent == XCB_WINDOW_NONE) return XCB_WINDOW_NONE;
+    if (parent == XCB_WINDOW_NONE) { return XCB_WINDOW_NONE; }
     window = parent;
   }
   return window;
@@ -38,11 +38,11 @@ xcb_window_t outermostParent(xcb_connection_t* connection, xcb_window_t window) 
 }  // namespace
 
 QImage blendBetween(const QImage& near, const QImage& far, const QSize& size) {
-  if (near.isNull() && far.isNull()) return {};
+  if (near.isNull() && far.isNull()) { return {}; }
   QImage whole(size, QImage::Format_RGB32);
   QPainter painter(&whole);
   painter.drawImage(whole.rect(), near.isNull() ? far : near);
-  if (near.isNull() || far.isNull()) return whole;
+  if (near.isNull() || far.isNull()) { return whole; }
 
   const bool isVertical = near.height() == 1;
   const int steps = isVertical ? size.height() : size.width();
@@ -57,9 +57,9 @@ QImage blendBetween(const QImage& near, const QImage& far, const QSize& size) {
 
 QImage panelBackground(xcb_window_t window) {
   auto* const connection = applicationConnection();
-  if (!connection) return {};
+  if (!connection) { return {}; }
   const auto panel = outermostParent(connection, window);
-  if (panel == XCB_WINDOW_NONE || panel == window) return {};
+  if (panel == XCB_WINDOW_NONE || panel == window) { return {}; }
   const auto panelArea = areaOnScreen(connection, panel);
   const auto area = areaOnScreen(connection, window);
   const auto read = [&](const QRect& edge) {
@@ -67,7 +67,7 @@ QImage panelBackground(xcb_window_t window) {
   };
   const auto above = read(QRect(area.x(), area.y() - 1, area.width(), 1));
   const auto below = read(QRect(area.x(), area.bottom() + 1, area.width(), 1));
-  if (!above.isNull() || !below.isNull()) return blendBetween(above, below, area.size());
+  if (!above.isNull() || !below.isNull()) { return blendBetween(above, below, area.size()); }
   const auto left = read(QRect(area.x() - 1, area.y(), 1, area.height()));
   const auto right = read(QRect(area.right() + 1, area.y(), 1, area.height()));
   return blendBetween(left, right, area.size());

@@ -14,7 +14,7 @@ constexpr int alphaDepth = 32;
 }  // namespace
 
 TrayManager::TrayManager() : connection_(applicationConnection()) {
-  if (!connection_) return;
+  if (!connection_) { return; }
   selection_ = internAtom(connection_, "_NET_SYSTEM_TRAY_S0");
   managerMessage_ = internAtom(connection_, "MANAGER");
   qGuiApp->installNativeEventFilter(this);
@@ -24,7 +24,7 @@ TrayManager::TrayManager() : connection_(applicationConnection()) {
 }
 
 TrayManager::~TrayManager() {
-  if (qGuiApp) qGuiApp->removeNativeEventFilter(this);
+  if (qGuiApp) { qGuiApp->removeNativeEventFilter(this); }
 }
 
 Registration TrayManager::observe(std::function<void()> listener) {
@@ -44,45 +44,47 @@ void TrayManager::findOwner() {
     addEventMask(connection_, owner, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     xcb_flush(connection_);
   }
-  if (std::exchange(window_, owner) != owner) changed_.send();
+  if (std::exchange(window_, owner) != owner) { changed_.send(); }
 }
 
 bool TrayManager::nativeEventFilter(const QByteArray& eventType, void* message,
                                     qintptr* /*result*/) {
-  if (eventType != "xcb_generic_event_t") return false;
+  if (eventType != "xcb_generic_event_t") { return false; }
   const auto* const event = static_cast<const xcb_generic_event_t*>(message);
   const int type = event->response_type & ~0x80;
   if (type == XCB_CLIENT_MESSAGE) {
     const auto& announced = *reinterpret_cast<const xcb_client_message_event_t*>(event);
-    if (announced.type == managerMessage_ && announced.data.data32[1] == selection_) findOwner();
+    if (announced.type == managerMessage_ && announced.data.data32[1] == selection_) {
+      findOwner();
+    }
   } else if (type == XCB_DESTROY_NOTIFY && window_ != XCB_WINDOW_NONE) {
     const auto& destroyed = *reinterpret_cast<const xcb_destroy_notify_event_t*>(event);
-    if (destroyed.window == window_) findOwner();
+    if (destroyed.window == window_) { findOwner(); }
   } else if (type == XCB_REPARENT_NOTIFY) {
     const auto& moved = *reinterpret_cast<const xcb_reparent_notify_event_t*>(event);
-    if (moved.parent != rootWindow(connection_)) taken_.send(moved.window);
+    if (moved.parent != rootWindow(connection_)) { taken_.send(moved.window); }
   }
   return false;
 }
 
 bool TrayManager::wantsAlpha() const {
-  if (window_ == XCB_WINDOW_NONE) return false;
+  if (window_ == XCB_WINDOW_NONE) { return false; }
   const auto visual =
       propertyValues(connection_, window_, internAtom(connection_, "_NET_SYSTEM_TRAY_VISUAL"));
   return !visual.empty() && visualDepth(connection_, visual.front()) == alphaDepth;
 }
 
 std::optional<QColor> TrayManager::foreground() const {
-  if (window_ == XCB_WINDOW_NONE) return std::nullopt;
+  if (window_ == XCB_WINDOW_NONE) { return std::nullopt; }
   const auto channels =
       propertyValues(connection_, window_, internAtom(connection_, "_NET_SYSTEM_TRAY_COLORS"));
-  if (channels.size() < 3) return std::nullopt;
+  if (channels.size() < 3) { return std::nullopt; }
   const auto eightBits = [&](std::size_t at) { return static_cast<int>(channels[at] >> 8 & 0xff); };
   return QColor(eightBits(0), eightBits(1), eightBits(2));
 }
 
 void TrayManager::requestDock(xcb_window_t icon) const {
-  if (window_ == XCB_WINDOW_NONE) return;
+  if (window_ == XCB_WINDOW_NONE) { return; }
   const auto xembedInfo = internAtom(connection_, "_XEMBED_INFO");
   constexpr std::uint32_t mapped = 1;
   const std::uint32_t versionAndFlags[] = {0, mapped};

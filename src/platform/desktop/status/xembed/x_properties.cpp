@@ -26,7 +26,7 @@ std::vector<std::uint32_t> propertyValues(xcb_connection_t* connection, xcb_wind
       xcb_get_property(connection, 0, window, property, XCB_ATOM_ANY, 0, longestProperty);
   const XReply<xcb_get_property_reply_t> reply(
       xcb_get_property_reply(connection, request, nullptr));
-  if (!reply || reply->format != 32) return {};
+  if (!reply || reply->format != 32) { return {}; }
   const auto* const first = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
   return {first, first + reply->value_len};
 }
@@ -41,7 +41,7 @@ int visualDepth(xcb_connection_t* connection, xcb_visualid_t visual) {
        xcb_depth_next(&depth)) {
     for (auto type = xcb_depth_visuals_iterator(depth.data); type.rem != 0;
          xcb_visualtype_next(&type)) {
-      if (type.data->visual_id == visual) return depth.data->depth;
+      if (type.data->visual_id == visual) { return depth.data->depth; }
     }
   }
   return 0;
@@ -61,7 +61,7 @@ QRect areaOnScreen(xcb_connection_t* connection, xcb_window_t window) {
       xcb_get_geometry_reply(connection, sizeRequest, nullptr));
   const XReply<xcb_translate_coordinates_reply_t> place(
       xcb_translate_coordinates_reply(connection, placeRequest, nullptr));
-  if (!size || !place) return {};
+  if (!size || !place) { return {}; }
   return {place->dst_x, place->dst_y, size->width, size->height};
 }
 
@@ -69,7 +69,7 @@ void addEventMask(xcb_connection_t* connection, xcb_window_t window, std::uint32
   const auto request = xcb_get_window_attributes(connection, window);
   const XReply<xcb_get_window_attributes_reply_t> reply(
       xcb_get_window_attributes_reply(connection, request, nullptr));
-  if (!reply) return;
+  if (!reply) { return; }
   mask |= reply->your_event_mask;
   xcb_change_window_attributes(connection, window, XCB_CW_EVENT_MASK, &mask);
 }
