@@ -6,8 +6,8 @@
 #include <benchmark/benchmark.h>
 #include <nlohmann/json.hpp>
 
-#include "address/explorer_decoding.h"
-#include "address/summary_rules.h"
+#include "address/address_summary.h"
+#include "address/explorer_documents.h"
 #include "documents.h"
 
 namespace orvane::bench {

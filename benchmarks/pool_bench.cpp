@@ -9,10 +9,9 @@
 #include <nlohmann/json.hpp>
 
 #include "documents.h"
-#include "pool/account_mapping.h"
-#include "pool/history_builder.h"
-#include "pool/history_storage.h"
-#include "pool/pool_decoding.h"
+#include "pool/account.h"
+#include "pool/history.h"
+#include "pool/pool_documents.h"
 
 namespace orvane::bench {
 namespace {

@@ -7,6 +7,7 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 add_library(orvane_flags INTERFACE)
 target_compile_options(orvane_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+target_compile_definitions(orvane_flags INTERFACE QT_NO_KEYWORDS)
 target_include_directories(orvane_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
 
 if(ORVANE_SANITIZE)
@@ -32,7 +33,7 @@ function(orvane_library name)
   endif()
   if(arg_QT)
     set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
-    target_compile_definitions(${name} PRIVATE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII)
+    target_compile_definitions(${name} PRIVATE QT_NO_CAST_FROM_ASCII)
   endif()
 endfunction()
 

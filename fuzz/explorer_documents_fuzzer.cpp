@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-#include "address/explorer_decoding.h"
-#include "address/summary_rules.h"
+#include "address/address_summary.h"
+#include "address/explorer_documents.h"
 
 namespace orvane {
 namespace {

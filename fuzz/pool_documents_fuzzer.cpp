@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "pool/account_mapping.h"
-#include "pool/pool_decoding.h"
+#include "pool/account.h"
+#include "pool/pool_documents.h"
 
 namespace orvane {
 namespace {

@@ -10,8 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "pool/history_builder.h"
-#include "pool/history_storage.h"
+#include "pool/history.h"
 
 namespace orvane {
 namespace {

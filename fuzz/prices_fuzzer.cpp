@@ -4,8 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "prices/price_decoding.h"
-#include "prices/price_text.h"
+#include "prices/bitcoin_price_service.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace orvane;

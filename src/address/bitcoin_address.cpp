@@ -7,6 +7,7 @@
 #include "platform/text/unicode.h"
 
 namespace orvane {
+
 namespace {
 
 constexpr std::string_view base58Alphabet =

@@ -3,11 +3,31 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
+
+#include "platform/http/http_transport.h"
+
+namespace orvane {
+
+/// Why the explorer gave no figures. Texts for people are made by the store.
+struct ExplorerError {
+  enum class Kind {
+    badURL,
+    transport,
+    badServerResponse,
+    decoding,
+    cannotParseResponse,
+    cancelled
+  };
+  Kind kind;
+  HttpFailure failure = HttpFailure::other;  ///< for `transport`
+
+  bool operator==(const ExplorerError&) const = default;
+};
 
 /// The explorer's JSON documents, with the members that are read of them, under the API's own
 /// names.
-namespace orvane {
 
 /// The sums of everything that was ever paid to an address and from it: in blocks, and waiting.
 struct AddressStats {
@@ -37,5 +57,16 @@ struct Transaction {
   std::vector<Output> vout;
   Status status;
 };
+
+/// Decoders of the explorer's answers. Each gives nothing when any part of the body does not match
+/// its document; such an answer is not used at all. Members that no record names are ignored.
+
+/// The answer to `/address/` and an address.
+[[nodiscard]] std::optional<AddressStats> decodeAddressStats(std::string_view body);
+/// The answer to the same and `/txs`, in its order.
+[[nodiscard]] std::optional<std::vector<Transaction>> decodeTransactions(std::string_view body);
+
+/// The tip document's text: a decimal number with an optional sign, white space around it.
+[[nodiscard]] std::optional<std::int64_t> parseTipHeight(std::string_view text);
 
 }  // namespace orvane

@@ -8,6 +8,7 @@
 #include <fmt/format.h>
 
 namespace orvane {
+
 namespace {
 
 constexpr std::string_view seenTransactionsKey = "balance.watchedAddressSeenTransactions";

@@ -4,12 +4,13 @@
 #include <optional>
 #include <utility>
 
-#include "address/explorer_decoding.h"
-#include "address/summary_rules.h"
-#include "platform/async/child_task.h"
+#include "address/address_summary.h"
+#include "address/explorer_documents.h"
+#include "platform/async/task_scope.h"
 #include "platform/text/unicode.h"
 
 namespace orvane {
+
 namespace {
 
 using Kind = ExplorerError::Kind;

@@ -8,7 +8,6 @@
 
 #include "address/address_summary.h"
 #include "address/explorer_documents.h"
-#include "address/explorer_error.h"
 #include "platform/async/task.h"
 #include "platform/http/http_transport.h"
 

@@ -3,11 +3,10 @@
 #include <utility>
 
 #include "address/bitcoin_address.h"
-#include "core/cancelled_result.h"
+#include "core/balance_platform.h"
 #include "core/display_texts.h"
-#include "core/failure_texts.h"
-#include "core/shared_items.h"
-#include "platform/async/sleep.h"
+#include "core/keychain_items.h"
+#include "platform/async/timer.h"
 #include "platform/text/unicode.h"
 
 namespace orvane {

@@ -8,8 +8,8 @@
 
 #include "address/new_payment_notifications.h"
 #include "address/watched_address_client.h"
-#include "core/balance_fields.h"
 #include "core/balance_platform.h"
+#include "core/balance_state.h"
 #include "core/keychain_items.h"
 #include "core/price_feed.h"
 #include "core/stored_settings.h"

@@ -7,8 +7,6 @@
 #include <string_view>
 
 #include "core/address_watch.h"
-#include "core/announcer.h"
-#include "core/balance_fields.h"
 #include "core/balance_platform.h"
 #include "core/balance_state.h"
 #include "core/keychain_items.h"

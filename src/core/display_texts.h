@@ -4,12 +4,15 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "core/balance_state.h"
 #include "platform/text/locale_format.h"
+#include "pool/pool_error.h"
+
+namespace orvane {
 
 /// The texts in which figures are shown. All are functions of the state and the user's locale.
-namespace orvane {
 
 /// "12,345" or "0.00012345", in the state's unit, without the unit's word.
 [[nodiscard]] std::string amountNumberText(const BalanceState& state, const LocaleFormat& format,
@@ -39,5 +42,13 @@ namespace orvane {
 [[nodiscard]] std::string poolStatusLine(const BalanceState& state, const LocaleFormat& format);
 /// The same for the watched address.
 [[nodiscard]] std::string addressStatusLine(const BalanceState& state, const LocaleFormat& format);
+
+/// What the user reads when a source could not be loaded. A cancelled request has no text.
+
+/// `word` names what was asked for: "account" or "history".
+[[nodiscard]] std::string poolErrorText(PoolError error, std::string_view word);
+
+/// The same for every kind of failure of the block explorer.
+[[nodiscard]] std::string explorerErrorText();
 
 }  // namespace orvane

@@ -12,6 +12,19 @@
 
 namespace orvane {
 
+/// The keychain items that this application shares with the companion mining application.
+struct SharedItem {
+  const char* service;
+  const char* account;
+};
+
+/// The pool's API token; either application writes it.
+inline constexpr SharedItem poolTokenItem{.service = "com.quorvex.hashwick.pool",
+                                          .account = "braiins-api-token"};
+/// The address to which the miner pays its solo-mined blocks; only read here.
+inline constexpr SharedItem payoutAddressItem{.service = "com.quorvex.hashwick.payout",
+                                              .account = "core-mainnet-payout-address"};
+
 /// The first access group that is shared with the companion mining application; nothing when the
 /// build has none.
 [[nodiscard]] std::optional<std::string> sharedAccessGroup(

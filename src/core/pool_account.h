@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "core/balance_fields.h"
 #include "core/balance_platform.h"
+#include "core/balance_state.h"
 #include "core/keychain_items.h"
 #include "core/price_feed.h"
 #include "core/stored_settings.h"

@@ -1,6 +1,6 @@
 #include "core/price_feed.h"
 
-#include "core/cancelled_result.h"
+#include "core/balance_platform.h"
 
 namespace orvane {
 

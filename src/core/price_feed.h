@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/balance_fields.h"
+#include "core/balance_state.h"
 #include "platform/async/task.h"
 #include "prices/bitcoin_price_service.h"
 

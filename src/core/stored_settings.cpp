@@ -4,9 +4,10 @@
 #include <functional>
 #include <optional>
 
-#include "pool/history_storage.h"
+#include "pool/history.h"
 
 namespace orvane {
+
 namespace {
 
 namespace key {

@@ -6,12 +6,13 @@
 
 #include <fmt/format.h>
 
-#include "platform/async/sleep.h"
-#include "pool/account_mapping.h"
-#include "pool/history_builder.h"
-#include "pool/pool_decoding.h"
+#include "platform/async/timer.h"
+#include "pool/account.h"
+#include "pool/history.h"
+#include "pool/pool_documents.h"
 
 namespace orvane {
+
 namespace {
 
 using Kind = PoolError::Kind;

@@ -9,8 +9,8 @@
 #include "platform/async/executor.h"
 #include "platform/async/task.h"
 #include "platform/http/http_transport.h"
-#include "pool/account_records.h"
-#include "pool/history_day.h"
+#include "pool/account.h"
+#include "pool/history.h"
 #include "pool/pool_error.h"
 
 namespace orvane {

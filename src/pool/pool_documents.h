@@ -5,12 +5,14 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
+namespace orvane {
+
 /// The answers of the pool's account API, with the members that are read of them. Hash rates are
 /// in the unit that stands beside them; times are seconds since 1970-01-01T00:00:00 UTC.
-namespace orvane {
 
 /// Values under names that the pool chooses. Of members with the same name the last one counts.
 template <class Value>
@@ -75,5 +77,18 @@ template <class Value>
   if (entry == values.end()) { entry = values.begin(); }
   return entry == values.end() ? Value{} : std::move(entry->second);
 }
+
+/// Decoders of the pool's answers. Each gives nothing when any part of the body does not match its
+/// document, and never a part of one: a body that is no JSON, a member of another type, a required
+/// member that is missing or null. Members that no record names are ignored; an optional member
+/// that is null counts as missing.
+
+[[nodiscard]] std::optional<BraiinsProfileResponse> decodeProfile(std::string_view body);
+/// Every currency of the document must match, not only the one that is used.
+[[nodiscard]] std::optional<BraiinsWorkersResponse> decodeWorkers(std::string_view body);
+[[nodiscard]] std::optional<BraiinsRewardsResponse> decodeRewards(std::string_view body);
+/// Every group of the document must match, not only the one that is used.
+[[nodiscard]] std::optional<BraiinsDailyHashrateResponse> decodeDailyHashrate(
+    std::string_view body);
 
 }  // namespace orvane

@@ -7,9 +7,9 @@
 
 #include "platform/decimal/decimal.h"
 #include "platform/text/unicode.h"
-#include "pool/saturating.h"
 
 namespace orvane {
+
 namespace {
 
 struct HashRateUnit {

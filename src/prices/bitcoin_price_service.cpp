@@ -1,13 +1,73 @@
 #include "prices/bitcoin_price_service.h"
 
+#include <clocale>
+#include <cstdlib>
+#include <memory>
 #include <optional>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
-#include "prices/price_decoding.h"
-#include "prices/price_text.h"
+#include <locale.h>
+
+#include "platform/json/json_reader.h"
 
 namespace orvane {
+
+namespace {
+
+CurrentPriceResponse readCurrentPrice(JsonValue root, JsonMatch& match) {
+  const JsonObjectReader document(root, match);
+  const JsonObjectReader bitcoin(document.value("bitcoin"), match);
+  return {.bitcoin = {.eur = bitcoin.number("eur"), .usd = bitcoin.number("usd")}};
+}
+
+CoinbasePriceResponse readCoinbasePrice(JsonValue root, JsonMatch& match) {
+  const JsonObjectReader document(root, match);
+  const JsonObjectReader data(document.value("data"), match);
+  CoinbasePriceResponse response;
+  for (const JsonMember rate : objectMembers(data.value("rates"), match)) {
+    const std::optional<std::string_view> text = rate.value.text();
+    if (!text) {
+      match.fail();
+      break;
+    }
+    response.data.rates.insert_or_assign(std::string(rate.name), std::string(*text));
+  }
+  return response;
+}
+
+}  // namespace
+
+std::optional<CurrentPriceResponse> decodeCurrentPrice(std::string_view body) {
+  return decodeJson(body, readCurrentPrice);
+}
+
+std::optional<CoinbasePriceResponse> decodeCoinbasePrice(std::string_view body) {
+  return decodeJson(body, readCoinbasePrice);
+}
+
+namespace {
+
+constexpr std::string_view whiteSpace = " \t\n\v\f\r";
+
+struct FreeLocale {
+  void operator()(locale_t locale) const { freelocale(locale); }
+};
+using Locale = std::unique_ptr<std::remove_pointer_t<locale_t>, FreeLocale>;
+
+}  // namespace
+
+std::optional<double> parsePriceText(const std::string& text) {
+  const Locale cLocale(newlocale(LC_ALL_MASK, "C", nullptr));
+  if (!cLocale || text.empty() || whiteSpace.contains(text.front())) { return std::nullopt; }
+  // A NUL inside the text ends the conversion, but then not at the text's end.
+  char* end = nullptr;
+  const double value = strtod_l(text.c_str(), &end, cLocale.get());
+  if (end != text.c_str() + text.size()) { return std::nullopt; }
+  return value;
+}
+
 namespace {
 
 using Kind = PriceError::Kind;

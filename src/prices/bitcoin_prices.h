@@ -2,7 +2,10 @@
 
 #include <array>
 #include <optional>
+#include <string>
 #include <string_view>
+
+#include "platform/text/locale_format.h"
 
 namespace orvane {
 
@@ -27,5 +30,17 @@ inline constexpr std::array allFiatCurrencies{PreferredFiatCurrency::eur,
 [[nodiscard]] std::optional<PreferredFiatCurrency> fiatCurrencyFromRawValue(std::string_view text);
 /// "€" or "$".
 [[nodiscard]] std::string_view symbol(PreferredFiatCurrency currency);
+
+/// The value of `sats` satoshis in `currency`.
+[[nodiscard]] double fiatValue(double sats, const CurrentBitcoinPrices& prices,
+                               PreferredFiatCurrency currency);
+
+/// "1,234.50 €": the value with two fraction digits from 1.0 on, else three.
+[[nodiscard]] std::string fiatValueText(const LocaleFormat& format, PreferredFiatCurrency currency,
+                                        double sats, const CurrentBitcoinPrices& prices);
+
+/// "1 BTC = 84,123 €".
+[[nodiscard]] std::string rateText(const LocaleFormat& format, PreferredFiatCurrency currency,
+                                   const CurrentBitcoinPrices& prices);
 
 }  // namespace orvane

@@ -1,10 +1,9 @@
-#include "address/explorer_decoding.h"
-
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "address/explorer_documents.h"
 #include "explorer_texts.h"
 #include "pool/malformed_bodies.h"
 

@@ -1,11 +1,10 @@
-#include "address/summary_rules.h"
-
 #include <cstdint>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "address/address_summary.h"
 #include "explorer_texts.h"
 
 namespace orvane::test {

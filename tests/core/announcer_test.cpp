@@ -1,8 +1,8 @@
-#include "core/announcer.h"
-
 #include <optional>
 
 #include <gtest/gtest.h>
+
+#include "core/balance_state.h"
 
 namespace orvane {
 namespace {

@@ -1,11 +1,10 @@
-#include "pool/account_mapping.h"
-
 #include <string>
 #include <string_view>
 
 #include <gmock/gmock.h>
 
-#include "pool/pool_decoding.h"
+#include "pool/account.h"
+#include "pool/pool_documents.h"
 
 namespace orvane::test {
 namespace {

@@ -1,8 +1,8 @@
-#include "pool/history_builder.h"
-
 #include <string>
 
 #include <gmock/gmock.h>
+
+#include "pool/history.h"
 
 namespace orvane::test {
 namespace {

@@ -1,9 +1,8 @@
-#include "pool/history_storage.h"
-
 #include <limits>
 
 #include <gtest/gtest.h>
 
+#include "pool/history.h"
 #include "pool/malformed_bodies.h"
 
 namespace orvane::test {

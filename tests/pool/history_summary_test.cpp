@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "pool/history_day.h"
+#include "pool/history.h"
 
 namespace orvane::test {
 namespace {

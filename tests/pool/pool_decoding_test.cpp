@@ -1,10 +1,9 @@
-#include "pool/pool_decoding.h"
-
 #include <functional>
 
 #include <gtest/gtest.h>
 
 #include "pool/malformed_bodies.h"
+#include "pool/pool_documents.h"
 
 namespace orvane::test {
 namespace {

@@ -1,6 +1,6 @@
-#include "prices/fiat_texts.h"
-
 #include <gtest/gtest.h>
+
+#include "prices/bitcoin_prices.h"
 
 namespace orvane::test {
 namespace {

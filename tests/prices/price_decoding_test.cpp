@@ -1,8 +1,7 @@
-#include "prices/price_decoding.h"
-
 #include <gtest/gtest.h>
 
 #include "pool/malformed_bodies.h"
+#include "prices/bitcoin_price_service.h"
 
 namespace orvane::test {
 namespace {

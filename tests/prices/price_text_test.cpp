@@ -1,5 +1,3 @@
-#include "prices/price_text.h"
-
 #include <cmath>
 #include <cstdlib>
 #include <limits>
@@ -8,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "prices/bitcoin_price_service.h"
 #include "support/comma_locale.h"
 
 namespace orvane::test {

@@ -7,10 +7,10 @@
 #include <utility>
 #include <vector>
 
+#include "platform/async/signal.h"
 #include "platform/desktop/desktop_application.h"
 #include "platform/desktop/desktop_window.h"
-#include "platform/desktop/signal.h"
-#include "platform/desktop/status_item.h"
+#include "platform/tray/status_item.h"
 
 namespace orvane::test {
 

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/async/sleep.h"
+#include "platform/async/timer.h"
 #include "platform/notifications/notification_center.h"
 
 namespace orvane::test {

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "platform/async/completion.h"
-#include "platform/async/sleep.h"
+#include "platform/async/timer.h"
 #include "platform/keychain/keychain.h"
 
 namespace orvane::test {

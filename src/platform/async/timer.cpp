@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/async/completion.h"
+
 namespace orvane {
 
 OneShotTimer::OneShotTimer(Executor& executor, ExecutorClock::duration delay,
@@ -26,6 +28,27 @@ void RepeatingTimer::fire() {
   arm();
   const auto callback = callback_;  // survives the destruction of this timer within the call
   callback();
+}
+
+Task<SleepEnd> sleepUntil(Instant when) {
+  const TaskContext context = co_await currentContext();
+  if (context.stop.stop_requested()) { co_return SleepEnd::cancelled; }
+  Executor* const executor = context.executor;
+  if (when <= executor->now()) { co_return SleepEnd::elapsed; }
+
+  CompletionAwaiter<SleepEnd>::Start start = [executor,
+                                              when](const Completion<SleepEnd>& completion) {
+    const auto timer =
+        executor->schedule(when, [completion] { completion.resolve(SleepEnd::elapsed); });
+    return [executor, timer] { executor->cancel(timer); };
+  };
+  co_return co_await untilResolved<SleepEnd>(std::move(start), SleepEnd::cancelled);
+}
+
+Task<SleepEnd> sleepFor(ExecutorClock::duration duration) {
+  const TaskContext context = co_await currentContext();
+  const Instant when = context.executor->now() + duration;
+  co_return co_await sleepUntil(when);
 }
 
 }  // namespace orvane

@@ -1,12 +1,88 @@
 #include "platform/defaults/settings_file.h"
 
+#include <array>
+#include <filesystem>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
-#include "platform/defaults/private_files.h"
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include "platform/defaults/settings_table.h"
 
 namespace orvane {
+
+/// Creates `file`, empty, and the folders above it that are missing, for the user's eyes only. One
+/// that exists keeps its content and is closed to other users. Failures are left for the one who
+/// opens the file to meet.
+void createPrivateFile(const std::filesystem::path& file);
+
+/// Gives a database file a name of its own, "settings.sqlite.set-aside-1" or the next free number,
+/// together with its journals. Nothing is overwritten. False when the file is still there.
+[[nodiscard]] bool setAside(const std::filesystem::path& file);
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int mostFilesSetAside = 10'000;
+
+void createPrivateFolder(const fs::path& folder) {
+  std::error_code ignored;
+  if (folder.empty() || fs::exists(folder, ignored)) { return; }
+  createPrivateFolder(folder.parent_path());
+  ::mkdir(folder.c_str(), S_IRWXU);
+}
+
+fs::path withSuffix(fs::path file, std::string_view suffix) { return file += suffix; }
+
+bool isTaken(const fs::path& file) {
+  std::error_code ignored;
+  return fs::symlink_status(file, ignored).type() != fs::file_type::not_found;
+}
+
+fs::path freeNameBeside(const fs::path& file) {
+  int number = 1;
+  fs::path name;
+  do {
+    name = withSuffix(file, fmt::format(".set-aside-{}", number));
+  } while (isTaken(name) && number++ < mostFilesSetAside);
+  return name;
+}
+
+}  // namespace
+
+void createPrivateFile(const fs::path& file) {
+  createPrivateFolder(file.parent_path());
+  const int descriptor = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+  if (descriptor >= 0) { ::close(descriptor); }
+  std::error_code ignored;
+  fs::permissions(file, fs::perms::group_all | fs::perms::others_all, fs::perm_options::remove,
+                  ignored);
+}
+
+bool setAside(const fs::path& file) {
+  constexpr std::array<std::string_view, 2> journals{"-wal", "-journal"};
+  constexpr std::string_view logIndex = "-shm";  // holds nothing that the log does not
+  const fs::path name = freeNameBeside(file);
+  std::error_code error;
+  if (!isTaken(name)) { fs::rename(file, name, error); }
+  if (isTaken(file)) { return false; }
+  for (const std::string_view suffix : journals) {
+    const fs::path journal = withSuffix(file, suffix);
+    if (fs::file_size(journal, error) > 0) {
+      fs::rename(journal, withSuffix(name, suffix), error);
+    } else {
+      fs::remove(journal, error);
+    }
+  }
+  fs::remove(withSuffix(file, logIndex), error);
+  return true;
+}
+
 namespace {
 
 namespace fs = std::filesystem;

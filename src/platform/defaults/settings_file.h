@@ -2,8 +2,7 @@
 
 #include <filesystem>
 
-#include "platform/defaults/setting_value.h"
-#include "platform/defaults/sqlite_connection.h"
+#include "platform/defaults/settings_table.h"
 
 namespace orvane {
 

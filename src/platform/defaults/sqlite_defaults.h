@@ -2,8 +2,8 @@
 
 #include <filesystem>
 
-#include "platform/defaults/setting_value.h"
 #include "platform/defaults/settings_file.h"
+#include "platform/defaults/settings_table.h"
 #include "platform/defaults/user_defaults.h"
 
 namespace orvane {

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/desktop/signal.h"
+#include "platform/async/signal.h"
 
 namespace orvane {
 

@@ -4,9 +4,9 @@
 #include <optional>
 #include <vector>
 
+#include "platform/async/signal.h"
 #include "platform/desktop/desktop_event.h"
 #include "platform/desktop/desktop_window.h"
-#include "platform/desktop/registration.h"
 
 namespace orvane {
 

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/desktop/registration.h"
+#include "platform/async/signal.h"
 
 namespace orvane {
 

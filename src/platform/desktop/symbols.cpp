@@ -12,6 +12,7 @@
 static void initSymbolResources() { Q_INIT_RESOURCE(symbols); }
 
 namespace orvane {
+
 namespace {
 
 /// Up to this height the icon's own small drawing is used: fewer, heavier strokes.

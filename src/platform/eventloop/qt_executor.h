@@ -4,12 +4,33 @@
 #include <QSocketNotifier>
 #include <deque>
 #include <map>
+#include <optional>
 #include <utility>
 
 #include "platform/async/executor.h"
-#include "platform/eventloop/boot_timer.h"
 
 namespace orvane {
+
+/// A kernel timer on the clock that goes on counting while the machine is suspended.
+class BootTimer {
+ public:
+  /// Throws std::system_error when the process has no file descriptor left.
+  BootTimer();
+  ~BootTimer();
+  BootTimer(const BootTimer&) = delete;
+  BootTimer& operator=(const BootTimer&) = delete;
+
+  [[nodiscard]] static Instant now();
+
+  /// Readable from the set moment on, until it is set anew.
+  [[nodiscard]] int descriptor() const { return descriptor_; }
+
+  /// Replaces the moment; nothing: never. A moment in the past makes it readable at once.
+  void set(std::optional<Instant> when);
+
+ private:
+  int descriptor_;
+};
 
 /// The executor on Qt's event loop, nested loops (menus, dialogs) included: while a callback runs
 /// one, the callbacks after it run in it. Before a timer runs, the queue is emptied, so what one

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QNetworkReply>
 #include <QUrl>
 #include <optional>
 #include <string>
@@ -20,5 +21,11 @@ namespace orvane {
 /// answer says, relative or absolute.
 [[nodiscard]] std::optional<QUrl> allowedRedirect(int status, const QUrl& url, const QUrl& location,
                                                   bool hasOwnHeaders);
+
+/// What the end of a reply means: a failure of the exchange, or nothing when `status` stands for
+/// a whole answer. Qt reports statuses as errors too, and an answer that broke off with the status
+/// it began with; so the error decides unless it only repeats the status.
+[[nodiscard]] std::optional<HttpFailure> exchangeFailure(QNetworkReply::NetworkError error,
+                                                         int status);
 
 }  // namespace orvane

@@ -1,6 +1,7 @@
 #include "platform/json/json_reader.h"
 
 namespace orvane {
+
 namespace {
 
 /// What an optional member reads as: nothing when it is missing or null, a failed match when it is

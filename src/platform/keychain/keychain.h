@@ -2,6 +2,8 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "platform/async/task.h"
 
@@ -46,5 +48,9 @@ class Keychain {
   /// Removes every matching item.
   [[nodiscard]] virtual Task<KeychainStatus> remove(KeychainQuery query, KeychainPrompt prompt) = 0;
 };
+
+/// The access groups that the build may use, from the setting that names them separated by
+/// semicolons. Blanks around a name do not belong to it; empty names are left out.
+[[nodiscard]] std::vector<std::string> accessGroupsFromSetting(std::string_view semicolonSeparated);
 
 }  // namespace orvane

@@ -1,14 +1,25 @@
 #include "platform/keychain/secret_service_keychain.h"
 
 #include <functional>
+#include <utility>
 #include <vector>
 
-#include "platform/keychain/deadline.h"
-#include "platform/keychain/item_search.h"
-#include "platform/keychain/item_writes.h"
-#include "platform/keychain/user_prompts.h"
+#include "platform/async/task_scope.h"
+#include "platform/async/timer.h"
+#include "platform/keychain/secret_items.h"
 
 namespace orvane {
+
+/// Runs `task` and cancels it when it has not ended after `duration`.
+template <class T>
+Task<T> endingWithin(ExecutorClock::duration duration, Task<T> task) {
+  const TaskContext context = co_await currentContext();
+  ChildTask<T> child(context, std::move(task));
+  const OneShotTimer deadline(*context.executor, duration, [&child] { child.cancel(); });
+  T result = co_await child.result();
+  co_return result;
+}
+
 namespace {
 
 using Write = std::function<Task<bool>(SecretItemRef)>;

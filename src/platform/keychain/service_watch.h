@@ -5,9 +5,16 @@
 
 #include <gio/gio.h>
 
-#include "platform/async/child_task.h"
+#include "platform/async/task.h"
+#include "platform/async/task_scope.h"
 
 namespace orvane {
+
+inline constexpr auto secretServiceName = "org.freedesktop.secrets";
+
+/// Whether the session bus has a Secret Service, or can start one. Asking the service itself
+/// would wait for the bus's time-out when there is none.
+[[nodiscard]] Task<bool> secretServiceIsPresent();
 
 /// Hears when the Secret Service, or the bus with it, goes away.
 class ServiceWatch {

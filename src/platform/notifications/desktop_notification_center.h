@@ -11,7 +11,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/notifications/bus_call.h"
+#include "platform/bus/session_bus.h"
 #include "platform/notifications/notification_center.h"
 
 namespace orvane {

@@ -1,6 +1,8 @@
 #include "platform/text/locale_format.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <initializer_list>
 #include <string_view>
 #include <vector>
 
@@ -11,6 +13,25 @@
 #include <unicode/unistr.h>
 
 namespace orvane {
+
+namespace {
+
+/// The first of the variables that is set and not empty.
+std::string firstSet(std::initializer_list<const char*> variables) {
+  for (const char* const variable : variables) {
+    const char* const value = std::getenv(variable);
+    if (value != nullptr && *value != '\0') { return value; }
+  }
+  return {};
+}
+
+}  // namespace
+
+LocaleNames LocaleNames::fromEnvironment() {
+  return {.numbers = firstSet({"LC_ALL", "LC_NUMERIC", "LANG"}),
+          .dates = firstSet({"LC_ALL", "LC_TIME", "LANG"})};
+}
+
 namespace {
 
 using icu::number::LocalizedNumberFormatter;

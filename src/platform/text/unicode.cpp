@@ -11,6 +11,7 @@
 #include <unicode/utf8.h>
 
 namespace orvane {
+
 namespace {
 
 constexpr std::size_t longestSequence = 4;

@@ -3,8 +3,9 @@
 #include <string>
 #include <string_view>
 
-/// Unicode text operations. All texts are UTF-8.
 namespace orvane {
+
+/// Unicode text operations. All texts are UTF-8.
 
 /// Without the white space and line breaks at both ends, in the Unicode sense: no-break space,
 /// U+0085 and U+2028 among them.

@@ -5,11 +5,11 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "shell/app/window_scenes.h"
-#include "shell/menu_bar/menu_bar_status.h"
+#include "shell/app/scenes.h"
 #include "shell/menu_bar/status_menu.h"
 
 namespace orvane {
+
 namespace {
 
 AmountText amountTextOf(const BalanceStore& store) {

@@ -10,7 +10,7 @@
 #include "platform/desktop/desktop_application.h"
 #include "platform/text/locale_format.h"
 #include "shell/app/balance_menu_actions.h"
-#include "shell/app/scene_windows.h"
+#include "shell/app/scenes.h"
 #include "shell/menu_bar/background_runtime.h"
 #include "shell/views/balance_view.h"
 

@@ -1,6 +1,6 @@
 #include "shell/app/balance_menu_actions.h"
 
-#include "shell/app/window_scenes.h"
+#include "shell/app/scenes.h"
 
 namespace orvane {
 

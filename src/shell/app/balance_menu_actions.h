@@ -1,9 +1,14 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <string_view>
 
 #include "core/balance_store.h"
 #include "platform/desktop/broadcast_center.h"
+#include "platform/desktop/desktop_application.h"
+#include "platform/desktop/menu.h"
+#include "shell/app/scenes.h"
 
 namespace orvane {
 
@@ -27,5 +32,26 @@ class BalanceMenuActions {
   const BroadcastCenter& broadcasts_;
   std::weak_ptr<BalanceStore> store_;
 };
+
+/// A command that opens a window of the application and brings the application to the front.
+struct BalanceOpenWindowCommand {
+  std::string_view title;
+  std::string_view id;  ///< of the window's scene
+  std::string_view keyEquivalent = {};
+
+  /// The command as a menu's row. `windows` and `application` outlive it.
+  [[nodiscard]] MenuItem menuItem(SceneWindows& windows, DesktopApplication& application) const {
+    return {.title = std::string(title),
+            .keyEquivalent = std::string(keyEquivalent),
+            .action = [&windows, &application, opened = id] {
+              windows.open(opened);
+              application.activateIgnoringOtherApps();
+            }};
+  }
+};
+
+inline constexpr BalanceOpenWindowCommand aboutCommand{.title = "About Orvane", .id = aboutSceneId};
+inline constexpr BalanceOpenWindowCommand helpCommand{
+    .title = "Orvane Help", .id = helpSceneId, .keyEquivalent = "?"};
 
 }  // namespace orvane

@@ -5,12 +5,12 @@
 #include <utility>
 
 #include "shell/app/balance_main_scene_content.h"
-#include "shell/app/balance_open_window_command.h"
-#include "shell/app_info.h"
-#include "shell/views/about_view.h"
-#include "shell/views/help_view.h"
+#include "shell/app/balance_menu_actions.h"
+#include "shell/view_models/app_info.h"
+#include "shell/views/about_and_help.h"
 
 namespace orvane {
+
 namespace {
 
 constexpr auto longestWaitForToken = std::chrono::milliseconds(50);

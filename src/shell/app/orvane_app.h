@@ -10,12 +10,11 @@
 #include "platform/async/timer.h"
 #include "platform/desktop/broadcast_center.h"
 #include "platform/desktop/qt/qt_desktop_application.h"
-#include "platform/desktop/status_item.h"
+#include "platform/tray/status_item.h"
 #include "shell/app/balance_app_delegate.h"
 #include "shell/app/balance_menu_actions.h"
-#include "shell/app/scene_windows.h"
+#include "shell/app/scenes.h"
 #include "shell/menu_bar/background_runtime.h"
-#include "shell/menu_bar/orderly_exit.h"
 
 namespace orvane {
 

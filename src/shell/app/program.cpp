@@ -7,20 +7,21 @@
 #include <utility>
 
 #include "platform/defaults/sqlite_defaults.h"
-#include "platform/desktop/instance/session_instance.h"
 #include "platform/desktop/qt/color_scheme.h"
 #include "platform/desktop/qt/qt_desktop_application.h"
+#include "platform/desktop/qt/session_instance.h"
 #include "platform/desktop/qt/termination_signals.h"
-#include "platform/desktop/status/desktop_status_bar.h"
 #include "platform/desktop/symbols.h"
 #include "platform/http/qt_http_transport.h"
-#include "platform/keychain/access_groups.h"
+#include "platform/keychain/keychain.h"
 #include "platform/keychain/secret_service_keychain.h"
 #include "platform/notifications/desktop_notification_center.h"
+#include "platform/tray/desktop_status_item.h"
 #include "shell/app/orvane_app.h"
 #include "shell/views/qt_text.h"
 
 namespace orvane {
+
 namespace {
 
 const QString applicationId = QStringLiteral("com.quorvex.Orvane");

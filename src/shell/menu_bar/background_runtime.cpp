@@ -4,11 +4,11 @@
 #include <chrono>
 #include <utility>
 
-#include "shell/menu_bar/key_events.h"
-#include "shell/menu_bar/menu_bar_rate.h"
+#include "platform/desktop/desktop_event.h"
 #include "shell/menu_bar/status_button.h"
 
 namespace orvane {
+
 namespace {
 
 using namespace std::chrono_literals;

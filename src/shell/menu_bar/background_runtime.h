@@ -6,12 +6,12 @@
 #include <string>
 
 #include "platform/async/executor.h"
+#include "platform/async/signal.h"
 #include "platform/async/timer.h"
 #include "platform/defaults/user_defaults.h"
 #include "platform/desktop/broadcast_center.h"
 #include "platform/desktop/desktop_application.h"
-#include "platform/desktop/signal.h"
-#include "platform/desktop/status_item.h"
+#include "platform/tray/status_item.h"
 
 namespace orvane {
 

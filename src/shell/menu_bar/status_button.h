@@ -4,9 +4,13 @@
 #include <string>
 #include <vector>
 
-#include "platform/desktop/status_item.h"
+#include "platform/tray/status_item.h"
 
 namespace orvane {
+
+/// "12.3 TH": a hash rate, in hashes per second, with three digits or so, for the text beside the
+/// status icon. Empty for anything but a rate above zero and up to 1e14.
+[[nodiscard]] std::string menuBarRateText(double hashesPerSecond);
 
 /// What the status item is to show: a symbol, tinted or not, and a text beside it.
 struct StatusButtonContent {

@@ -2,12 +2,94 @@
 
 #include <QEvent>
 #include <QHeaderView>
+#include <QPainter>
 
-#include "shell/views/table_painting.h"
+#include "shell/views/frames.h"
 #include "shell/views/theme.h"
-#include "shell/views/thin_scroll_bar.h"
 
 namespace orvane {
+
+namespace {
+
+QRect insetCell(const QRect& cell) {
+  return cell.adjusted(theme::tableCellPadding, 0, -theme::tableCellPadding, 0);
+}
+
+/// `alignment` is the visual one; the text itself runs in its own direction, whatever the
+/// desktop's.
+void drawElided(QPainter& painter, const QRect& box, const QString& text, Qt::Alignment alignment) {
+  painter.setLayoutDirection(Qt::LayoutDirectionAuto);
+  const auto shown = painter.fontMetrics().elidedText(text, Qt::ElideRight, box.width());
+  painter.drawText(box, static_cast<int>(alignment | Qt::AlignAbsolute) | Qt::TextSingleLine,
+                   shown);
+}
+
+/// Draws the dot at the leading end of `box` and gives what is left for the text.
+QRect drawDot(QPainter& painter, const QRect& box, const QColor& color, Qt::LayoutDirection side) {
+  const int size = theme::stateDotSize;
+  const QRect dot(box.left(), box.center().y() - size / 2 + 1, size, size);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(color);
+  painter.drawEllipse(QStyle::visualRect(side, box, dot));
+  const auto rest = box.adjusted(size + theme::smallSpacing, 0, theme::tableCellPadding, 0);
+  return QStyle::visualRect(side, box, rest);
+}
+
+}  // namespace
+
+PlainHeader::PlainHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
+  setHighlightSections(false);
+  setSectionsClickable(false);
+  viewport()->setAutoFillBackground(false);
+}
+
+void PlainHeader::paintEvent(QPaintEvent* event) {
+  QHeaderView::paintEvent(event);
+  QPainter(viewport()).fillRect(QRect(0, height() - 1, width(), 1), theme::outlineColor(palette()));
+}
+
+void PlainHeader::paintSection(QPainter* painter, const QRect& rect, int section) const {
+  painter->setFont(font());
+  painter->setPen(theme::textColor(theme::TextColor::secondary, palette()));
+  const auto alignment =
+      Qt::Alignment(model()->headerData(section, Qt::Horizontal, Qt::TextAlignmentRole).toInt());
+  drawElided(*painter, insetCell(rect),
+             model()->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString(),
+             QStyle::visualAlignment(layoutDirection(), alignment));
+}
+
+QSize PlainHeader::sectionSizeFromContents(int section) const {
+  const auto text = model()->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
+  return {QFontMetrics(font()).horizontalAdvance(text) + 2 * theme::tableCellPadding,
+          theme::tableRowHeight};
+}
+
+void FigureCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                               const QModelIndex& index) const {
+  painter->save();
+  auto box = insetCell(option.rect);
+  const auto dotColor = index.data(dotColorRole);
+  if (dotColor.isValid()) {
+    const auto color = static_cast<theme::MarkColor>(dotColor.toInt());
+    box = drawDot(*painter, box, theme::markColor(color, option.palette), option.direction);
+  }
+  painter->setFont(option.font);
+  painter->setPen(option.palette.color(QPalette::Text));
+  const auto alignment = Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt());
+  drawElided(*painter, box, index.data(Qt::DisplayRole).toString(),
+             QStyle::visualAlignment(option.direction, alignment));
+  painter->setRenderHint(QPainter::Antialiasing, false);
+  if (index.row() + 1 < index.model()->rowCount()) {
+    painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1),
+                      theme::outlineColor(option.palette));
+  }
+  if (option.state.testFlag(QStyle::State_HasFocus)) {
+    painter->setPen(option.palette.color(QPalette::Highlight));
+    painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
+  }
+  painter->restore();
+}
 
 FigureTable::FigureTable(QWidget* parent) : QTableView(parent) {
   setHorizontalHeader(new PlainHeader(this));

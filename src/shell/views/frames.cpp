@@ -1,8 +1,14 @@
 #include "shell/views/frames.h"
 
 #include <QPainter>
+#include <QStyleOptionSlider>
+#include <QVBoxLayout>
+
+#include "shell/views/flow_layout.h"
+#include "shell/views/theme.h"
 
 namespace orvane {
+
 namespace {
 
 void drawRoundedFrame(QWidget& widget, int radius, const QColor& fill, const QColor& outline) {
@@ -56,6 +62,83 @@ Divider::Divider(Qt::Orientation orientation, QWidget* parent) : QWidget(parent)
 
 void Divider::paintEvent(QPaintEvent* /*event*/) {
   QPainter(this).fillRect(rect(), theme::outlineColor(palette()));
+}
+
+namespace {
+
+constexpr double inset = 3;
+constexpr double restingOpacity = 0.35;
+constexpr double touchedOpacity = 0.7;
+
+}  // namespace
+
+ThinScrollBar::ThinScrollBar(Qt::Orientation orientation, QWidget* parent)
+    : QScrollBar(orientation, parent) {
+  setAttribute(Qt::WA_Hover);
+  setAttribute(Qt::WA_OpaquePaintEvent, false);  // the ground shows beside the handle
+}
+
+QSize ThinScrollBar::sizeHint() const {
+  auto size = QScrollBar::sizeHint();
+  if (orientation() == Qt::Vertical) {
+    size.setWidth(theme::scrollBarWidth);
+  } else {
+    size.setHeight(theme::scrollBarWidth);
+  }
+  return size;
+}
+
+void ThinScrollBar::paintEvent(QPaintEvent* /*event*/) {
+  if (minimum() == maximum()) { return; }
+  QStyleOptionSlider option;
+  initStyleOption(&option);
+  const auto handle = QRectF(style()->subControlRect(QStyle::CC_ScrollBar, &option,
+                                                     QStyle::SC_ScrollBarSlider, this))
+                          .adjusted(inset, inset, -inset, -inset);
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  const auto opacity = isSliderDown() || underMouse() ? touchedOpacity : restingOpacity;
+  painter.setBrush(
+      theme::withOpacity(theme::textColor(theme::TextColor::secondary, palette()), opacity));
+  const auto radius = std::min(handle.width(), handle.height()) / 2;
+  painter.drawRoundedRect(handle, radius, radius);
+}
+
+void useThinScrollBars(QAbstractScrollArea& area) {
+  area.setVerticalScrollBar(new ThinScrollBar(Qt::Vertical, &area));
+  area.setHorizontalScrollBar(new ThinScrollBar(Qt::Horizontal, &area));
+  area.setCornerWidget(new QWidget(&area));  // in place of the style's darker square
+}
+
+ColumnArea::ColumnArea(const QString& accessibleName, int spacing, QWidget* parent)
+    : QScrollArea(parent) {
+  setAccessibleName(accessibleName);
+  setFrameShape(QFrame::NoFrame);
+  setWidgetResizable(true);
+  useThinScrollBars(*this);
+  auto* const content = new QWidget(this);
+  column_ = new QVBoxLayout(content);
+  column_->setContentsMargins(theme::windowPadding, theme::windowPadding, theme::windowPadding,
+                              theme::windowPadding);
+  column_->setSpacing(spacing);
+  setWidget(content);
+  viewport()->setAutoFillBackground(false);
+  content->setAutoFillBackground(false);
+}
+
+SectionHeader::SectionHeader(const QString& title, QWidget* parent)
+    : QWidget(parent),
+      row_(new QHBoxLayout(this)),
+      subtitle_(new TextLabel(theme::TextStyle::callout, theme::TextColor::secondary, this)) {
+  auto* const heading = new TextLabel(theme::TextStyle::headline, theme::TextColor::primary, this);
+  heading->setText(title);
+  auto* const texts = new FlowLayout(FlowLayout::Align::baseline, theme::smallSpacing, 0);
+  texts->addWidget(heading);
+  texts->addWidget(subtitle_);
+  row_->setContentsMargins(0, 0, 0, 0);
+  row_->addLayout(texts, 1);
+  row_->setAlignment(texts, Qt::AlignVCenter);
 }
 
 }  // namespace orvane

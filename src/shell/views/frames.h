@@ -1,9 +1,16 @@
 #pragma once
 
+#include <QAbstractScrollArea>
+#include <QHBoxLayout>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 #include <QWidget>
 
+#include "shell/views/labels.h"
 #include "shell/views/theme.h"
+
+class QVBoxLayout;
 
 namespace orvane {
 
@@ -61,6 +68,50 @@ class Divider final : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+};
+
+/// A scroll bar that is only its handle: the cards and tables stay what the eye sees first.
+class ThinScrollBar final : public QScrollBar {
+  Q_OBJECT
+
+ public:
+  explicit ThinScrollBar(Qt::Orientation orientation, QWidget* parent = nullptr);
+
+  [[nodiscard]] QSize sizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+/// Gives both directions of `area` thin scroll bars.
+void useThinScrollBars(QAbstractScrollArea& area);
+
+/// A column of the main window: its content stands at the top and scrolls when it is too high.
+class ColumnArea final : public QScrollArea {
+  Q_OBJECT
+
+ public:
+  explicit ColumnArea(const QString& accessibleName, int spacing, QWidget* parent = nullptr);
+
+  [[nodiscard]] QVBoxLayout* column() const { return column_; }
+
+ private:
+  QVBoxLayout* column_;
+};
+
+/// A section's title with a word about its content beside it; room for a control at the end.
+class SectionHeader final : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit SectionHeader(const QString& title, QWidget* parent = nullptr);
+
+  void showSubtitle(std::string_view subtitle) { subtitle_->showTextOrHide(subtitle); }
+  void addControl(QWidget* control) { row_->addWidget(control); }
+
+ private:
+  QHBoxLayout* row_;
+  TextLabel* subtitle_;
 };
 
 }  // namespace orvane

@@ -7,6 +7,7 @@
 #include "shell/views/theme.h"
 
 namespace orvane {
+
 namespace {
 
 constexpr int trackHeight = theme::controlHeight;

@@ -1,17 +1,46 @@
 #pragma once
 
+#include <QLineEdit>
+#include <QPushButton>
 #include <QWidget>
+#include <functional>
 #include <optional>
 #include <string>
 
 #include "core/balance_state.h"
+#include "shell/view_models/settings_fields.h"
 #include "shell/views/balance_actions.h"
-#include "shell/views/link_label.h"
+#include "shell/views/labels.h"
 #include "shell/views/segmented_picker.h"
-#include "shell/views/settings_field.h"
-#include "shell/views/text_label.h"
 
 namespace orvane {
+
+/// A text field with the buttons that save and remove its text. What the user types is a draft:
+/// nothing but the user and `setDraft` changes it.
+class SettingsField final : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// `name`: what the field is for, for screen readers.
+  SettingsField(const QString& name, std::function<void()> onCommit, QWidget* parent = nullptr);
+
+  /// Called whenever the draft has changed, by whomever.
+  void onDraftChange(std::function<void()> listener);
+  [[nodiscard]] std::string draft() const;
+  void setDraft(const std::string& text);
+  /// What the empty field says.
+  void showPlaceholder(const QString& text);
+  void showState(const SettingsFieldState& state);
+  [[nodiscard]] QLineEdit& edit() { return *edit_; }
+
+ private:
+  void remove();
+
+  std::function<void()> onCommit_;
+  QLineEdit* edit_;
+  QPushButton* save_;
+  QPushButton* remove_;
+};
 
 /// The settings: token, watched address, currency.
 class SettingsSection final : public QWidget {

@@ -4,9 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "platform/async/async_mutex.h"
-#include "platform/async/child_task.h"
-#include "platform/async/sleep.h"
 #include "platform/async/task_scope.h"
+#include "platform/async/timer.h"
 #include "support/virtual_executor.h"
 
 namespace orvane::test {

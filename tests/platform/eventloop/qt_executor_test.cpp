@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/async/sleep.h"
 #include "platform/async/timer.h"
 #include "platform/eventloop/real_time.h"
 

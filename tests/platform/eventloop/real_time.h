@@ -11,7 +11,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/async/child_task.h"
 #include "platform/async/task_scope.h"
 #include "platform/eventloop/qt_executor.h"
 

@@ -1,5 +1,5 @@
 #include "platform/eventloop/real_time.h"
-#include "platform/keychain/access_groups.h"
+#include "platform/keychain/keychain.h"
 #include "platform/keychain/secret_service_keychain.h"
 #include "platform/keychain/session_tools.h"
 

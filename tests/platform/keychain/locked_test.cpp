@@ -2,7 +2,7 @@
 
 #include "platform/eventloop/real_time.h"
 #include "platform/keychain/secret_service_keychain.h"
-#include "platform/keychain/service_presence.h"
+#include "platform/keychain/service_watch.h"
 #include "platform/keychain/session_tools.h"
 
 namespace orvane::test {

@@ -1,10 +1,9 @@
-#include "platform/keychain/service_presence.h"
-
 #include <QProcess>
 #include <csignal>
 
 #include "platform/eventloop/real_time.h"
 #include "platform/keychain/secret_service_keychain.h"
+#include "platform/keychain/service_watch.h"
 
 namespace orvane::test {
 namespace {

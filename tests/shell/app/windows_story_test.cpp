@@ -1,6 +1,6 @@
 #include "shell/app/app_fixture.h"
 #include "shell/app/balance_menu_actions.h"
-#include "shell/views/help_view.h"
+#include "shell/views/about_and_help.h"
 
 namespace orvane::test {
 namespace {

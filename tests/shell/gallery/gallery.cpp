@@ -7,11 +7,10 @@
 
 #include "platform/desktop/qt/color_scheme.h"
 #include "platform/desktop/symbols.h"
-#include "shell/app_info.h"
 #include "shell/sample_states.h"
-#include "shell/views/about_view.h"
-#include "shell/views/balance_content.h"
-#include "shell/views/help_view.h"
+#include "shell/view_models/app_info.h"
+#include "shell/views/about_and_help.h"
+#include "shell/views/balance_view.h"
 
 namespace orvane::test {
 namespace {

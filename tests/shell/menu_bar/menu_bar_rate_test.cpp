@@ -1,9 +1,8 @@
-#include "shell/menu_bar/menu_bar_rate.h"
-
 #include <cmath>
 #include <limits>
 
 #include "shell/menu_bar/runtime_fixture.h"
+#include "shell/menu_bar/status_button.h"
 
 namespace orvane::test {
 namespace {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/menu_bar/menu_bar_status.h"
 #include "shell/menu_bar/status_menu.h"
 
 namespace orvane::test {

@@ -1,5 +1,4 @@
-#include "shell/menu_bar/launch_presentation.h"
-#include "shell/menu_bar/orderly_exit.h"
+#include "shell/app/balance_app_delegate.h"
 #include "shell/menu_bar/runtime_fixture.h"
 
 namespace orvane::test {

@@ -4,8 +4,6 @@
 
 #include <gmock/gmock.h>
 
-#include "shell/view_models/history_section.h"
-
 namespace orvane::test {
 namespace {
 

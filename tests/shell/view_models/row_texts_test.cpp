@@ -2,9 +2,9 @@
 
 #include <gmock/gmock.h>
 
-#include "shell/view_models/block_reward_line.h"
-#include "shell/view_models/settings_section.h"
-#include "shell/view_models/worker_row.h"
+#include "shell/view_models/card_contents.h"
+#include "shell/view_models/settings_fields.h"
+#include "shell/view_models/worker_rows.h"
 
 namespace orvane::test {
 namespace {

@@ -1,9 +1,9 @@
-#include "shell/views/coalesced_update.h"
-
 #include <QCoreApplication>
 #include <QWidget>
 
 #include <gtest/gtest.h>
+
+#include "shell/views/balance_view.h"
 
 namespace orvane::test {
 namespace {

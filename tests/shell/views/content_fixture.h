@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "shell/sample_states.h"
-#include "shell/views/balance_content.h"
+#include "shell/views/balance_view.h"
 
 namespace orvane::test {
 

@@ -5,7 +5,7 @@
 #include <QTest>
 
 #include "shell/views/content_fixture.h"
-#include "shell/views/text_label.h"
+#include "shell/views/labels.h"
 
 namespace orvane::test {
 namespace {

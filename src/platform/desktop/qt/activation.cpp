@@ -7,9 +7,10 @@
 
 #include <xcb/xcb.h>
 
-#include "platform/desktop/qt/x11_messages.h"
+#include "platform/x11/x11_connection.h"
 
 namespace orvane {
+
 namespace {
 
 /// "A direct act of the user": window managers follow it where they would refuse a window that

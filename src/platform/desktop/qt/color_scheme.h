@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/desktop/portal/color_preference.h"
+#include "platform/bus/desktop_portal.h"
 
 namespace orvane {
 

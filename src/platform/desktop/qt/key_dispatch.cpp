@@ -1,13 +1,44 @@
 #include "platform/desktop/qt/key_dispatch.h"
 
 #include <QApplication>
+#include <QChar>
 #include <QKeyEvent>
+#include <QString>
 #include <algorithm>
 #include <utility>
 
-#include "platform/desktop/qt/key_events.h"
+#include "platform/desktop/desktop_event.h"
 
 namespace orvane {
+
+/// A key press in the desktop's terms. Control is the modifier that shortcuts use.
+[[nodiscard]] DesktopEvent keyDownEvent(const QKeyEvent& event);
+
+namespace {
+
+std::string charactersIgnoringModifiers(const QKeyEvent& event) {
+  // With Control held the text is a control character, and the key alone says which letter it is.
+  constexpr int firstPrintable = Qt::Key_Space;
+  constexpr int lastPrintable = Qt::Key_ydiaeresis;
+  if (event.key() >= firstPrintable && event.key() <= lastPrintable) {
+    return QString(QChar(static_cast<char16_t>(event.key())).toLower()).toStdString();
+  }
+  return event.text().toStdString();
+}
+
+}  // namespace
+
+DesktopEvent keyDownEvent(const QKeyEvent& event) {
+  const auto modifiers = event.modifiers();
+  return {.type = DesktopEvent::Type::keyDown,
+          .modifiers = {.shift = modifiers.testFlag(Qt::ShiftModifier),
+                        .control = modifiers.testFlag(Qt::ControlModifier),
+                        .option = modifiers.testFlag(Qt::AltModifier),
+                        .meta = modifiers.testFlag(Qt::MetaModifier)},
+          .keyCode = event.key() == Qt::Key_Escape ? DesktopEvent::escapeKeyCode : std::uint16_t{0},
+          .charactersIgnoringModifiers = charactersIgnoringModifiers(event)};
+}
+
 namespace {
 
 /// Shift and the like say something only together with another key.

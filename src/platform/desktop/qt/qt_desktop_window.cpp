@@ -6,6 +6,7 @@
 #include <utility>
 
 namespace orvane {
+
 namespace {
 
 /// For a moment after a window is hidden Qt still takes it for the one with the focus, and then

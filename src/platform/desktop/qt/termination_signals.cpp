@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 namespace orvane {
+
 namespace {
 
 constexpr std::array handledSignals{SIGTERM, SIGINT, SIGHUP};

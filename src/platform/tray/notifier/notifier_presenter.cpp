@@ -1,0 +1,158 @@
+#include "platform/tray/notifier/notifier_presenter.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <utility>
+
+#include "platform/tray/drawing/status_drawing.h"
+
+namespace orvane {
+
+namespace {
+
+const auto prefix = QStringLiteral("orvane-status-");
+
+bool isRunning(qint64 process) {
+  return kill(static_cast<pid_t>(process), 0) == 0 || errno == EPERM;
+}
+
+void removeLeftovers(const QDir& runtime) {
+  for (const auto& name : runtime.entryList({prefix + u'*'}, QDir::Dirs)) {
+    bool isNumber = false;
+    const auto process = name.mid(prefix.size()).toLongLong(&isNumber);
+    if (isNumber && process > 0 && !isRunning(process)) {
+      QDir(runtime.filePath(name)).removeRecursively();
+    }
+  }
+}
+
+}  // namespace
+
+IconFolder::IconFolder() {
+  const auto runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+  if (runtime.isEmpty()) { return; }
+  const QDir directory(runtime);
+  removeLeftovers(directory);
+  const auto name = prefix + QString::number(QCoreApplication::applicationPid());
+  if (directory.mkpath(name)) { path_ = directory.filePath(name); }
+}
+
+IconFolder::~IconFolder() {
+  if (!path_.isEmpty()) { QDir(path_).removeRecursively(); }
+}
+
+QString IconFolder::store(const QImage& image) {
+  if (path_.isEmpty()) { return {}; }
+  auto name = QStringLiteral("orvane-status-%1").arg(++count_);
+  const auto file = path_ + u'/' + name + QStringLiteral(".png");
+  if (!image.save(file)) { return {}; }
+  if (!previous_.isEmpty()) { QFile::remove(previous_); }
+  previous_ = std::exchange(newest_, file);
+  return name;
+}
+
+namespace {
+
+/// The icon heights of panels at 100 and 200 %. Hosts take the nearest and scale it.
+constexpr std::array squareSides{16, 22, 24, 32, 44, 48, 64};
+constexpr std::array wideHeights{22, 24, 26, 28, 30, 32, 36, 40, 44, 48};
+/// Files cannot be offered in several sizes: hosts scale this one down.
+constexpr int fileHeight = 22;
+
+using Drawing = QImage (*)(const StatusImage&, int, const StatusInk&);
+
+template <class Heights>
+NotifierPixmaps drawAll(const Heights& heights, Drawing draw, const StatusImage& image,
+                        const StatusInk& ink) {
+  NotifierPixmaps pixmaps;
+  for (const int height : heights) {
+    pixmaps.append(notifierPixmap(draw(image, height, ink)));
+  }
+  return pixmaps;
+}
+
+}  // namespace
+
+NotifierPresenter::NotifierPresenter(Presentation presentation, SessionBus& bus, Executor& executor,
+                                     StatusRequests requests)
+    : presentation_(presentation),
+      bus_(bus),
+      executor_(executor),
+      requests_(std::move(requests)),
+      popup_(executor) {
+  registerNotifierTypes();
+  registerMenuTypes();
+  if (presentation_ == Presentation::wideFile) { icons_.emplace(); }
+  busObserver_ = bus_.observe([this] { appear(); });
+}
+
+void NotifierPresenter::show(const StatusContent& content) {
+  if (content_ == content) { return; }
+  content_ = content;
+  state_ = stateFor(content);
+  if (!item_) {
+    appear();
+    return;
+  }
+  item_->setState(state_);
+  menu_->contentMayHaveChanged();
+}
+
+void NotifierPresenter::appear() {
+  item_.reset();
+  menu_.reset();
+  if (!content_ || !bus_.isOpen()) { return; }
+  // The menu first: a host may ask for it as soon as it hears of the item.
+  menu_.emplace(bus_.connection(), QLatin1String(NotifierItem::menuPath), executor_,
+                requests_.menu);
+  item_.emplace(bus_.connection(), notifierRequests(), state_);
+}
+
+NotifierRequests NotifierPresenter::notifierRequests() {
+  return {.activate = requests_.click,
+          .contextMenu =
+              [this](int x, int y) {
+                if (const auto menu = requests_.menu()) { popup_.popUp(*menu, QPoint(x, y)); }
+              },
+          .activationToken = requests_.activationToken};
+}
+
+NotifierState NotifierPresenter::stateFor(const StatusContent& content) {
+  NotifierState state;
+  state.toolTip.title = QString::fromStdString(
+      presentation_ == Presentation::square ? toolTipWithText(content) : content.toolTip);
+  if (!content.image) { return state; }
+  state.title = QString::fromStdString(content.image->accessibilityDescription);
+  addIcon(state, *content.image, inkFor(*content.image, content.shade));
+  return state;
+}
+
+void NotifierPresenter::addIcon(NotifierState& state, const StatusImage& image,
+                                const StatusInk& ink) {
+  switch (presentation_) {
+    case Presentation::labelBesideSymbol:
+      state.iconPixmaps = drawAll(squareSides, drawSymbolSquare, image, ink);
+      state.label = QString::fromStdString(image.text);
+      return;
+    case Presentation::wideFile:
+      state.iconThemePath = icons_->path();
+      state.iconName = icons_->store(drawWide(image, fileHeight, ink));
+      if (!state.iconName.isEmpty()) { return; }
+      [[fallthrough]];
+    case Presentation::widePixmap:
+      state.iconPixmaps = drawAll(wideHeights, drawWide, image, ink);
+      return;
+    case Presentation::square:
+    case Presentation::dockedWide:
+    case Presentation::dockedSquare:
+      state.iconPixmaps = drawAll(squareSides, drawFigureSquare, image, ink);
+      return;
+  }
+}
+
+}  // namespace orvane

@@ -1,0 +1,51 @@
+#include "platform/tray/presentation.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <sstream>
+#include <string_view>
+
+namespace orvane {
+
+namespace {
+
+bool isAnyOf(const TrayFacts& facts, std::initializer_list<std::string_view> names) {
+  return std::ranges::any_of(facts.desktopNames, [&](const std::string& name) {
+    return std::ranges::find(names, name) != names.end();
+  });
+}
+
+bool isXfce(const TrayFacts& facts) { return isAnyOf(facts, {"XFCE"}); }
+bool isMate(const TrayFacts& facts) { return isAnyOf(facts, {"MATE"}); }
+
+/// Xfce's panel is both kinds of host; it squeezes wide images that come over the bus and gives a
+/// docked window the width it asks for.
+bool prefersTrayManager(const TrayFacts& facts) {
+  return isXfce(facts) || !facts.notifierWatcher || !facts.notifierHost;
+}
+
+}  // namespace
+
+Presentation choosePresentation(const TrayFacts& facts) {
+  if (facts.trayManager && !facts.dockingFailed && prefersTrayManager(facts)) {
+    return isXfce(facts) || isMate(facts) ? Presentation::dockedWide : Presentation::dockedSquare;
+  }
+  if (isAnyOf(facts, {"GNOME", "ubuntu", "Unity"})) { return Presentation::labelBesideSymbol; }
+  if (facts.indicatorService) { return Presentation::wideFile; }
+  // The last four run waybar as a rule.
+  if (isMate(facts) || isAnyOf(facts, {"sway", "Hyprland", "river", "niri"})) {
+    return Presentation::widePixmap;
+  }
+  return Presentation::square;
+}
+
+std::vector<std::string> desktopNames(const std::string& variable) {
+  std::vector<std::string> names;
+  std::istringstream parts(variable);
+  for (std::string name; std::getline(parts, name, ':');) {
+    if (!name.empty()) { names.push_back(name); }
+  }
+  return names;
+}
+
+}  // namespace orvane

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+#include <functional>
+#include <optional>
+
+#include "platform/async/executor.h"
+#include "platform/async/timer.h"
+#include "platform/tray/status_presenter.h"
+
+namespace orvane {
+
+/// The status item as a window that an old system tray takes in. It takes the height that the tray
+/// gives it and asks for the width that its image needs.
+class DockedWindow final : public QWidget {
+  Q_OBJECT
+
+ public:
+  enum class Shape { square, wide };
+  struct Look {
+    Shape shape;
+    bool alpha;                        ///< the tray wants it transparent by its alpha channel
+    std::optional<QColor> foreground;  ///< of the panel's texts, where it is known
+  };
+
+  DockedWindow(Executor& executor, Look look, std::function<void()> click,
+               std::function<void(QPoint)> menu);
+
+  void setContent(const StatusContent& content);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+
+ private:
+  void redraw();
+  void askForWidth();
+  [[nodiscard]] int iconHeight() const;
+  [[nodiscard]] PanelShade shade() const;
+  void readBackgroundSoon();
+  void readBackground();
+
+  Executor& executor_;
+  Look look_;
+  std::function<void()> click_;
+  std::function<void(QPoint)> menu_;
+  StatusContent content_;
+  QImage background_;
+  QImage drawn_;
+  std::optional<OneShotTimer> readingBackground_;
+};
+
+}  // namespace orvane

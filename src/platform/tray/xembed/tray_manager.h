@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QAbstractNativeEventFilter>
+#include <QColor>
+#include <functional>
+#include <optional>
+
+#include <xcb/xcb.h>
+
+#include "platform/async/signal.h"
+
+namespace orvane {
+
+/// The old system tray of the X screen: the owner of its selection, followed as it comes, goes and
+/// is replaced. There is none on other window systems.
+class TrayManager final : public QAbstractNativeEventFilter {
+ public:
+  TrayManager();
+  ~TrayManager() override;
+  TrayManager(const TrayManager&) = delete;
+  TrayManager& operator=(const TrayManager&) = delete;
+
+  /// 0 when there is no tray.
+  [[nodiscard]] xcb_window_t window() const { return window_; }
+  [[nodiscard]] Registration observe(std::function<void()> listener);
+
+  /// The tray wants windows that are transparent by their alpha channel.
+  [[nodiscard]] bool wantsAlpha() const;
+  /// The colour of the panel's texts, where the tray tells it.
+  [[nodiscard]] std::optional<QColor> foreground() const;
+  /// Asks the tray to take a window in.
+  void requestDock(xcb_window_t icon) const;
+  /// Tells of each window of the application that is put into another one.
+  [[nodiscard]] Registration observeTaken(std::function<void(xcb_window_t icon)> listener);
+  /// The window is inside another one now.
+  [[nodiscard]] bool hasTaken(xcb_window_t icon) const;
+
+  bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+
+ private:
+  void findOwner();
+
+  xcb_connection_t* connection_;
+  xcb_atom_t selection_ = XCB_ATOM_NONE;
+  xcb_atom_t managerMessage_ = XCB_ATOM_NONE;
+  xcb_window_t window_ = XCB_WINDOW_NONE;
+  Signal<> changed_;
+  Signal<xcb_window_t> taken_;
+};
+
+}  // namespace orvane

@@ -1,0 +1,94 @@
+#include "pool/pool_documents.h"
+
+#include "platform/json/json_reader.h"
+
+namespace orvane {
+
+namespace {
+
+template <class Value>
+NamedValues<Value> readNamed(JsonValue object, JsonMatch& match, JsonRead<Value> read) {
+  NamedValues<Value> values;
+  for (const JsonMember member : objectMembers(object, match)) {
+    // The pool tends to send names in order: the hint spares the search then.
+    values.insert_or_assign(values.end(), std::string(member.name), read(member.value, match));
+  }
+  return values;
+}
+
+BraiinsProfileResponse readProfile(JsonValue root, JsonMatch& match) {
+  const JsonObjectReader document(root, match);
+  const JsonObjectReader profile(document.value("btc"), match);
+  return {.btc = {.hashRateUnit = profile.text("hash_rate_unit"),
+                  .hashRate60m = profile.number("hash_rate_60m"),
+                  .shares24h = profile.number("shares_24h"),
+                  .todayReward = profile.text("today_reward"),
+                  .currentBalance = profile.text("current_balance")}};
+}
+
+BraiinsWorkersResponse::Worker readWorker(JsonValue value, JsonMatch& match) {
+  const JsonObjectReader worker(value, match);
+  return {.state = worker.optionalText("state"),
+          .lastShare = worker.optionalInteger("last_share"),
+          .hashRateUnit = worker.optionalText("hash_rate_unit"),
+          .hashRate5m = worker.optionalNumber("hash_rate_5m"),
+          .hashRate60m = worker.optionalNumber("hash_rate_60m"),
+          .hashRate24h = worker.optionalNumber("hash_rate_24h")};
+}
+
+BraiinsWorkersResponse::BTC readWorkersOfCurrency(JsonValue value, JsonMatch& match) {
+  const JsonObjectReader currency(value, match);
+  return {.workers = readNamed(currency.value("workers"), match, readWorker)};
+}
+
+BraiinsWorkersResponse readWorkers(JsonValue root, JsonMatch& match) {
+  return {.values = readNamed(root, match, readWorkersOfCurrency)};
+}
+
+BraiinsRewardsResponse::Reward readReward(JsonValue value, JsonMatch& match) {
+  const JsonObjectReader reward(value, match);
+  return {.date = reward.integer("date"), .totalReward = reward.text("total_reward")};
+}
+
+BraiinsRewardsResponse readRewards(JsonValue root, JsonMatch& match) {
+  const JsonObjectReader document(root, match);
+  const JsonObjectReader currency(document.value("btc"), match);
+  return {
+      .btc = {.dailyRewards = readJsonArray(currency.value("daily_rewards"), match, readReward)}};
+}
+
+BraiinsDailyHashrateResponse::Day readDay(JsonValue value, JsonMatch& match) {
+  const JsonObjectReader day(value, match);
+  return {.date = day.integer("date"),
+          .hashRateUnit = day.text("hash_rate_unit"),
+          .hashRate24h = day.number("hash_rate_24h"),
+          .totalShares = day.number("total_shares")};
+}
+
+std::vector<BraiinsDailyHashrateResponse::Day> readDaysOfGroup(JsonValue value, JsonMatch& match) {
+  return readJsonArray(value, match, readDay);
+}
+
+BraiinsDailyHashrateResponse readDailyHashrate(JsonValue root, JsonMatch& match) {
+  return {.values = readNamed(root, match, readDaysOfGroup)};
+}
+
+}  // namespace
+
+std::optional<BraiinsProfileResponse> decodeProfile(std::string_view body) {
+  return decodeJson(body, readProfile);
+}
+
+std::optional<BraiinsWorkersResponse> decodeWorkers(std::string_view body) {
+  return decodeJson(body, readWorkers);
+}
+
+std::optional<BraiinsRewardsResponse> decodeRewards(std::string_view body) {
+  return decodeJson(body, readRewards);
+}
+
+std::optional<BraiinsDailyHashrateResponse> decodeDailyHashrate(std::string_view body) {
+  return decodeJson(body, readDailyHashrate);
+}
+
+}  // namespace orvane

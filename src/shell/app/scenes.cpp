@@ -1,0 +1,132 @@
+#include "shell/app/scenes.h"
+
+#include <QPointer>
+#include <QScreen>
+#include <QShowEvent>
+#include <QVBoxLayout>
+#include <QWidget>
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+#include "platform/async/executor.h"
+#include "platform/desktop/desktop_window.h"
+#include "shell/menu_bar/background_runtime.h"
+#include "shell/menu_bar/window_visibility.h"
+#include "shell/views/qt_text.h"
+
+namespace orvane {
+
+/// Stands around the content of a help or about window and leaves its place empty while the window
+/// is not on screen or the application lives in the status area alone.
+class MenuBarWindowContent final : public QWidget {
+ public:
+  /// `window`: the one this stands in; it and `executor` outlive this object.
+  MenuBarWindowContent(std::unique_ptr<QWidget> content, DesktopWindow& window, Executor& executor,
+                       std::shared_ptr<BackgroundRuntime> runtime, QWidget* parent = nullptr);
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void reportWindow();
+  void showOrHideContent();
+
+  DesktopWindow& window_;
+  Executor& executor_;
+  QWidget* content_;
+  WindowVisibility visibility_;
+};
+
+MenuBarWindowContent::MenuBarWindowContent(std::unique_ptr<QWidget> content, DesktopWindow& window,
+                                           Executor& executor,
+                                           std::shared_ptr<BackgroundRuntime> runtime,
+                                           QWidget* parent)
+    : QWidget(parent),
+      window_(window),
+      executor_(executor),
+      content_(content.release()),
+      visibility_(std::move(runtime), [this] { showOrHideContent(); }) {
+  auto* const layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(content_);
+  // The window keeps its size while its content is away.
+  auto policy = content_->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  content_->setSizePolicy(policy);
+  visibility_.handleWindow(&window_);
+  showOrHideContent();
+}
+
+void MenuBarWindowContent::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  reportWindow();
+}
+
+void MenuBarWindowContent::reportWindow() {
+  // Only after the show is over does the window count as visible.
+  executor_.post([self = QPointer(this)] {
+    if (self) { self->visibility_.handleWindow(&self->window_); }
+  });
+}
+
+void MenuBarWindowContent::showOrHideContent() { content_->setVisible(visibility_.showsContent()); }
+
+SceneWindows::SceneWindows(QtDesktopApplication& application, Executor& executor,
+                           std::shared_ptr<BackgroundRuntime> runtime, MakeContent makeContent)
+    : application_(application),
+      executor_(executor),
+      runtime_(std::move(runtime)),
+      makeContent_(std::move(makeContent)) {}
+
+DesktopWindow* SceneWindows::prepare(std::string_view id) {
+  const auto* const scene = findScene(id);
+  if (!scene) { return nullptr; }
+  if (const auto known = windows_.find(id); known != windows_.end()) { return known->second; }
+  auto& window = make(*scene);
+  windows_.emplace(id, &window);
+  return &window;
+}
+
+void SceneWindows::open(std::string_view id) {
+  if (auto* const window = prepare(id)) { window->makeKeyAndOrderFront(); }
+}
+
+DesktopWindow& SceneWindows::make(const WindowScene& scene) {
+  auto frame = std::make_unique<QWidget>();
+  frame->setWindowTitle(toQString(scene.title));
+  auto* const layout = new QVBoxLayout(frame.get());
+  layout->setContentsMargins(0, 0, 0, 0);
+  auto content = makeContent_(scene);
+  auto& frameWidget = *frame;
+  auto& window = application_.addWindow(std::move(frame));
+  if (scene.id == mainSceneId) {
+    layout->addWidget(content.release());
+  } else {
+    layout->addWidget(
+        new MenuBarWindowContent(std::move(content), window, executor_, runtime_, &frameWidget));
+  }
+  if (scene.defaultSize) {
+    frameWidget.resize(scene.defaultSize->width, scene.defaultSize->height);
+  } else {
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    layout->activate();
+  }
+  placeOverMainWindow(frameWidget);
+  return window;
+}
+
+void SceneWindows::placeOverMainWindow(QWidget& frame) const {
+  const auto main = windows_.find(mainSceneId);
+  if (main == windows_.end() || !main->second->isVisible()) { return; }
+  const auto& mainWidget = QtDesktopApplication::widgetOf(*main->second);
+  QRect place(QPoint(), frame.size());
+  place.moveCenter(mainWidget.geometry().center());
+  const auto screen = mainWidget.screen()->availableGeometry();
+  frame.move(std::clamp(place.left(), screen.left(),
+                        std::max(screen.left(), screen.right() - place.width())),
+             std::clamp(place.top(), screen.top(),
+                        std::max(screen.top(), screen.bottom() - place.height())));
+}
+
+}  // namespace orvane

@@ -1,0 +1,159 @@
+#include "shell/views/labels.h"
+
+#include <QEvent>
+#include <QFontMetrics>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QResizeEvent>
+#include <algorithm>
+
+#include "platform/desktop/symbols.h"
+#include "shell/views/qt_text.h"
+
+namespace orvane {
+
+TextLabel::TextLabel(theme::TextStyle style, theme::TextColor color, QWidget* parent)
+    : QLabel(parent), style_(style), color_(color) {
+  setTextFormat(Qt::PlainText);
+  setFont(theme::textFont(style_));
+  applyColor();
+}
+
+void TextLabel::showText(std::string_view text) {
+  const auto wanted = toQString(text);
+  if (wanted != this->text()) { setText(wanted); }
+}
+
+void TextLabel::showTextOrHide(std::string_view text) {
+  showText(text);
+  setVisible(!text.empty());
+}
+
+void TextLabel::setColor(theme::TextColor color) {
+  if (color == color_) { return; }
+  color_ = color;
+  applyColor();
+}
+
+void TextLabel::makeSelectable() {
+  setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+}
+
+void TextLabel::changeEvent(QEvent* event) {
+  QLabel::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ParentChange) {
+    applyColor();
+  }
+  if (event->type() == QEvent::ApplicationFontChange) { applyFont(); }
+}
+
+void TextLabel::applyFont() { setFont(theme::textFont(style_)); }
+
+void TextLabel::applyColor() {
+  const auto surroundings = parentWidget() ? parentWidget()->palette() : QGuiApplication::palette();
+  const auto color = theme::textColor(color_, surroundings);
+  auto own = palette();
+  if (own.color(QPalette::WindowText) == color) { return; }
+  own.setColor(QPalette::WindowText, color);
+  setPalette(own);
+}
+
+namespace {
+
+/// The share of its size down to which a figure may shrink.
+constexpr double smallestShare = 0.45;
+
+int textWidth(const QFont& font, const QString& text) {
+  return QFontMetrics(font).horizontalAdvance(text) + 2;  // glyphs may lean out of their advance
+}
+
+}  // namespace
+
+QSize FigureLabel::sizeHint() const {
+  const auto font = theme::textFont(style());
+  return {textWidth(font, text()), QFontMetrics(font).height()};
+}
+
+QSize FigureLabel::minimumSizeHint() const {
+  const auto whole = sizeHint();
+  return {static_cast<int>(whole.width() * smallestShare), whole.height()};
+}
+
+void FigureLabel::resizeEvent(QResizeEvent* event) {
+  TextLabel::resizeEvent(event);
+  applyFont();
+}
+
+void FigureLabel::applyFont() {
+  auto fitting = theme::textFont(style());
+  const int wanted = textWidth(fitting, text());
+  if (wanted > width() && width() > 0) {
+    const auto share = std::max(smallestShare, static_cast<double>(width()) / wanted);
+    fitting.setPixelSize(static_cast<int>(fitting.pixelSize() * share));
+  }
+  if (fitting != font()) { setFont(fitting); }
+}
+
+LinkLabel::LinkLabel(theme::TextStyle style, std::string_view text, std::string_view url,
+                     QWidget* parent)
+    : QLabel(parent), style_(style), text_(toQString(text)), url_(toQString(url)) {
+  setAccessibleName(text_);
+  if (!url_.isEmpty()) {
+    setTextFormat(Qt::RichText);
+    setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    setOpenExternalLinks(true);
+    setToolTip(url_);
+  }
+  applyStyle();
+}
+
+void LinkLabel::changeEvent(QEvent* event) {
+  QLabel::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationFontChange) {
+    applyStyle();
+  }
+}
+
+void LinkLabel::applyStyle() {
+  setFont(theme::textFont(style_));
+  if (url_.isEmpty()) {
+    setText(text_);
+    return;
+  }
+  // The colour of a link is fixed when its text is laid out, so it is written into the text.
+  setText(
+      QStringLiteral("<a href=\"%1\" style=\"color: %2\">%3</a>")
+          .arg(url_.toHtmlEscaped(), theme::linkColor(palette()).name(), text_.toHtmlEscaped()));
+}
+
+QIcon symbolIcon(const QString& name, int size, const QPalette& palette) {
+  QIcon icon;
+  for (const auto devicePixelRatio : {1, 2, 3}) {
+    icon.addPixmap(symbolPixmap(name, size, palette.color(QPalette::Active, QPalette::ButtonText),
+                                devicePixelRatio),
+                   QIcon::Normal);
+    icon.addPixmap(symbolPixmap(name, size, palette.color(QPalette::Disabled, QPalette::ButtonText),
+                                devicePixelRatio),
+                   QIcon::Disabled);
+  }
+  return icon;
+}
+
+SymbolLabel::SymbolLabel(QWidget* parent) : QWidget(parent) {
+  setFixedSize(theme::symbolSize, theme::symbolSize);
+}
+
+void SymbolLabel::showSymbol(const QString& name, theme::TextColor color) {
+  if (name == name_ && color == color_) { return; }
+  name_ = name;
+  color_ = color;
+  update();
+}
+
+void SymbolLabel::paintEvent(QPaintEvent* /*event*/) {
+  const auto drawing =
+      symbolPixmap(name_, height(), theme::textColor(color_, palette()), devicePixelRatioF());
+  QPainter(this).drawPixmap(0, 0, drawing);
+}
+
+}  // namespace orvane

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <QIcon>
+#include <QLabel>
+#include <QPalette>
+#include <string_view>
+
+#include "shell/views/theme.h"
+
+namespace orvane {
+
+/// Plain text in a style and colour of the design; both follow the desktop when it changes.
+/// The text is never taken for markup, wherever it comes from.
+class TextLabel : public QLabel {
+  Q_OBJECT
+
+ public:
+  explicit TextLabel(theme::TextStyle style, theme::TextColor color = theme::TextColor::primary,
+                     QWidget* parent = nullptr);
+
+  /// Does nothing when the text is already shown, so that a selection in it stays.
+  void showText(std::string_view text);
+  /// Shows the text, or nothing at all when it is empty.
+  void showTextOrHide(std::string_view text);
+  void setColor(theme::TextColor color);
+  /// Lets the user select and copy the text, by mouse and by keyboard.
+  void makeSelectable();
+
+ protected:
+  [[nodiscard]] theme::TextStyle style() const { return style_; }
+  void changeEvent(QEvent* event) override;
+  /// The font of the style, as the desktop has it now.
+  virtual void applyFont();
+
+ private:
+  void applyColor();
+
+  theme::TextStyle style_;
+  theme::TextColor color_;
+};
+
+/// A figure that grows smaller rather than being cut off when it is long.
+class FigureLabel final : public TextLabel {
+  Q_OBJECT
+
+ public:
+  using TextLabel::TextLabel;
+
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void applyFont() override;
+};
+
+/// A text that opens a web page, by mouse and by keyboard; plain text without a page to open.
+class LinkLabel final : public QLabel {
+  Q_OBJECT
+
+ public:
+  LinkLabel(theme::TextStyle style, std::string_view text, std::string_view url,
+            QWidget* parent = nullptr);
+
+ protected:
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void applyStyle();
+
+  theme::TextStyle style_;
+  QString text_;
+  QString url_;
+};
+
+/// A symbol for a button, in the colours of button texts.
+[[nodiscard]] QIcon symbolIcon(const QString& name, int size, const QPalette& palette);
+
+/// A symbol beside a text; decoration, unless it is given an accessible name.
+class SymbolLabel final : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit SymbolLabel(QWidget* parent = nullptr);
+
+  void showSymbol(const QString& name, theme::TextColor color);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QString name_;
+  theme::TextColor color_ = theme::TextColor::primary;
+};
+
+}  // namespace orvane
