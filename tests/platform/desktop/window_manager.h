@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QFile>
-#include <QGuiApplication>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
@@ -9,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/x11/x11_connection.h"
+#include "platform/x11/x11_display.h"
 
 namespace orvane::test {
 
@@ -44,9 +43,9 @@ inline QString windowId(const QWidget& widget) { return QString::number(widget.w
 
 /// Presses the close control in the window's frame.
 inline void closeByWindowManager(const QWidget& widget) {
-  auto& connection = *qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
-  sendToRoot(connection, static_cast<xcb_window_t>(widget.winId()), "_NET_CLOSE_WINDOW", {});
-  xcb_flush(&connection);
+  const auto display = X11Display::ofApplication();
+  display->sendToWindowManager(static_cast<xcb_window_t>(widget.winId()), "_NET_CLOSE_WINDOW", {});
+  display->flush();
 }
 
 }  // namespace orvane::test

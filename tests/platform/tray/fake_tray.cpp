@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/x11/x11_connection.h"
-
 namespace orvane::test {
 namespace {
 
@@ -20,40 +18,34 @@ constexpr int margin = 4;
 
 FakeTray::FakeTray(std::uint32_t panelColor, bool takesWindows)
     : connection_(xcb_connect(nullptr, nullptr)),
-      screen_(xcb_setup_roots_iterator(xcb_get_setup(connection_)).data),
+      display_(*connection_),
       takesWindows_(takesWindows),
       panel_(xcb_generate_id(connection_)) {
   const std::uint32_t values[] = {panelColor, 1};
-  xcb_create_window(connection_, XCB_COPY_FROM_PARENT, panel_, screen_->root, 0, 0, panelWidth,
+  xcb_create_window(connection_, XCB_COPY_FROM_PARENT, panel_, display_.root(), 0, 0, panelWidth,
                     panelHeight, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
                     XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT, values);
   xcb_map_window(connection_, panel_);
-  xcb_set_selection_owner(connection_, panel_, atom("_NET_SYSTEM_TRAY_S0"), XCB_CURRENT_TIME);
+  xcb_set_selection_owner(connection_, panel_, display_.atom("_NET_SYSTEM_TRAY_S0"),
+                          XCB_CURRENT_TIME);
   announce();
 }
 
 FakeTray::~FakeTray() { xcb_disconnect(connection_); }
 
-xcb_atom_t FakeTray::atom(const char* name) const { return internAtom(connection_, name); }
-
 void FakeTray::announce() const {
-  xcb_client_message_event_t message{};
-  message.response_type = XCB_CLIENT_MESSAGE;
-  message.format = 32;
-  message.window = screen_->root;
-  message.type = atom("MANAGER");
-  message.data.data32[1] = atom("_NET_SYSTEM_TRAY_S0");
-  message.data.data32[2] = panel_;
-  xcb_send_event(connection_, 0, screen_->root, XCB_EVENT_MASK_STRUCTURE_NOTIFY,
-                 reinterpret_cast<const char*>(&message));
-  xcb_flush(connection_);
+  display_.send(display_.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY, display_.root(), "MANAGER",
+                {XCB_CURRENT_TIME, display_.atom("_NET_SYSTEM_TRAY_S0"), panel_});
+  display_.flush();
 }
 
 void FakeTray::handleEvents() {
   while (const XReply<xcb_generic_event_t> event{xcb_poll_for_event(connection_)}) {
     if ((event->response_type & ~0x80) != XCB_CLIENT_MESSAGE || !takesWindows_) { continue; }
     const auto& message = *reinterpret_cast<const xcb_client_message_event_t*>(event.get());
-    if (message.type == atom("_NET_SYSTEM_TRAY_OPCODE")) { takeIn(message.data.data32[2]); }
+    if (message.type == display_.atom("_NET_SYSTEM_TRAY_OPCODE")) {
+      takeIn(message.data.data32[2]);
+    }
   }
 }
 

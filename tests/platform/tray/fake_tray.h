@@ -3,7 +3,7 @@
 #include <QImage>
 #include <cstdint>
 
-#include <xcb/xcb.h>
+#include "platform/x11/x11_display.h"
 
 namespace orvane::test {
 
@@ -27,12 +27,11 @@ class FakeTray {
   static void click(int button);
 
  private:
-  [[nodiscard]] xcb_atom_t atom(const char* name) const;
   void announce() const;
   void takeIn(xcb_window_t icon);
 
   xcb_connection_t* connection_;
-  xcb_screen_t* screen_;
+  X11Display display_;
   bool takesWindows_;
   xcb_window_t panel_;
   xcb_window_t icon_ = XCB_WINDOW_NONE;

@@ -1,13 +1,10 @@
 #include "platform/desktop/qt/activation.h"
 
-#include <QGuiApplication>
 #include <QWidget>
 #include <charconv>
 #include <string_view>
 
-#include <xcb/xcb.h>
-
-#include "platform/x11/x11_connection.h"
+#include "platform/x11/x11_display.h"
 
 namespace orvane {
 
@@ -17,19 +14,11 @@ namespace {
 /// raises itself.
 constexpr std::uint32_t actOfTheUser = 2;
 
-void activateOnX11(xcb_connection_t& connection, QWidget& window, const std::string& token) {
+void activateOnX11(const X11Display& display, QWidget& window, const std::string& token) {
   const auto id = static_cast<xcb_window_t>(window.winId());
-  const auto time = startupTime(token);
-  sendToRoot(connection, id, "_NET_ACTIVE_WINDOW", {actOfTheUser, time, 0, 0, 0});
-  if (!token.empty()) { endStartupSequence(connection, id, token); }
-  xcb_flush(&connection);
-}
-
-/// Null where the display is no X server; other platforms offer the interface without a server.
-xcb_connection_t* x11Connection() {
-  if (QGuiApplication::platformName() != QStringLiteral("xcb")) { return nullptr; }
-  const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-  return x11 ? x11->connection() : nullptr;
+  display.sendToWindowManager(id, "_NET_ACTIVE_WINDOW", {actOfTheUser, startupTime(token)});
+  if (!token.empty()) { display.endStartupSequence(id, token); }
+  display.flush();
 }
 
 }  // namespace
@@ -44,12 +33,14 @@ unsigned startupTime(const std::string& token) {
 }
 
 void activateWindow(QWidget& window, const std::string& token) {
-  auto* const x11 = x11Connection();
+  const auto display = X11Display::ofApplication();
   // Where the compositor hands out permissions, Qt takes them from the environment.
-  if (!x11 && !token.empty()) { qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(token)); }
+  if (!display && !token.empty()) {
+    qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(token));
+  }
   window.raise();
   window.activateWindow();
-  if (x11) { activateOnX11(*x11, window, token); }
+  if (display) { activateOnX11(*display, window, token); }
 }
 
 }  // namespace orvane

@@ -9,10 +9,8 @@
 #include <cmath>
 #include <utility>
 
-#include <xcb/xcb.h>
-
 #include "platform/tray/drawing/status_drawing.h"
-#include "platform/x11/x11_connection.h"
+#include "platform/x11/x11_display.h"
 
 namespace orvane {
 
@@ -29,27 +27,10 @@ namespace orvane {
 
 namespace {
 
-constexpr std::uint32_t allPlanes = ~0U;
-
-QImage readScreen(xcb_connection_t* connection, const QRect& area) {
-  const auto width = static_cast<std::uint16_t>(area.width());
-  const auto height = static_cast<std::uint16_t>(area.height());
-  const auto request = xcb_get_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, rootWindow(connection),
-                                     static_cast<std::int16_t>(area.x()),
-                                     static_cast<std::int16_t>(area.y()), width, height, allPlanes);
-  const XReply<xcb_get_image_reply_t> reply(xcb_get_image_reply(connection, request, nullptr));
-  const auto needed = static_cast<std::uint32_t>(width) * height * 4;
-  if (!reply || reply->length * 4 < needed) { return {}; }
-  const auto lineSize = static_cast<qsizetype>(width) * 4;
-  return QImage(xcb_get_image_data(reply.get()), width, height, lineSize, QImage::Format_RGB32)
-      .copy();
-}
-
 /// The panel around a window: its outermost parent below the root.
-xcb_window_t outermostParent(xcb_connection_t* connection, xcb_window_t window) {
-  const auto root = rootWindow(connection);
-  for (auto parent = parentWindow(connection, window); parent != root;
-       parent = parentWindow(connection, window)) {
+xcb_window_t outermostParent(const X11Display& display, xcb_window_t window) {
+  const auto root = display.root();
+  for (auto parent = display.parentOf(window); parent != root; parent = display.parentOf(window)) {
     if (parent == XCB_WINDOW_NONE) { return XCB_WINDOW_NONE; }
     window = parent;
   }
@@ -77,14 +58,14 @@ QImage blendBetween(const QImage& near, const QImage& far, const QSize& size) {
 }
 
 QImage panelBackground(xcb_window_t window) {
-  auto* const connection = applicationConnection();
-  if (!connection) { return {}; }
-  const auto panel = outermostParent(connection, window);
+  const auto display = X11Display::ofApplication();
+  if (!display) { return {}; }
+  const auto panel = outermostParent(*display, window);
   if (panel == XCB_WINDOW_NONE || panel == window) { return {}; }
-  const auto panelArea = areaOnScreen(connection, panel);
-  const auto area = areaOnScreen(connection, window);
+  const auto panelArea = display->areaOf(panel);
+  const auto area = display->areaOf(window);
   const auto read = [&](const QRect& edge) {
-    return panelArea.contains(edge) ? readScreen(connection, edge) : QImage();
+    return panelArea.contains(edge) ? display->picture(edge) : QImage();
   };
   const auto above = read(QRect(area.x(), area.y() - 1, area.width(), 1));
   const auto below = read(QRect(area.x(), area.bottom() + 1, area.width(), 1));

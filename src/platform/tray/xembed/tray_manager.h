@@ -5,9 +5,8 @@
 #include <functional>
 #include <optional>
 
-#include <xcb/xcb.h>
-
 #include "platform/async/signal.h"
+#include "platform/x11/x11_display.h"
 
 namespace orvane {
 
@@ -40,7 +39,7 @@ class TrayManager final : public QAbstractNativeEventFilter {
  private:
   void findOwner();
 
-  xcb_connection_t* connection_;
+  std::optional<X11Display> display_;
   xcb_atom_t selection_ = XCB_ATOM_NONE;
   xcb_atom_t managerMessage_ = XCB_ATOM_NONE;
   xcb_window_t window_ = XCB_WINDOW_NONE;
