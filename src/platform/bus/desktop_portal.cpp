@@ -1,7 +1,5 @@
 #include "platform/bus/desktop_portal.h"
 
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 #include <QDBusVariant>
 #include <utility>
 
@@ -9,6 +7,7 @@ namespace orvane {
 
 namespace {
 
+const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const auto settingsInterface = QStringLiteral("org.freedesktop.portal.Settings");
 const auto appearanceGroup = QStringLiteral("org.freedesktop.appearance");
 const auto schemeKey = QStringLiteral("color-scheme");
@@ -30,24 +29,22 @@ ColorPreference preferenceIn(QVariant value) {
 
 }  // namespace
 
-PortalColorPreference::PortalColorPreference(const QDBusConnection& bus,
+PortalColorPreference::PortalColorPreference(SessionBus& bus,
                                              std::function<void(ColorPreference)> handle)
-    : bus_(bus), handle_(std::move(handle)) {
-  // With a sender's name Qt would wait for the bus to say who that is.
-  bus_.connect(QString(), portalPath, settingsInterface, QStringLiteral("SettingChanged"), this,
-               SLOT(handleSetting(QDBusMessage)));
-}
+    : bus_(bus),
+      handle_(std::move(handle)),
+      settingChanged_(bus, portalPath, settingsInterface, QStringLiteral("SettingChanged"),
+                      [this](const QDBusMessage& message) { handleSetting(message); }) {}
 
 void PortalColorPreference::ask(Start start) {
   auto question = QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface,
                                                  QStringLiteral("Read"));
   question.setAutoStartService(start == Start::allowed);
   question << appearanceGroup << schemeKey;
-  auto* const watcher = new QDBusPendingCallWatcher(bus_.asyncCall(question), this);
-  connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
-    watcher->deleteLater();
-    const QDBusPendingReply<QDBusVariant> reply = *watcher;
-    if (!reply.isError()) { handle_(preferenceIn(reply.value().variant())); }
+  callOnBus(bus_, question, this, [this](const BusReply& reply) {
+    if (reply && reply->value(0).canConvert<QDBusVariant>()) {
+      handle_(preferenceIn(reply->value(0)));
+    }
   });
 }
 

@@ -1,12 +1,10 @@
 #include "platform/bus/session_bus.h"
 
 #include <QDBusPendingCall>
-#include <QDBusPendingCallWatcher>
+#include <QStringList>
 #include <QUuid>
 #include <algorithm>
-#include <chrono>
 #include <memory>
-#include <utility>
 
 #include "platform/async/completion.h"
 
@@ -22,6 +20,11 @@ constexpr ExecutorClock::duration longestRetryDelay = 60s;
 const auto localPath = QStringLiteral("/org/freedesktop/DBus/Local");
 const auto localInterface = QStringLiteral("org.freedesktop.DBus.Local");
 
+BusReply valuesOf(const QDBusMessage& reply) {
+  const bool isReply = reply.type() == QDBusMessage::ReplyMessage;
+  return isReply ? BusReply(reply.arguments()) : std::nullopt;
+}
+
 }  // namespace
 
 SessionBus::SessionBus(Executor& executor) : executor_(executor), retryDelay_(firstRetryDelay) {
@@ -36,7 +39,7 @@ Registration SessionBus::observe(std::function<void()> listener) {
 
 void SessionBus::open() {
   // A name of its own each time: Qt gives a connection that was lost out again under the old one.
-  name_ = QStringLiteral("orvane-status-") + QUuid::createUuid().toString(QUuid::WithoutBraces);
+  name_ = QStringLiteral("orvane-") + QUuid::createUuid().toString(QUuid::WithoutBraces);
   auto opened = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name_);
   if (!opened.isConnected()) {
     QDBusConnection::disconnectFromBus(name_);
@@ -68,43 +71,66 @@ void SessionBus::handleDisconnected() {
   retryLater();
 }
 
-namespace {
-
-using Abort = CompletionAwaiter<BusReply>::Abort;
-
-BusReply valuesOf(const QDBusMessage& reply) {
-  const bool isReply = reply.type() == QDBusMessage::ReplyMessage;
-  return isReply ? BusReply(reply.arguments()) : std::nullopt;
+QDBusMessage callOfBusItself(const QString& method, const QVariantList& arguments) {
+  const auto bus = QStringLiteral("org.freedesktop.DBus");
+  auto call =
+      QDBusMessage::createMethodCall(bus, QStringLiteral("/org/freedesktop/DBus"), bus, method);
+  call.setArguments(arguments);
+  return call;
 }
 
-Abort send(const QDBusConnection& bus, const QDBusMessage& call, int deadline,
-           const Completion<BusReply>& completion) {
-  const QDBusPendingCall pending = bus.asyncCall(call, deadline);
-  // Without a connection the call has already failed, and no watcher ever hears of it.
+QDBusMessage callWithoutStarting(const QString& service, const QString& path,
+                                 const QString& interface, const QString& method) {
+  auto call = QDBusMessage::createMethodCall(service, path, interface, method);
+  call.setAutoStartService(false);
+  return call;
+}
+
+void callOnBus(const SessionBus& bus, const QDBusMessage& call, QObject* receiver,
+               std::function<void(const BusReply&)> handle, std::chrono::milliseconds deadline) {
+  const auto failed = QDBusMessage::createError(QDBusError::Disconnected, QString());
+  const QDBusPendingCall pending =
+      bus.isOpen() ? bus.connection().asyncCall(call, static_cast<int>(deadline.count()))
+                   : QDBusPendingCall::fromCompletedCall(failed);
+  // No watcher ever hears of a call that has failed already.
   if (pending.isFinished()) {
-    completion.resolve(valuesOf(pending.reply()));
-    return {};
+    const auto tell = [handle = std::move(handle), reply = valuesOf(pending.reply())] {
+      handle(reply);
+    };
+    QMetaObject::invokeMethod(receiver, tell, Qt::QueuedConnection);
+    return;
   }
-  const auto watcher = std::make_shared<QDBusPendingCallWatcher>(pending);
-  QObject::connect(watcher.get(), &QDBusPendingCallWatcher::finished, watcher.get(),
-                   [completion](QDBusPendingCallWatcher* ended) {
-                     completion.resolve(valuesOf(ended->reply()));
+  auto* const watcher = new QDBusPendingCallWatcher(pending, receiver);
+  QObject::connect(watcher, &QDBusPendingCallWatcher::finished, receiver,
+                   [handle = std::move(handle)](QDBusPendingCallWatcher* ended) {
+                     ended->deleteLater();
+                     handle(valuesOf(ended->reply()));
                    });
-  // The watcher lives as long as what waits for it.
-  return [watcher] { watcher->disconnect(); };
 }
 
-}  // namespace
-
-Task<BusReply> callOnBus(QDBusConnection bus, QDBusMessage call,
+Task<BusReply> callOnBus(const SessionBus& bus, QDBusMessage call,
                          std::chrono::milliseconds deadline) {
-  const int milliseconds = static_cast<int>(deadline.count());
-  CompletionAwaiter<BusReply>::Start start =
-      [bus, call, milliseconds](const Completion<BusReply>& completion) {
-        return send(bus, call, milliseconds, completion);
-      };
+  CompletionAwaiter<BusReply>::Start start = [&bus, call,
+                                              deadline](const Completion<BusReply>& completion) {
+    const auto receiver = std::make_shared<QObject>();
+    callOnBus(
+        bus, call, receiver.get(),
+        [completion](const BusReply& reply) { completion.resolve(reply); }, deadline);
+    // The receiver lives as long as what waits for it.
+    return [receiver] {};
+  };
   BusReply reply = co_await untilResolved<BusReply>(std::move(start), std::nullopt);
   co_return reply;
+}
+
+Task<bool> isServicePresent(const SessionBus& bus, QString name,
+                            std::chrono::milliseconds deadline) {
+  const QDBusMessage hasOwner = callOfBusItself(QStringLiteral("NameHasOwner"), {name});
+  const BusReply owned = co_await callOnBus(bus, hasOwner, deadline);
+  if (firstValue<bool>(owned)) { co_return true; }
+  const QDBusMessage listNames = callOfBusItself(QStringLiteral("ListActivatableNames"));
+  const BusReply startable = co_await callOnBus(bus, listNames, deadline);
+  co_return firstValue<QStringList>(startable).contains(name);
 }
 
 }  // namespace orvane

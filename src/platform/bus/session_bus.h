@@ -19,7 +19,7 @@
 namespace orvane {
 
 /// A connection of our own to the session bus. A bus that is missing or goes away is looked for
-/// again, at growing intervals, for as long as this exists.
+/// again, at growing intervals, for as long as this exists. Main thread only, like everything here.
 class SessionBus final : public QObject {
   Q_OBJECT
 
@@ -51,14 +51,41 @@ class SessionBus final : public QObject {
   Signal<> changed_;
 };
 
-/// A call that reaches the service only if it runs already.
-[[nodiscard]] inline QDBusMessage callWithoutStarting(const QString& service, const QString& path,
-                                                      const QString& interface,
-                                                      const QString& method) {
-  auto call = QDBusMessage::createMethodCall(service, path, interface, method);
-  call.setAutoStartService(false);
-  return call;
+/// The values of a reply; nothing where there was none: an error, no bus, no answer within the
+/// deadline, or the calling task was cancelled.
+using BusReply = std::optional<QVariantList>;
+
+/// The first value of a reply; the empty value where there is none.
+template <class T>
+[[nodiscard]] T firstValue(const BusReply& reply) {
+  return reply && !reply->isEmpty() ? reply->constFirst().value<T>() : T{};
 }
+
+/// How long the bus waits for an answer where nobody says otherwise.
+inline constexpr std::chrono::milliseconds usualBusDeadline{25000};
+
+/// A call of the bus itself.
+[[nodiscard]] QDBusMessage callOfBusItself(const QString& method,
+                                           const QVariantList& arguments = {});
+
+/// A call that reaches the service only if it runs already.
+[[nodiscard]] QDBusMessage callWithoutStarting(const QString& service, const QString& path,
+                                               const QString& interface, const QString& method);
+
+/// Sends the call and runs `handle` with its reply, once and never inside this function, unless
+/// `receiver` is gone by then. The deadline includes the start of a service that the bus can start.
+void callOnBus(const SessionBus& bus, const QDBusMessage& call, QObject* receiver,
+               std::function<void(const BusReply&)> handle,
+               std::chrono::milliseconds deadline = usualBusDeadline);
+
+/// The same for a task. The bus outlives it.
+[[nodiscard]] Task<BusReply> callOnBus(const SessionBus& bus, QDBusMessage call,
+                                       std::chrono::milliseconds deadline = usualBusDeadline);
+
+/// Whether a service runs or the bus can start it: calls of it will not be in vain. The deadline is
+/// for each of the two questions.
+[[nodiscard]] Task<bool> isServicePresent(const SessionBus& bus, QString name,
+                                          std::chrono::milliseconds deadline = usualBusDeadline);
 
 /// Sends the call and runs `handle` with its reply or failure, unless `receiver` is gone by then.
 template <class Handle>
@@ -71,13 +98,5 @@ void callAsync(const QDBusConnection& connection, const QDBusMessage& call, QObj
                      handle(*finished);
                    });
 }
-
-/// The values of a reply; nothing where there was none: an error, no bus, no answer within the
-/// deadline, or the calling task was cancelled.
-using BusReply = std::optional<QVariantList>;
-
-/// Calls a method on the bus. The deadline includes the start of a service that the bus can start.
-[[nodiscard]] Task<BusReply> callOnBus(QDBusConnection bus, QDBusMessage call,
-                                       std::chrono::milliseconds deadline);
 
 }  // namespace orvane

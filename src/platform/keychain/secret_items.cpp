@@ -3,11 +3,7 @@
 #include <algorithm>
 #include <string_view>
 #include <tuple>
-
-#include <libsecret/secret.h>
-
-#include "platform/keychain/glib.h"
-#include "platform/keychain/service_watch.h"
+#include <utility>
 
 namespace orvane {
 
@@ -15,18 +11,46 @@ namespace {
 
 constexpr auto groupAttribute = "access-group";
 
+/// Tells other programs that show keyrings whose items these are; nothing is searched by it.
+constexpr auto schemaName = "com.quorvex.Hashwick.GenericPassword";
+
+/// The name that key managers show; the one that other programs give it as well.
+constexpr auto collectionLabel = "Default keyring";
+
 constexpr auto allWithSecrets =
     static_cast<SecretSearchFlags>(SECRET_SEARCH_ALL | SECRET_SEARCH_LOAD_SECRETS);
 
-void put(GHashTable* table, const char* name, const std::string& value) {
-  g_hash_table_insert(table, g_strdup(name), g_strdup(value.c_str()));
+using FoundItems = std::optional<SecretItems>;
+using FoundCollection = std::optional<SecretCollectionRef>;
+using SecretValueRef = GOwned<SecretValue, secret_value_unref>;
+
+/// Texts by their names, as libsecret takes them.
+using SecretAttributes = GOwned<GHashTable, g_hash_table_unref>;
+
+void put(const SecretAttributes& table, const char* name, const std::string& value) {
+  g_hash_table_insert(table.get(), g_strdup(name), g_strdup(value.c_str()));
+}
+
+/// The attributes by which an item is found, and with which it is created.
+SecretAttributes attributesOf(const KeychainQuery& query) {
+  SecretAttributes table(g_hash_table_new_full(g_str_hash, g_str_equal, g_free, g_free));
+  put(table, "service", query.service);
+  put(table, "account", query.account);
+  put(table, "synchronizable", "true");
+  if (query.accessGroup) { put(table, groupAttribute, *query.accessGroup); }
+  return table;
+}
+
+SecretValueRef secretOf(const std::string& data) {
+  const auto size = static_cast<gssize>(data.size());
+  const bool isText = g_utf8_validate(data.data(), size, nullptr) != FALSE;
+  return SecretValueRef(
+      secret_value_new(data.data(), size, isText ? "text/plain" : "application/octet-stream"));
 }
 
 struct ListOfItems {
   void operator()(GList* list) const { g_list_free_full(list, g_object_unref); }
 };
-
-using FoundItems = std::optional<SecretItems>;
 
 FoundItems takeFound(GAsyncResult* result) {
   GError* error = nullptr;
@@ -39,6 +63,13 @@ FoundItems takeFound(GAsyncResult* result) {
     items.push_back(SecretItemRef::adopt(g_object_ref(entry->data)));
   }
   return items;
+}
+
+FoundCollection takeCollection(GAsyncResult* result) {
+  GError* error = nullptr;
+  auto collection = SecretCollectionRef::adopt(secret_collection_for_alias_finish(result, &error));
+  const GOwned<GError, g_error_free> failure(error);
+  return failure ? std::nullopt : FoundCollection(std::move(collection));
 }
 
 std::string_view pathOf(const SecretItemRef& item) {
@@ -55,19 +86,26 @@ bool isPreferred(const SecretItemRef& left, const SecretItemRef& right) {
 
 }  // namespace
 
-SecretAttributes attributesOf(const KeychainQuery& query) {
-  SecretAttributes table(g_hash_table_new_full(g_str_hash, g_str_equal, g_free, g_free));
-  put(table.get(), "service", query.service);
-  put(table.get(), "account", query.account);
-  put(table.get(), "synchronizable", "true");
-  if (query.accessGroup) { put(table.get(), groupAttribute, *query.accessGroup); }
-  return table;
+bool isLocked(const SecretItemRef& item) { return secret_item_get_locked(item.get()) != FALSE; }
+
+bool isLocked(const SecretCollectionRef& collection) {
+  return secret_collection_get_locked(collection.get()) != FALSE;
+}
+
+std::optional<KeychainItem> contentOf(const SecretItemRef& item) {
+  const SecretValueRef value(secret_item_get_secret(item.get()));
+  if (!value) { return std::nullopt; }
+  gsize size = 0;
+  const char* const bytes = secret_value_get(value.get(), &size);
+  KeychainItem content{.data = std::string(bytes, size), .accessGroup = std::nullopt};
+  const SecretAttributes attributes(secret_item_get_attributes(item.get()));
+  if (const auto* group = g_hash_table_lookup(attributes.get(), groupAttribute)) {
+    content.accessGroup = static_cast<const char*>(group);
+  }
+  return content;
 }
 
 Task<FoundItems> findItems(KeychainQuery query) {
-  const bool isPresent = co_await secretServiceIsPresent();
-  if (!isPresent) { co_return std::nullopt; }
-
   const SecretAttributes attributes = attributesOf(query);
   GlibBegin begin = [&](GCancellable* cancellable, GAsyncReadyCallback callback, gpointer data) {
     secret_service_search(nullptr, nullptr, attributes.get(), allWithSecrets, cancellable, callback,
@@ -81,64 +119,20 @@ Task<FoundItems> findItems(KeychainQuery query) {
   co_return items;
 }
 
-bool isLocked(const SecretItemRef& item) { return secret_item_get_locked(item.get()) != FALSE; }
-
-std::optional<KeychainItem> contentOf(const SecretItemRef& item) {
-  const GOwned<SecretValue, secret_value_unref> value(secret_item_get_secret(item.get()));
-  if (!value) { return std::nullopt; }
-  gsize size = 0;
-  const char* const bytes = secret_value_get(value.get(), &size);
-  KeychainItem content{.data = std::string(bytes, size), .accessGroup = std::nullopt};
-  const SecretAttributes attributes(secret_item_get_attributes(item.get()));
-  if (const auto* group = g_hash_table_lookup(attributes.get(), groupAttribute)) {
-    content.accessGroup = static_cast<const char*>(group);
-  }
-  return content;
-}
-
-namespace {
-
-using SecretValueRef = GOwned<SecretValue, secret_value_unref>;
-
-// Tells other programs that show keyrings whose items these are; nothing is searched by it.
-constexpr auto schemaName = "com.quorvex.Hashwick.GenericPassword";
-
-SecretValueRef secretOf(const std::string& data) {
-  const auto size = static_cast<gssize>(data.size());
-  const bool isText = g_utf8_validate(data.data(), size, nullptr) != FALSE;
-  return SecretValueRef(
-      secret_value_new(data.data(), size, isText ? "text/plain" : "application/octet-stream"));
-}
-
-}  // namespace
-
-Task<std::optional<SecretCollectionRef>> defaultCollection() {
-  const bool isPresent = co_await secretServiceIsPresent();
-  if (!isPresent) { co_return std::nullopt; }
-
-  using Found = std::optional<SecretCollectionRef>;
+Task<FoundCollection> defaultCollection() {
   GlibBegin begin = [](GCancellable* cancellable, GAsyncReadyCallback callback, gpointer data) {
     secret_collection_for_alias(nullptr, SECRET_COLLECTION_DEFAULT, SECRET_COLLECTION_NONE,
                                 cancellable, callback, data);
   };
-  const GlibFinish<Found> finish = [](GObject*, GAsyncResult* result) -> Found {
-    GError* error = nullptr;
-    auto collection =
-        SecretCollectionRef::adopt(secret_collection_for_alias_finish(result, &error));
-    const GOwned<GError, g_error_free> failure(error);
-    if (failure) { return std::nullopt; }
-    return collection;
+  const GlibFinish<FoundCollection> finish = [](GObject*, GAsyncResult* result) {
+    return takeCollection(result);
   };
   co_return co_await glibCall(std::move(begin), finish);
 }
 
-bool isLocked(const SecretCollectionRef& collection) {
-  return secret_collection_get_locked(collection.get()) != FALSE;
-}
-
 Task<bool> createItem(SecretCollectionRef collection, KeychainQuery query, std::string data) {
   const SecretAttributes attributes = attributesOf(query);
-  g_hash_table_insert(attributes.get(), g_strdup("xdg:schema"), g_strdup(schemaName));
+  put(attributes, "xdg:schema", schemaName);
   const SecretValueRef value = secretOf(data);
   const std::string label = "Orvane: " + query.service;
   GlibBegin begin = [&](GCancellable* cancellable, GAsyncReadyCallback callback, gpointer user) {
@@ -173,24 +167,16 @@ Task<bool> deleteItem(SecretItemRef item) {
   co_return co_await glibCall(std::move(begin), finish);
 }
 
-namespace {
+// No prompt is cancellable: a cancelled one is dismissed over the bus, which ends gnome-keyring 42
+// by a failed assertion. A dialog that nobody waits for any more is the user's to close.
 
-// No call here is cancellable: a cancelled prompt is dismissed over the bus, which ends
-// gnome-keyring 42 by a failed assertion. A dialog that nobody waits for any more is the user's to
-// close.
-
-using ListOfObjects = GOwned<GList, g_list_free>;
-
-/// The name that key managers show; the one that other programs give it as well.
-constexpr auto collectionLabel = "Default keyring";
-
-Task<bool> unlock(std::vector<GRef<GDBusProxy>> objects) {
+Task<bool> unlock(SecretObjects objects) {
   GlibBegin begin = [&](GCancellable*, GAsyncReadyCallback callback, gpointer data) {
     GList* list = nullptr;
     for (const GRef<GDBusProxy>& object : objects) {
       list = g_list_prepend(list, object.get());
     }
-    const ListOfObjects owned(list);
+    const GOwned<GList, g_list_free> owned(list);
     secret_service_unlock(nullptr, list, nullptr, callback, data);
   };
   const GlibFinish<bool> finish = [](GObject*, GAsyncResult* result) {
@@ -206,22 +192,10 @@ Task<bool> createDefaultCollection() {
   };
   const GlibFinish<bool> finish = [](GObject*, GAsyncResult* result) {
     const auto created =
-        GRef<SecretCollection>::adopt(secret_collection_create_finish(result, nullptr));
+        SecretCollectionRef::adopt(secret_collection_create_finish(result, nullptr));
     return static_cast<bool>(created);
   };
   co_return co_await glibCall(std::move(begin), finish);
-}
-
-}  // namespace
-
-Task<void> askToUnlock(std::vector<GRef<GDBusProxy>> objects) {
-  Task<bool> question = unlock(std::move(objects));
-  co_await endingWithService(std::move(question));
-}
-
-Task<void> askForDefaultCollection() {
-  Task<bool> question = createDefaultCollection();
-  co_await endingWithService(std::move(question));
 }
 
 }  // namespace orvane

@@ -12,54 +12,52 @@
 
 namespace orvane {
 
+// The Secret Service's items and collections, a step at a time. Each step takes the service for
+// granted; where it fails or is cancelled it gives nothing or false.
+
 using SecretItemRef = GRef<SecretItem>;
 using SecretItems = std::vector<SecretItemRef>;
-
-/// Texts by their names, as libsecret takes them.
-using SecretAttributes = GOwned<GHashTable, g_hash_table_unref>;
-
-/// The attributes by which an item is found, and with which it is created.
-[[nodiscard]] SecretAttributes attributesOf(const KeychainQuery& query);
-
-/// Every matching item of every collection, the one to prefer first: those that are not locked,
-/// the latest changed before the others. Items that other programs stored are found whatever
-/// their schema. Asks nobody to unlock anything. Nothing when there is no service or it fails.
-[[nodiscard]] Task<std::optional<SecretItems>> findItems(KeychainQuery query);
+using SecretCollectionRef = GRef<SecretCollection>;
 
 [[nodiscard]] bool isLocked(const SecretItemRef& item);
+[[nodiscard]] bool isLocked(const SecretCollectionRef& collection);
 
 /// The item with its data; nothing when it is locked.
 [[nodiscard]] std::optional<KeychainItem> contentOf(const SecretItemRef& item);
 
-using SecretCollectionRef = GRef<SecretCollection>;
+// Searching. Asks nobody to unlock anything and creates nothing.
 
-/// The collection that new items go to, null when the user has none; nothing when there is no
-/// service or it fails. Creates nothing.
+/// Every matching item of every collection, the one to prefer first: those that are not locked,
+/// the latest changed before the others. Items that other programs stored are found whatever
+/// their schema.
+[[nodiscard]] Task<std::optional<SecretItems>> findItems(KeychainQuery query);
+
+/// The collection that new items go to; null when the user has none.
 [[nodiscard]] Task<std::optional<SecretCollectionRef>> defaultCollection();
 
-[[nodiscard]] bool isLocked(const SecretCollectionRef& collection);
+// Writing. True when the service has done it. None of these asks the user for anything, so a locked
+// item or collection must be left alone by the caller: the service would want to.
 
-/// True when the service has done it. None of these asks the user for anything, so a locked item
-/// or collection must be left alone by the caller: the service would want to.
 [[nodiscard]] Task<bool> createItem(SecretCollectionRef collection, KeychainQuery query,
                                     std::string data);
 [[nodiscard]] Task<bool> replaceData(SecretItemRef item, std::string data);
 [[nodiscard]] Task<bool> deleteItem(SecretItemRef item);
 
-// What the service asks the user about, in a dialog of its own. Each ends when the user has
-// answered or the service is gone; cancelling ends the waiting and leaves the dialog. Whether
-// anything has come of it shows when the items or the collection are looked for again.
+// Prompts: the service asks the user, in a dialog of its own. Each ends with the user's answer;
+// cancelling ends the waiting and leaves the dialog.
 
-/// An item or a collection, for a prompt about it.
+/// Items or collections, for a prompt about them.
+using SecretObjects = std::vector<GRef<GDBusProxy>>;
+
 template <class T>
-GRef<GDBusProxy> asProxy(const GRef<T>& object) {
+GRef<GDBusProxy> asObject(const GRef<T>& object) {
   return GRef<GDBusProxy>::adopt(g_object_ref(object.get()));
 }
 
-/// Items or collections to be unlocked, in one dialog where they belong together.
-[[nodiscard]] Task<void> askToUnlock(std::vector<GRef<GDBusProxy>> objects);
+/// Unlocks them, in one dialog where they belong together.
+[[nodiscard]] Task<bool> unlock(SecretObjects objects);
 
-/// A new collection for the items of every program, with a password of the user's choice.
-[[nodiscard]] Task<void> askForDefaultCollection();
+/// Makes a collection for the items of every program, with a password of the user's choice.
+[[nodiscard]] Task<bool> createDefaultCollection();
 
 }  // namespace orvane

@@ -2,23 +2,8 @@
 
 #include <functional>
 #include <utility>
-#include <vector>
-
-#include "platform/async/task_scope.h"
-#include "platform/async/timer.h"
-#include "platform/keychain/secret_items.h"
 
 namespace orvane {
-
-/// Runs `task` and cancels it when it has not ended after `duration`.
-template <class T>
-Task<T> endingWithin(ExecutorClock::duration duration, Task<T> task) {
-  const TaskContext context = co_await currentContext();
-  ChildTask<T> child(context, std::move(task));
-  const OneShotTimer deadline(*context.executor, duration, [&child] { child.cancel(); });
-  T result = co_await child.result();
-  co_return result;
-}
 
 namespace {
 
@@ -26,7 +11,7 @@ using Write = std::function<Task<bool>(SecretItemRef)>;
 
 /// Writes to every matching item that is not locked.
 Task<KeychainStatus> writeToAll(KeychainQuery query, Write write) {
-  const std::optional<SecretItems> items = co_await findItems(query);
+  const std::optional<SecretItems> items = co_await findItems(std::move(query));
   if (!items) { co_return KeychainStatus::failed; }
   if (items->empty()) { co_return KeychainStatus::itemNotFound; }
 
@@ -52,59 +37,73 @@ Task<KeychainStatus> addItem(KeychainQuery query, std::string data) {
 
 }  // namespace
 
-Task<std::optional<KeychainItem>> SecretServiceKeychain::copyMatching(KeychainQuery query,
-                                                                      KeychainPrompt prompt) {
-  std::optional<SecretItems> items = co_await endingWithin(deadline_, findItems(query));
-  if (!items || items->empty()) { co_return std::nullopt; }
-  if (isLocked(items->front())) {
-    if (prompt == KeychainPrompt::never) { co_return std::nullopt; }
-    std::vector<GRef<GDBusProxy>> locked{asProxy(items->front())};
-    co_await askToUnlock(std::move(locked));
-    items = co_await endingWithin(deadline_, findItems(query));
-    if (!items || items->empty()) { co_return std::nullopt; }
-  }
-  co_return contentOf(items->front());
+Task<std::optional<SecretItems>> SecretServiceKeychain::find(KeychainQuery query) {
+  Task<std::optional<SecretItems>> search = findItems(std::move(query));
+  return service_.answerTo(std::move(search), std::optional<SecretItems>());
+}
+
+// Whether anything has come of a prompt shows when what it was about is looked for again.
+Task<void> SecretServiceKeychain::askToUnlock(SecretObjects locked) {
+  Task<bool> prompt = unlock(std::move(locked));
+  co_await service_.answerOfUser(std::move(prompt));
 }
 
 Task<void> SecretServiceKeychain::unlockMatching(KeychainQuery query) {
-  const std::optional<SecretItems> items =
-      co_await endingWithin(deadline_, findItems(std::move(query)));
-  std::vector<GRef<GDBusProxy>> locked;
+  const std::optional<SecretItems> items = co_await find(std::move(query));
+  SecretObjects locked;
   for (const SecretItemRef& item : items.value_or(SecretItems())) {
-    if (isLocked(item)) { locked.push_back(asProxy(item)); }
+    if (isLocked(item)) { locked.push_back(asObject(item)); }
   }
   if (!locked.empty()) { co_await askToUnlock(std::move(locked)); }
 }
 
 Task<void> SecretServiceKeychain::openDefaultCollection() {
-  const std::optional<SecretCollectionRef> collection =
-      co_await endingWithin(deadline_, defaultCollection());
+  using Found = std::optional<SecretCollectionRef>;
+  Task<Found> search = defaultCollection();
+  const Found collection = co_await service_.answerTo(std::move(search), Found());
   if (!collection) { co_return; }
   if (!*collection) {
-    co_await askForDefaultCollection();
+    Task<bool> prompt = createDefaultCollection();
+    co_await service_.answerOfUser(std::move(prompt));
   } else if (isLocked(*collection)) {
-    std::vector<GRef<GDBusProxy>> locked{asProxy(*collection)};
+    SecretObjects locked{asObject(*collection)};
     co_await askToUnlock(std::move(locked));
   }
+}
+
+Task<std::optional<KeychainItem>> SecretServiceKeychain::copyMatching(KeychainQuery query,
+                                                                      KeychainPrompt prompt) {
+  std::optional<SecretItems> items = co_await find(query);
+  const bool isAllLocked = items && !items->empty() && isLocked(items->front());
+  if (isAllLocked && prompt == KeychainPrompt::allowed) {
+    SecretObjects locked{asObject(items->front())};
+    co_await askToUnlock(std::move(locked));
+    items = co_await find(std::move(query));
+  }
+  if (!items || items->empty()) { co_return std::nullopt; }
+  co_return contentOf(items->front());
 }
 
 Task<KeychainStatus> SecretServiceKeychain::update(KeychainQuery query, std::string data,
                                                    KeychainPrompt prompt) {
   if (prompt == KeychainPrompt::allowed) { co_await unlockMatching(query); }
   Write replace = [data](SecretItemRef item) { return replaceData(std::move(item), data); };
-  co_return co_await endingWithin(deadline_, writeToAll(std::move(query), std::move(replace)));
+  Task<KeychainStatus> writing = writeToAll(std::move(query), std::move(replace));
+  co_return co_await service_.answerTo(std::move(writing), KeychainStatus::failed);
 }
 
 Task<KeychainStatus> SecretServiceKeychain::add(KeychainQuery query, std::string data,
                                                 KeychainPrompt prompt) {
   if (prompt == KeychainPrompt::allowed) { co_await openDefaultCollection(); }
-  co_return co_await endingWithin(deadline_, addItem(std::move(query), std::move(data)));
+  Task<KeychainStatus> adding = addItem(std::move(query), std::move(data));
+  co_return co_await service_.answerTo(std::move(adding), KeychainStatus::failed);
 }
 
 Task<KeychainStatus> SecretServiceKeychain::remove(KeychainQuery query, KeychainPrompt prompt) {
   if (prompt == KeychainPrompt::allowed) { co_await unlockMatching(query); }
   Write erase = [](SecretItemRef item) { return deleteItem(std::move(item)); };
-  co_return co_await endingWithin(deadline_, writeToAll(std::move(query), std::move(erase)));
+  Task<KeychainStatus> writing = writeToAll(std::move(query), std::move(erase));
+  co_return co_await service_.answerTo(std::move(writing), KeychainStatus::failed);
 }
 
 }  // namespace orvane

@@ -3,7 +3,10 @@
 #include <chrono>
 
 #include "platform/async/executor.h"
+#include "platform/bus/session_bus.h"
 #include "platform/keychain/keychain.h"
+#include "platform/keychain/secret_items.h"
+#include "platform/keychain/service_watch.h"
 
 namespace orvane {
 
@@ -26,8 +29,8 @@ class SecretServiceKeychain final : public Keychain {
   static constexpr std::chrono::milliseconds usualDeadline{5000};
 
   /// `deadline` is for everything that waits for the service and not for the user.
-  explicit SecretServiceKeychain(ExecutorClock::duration deadline = usualDeadline)
-      : deadline_(deadline) {}
+  explicit SecretServiceKeychain(SessionBus& bus, ExecutorClock::duration deadline = usualDeadline)
+      : service_(bus, deadline) {}
 
   [[nodiscard]] Task<std::optional<KeychainItem>> copyMatching(KeychainQuery query,
                                                                KeychainPrompt prompt) override;
@@ -38,10 +41,12 @@ class SecretServiceKeychain final : public Keychain {
   [[nodiscard]] Task<KeychainStatus> remove(KeychainQuery query, KeychainPrompt prompt) override;
 
  private:
+  [[nodiscard]] Task<std::optional<SecretItems>> find(KeychainQuery query);
+  [[nodiscard]] Task<void> askToUnlock(SecretObjects locked);
   [[nodiscard]] Task<void> unlockMatching(KeychainQuery query);
   [[nodiscard]] Task<void> openDefaultCollection();
 
-  ExecutorClock::duration deadline_;
+  ServiceWatch service_;
 };
 
 }  // namespace orvane

@@ -1,127 +1,76 @@
 #include "platform/notifications/desktop_notification_center.h"
 
-#include <QDBusMessage>
-#include <QString>
-#include <QStringList>
 #include <QVariantMap>
 #include <algorithm>
 #include <utility>
 
-#include "platform/notifications/notification_center.h"
-
 namespace orvane {
 
-/// The service's name on the bus, which is its interface's name too.
-[[nodiscard]] QString notificationServiceName();
-[[nodiscard]] QString notificationServicePath();
-/// The key under which a click on a notification is reported.
-[[nodiscard]] QString defaultNotificationAction();
-
-/// A call of the desktop's notification service; `method` is one of its interface.
-[[nodiscard]] QDBusMessage notificationServiceCall(const QString& method);
-
-/// The call that shows `request`, made for a service with `capabilities`; `replaces` is the number
-/// of the notification that it takes the place of, 0 for none.
-///
-/// The standard sound is a message's, at normal urgency; the critical one is a warning's, at
-/// critical urgency, so that the notification stays until it has been seen.
-[[nodiscard]] QDBusMessage notifyCall(const NotificationRequest& request, uint replaces,
-                                      const QStringList& capabilities);
-
 namespace {
+
+/// The service's name on the bus, which is its interface's name too.
+const auto serviceName = QStringLiteral("org.freedesktop.Notifications");
+const auto servicePath = QStringLiteral("/org/freedesktop/Notifications");
 
 const auto applicationName = QStringLiteral("Orvane");
 const auto applicationId = QStringLiteral("com.quorvex.Orvane");
 
+/// The key under which a click on the notification itself is reported.
+const auto defaultAction = QStringLiteral("default");
+
 constexpr int expiresAsTheServiceLikes = -1;
-
-struct Presentation {
-  uchar urgency;
-  QString soundName;
-};
-
-Presentation presentationOf(NotificationSound sound) {
-  switch (sound) {
-    case NotificationSound::standard:
-      break;
-    case NotificationSound::critical:
-      return {.urgency = 2, .soundName = QStringLiteral("dialog-warning")};
-  }
-  return {.urgency = 1, .soundName = QStringLiteral("message-new-instant")};
-}
-
-QString bodyOf(const NotificationRequest& request, const QStringList& capabilities) {
-  const QString body = QString::fromStdString(request.body);
-  return capabilities.contains(QStringLiteral("body-markup")) ? body.toHtmlEscaped() : body;
-}
-
-/// A click on the notification itself; the label is for services that draw it as a button.
-QStringList actionsFor(const QStringList& capabilities) {
-  if (!capabilities.contains(QStringLiteral("actions"))) { return {}; }
-  return {defaultNotificationAction(), QStringLiteral("Open")};
-}
-
-}  // namespace
-
-QString notificationServiceName() { return QStringLiteral("org.freedesktop.Notifications"); }
-QString notificationServicePath() { return QStringLiteral("/org/freedesktop/Notifications"); }
-QString defaultNotificationAction() { return QStringLiteral("default"); }
-
-QDBusMessage notificationServiceCall(const QString& method) {
-  return QDBusMessage::createMethodCall(notificationServiceName(), notificationServicePath(),
-                                        notificationServiceName(), method);
-}
-
-QDBusMessage notifyCall(const NotificationRequest& request, uint replaces,
-                        const QStringList& capabilities) {
-  const Presentation presentation = presentationOf(request.sound);
-  const QVariantMap hints{
-      {QStringLiteral("urgency"), QVariant::fromValue(presentation.urgency)},
-      {QStringLiteral("sound-name"), presentation.soundName},
-      {QStringLiteral("desktop-entry"), applicationId},
-  };
-  QDBusMessage call = notificationServiceCall(QStringLiteral("Notify"));
-  call.setArguments({applicationName, replaces, applicationId,
-                     QString::fromStdString(request.title), bodyOf(request, capabilities),
-                     actionsFor(capabilities), hints, expiresAsTheServiceLikes});
-  return call;
-}
-
-namespace {
 
 // An older notification is not replaced any more: a second one appears beside it.
 constexpr std::size_t mostNotificationsRemembered = 256;
 
-QDBusMessage busCall(const QString& method) {
-  const auto bus = QStringLiteral("org.freedesktop.DBus");
-  return QDBusMessage::createMethodCall(bus, QStringLiteral("/org/freedesktop/DBus"), bus, method);
+QDBusMessage serviceCall(const QString& method) {
+  return QDBusMessage::createMethodCall(serviceName, servicePath, serviceName, method);
 }
 
-/// The first value of a reply; the empty value where there is none.
-template <class T>
-T firstValue(const BusReply& reply) {
-  return reply && !reply->isEmpty() ? reply->constFirst().value<T>() : T{};
+/// The standard sound is a message's, at normal urgency; the critical one is a warning's, at
+/// critical urgency, so that the notification stays until it has been seen.
+QVariantMap hintsFor(NotificationSound sound) {
+  const bool isCritical = sound == NotificationSound::critical;
+  const uchar urgency = isCritical ? 2 : 1;
+  return {{QStringLiteral("urgency"), QVariant::fromValue(urgency)},
+          {QStringLiteral("sound-name"),
+           isCritical ? QStringLiteral("dialog-warning") : QStringLiteral("message-new-instant")},
+          {QStringLiteral("desktop-entry"), applicationId}};
+}
+
+/// The call that shows `request`, made for a service with `capabilities`; `replaces` is the number
+/// of the notification that it takes the place of, 0 for none.
+QDBusMessage notifyCall(const NotificationRequest& request, uint replaces,
+                        const QStringList& capabilities) {
+  const QString text = QString::fromStdString(request.body);
+  const bool readsMarkup = capabilities.contains(QStringLiteral("body-markup"));
+  // The label is for services that draw a click on the notification as a button.
+  const bool hasActions = capabilities.contains(QStringLiteral("actions"));
+  const QStringList actions =
+      hasActions ? QStringList{defaultAction, QStringLiteral("Open")} : QStringList();
+  QDBusMessage call = serviceCall(QStringLiteral("Notify"));
+  call.setArguments({applicationName, replaces, applicationId,
+                     QString::fromStdString(request.title),
+                     readsMarkup ? text.toHtmlEscaped() : text, actions, hintsFor(request.sound),
+                     expiresAsTheServiceLikes});
+  return call;
 }
 
 }  // namespace
 
-DesktopNotificationCenter::DesktopNotificationCenter(const QDBusConnection& bus,
+DesktopNotificationCenter::DesktopNotificationCenter(SessionBus& bus,
                                                      std::chrono::milliseconds deadline)
-    : bus_(bus), deadline_(deadline), watcher_(notificationServiceName(), bus) {
-  connect(&watcher_, &QDBusServiceWatcher::serviceOwnerChanged, this, [this] { forgetService(); });
-  // From whichever sender: naming one would look its owner up, and wait for it.
-  bus_.connect(QString(), notificationServicePath(), notificationServiceName(),
-               QStringLiteral("ActionInvoked"), this, SLOT(noticeAction(uint, QString)));
-}
+    : bus_(bus),
+      deadline_(deadline),
+      service_(bus, serviceName, [this](bool) { forgetService(); }),
+      actionInvoked_(bus, servicePath, serviceName, QStringLiteral("ActionInvoked"),
+                     [this](const QDBusMessage& message) {
+                       const QVariantList values = message.arguments();
+                       noticeAction(values.value(0).toUInt(), values.value(1).toString());
+                     }) {}
 
 Task<bool> DesktopNotificationCenter::requestAuthorization() {
-  QDBusMessage hasOwner = busCall(QStringLiteral("NameHasOwner"));
-  hasOwner << notificationServiceName();
-  const BusReply owned = co_await call(hasOwner);
-  if (firstValue<bool>(owned)) { co_return true; }
-  const QDBusMessage listActivatable = busCall(QStringLiteral("ListActivatableNames"));
-  const BusReply activatable = co_await call(listActivatable);
-  co_return firstValue<QStringList>(activatable).contains(notificationServiceName());
+  return isServicePresent(bus_, serviceName, deadline_);
 }
 
 Task<bool> DesktopNotificationCenter::add(NotificationRequest request) {
@@ -134,16 +83,16 @@ Task<bool> DesktopNotificationCenter::add(NotificationRequest request) {
 
 void DesktopNotificationCenter::noticeAction(uint number, const QString& action) {
   const bool isOurs = std::ranges::find(shown_, number, &Shown::number) != shown_.end();
-  if (isOurs && action == defaultNotificationAction() && activated_) { activated_(); }
+  if (isOurs && action == defaultAction && activated_) { activated_(); }
 }
 
-Task<BusReply> DesktopNotificationCenter::call(const QDBusMessage& message) {
-  return callOnBus(bus_, message, deadline_);
+Task<BusReply> DesktopNotificationCenter::call(QDBusMessage message) {
+  return callOnBus(bus_, std::move(message), deadline_);
 }
 
 Task<QStringList> DesktopNotificationCenter::capabilities() {
   if (capabilities_) { co_return *capabilities_; }
-  const QDBusMessage question = notificationServiceCall(QStringLiteral("GetCapabilities"));
+  const QDBusMessage question = serviceCall(QStringLiteral("GetCapabilities"));
   const BusReply reply = co_await call(question);
   if (reply) { capabilities_ = firstValue<QStringList>(reply); }
   co_return capabilities_.value_or(QStringList());

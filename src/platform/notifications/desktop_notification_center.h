@@ -1,9 +1,6 @@
 #pragma once
 
-#include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusServiceWatcher>
-#include <QObject>
 #include <QStringList>
 #include <chrono>
 #include <deque>
@@ -11,6 +8,7 @@
 #include <optional>
 #include <string>
 
+#include "platform/bus/bus_watch.h"
 #include "platform/bus/session_bus.h"
 #include "platform/notifications/notification_center.h"
 
@@ -21,22 +19,19 @@ namespace orvane {
 /// escaped. It may be restarted at any time: what was learned of the old one is forgotten.
 ///
 /// Lives on the main thread and outlives the tasks that use it.
-class DesktopNotificationCenter final : public QObject, public NotificationCenter {
-  Q_OBJECT
-
+class DesktopNotificationCenter final : public NotificationCenter {
  public:
   /// `deadline` is how long the service, and its start, may take to answer.
-  explicit DesktopNotificationCenter(const QDBusConnection& bus,
+  explicit DesktopNotificationCenter(SessionBus& bus,
                                      std::chrono::milliseconds deadline = std::chrono::seconds(10));
+  DesktopNotificationCenter(const DesktopNotificationCenter&) = delete;
+  DesktopNotificationCenter& operator=(const DesktopNotificationCenter&) = delete;
 
   /// What happens when the user clicks on one of our notifications.
   void onActivated(std::function<void()> callback) { activated_ = std::move(callback); }
 
   [[nodiscard]] Task<bool> requestAuthorization() override;
   [[nodiscard]] Task<bool> add(NotificationRequest request) override;
-
- private Q_SLOTS:
-  void noticeAction(uint number, const QString& action);
 
  private:
   /// A notification that the service was given, by the service's number.
@@ -45,18 +40,20 @@ class DesktopNotificationCenter final : public QObject, public NotificationCente
     uint number;
   };
 
-  [[nodiscard]] Task<BusReply> call(const QDBusMessage& message);
+  void noticeAction(uint number, const QString& action);
+  [[nodiscard]] Task<BusReply> call(QDBusMessage message);
   [[nodiscard]] Task<QStringList> capabilities();
   [[nodiscard]] uint numberOf(const std::string& identifier) const;
   void remember(std::string identifier, uint number);
   void forgetService();
 
-  QDBusConnection bus_;
+  SessionBus& bus_;
   std::chrono::milliseconds deadline_;
-  QDBusServiceWatcher watcher_;
   std::function<void()> activated_;
   std::optional<QStringList> capabilities_;
   std::deque<Shown> shown_;
+  BusName service_;
+  BusSignal actionInvoked_;
 };
 
 }  // namespace orvane

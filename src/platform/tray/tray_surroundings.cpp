@@ -143,10 +143,9 @@ void DesktopShade::follow() {
   portal_.reset();
   preference_.reset();
   if (!bus_.isOpen()) { return; }
-  const auto& connection = bus_.connection();
   preference_ = std::make_unique<PortalColorPreference>(
-      connection, [this](ColorPreference preference) { setShade(shadeOf(preference)); });
-  portal_ = std::make_unique<QDBusServiceWatcher>(portalService, connection,
+      bus_, [this](ColorPreference preference) { setShade(shadeOf(preference)); });
+  portal_ = std::make_unique<QDBusServiceWatcher>(portalService, bus_.connection(),
                                                   QDBusServiceWatcher::WatchForRegistration);
   QObject::connect(portal_.get(), &QDBusServiceWatcher::serviceRegistered, preference_.get(),
                    [this] { ask(); });

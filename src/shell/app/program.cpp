@@ -1,11 +1,11 @@
 #include "shell/app/program.h"
 
 #include <QApplication>
-#include <QDBusConnection>
 #include <QStandardPaths>
 #include <filesystem>
 #include <utility>
 
+#include "platform/bus/session_bus.h"
 #include "platform/defaults/sqlite_defaults.h"
 #include "platform/desktop/qt/color_scheme.h"
 #include "platform/desktop/qt/qt_desktop_application.h"
@@ -40,13 +40,14 @@ std::filesystem::path settingsFile() {
 
 /// Everything that exists as long as the one running application does.
 int runInstance(SessionInstance& instance, const ProgramSettings& settings) {
-  const ColorScheme colorScheme;
   const auto executor = settings.makeExecutor();
+  SessionBus bus(*executor);
+  const ColorScheme colorScheme(bus);
   const LocaleFormat format(LocaleNames::fromEnvironment());
   SqliteDefaults defaults(settingsFile());
   QtHttpTransport transport({.extraCaFile = settings.extraCaFile});
-  SecretServiceKeychain keychain;
-  DesktopNotificationCenter notifications(QDBusConnection::sessionBus());
+  SecretServiceKeychain keychain(bus);
+  DesktopNotificationCenter notifications(bus);
   QtDesktopApplication desktop;
   DesktopStatusBar statusBar(
       *executor, [&desktop](const std::string& token) { desktop.setActivationToken(token); });

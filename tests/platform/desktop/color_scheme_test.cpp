@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/eventloop/qt_executor.h"
+
 namespace orvane::test {
 namespace {
 
@@ -51,7 +53,9 @@ class Portal final : public QObject {
 
 TEST(ColorScheme, FollowsThePortalWhileTheProgramRuns) {
   Portal portal(1);
-  const ColorScheme scheme;
+  QtExecutor executor;
+  SessionBus bus(executor);
+  const ColorScheme scheme(bus);
   EXPECT_FALSE(isDark());  // nothing waits for the answer
   ASSERT_TRUE(QTest::qWaitFor(isDark));
   for (const uint preference : {0U, 1U, 2U}) {
@@ -62,7 +66,9 @@ TEST(ColorScheme, FollowsThePortalWhileTheProgramRuns) {
 
 TEST(ColorScheme, LeavesThePaletteAloneWithoutAPortalAndOtherwiseGivesWhatIsPreferred) {
   const auto before = QApplication::palette();
-  const ColorScheme scheme;
+  QtExecutor executor;
+  SessionBus bus(executor);
+  const ColorScheme scheme(bus);
   QTest::qWait(50);
   EXPECT_EQ(QApplication::palette(), before);
 }

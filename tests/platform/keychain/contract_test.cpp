@@ -11,7 +11,8 @@ namespace {
 /// The desktop's own service, in a session of the test's.
 class RealSubject : public RealTime {
  public:
-  SecretServiceKeychain keychain;
+  SessionBus bus{*executor};
+  SecretServiceKeychain keychain{bus};
 };
 
 /// The stand-in that other tests build on.

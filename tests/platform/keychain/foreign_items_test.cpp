@@ -1,7 +1,7 @@
 #include "platform/eventloop/real_time.h"
 #include "platform/keychain/keychain.h"
 #include "platform/keychain/secret_service_keychain.h"
-#include "platform/keychain/session_tools.h"
+#include "support/session_tools.h"
 
 namespace orvane::test {
 namespace {
@@ -13,7 +13,8 @@ class ForeignItemsTest : public RealTimeTest {
     return run(keychain.copyMatching(query, KeychainPrompt::never));
   }
 
-  SecretServiceKeychain keychain;
+  SessionBus bus{*executor};
+  SecretServiceKeychain keychain{bus};
   KeychainQuery query{.service = ::testing::UnitTest::GetInstance()->current_test_info()->name(),
                       .account = "token"};
   std::string attributes = "service " + query.service + " account token";

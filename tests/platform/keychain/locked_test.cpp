@@ -2,8 +2,7 @@
 
 #include "platform/eventloop/real_time.h"
 #include "platform/keychain/secret_service_keychain.h"
-#include "platform/keychain/service_watch.h"
-#include "platform/keychain/session_tools.h"
+#include "support/session_tools.h"
 
 namespace orvane::test {
 namespace {
@@ -28,7 +27,8 @@ class LockedTest : public RealTimeTest {
         "\"['/org/freedesktop/secrets/collection/login']\"");
   }
 
-  SecretServiceKeychain keychain;
+  SessionBus bus{*executor};
+  SecretServiceKeychain keychain{bus};
   KeychainQuery query{.service = "locked", .account = "token"};
 };
 
@@ -119,12 +119,12 @@ TEST_F(PromptTest, CancellingEndsTheReadAtOnceAndHarmsNoService) {
   EXPECT_TRUE(call.finished());
   EXPECT_FALSE(item.value());
   answer("key Escape");
-  EXPECT_TRUE(run(secretServiceIsPresent()));
+  EXPECT_TRUE(run(isServicePresent(bus, "org.freedesktop.secrets")));
 }
 
 TEST_F(PromptTest, TheReadWaitsForTheUserLongerThanForTheServiceAndGivesTheItem) {
-  keychain = SecretServiceKeychain(300ms);
-  beginToRead();
+  SecretServiceKeychain impatient(bus, 300ms);
+  begin(impatient.copyMatching(query, KeychainPrompt::allowed), item);
   letPass(400ms);
   EXPECT_FALSE(call.finished());
   answer("type password");

@@ -3,7 +3,6 @@
 
 #include "platform/eventloop/real_time.h"
 #include "platform/keychain/secret_service_keychain.h"
-#include "platform/keychain/service_watch.h"
 
 namespace orvane::test {
 namespace {
@@ -16,28 +15,30 @@ constexpr auto atOnce = 3s;
 /// A session in which no service runs until a test starts one.
 class ServicePresenceTest : public RealTimeTest {
  protected:
-  void expectEveryCallInVain() {
-    EXPECT_FALSE(run(keychain.copyMatching(query, KeychainPrompt::never)));
-    EXPECT_FALSE(run(keychain.copyMatching(query, KeychainPrompt::allowed)));
-    EXPECT_EQ(run(keychain.update(query, "x", KeychainPrompt::allowed)), KeychainStatus::failed);
-    EXPECT_EQ(run(keychain.add(query, "x", KeychainPrompt::allowed)), KeychainStatus::failed);
-    EXPECT_EQ(run(keychain.remove(query, KeychainPrompt::never)), KeychainStatus::failed);
+  void expectEveryCallInVain(Keychain& asked) {
+    EXPECT_FALSE(run(asked.copyMatching(query, KeychainPrompt::never)));
+    EXPECT_FALSE(run(asked.copyMatching(query, KeychainPrompt::allowed)));
+    EXPECT_EQ(run(asked.update(query, "x", KeychainPrompt::allowed)), KeychainStatus::failed);
+    EXPECT_EQ(run(asked.add(query, "x", KeychainPrompt::allowed)), KeychainStatus::failed);
+    EXPECT_EQ(run(asked.remove(query, KeychainPrompt::never)), KeychainStatus::failed);
   }
 
-  SecretServiceKeychain keychain;
+  SessionBus bus{*executor};
+  SecretServiceKeychain keychain{bus};
   KeychainQuery query{.service = "presence", .account = "token"};
 };
 
 /// The keyring daemon, with its password given at the start.
 class Daemon {
  public:
-  explicit Daemon(RealTime& time) {
+  Daemon(RealTime& time, SessionBus& bus) {
     process_.setProcessEnvironment(QProcessEnvironment::systemEnvironment());
     process_.start("gnome-keyring-daemon", {"--foreground", "--unlock", "--components=secrets"});
     process_.write("password");
     process_.closeWriteChannel();
     process_.waitForStarted();
-    isThere_ = time.letPassUntil([&time] { return time.run(secretServiceIsPresent()); });
+    isThere_ = time.letPassUntil(
+        [&] { return time.run(isServicePresent(bus, "org.freedesktop.secrets")); });
   }
   ~Daemon() {
     process_.kill();
@@ -53,22 +54,22 @@ class Daemon {
 };
 
 TEST_F(ServicePresenceTest, WithoutAServiceEveryCallEndsAtOnce) {
-  const auto time = timeOf([this] { expectEveryCallInVain(); });
+  const auto time = timeOf([this] { expectEveryCallInVain(keychain); });
   EXPECT_LT(time, atOnce);
 }
 
 TEST_F(ServicePresenceTest, AServiceThatNeverAnswersIsWaitedForNoLongerThanTheDeadline) {
-  const Daemon service(*this);
+  const Daemon service(*this, bus);
   ASSERT_TRUE(service.isThere());
   service.fallSilent();
-  keychain = SecretServiceKeychain(100ms);
-  const auto time = timeOf([this] { expectEveryCallInVain(); });
+  SecretServiceKeychain impatient(bus, 100ms);
+  const auto time = timeOf([&] { expectEveryCallInVain(impatient); });
   EXPECT_GE(time, 500ms) << "five calls that wait";
   EXPECT_LT(time, atOnce);
 }
 
 TEST_F(ServicePresenceTest, DestroyedWhileTheServiceIsSilentACallLeavesNothingBehind) {
-  const Daemon service(*this);
+  const Daemon service(*this, bus);
   ASSERT_TRUE(service.isThere());
   service.fallSilent();
   std::optional<std::optional<KeychainItem>> item;
@@ -84,16 +85,16 @@ TEST_F(ServicePresenceTest, DestroyedWhileTheServiceIsSilentACallLeavesNothingBe
 }
 
 TEST_F(ServicePresenceTest, AServiceMayComeGoAndComeBack) {
-  auto daemon = std::make_unique<Daemon>(*this);
+  auto daemon = std::make_unique<Daemon>(*this, bus);
   ASSERT_TRUE(daemon->isThere());
   EXPECT_EQ(run(keychain.add(query, "secret", KeychainPrompt::never)), KeychainStatus::success);
   EXPECT_TRUE(run(keychain.copyMatching(query, KeychainPrompt::never)));
 
   daemon.reset();
-  const auto time = timeOf([this] { expectEveryCallInVain(); });
+  const auto time = timeOf([this] { expectEveryCallInVain(keychain); });
   EXPECT_LT(time, atOnce);
 
-  daemon = std::make_unique<Daemon>(*this);
+  daemon = std::make_unique<Daemon>(*this, bus);
   ASSERT_TRUE(daemon->isThere());
   const auto item = run(keychain.copyMatching(query, KeychainPrompt::never));
   ASSERT_TRUE(item);
@@ -106,7 +107,10 @@ TEST(ForeignLoopTest, WhereNobodyServesGLibEveryCallEndsAtTheDeadline) {
   ::setenv("QT_NO_GLIB", "1", 1);
   {
     RealTime time;
-    SecretServiceKeychain keychain(100ms);
+    SessionBus bus(*time.executor);
+    const Daemon service(time, bus);
+    ASSERT_TRUE(service.isThere());
+    SecretServiceKeychain keychain(bus, 100ms);
     const KeychainQuery query{.service = "presence", .account = "token"};
     EXPECT_FALSE(time.run(keychain.copyMatching(query, KeychainPrompt::never)));
     EXPECT_EQ(time.run(keychain.add(query, "x", KeychainPrompt::never)), KeychainStatus::failed);

@@ -75,7 +75,7 @@ bool isDark(const QPalette& palette) {
 
 }  // namespace
 
-ColorScheme::ColorScheme() : preference_(QDBusConnection::sessionBus(), &ColorScheme::apply) {
+ColorScheme::ColorScheme(SessionBus& bus) : preference_(bus, &ColorScheme::apply) {
   preference_.ask(PortalColorPreference::Start::allowed);
 }
 

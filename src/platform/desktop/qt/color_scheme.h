@@ -10,7 +10,7 @@ namespace orvane {
 class ColorScheme {
  public:
   /// Asks and listens; the answer comes later. After the QApplication.
-  ColorScheme();
+  explicit ColorScheme(SessionBus& bus);
 
   /// Gives the application the palette for `preference`.
   static void apply(ColorPreference preference);
