@@ -9,7 +9,6 @@
 
 #include "platform/async/signal.h"
 #include "platform/desktop/desktop_application.h"
-#include "platform/desktop/desktop_window.h"
 #include "platform/tray/status_item.h"
 
 namespace orvane::test {
@@ -104,9 +103,7 @@ class FakeApplication final : public DesktopApplication {
   void activateIgnoringOtherApps() override { log_.emplace_back("activate"); }
   void terminate() override { log_.emplace_back("terminate"); }
   [[nodiscard]] Registration addKeyDownMonitor(KeyMonitor monitor) override {
-    auto shared = std::make_shared<const KeyMonitor>(std::move(monitor));
-    monitors_.push_back(shared);
-    return Registration(std::move(shared));
+    return monitors_.add(std::move(monitor));
   }
 
   FakeWindow& addWindow(std::string title, int level = DesktopWindow::normalLevel) {
@@ -115,20 +112,22 @@ class FakeApplication final : public DesktopApplication {
   void setCurrentEvent(std::optional<DesktopEvent> event) { event_ = std::move(event); }
   /// Presses a key: monitors see it in order; true when one of them swallowed it.
   bool press(const DesktopEvent& event) {
-    return std::ranges::any_of(monitors_, [&event](const auto& weak) {
-      const auto monitor = weak.lock();
-      return monitor && (*monitor)(event) == KeyDecision::swallow;
-    });
+    return monitors_.untilTrue(
+        [&event](const auto& monitor) { return monitor(event) == KeyDecision::swallow; });
   }
   [[nodiscard]] std::size_t installedMonitors() const {
-    return static_cast<std::size_t>(
-        std::ranges::count_if(monitors_, [](const auto& monitor) { return !monitor.expired(); }));
+    std::size_t installed = 0;
+    monitors_.untilTrue([&installed](const auto& /*monitor*/) {
+      ++installed;
+      return false;
+    });
+    return installed;
   }
 
  private:
   CallLog& log_;
   std::vector<std::unique_ptr<FakeWindow>> windows_;
-  std::vector<std::weak_ptr<const KeyMonitor>> monitors_;
+  Listeners<KeyMonitor> monitors_;
   std::optional<DesktopEvent> event_;
 };
 

@@ -21,6 +21,32 @@ class Registration {
   std::shared_ptr<const void> registered_;
 };
 
+/// The functions that are registered now, in the order of their registration. Main thread only. A
+/// function may register or unregister, itself or others, while it is being called.
+template <class Function>
+class Listeners {
+ public:
+  [[nodiscard]] Registration add(Function function) {
+    auto shared = std::make_shared<const Function>(std::move(function));
+    std::erase_if(listeners_, [](const auto& known) { return known.expired(); });
+    listeners_.push_back(shared);
+    return Registration(std::move(shared));
+  }
+
+  /// Hands one listener after the other to `call` until it returns true; whether it did.
+  template <class Call>
+  bool untilTrue(Call call) const {
+    const auto asked = listeners_;
+    for (const auto& known : asked) {
+      if (const auto listener = known.lock(); listener && call(*listener)) { return true; }
+    }
+    return false;
+  }
+
+ private:
+  std::vector<std::weak_ptr<const Function>> listeners_;
+};
+
 /// Tells any number of listeners, in the order of their subscriptions. Main thread only. A
 /// listener may subscribe or unsubscribe, itself or others, while it is being told.
 template <class... Values>
@@ -29,21 +55,18 @@ class Signal {
   using Listener = std::function<void(Values...)>;
 
   [[nodiscard]] Registration subscribe(Listener listener) {
-    auto shared = std::make_shared<const Listener>(std::move(listener));
-    std::erase_if(listeners_, [](const auto& known) { return known.expired(); });
-    listeners_.push_back(shared);
-    return Registration(std::move(shared));
+    return listeners_.add(std::move(listener));
   }
 
   void send(const Values&... values) const {
-    const auto told = listeners_;
-    for (const auto& known : told) {
-      if (const auto listener = known.lock()) { (*listener)(values...); }
-    }
+    listeners_.untilTrue([&](const Listener& listener) {
+      listener(values...);
+      return false;
+    });
   }
 
  private:
-  std::vector<std::weak_ptr<const Listener>> listeners_;
+  Listeners<Listener> listeners_;
 };
 
 }  // namespace orvane

@@ -4,6 +4,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "platform/async/signal.h"
 
@@ -16,8 +17,13 @@ class BroadcastCenter {
   using Object = std::optional<std::string>;
   using Listener = std::function<void(const Object& object)>;
 
-  [[nodiscard]] Registration observe(const std::string& name, Listener listener);
-  void post(const std::string& name, const Object& object = std::nullopt) const;
+  [[nodiscard]] Registration observe(const std::string& name, Listener listener) {
+    return names_[name].subscribe(std::move(listener));
+  }
+
+  void post(const std::string& name, const Object& object = std::nullopt) const {
+    if (const auto known = names_.find(name); known != names_.end()) { known->second.send(object); }
+  }
 
  private:
   std::map<std::string, Signal<Object>> names_;

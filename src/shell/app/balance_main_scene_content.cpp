@@ -3,9 +3,10 @@
 #include <QPointer>
 #include <QShowEvent>
 #include <QVBoxLayout>
+#include <functional>
+#include <optional>
 #include <utility>
 
-#include "shell/app/scenes.h"
 #include "shell/menu_bar/status_menu.h"
 
 namespace orvane {
@@ -16,26 +17,24 @@ AmountText amountTextOf(const BalanceStore& store) {
   return [&store](std::int64_t sats) { return store.amountText(sats); };
 }
 
-std::function<void()> hiding(const std::shared_ptr<BackgroundRuntime>& runtime) {
-  return [weak = std::weak_ptr(runtime)] {
-    if (const auto alive = weak.lock()) { alive->hideMainWindow(); }
+/// What `member` does, as long as the runtime exists.
+std::function<void()> weakly(const std::shared_ptr<BackgroundRuntime>& runtime,
+                             void (BackgroundRuntime::*member)()) {
+  return [weak = std::weak_ptr(runtime), member] {
+    if (const auto alive = weak.lock()) { ((*alive).*member)(); }
   };
 }
 
-/// Builds the status menu as long as store and runtime exist.
+/// Builds the status menu as long as the store exists.
 std::function<std::optional<Menu>()> statusMenu(const BalanceMainScene& scene) {
-  return [weakStore = std::weak_ptr(scene.store), weakRuntime = std::weak_ptr(scene.runtime),
-          actions = scene.menuActions, &application = scene.application]() -> std::optional<Menu> {
+  return [weakStore = std::weak_ptr(scene.store), actions = scene.menuActions,
+          showMainWindow = weakly(scene.backgroundRuntime, &BackgroundRuntime::showMainWindow),
+          &application = scene.application]() -> std::optional<Menu> {
     const auto store = weakStore.lock();
     if (!store) { return std::nullopt; }
     actions->setStore(store);
     return makeStatusMenu(store->state(), amountTextOf(*store),
-                          {.showMainWindow =
-                               [weakRuntime] {
-                                 if (const auto runtime = weakRuntime.lock()) {
-                                   runtime->showMainWindow();
-                                 }
-                               },
+                          {.showMainWindow = showMainWindow,
                            .refreshNow = [actions] { actions->refreshNow(); },
                            .showHelp = [actions] { actions->showHelp(); },
                            .showAbout = [actions] { actions->showAbout(); },
@@ -51,12 +50,13 @@ BalanceMainSceneContent::BalanceMainSceneContent(BalanceMainScene scene,
       scene_(std::move(scene)),
       openWindowObserver_(
           scene_.broadcasts.observe(openWindowBroadcast, [this](const BroadcastCenter::Object& id) {
-            if (id) { openWindow(*id); }
+            if (id) { openOverMainWindow(*id); }
           })) {
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(new BalanceView(*scene_.store, scene_.format, std::move(settings),
-                                    hiding(scene_.runtime), this));
+  layout->addWidget(
+      new BalanceView(*scene_.store, scene_.format, std::move(settings),
+                      weakly(scene_.backgroundRuntime, &BackgroundRuntime::hideMainWindow), this));
 }
 
 void BalanceMainSceneContent::showEvent(QShowEvent* event) {
@@ -65,7 +65,7 @@ void BalanceMainSceneContent::showEvent(QShowEvent* event) {
 }
 
 void BalanceMainSceneContent::connectStatusItem() {
-  auto& runtime = *scene_.runtime;
+  auto& runtime = *scene_.backgroundRuntime;
   runtime.menuBarTextProvider = [weak =
                                      std::weak_ptr(scene_.store)]() -> std::optional<std::string> {
     const auto store = weak.lock();
@@ -79,15 +79,15 @@ void BalanceMainSceneContent::connectStatusItem() {
 }
 
 void BalanceMainSceneContent::updateMenuBarStatus() {
-  auto& runtime = *scene_.runtime;
+  auto& runtime = *scene_.backgroundRuntime;
   runtime.attachMainWindow(std::string(mainWindowTitle));
   const auto status = menuBarStatus(scene_.store->state(), amountTextOf(*scene_.store));
   runtime.updateStatus(status.working, status.text, status.alert);
 }
 
-void BalanceMainSceneContent::openWindow(const std::string& id) {
-  scene_.runtime->showMainWindow();
-  scene_.windows.open(id);
+void BalanceMainSceneContent::openOverMainWindow(const std::string& id) {
+  scene_.backgroundRuntime->showMainWindow();
+  scene_.openWindow(id);
   scene_.application.activateIgnoringOtherApps();
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QWidget>
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -19,12 +18,12 @@ namespace orvane {
 /// What the main window's content is made of; all of it outlives the content.
 struct BalanceMainScene {
   std::shared_ptr<BalanceStore> store;
-  std::shared_ptr<BackgroundRuntime> runtime;
+  std::shared_ptr<BackgroundRuntime> backgroundRuntime;
+  OpenWindow openWindow;
   std::shared_ptr<BalanceMenuActions> menuActions;
   const LocaleFormat& format;
   BroadcastCenter& broadcasts;
   DesktopApplication& application;
-  SceneWindows& windows;
 };
 
 /// The content of the main window. When it is first shown it connects the status item with the
@@ -42,7 +41,8 @@ class BalanceMainSceneContent final : public QWidget {
  private:
   void connectStatusItem();
   void updateMenuBarStatus();
-  void openWindow(const std::string& id);
+  /// Opens a scene's window over the main window, which comes forward first.
+  void openOverMainWindow(const std::string& id);
 
   BalanceMainScene scene_;
   bool isConnected_ = false;

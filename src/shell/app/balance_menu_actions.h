@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "core/balance_store.h"
 #include "platform/desktop/broadcast_center.h"
@@ -24,27 +25,32 @@ class BalanceMenuActions {
   /// The store that is refreshed; set each time the menu is built.
   void setStore(std::weak_ptr<BalanceStore> store) { store_ = std::move(store); }
 
-  void refreshNow() const;
-  void showHelp() const;
-  void showAbout() const;
+  void refreshNow() const {
+    const auto store = store_.lock();
+    if (!store) { return; }
+    store->restartPolling();
+    store->restartAddressWatch();
+  }
+  void showHelp() const { broadcasts_.post(openWindowBroadcast, std::string(helpSceneId)); }
+  void showAbout() const { broadcasts_.post(openWindowBroadcast, std::string(aboutSceneId)); }
 
  private:
   const BroadcastCenter& broadcasts_;
   std::weak_ptr<BalanceStore> store_;
 };
 
-/// A command that opens a window of the application and brings the application to the front.
+/// A command of the main window that opens another window and brings the application to the front.
 struct BalanceOpenWindowCommand {
   std::string_view title;
   std::string_view id;  ///< of the window's scene
   std::string_view keyEquivalent = {};
 
-  /// The command as a menu's row. `windows` and `application` outlive it.
-  [[nodiscard]] MenuItem menuItem(SceneWindows& windows, DesktopApplication& application) const {
+  /// The command as a menu's row. `application` outlives it.
+  [[nodiscard]] MenuItem menuItem(OpenWindow openWindow, DesktopApplication& application) const {
     return {.title = std::string(title),
             .keyEquivalent = std::string(keyEquivalent),
-            .action = [&windows, &application, opened = id] {
-              windows.open(opened);
+            .action = [openWindow = std::move(openWindow), &application, opened = id] {
+              openWindow(opened);
               application.activateIgnoringOtherApps();
             }};
   }

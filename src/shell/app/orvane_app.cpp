@@ -13,7 +13,11 @@ namespace orvane {
 
 namespace {
 
-constexpr auto longestWaitForToken = std::chrono::milliseconds(50);
+using namespace std::chrono_literals;
+
+constexpr auto longestWaitForToken = 50ms;
+constexpr auto longestWaitForWrites = 2s;
+constexpr auto lookAtWritesEvery = 20ms;
 
 }  // namespace
 
@@ -21,18 +25,15 @@ OrvaneApp::OrvaneApp(OrvanePlatform platform, OrvaneSettings settings)
     : platform_(std::move(platform)),
       settings_(std::move(settings)),
       store_(std::make_shared<BalanceStore>(platform_.balance)),
-      runtime_(BackgroundRuntime::create({}, {.executor = platform_.balance.executor,
-                                              .application = platform_.desktop,
-                                              .statusBar = platform_.statusBar,
-                                              .broadcasts = broadcasts_,
-                                              .defaults = platform_.balance.defaults})),
+      backgroundRuntime_(BackgroundRuntime::create({}, {.executor = platform_.balance.executor,
+                                                        .application = platform_.desktop,
+                                                        .statusBar = platform_.statusBar,
+                                                        .broadcasts = broadcasts_,
+                                                        .defaults = platform_.balance.defaults})),
       menuActions_(std::make_shared<BalanceMenuActions>(broadcasts_)),
-      windows_(platform_.desktop, platform_.balance.executor, runtime_,
+      windows_(platform_.desktop, platform_.balance.executor, backgroundRuntime_,
                [this](const WindowScene& scene) { return makeContent(scene); }),
-      delegate_(platform_.balance.executor, platform_.desktop, platform_.balance.defaults),
-      exit_(
-          platform_.balance.executor, [this] { return store_->writesFinished(); },
-          [] { QCoreApplication::exit(0); }) {
+      appDelegate_(platform_.balance.executor, platform_.desktop, platform_.balance.defaults) {
   menuActions_->setStore(store_);
   platform_.desktop.setTerminationHandler([this] { end(); });
 }
@@ -43,7 +44,7 @@ OrvaneApp::~OrvaneApp() {
 }
 
 void OrvaneApp::launch() {
-  delegate_.willFinishLaunching();
+  appDelegate_.willFinishLaunching();
   windows_.prepare(mainSceneId);
   // The window is to open with the columns that it keeps, so a keychain that answers at once is
   // waited for; one that asks the user is not.
@@ -57,13 +58,13 @@ void OrvaneApp::launch() {
 void OrvaneApp::finishLaunching() {
   longestWaitForToken_.reset();
   tokenRead_ = {};
-  delegate_.didFinishLaunching();
+  appDelegate_.didFinishLaunching();
 }
 
 void OrvaneApp::reopen() {
-  if (runtime_->isMenuBarOnly()) {
-    runtime_->showMainWindow();
-  } else if (delegate_.shouldHandleReopen()) {
+  if (backgroundRuntime_->isMenuBarOnly()) {
+    backgroundRuntime_->showMainWindow();
+  } else if (appDelegate_.shouldHandleReopen()) {
     windows_.open(mainSceneId);
   }
 }
@@ -95,19 +96,23 @@ std::unique_ptr<QWidget> OrvaneApp::makeContent(const WindowScene& scene) {
 std::unique_ptr<QWidget> OrvaneApp::makeMainContent() {
   return std::make_unique<BalanceMainSceneContent>(
       BalanceMainScene{.store = store_,
-                       .runtime = runtime_,
+                       .backgroundRuntime = backgroundRuntime_,
+                       .openWindow = openWindow(),
                        .menuActions = menuActions_,
                        .format = platform_.balance.format,
                        .broadcasts = broadcasts_,
-                       .application = platform_.desktop,
-                       .windows = windows_},
+                       .application = platform_.desktop},
       BalanceViewSettings{.poolWebHost = settings_.poolWebHost, .commands = commands()});
+}
+
+OpenWindow OrvaneApp::openWindow() {
+  return [this](std::string_view id) { windows_.open(id); };
 }
 
 Menu OrvaneApp::commands() {
   auto& application = platform_.desktop;
-  return {{helpCommand.menuItem(windows_, application),
-           aboutCommand.menuItem(windows_, application),
+  return {{helpCommand.menuItem(openWindow(), application),
+           aboutCommand.menuItem(openWindow(), application),
            MenuItem::separator(),
            {.title = "Refresh Now",
             .keyEquivalent = "r",
@@ -124,7 +129,18 @@ void OrvaneApp::end() {
   for (auto* const window : platform_.desktop.windows()) {
     window->orderOut();
   }
-  exit_.begin();
+  if (exitDeadline_) { return; }
+  exitDeadline_ = platform_.balance.executor.now() + longestWaitForWrites;
+  exitOnceWritten();
+}
+
+void OrvaneApp::exitOnceWritten() {
+  auto& executor = platform_.balance.executor;
+  if (store_->writesFinished() || executor.now() >= *exitDeadline_) {
+    QCoreApplication::exit(0);
+  } else {
+    nextLookAtWrites_.emplace(executor, lookAtWritesEvery, [this] { exitOnceWritten(); });
+  }
 }
 
 }  // namespace orvane

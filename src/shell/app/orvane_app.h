@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "core/balance_store.h"
+#include "platform/async/executor.h"
 #include "platform/async/timer.h"
 #include "platform/desktop/broadcast_center.h"
 #include "platform/desktop/qt/qt_desktop_application.h"
@@ -55,21 +56,24 @@ class OrvaneApp {
  private:
   [[nodiscard]] std::unique_ptr<QWidget> makeContent(const WindowScene& scene);
   [[nodiscard]] std::unique_ptr<QWidget> makeMainContent();
+  [[nodiscard]] OpenWindow openWindow();
   [[nodiscard]] Menu commands();
   void finishLaunching();
   void end();
+  void exitOnceWritten();
 
   OrvanePlatform platform_;
   OrvaneSettings settings_;
   BroadcastCenter broadcasts_;
   std::shared_ptr<BalanceStore> store_;
-  std::shared_ptr<BackgroundRuntime> runtime_;
+  std::shared_ptr<BackgroundRuntime> backgroundRuntime_;
   std::shared_ptr<BalanceMenuActions> menuActions_;
   SceneWindows windows_;
-  BalanceAppDelegate delegate_;
+  BalanceAppDelegate appDelegate_;
   Announcer::Subscription tokenRead_;
   std::optional<OneShotTimer> longestWaitForToken_;
-  OrderlyExit exit_;
+  std::optional<Instant> exitDeadline_;
+  std::optional<OneShotTimer> nextLookAtWrites_;
 };
 
 }  // namespace orvane

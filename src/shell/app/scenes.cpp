@@ -4,18 +4,15 @@
 #include <QScreen>
 #include <QShowEvent>
 #include <QVBoxLayout>
-#include <QWidget>
 #include <algorithm>
-#include <memory>
 #include <utility>
 
-#include "platform/async/executor.h"
-#include "platform/desktop/desktop_window.h"
-#include "shell/menu_bar/background_runtime.h"
 #include "shell/menu_bar/window_visibility.h"
 #include "shell/views/qt_text.h"
 
 namespace orvane {
+
+namespace {
 
 /// Stands around the content of a help or about window and leaves its place empty while the window
 /// is not on screen or the application lives in the status area alone.
@@ -23,14 +20,34 @@ class MenuBarWindowContent final : public QWidget {
  public:
   /// `window`: the one this stands in; it and `executor` outlive this object.
   MenuBarWindowContent(std::unique_ptr<QWidget> content, DesktopWindow& window, Executor& executor,
-                       std::shared_ptr<BackgroundRuntime> runtime, QWidget* parent = nullptr);
+                       std::shared_ptr<BackgroundRuntime> runtime, QWidget* parent)
+      : QWidget(parent),
+        window_(window),
+        executor_(executor),
+        content_(content.release()),
+        visibility_(std::move(runtime), [this] { showOrHideContent(); }) {
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(content_);
+    // The window keeps its size while its content is away.
+    auto policy = content_->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    content_->setSizePolicy(policy);
+    visibility_.handleWindow(&window_);
+    showOrHideContent();
+  }
 
  protected:
-  void showEvent(QShowEvent* event) override;
+  void showEvent(QShowEvent* event) override {
+    QWidget::showEvent(event);
+    // Only after the show is over does the window count as visible.
+    executor_.post([self = QPointer(this)] {
+      if (self) { self->visibility_.handleWindow(&self->window_); }
+    });
+  }
 
  private:
-  void reportWindow();
-  void showOrHideContent();
+  void showOrHideContent() { content_->setVisible(visibility_.showsContent()); }
 
   DesktopWindow& window_;
   Executor& executor_;
@@ -38,39 +55,7 @@ class MenuBarWindowContent final : public QWidget {
   WindowVisibility visibility_;
 };
 
-MenuBarWindowContent::MenuBarWindowContent(std::unique_ptr<QWidget> content, DesktopWindow& window,
-                                           Executor& executor,
-                                           std::shared_ptr<BackgroundRuntime> runtime,
-                                           QWidget* parent)
-    : QWidget(parent),
-      window_(window),
-      executor_(executor),
-      content_(content.release()),
-      visibility_(std::move(runtime), [this] { showOrHideContent(); }) {
-  auto* const layout = new QVBoxLayout(this);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(content_);
-  // The window keeps its size while its content is away.
-  auto policy = content_->sizePolicy();
-  policy.setRetainSizeWhenHidden(true);
-  content_->setSizePolicy(policy);
-  visibility_.handleWindow(&window_);
-  showOrHideContent();
-}
-
-void MenuBarWindowContent::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
-  reportWindow();
-}
-
-void MenuBarWindowContent::reportWindow() {
-  // Only after the show is over does the window count as visible.
-  executor_.post([self = QPointer(this)] {
-    if (self) { self->visibility_.handleWindow(&self->window_); }
-  });
-}
-
-void MenuBarWindowContent::showOrHideContent() { content_->setVisible(visibility_.showsContent()); }
+}  // namespace
 
 SceneWindows::SceneWindows(QtDesktopApplication& application, Executor& executor,
                            std::shared_ptr<BackgroundRuntime> runtime, MakeContent makeContent)
@@ -83,9 +68,7 @@ DesktopWindow* SceneWindows::prepare(std::string_view id) {
   const auto* const scene = findScene(id);
   if (!scene) { return nullptr; }
   if (const auto known = windows_.find(id); known != windows_.end()) { return known->second; }
-  auto& window = make(*scene);
-  windows_.emplace(id, &window);
-  return &window;
+  return windows_.emplace(id, &make(*scene)).first->second;
 }
 
 void SceneWindows::open(std::string_view id) {

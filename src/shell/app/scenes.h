@@ -10,7 +10,6 @@
 #include <string_view>
 
 #include "platform/async/executor.h"
-#include "platform/desktop/desktop_window.h"
 #include "platform/desktop/qt/qt_desktop_application.h"
 #include "shell/menu_bar/background_runtime.h"
 
@@ -47,6 +46,9 @@ inline constexpr std::array windowScenes{
   }
   return nullptr;
 }
+
+/// Brings the window of a scene forward, by the scene's id.
+using OpenWindow = std::function<void(std::string_view id)>;
 
 /// Makes the windows of the scenes, each when it is first needed, and brings them forward. Main
 /// thread only.

@@ -1,10 +1,8 @@
 #include "shell/menu_bar/background_runtime.h"
 
-#include <algorithm>
 #include <chrono>
 #include <utility>
 
-#include "platform/desktop/desktop_event.h"
 #include "shell/menu_bar/status_button.h"
 
 namespace orvane {
@@ -201,11 +199,7 @@ bool BackgroundRuntime::mainWindowIsKey() const {
 }
 
 DesktopWindow* BackgroundRuntime::mainWindow() const {
-  if (!mainWindowTitle_) { return nullptr; }
-  const auto windows = platform_.application.windows();
-  const auto found = std::ranges::find(windows, *mainWindowTitle_,
-                                       [](const auto* window) { return window->title(); });
-  return found == windows.end() ? nullptr : *found;
+  return mainWindowTitle_ ? platform_.application.windowTitled(*mainWindowTitle_) : nullptr;
 }
 
 bool BackgroundRuntime::isMainWindow(const DesktopWindow& window) const {

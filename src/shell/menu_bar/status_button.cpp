@@ -10,6 +10,12 @@ namespace orvane {
 
 namespace {
 
+constexpr double symbolPointSize = 13;
+constexpr double textPointSize = 9;
+constexpr double gapBeforeText = 3;
+constexpr double leastHeight = 18;
+constexpr double lengthBesideImage = 8;
+
 constexpr double largestRate = 1e14;
 
 struct RateUnit {
@@ -24,27 +30,6 @@ int fractionDigits(double scaled) {
   if (scaled >= 100) { return 0; }
   return scaled >= 10 ? 1 : 2;
 }
-
-}  // namespace
-
-std::string menuBarRateText(double hashesPerSecond) {
-  // Written so that a rate that is not a number is refused as well.
-  if (!(hashesPerSecond > 0 && hashesPerSecond <= largestRate)) { return {}; }
-  for (const auto& unit : rateUnits) {
-    if (hashesPerSecond < unit.threshold) { continue; }
-    const double scaled = hashesPerSecond / unit.threshold;
-    return fmt::format("{:.{}f} {}", scaled, fractionDigits(scaled), unit.name);
-  }
-  return fmt::format("{:.0f} H", hashesPerSecond);
-}
-
-namespace {
-
-constexpr double symbolPointSize = 13;
-constexpr double textPointSize = 9;
-constexpr double gapBeforeText = 3;
-constexpr double leastHeight = 18;
-constexpr double lengthBesideImage = 8;
 
 std::optional<StatusImage> symbolImage(const StatusBar& statusBar,
                                        const StatusButtonContent& content) {
@@ -72,6 +57,17 @@ void placeText(StatusImage& image, const StatusBar& statusBar, const StatusButto
 }
 
 }  // namespace
+
+std::string menuBarRateText(double hashesPerSecond) {
+  // Written so that a rate that is not a number is refused as well.
+  if (!(hashesPerSecond > 0 && hashesPerSecond <= largestRate)) { return {}; }
+  for (const auto& unit : rateUnits) {
+    if (hashesPerSecond < unit.threshold) { continue; }
+    const double scaled = hashesPerSecond / unit.threshold;
+    return fmt::format("{:.{}f} {}", scaled, fractionDigits(scaled), unit.name);
+  }
+  return fmt::format("{:.0f} H", hashesPerSecond);
+}
 
 StatusButton composeStatusButton(const StatusBar& statusBar, const StatusButtonContent& content) {
   StatusButton button{.image = symbolImage(statusBar, content)};

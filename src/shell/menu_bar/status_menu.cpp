@@ -16,16 +16,6 @@ std::string statusText(const BalanceState& state, const AmountText& amountText) 
   return "Loading";
 }
 
-}  // namespace
-
-MenuBarStatus menuBarStatus(const BalanceState& state, const AmountText& amountText) {
-  return {.working = state.stats || state.addressSummary,
-          .text = statusText(state, amountText),
-          .alert = state.accountStatus || state.addressStatus};
-}
-
-namespace {
-
 MenuItem figure(std::string title) { return {.title = std::move(title), .enabled = false}; }
 
 void addFigures(Menu& menu, const BalanceState& state, const AmountText& amountText) {
@@ -40,6 +30,12 @@ void addFigures(Menu& menu, const BalanceState& state, const AmountText& amountT
 }
 
 }  // namespace
+
+MenuBarStatus menuBarStatus(const BalanceState& state, const AmountText& amountText) {
+  return {.working = state.stats || state.addressSummary,
+          .text = statusText(state, amountText),
+          .alert = state.accountStatus || state.addressStatus};
+}
 
 Menu makeStatusMenu(const BalanceState& state, const AmountText& amountText,
                     StatusMenuActions actions) {

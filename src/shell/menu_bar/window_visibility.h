@@ -3,7 +3,7 @@
 #include <functional>
 #include <memory>
 
-#include "platform/desktop/desktop_window.h"
+#include "platform/desktop/desktop_application.h"
 #include "shell/menu_bar/background_runtime.h"
 
 namespace orvane {

@@ -6,12 +6,9 @@
 
 namespace orvane {
 
-/// Palettes for desktops that name a colour scheme without giving Qt its colours.
-[[nodiscard]] QPalette lightPalette();
-[[nodiscard]] QPalette darkPalette();
-
 namespace {
 
+/// A palette in short, for desktops that name a colour scheme without giving Qt its colours.
 struct Colors {
   QRgb window;
   QRgb base;
@@ -23,7 +20,25 @@ struct Colors {
   QRgb link;
 };
 
-QPalette palette(const Colors& colors) {
+constexpr Colors lightColors{.window = 0xfff5f5f6,
+                             .base = 0xffffffff,
+                             .button = 0xfff0f0f2,
+                             .text = 0xff1d1f22,
+                             .disabledText = 0xff9a9da3,
+                             .placeholder = 0xff72767d,
+                             .highlight = 0xff2f7de1,
+                             .link = 0xff0b57c4};
+
+constexpr Colors darkColors{.window = 0xff242629,
+                            .base = 0xff1b1d1f,
+                            .button = 0xff35383c,
+                            .text = 0xffecedee,
+                            .disabledText = 0xff808388,
+                            .placeholder = 0xff93979d,
+                            .highlight = 0xff3d8be0,
+                            .link = 0xff6cb4ff};
+
+QPalette paletteOf(const Colors& colors) {
   // The constructor derives the shades of bevels and shadows from the two grounds.
   QPalette palette(QColor(colors.button), QColor(colors.window));
   palette.setColor(QPalette::Base, QColor(colors.base));
@@ -41,32 +56,6 @@ QPalette palette(const Colors& colors) {
   }
   return palette;
 }
-
-}  // namespace
-
-QPalette lightPalette() {
-  return palette({.window = 0xfff5f5f6,
-                  .base = 0xffffffff,
-                  .button = 0xfff0f0f2,
-                  .text = 0xff1d1f22,
-                  .disabledText = 0xff9a9da3,
-                  .placeholder = 0xff72767d,
-                  .highlight = 0xff2f7de1,
-                  .link = 0xff0b57c4});
-}
-
-QPalette darkPalette() {
-  return palette({.window = 0xff242629,
-                  .base = 0xff1b1d1f,
-                  .button = 0xff35383c,
-                  .text = 0xffecedee,
-                  .disabledText = 0xff808388,
-                  .placeholder = 0xff93979d,
-                  .highlight = 0xff3d8be0,
-                  .link = 0xff6cb4ff});
-}
-
-namespace {
 
 bool isDark(const QPalette& palette) {
   return palette.color(QPalette::Window).lightness() <
@@ -86,10 +75,10 @@ void ColorScheme::apply(ColorPreference preference) {
     case ColorPreference::none:
       break;
     case ColorPreference::dark:
-      if (!dark) { QApplication::setPalette(darkPalette()); }
+      if (!dark) { QApplication::setPalette(paletteOf(darkColors)); }
       break;
     case ColorPreference::light:
-      if (dark) { QApplication::setPalette(lightPalette()); }
+      if (dark) { QApplication::setPalette(paletteOf(lightColors)); }
       break;
   }
 }

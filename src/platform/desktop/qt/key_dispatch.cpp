@@ -4,17 +4,16 @@
 #include <QChar>
 #include <QKeyEvent>
 #include <QString>
-#include <algorithm>
 #include <utility>
-
-#include "platform/desktop/desktop_event.h"
 
 namespace orvane {
 
-/// A key press in the desktop's terms. Control is the modifier that shortcuts use.
-[[nodiscard]] DesktopEvent keyDownEvent(const QKeyEvent& event);
-
 namespace {
+
+/// Shift and the like say something only together with another key.
+bool isModifierKey(int key) {
+  return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr;
+}
 
 std::string charactersIgnoringModifiers(const QKeyEvent& event) {
   // With Control held the text is a control character, and the key alone says which letter it is.
@@ -26,8 +25,7 @@ std::string charactersIgnoringModifiers(const QKeyEvent& event) {
   return event.text().toStdString();
 }
 
-}  // namespace
-
+/// A key press in the desktop's terms. Control is the modifier that shortcuts use.
 DesktopEvent keyDownEvent(const QKeyEvent& event) {
   const auto modifiers = event.modifiers();
   return {.type = DesktopEvent::Type::keyDown,
@@ -39,24 +37,10 @@ DesktopEvent keyDownEvent(const QKeyEvent& event) {
           .charactersIgnoringModifiers = charactersIgnoringModifiers(event)};
 }
 
-namespace {
-
-/// Shift and the like say something only together with another key.
-bool isModifierKey(int key) {
-  return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr;
-}
-
 }  // namespace
 
 KeyDispatch::KeyDispatch(WindowKeys windowKeys) : windowKeys_(std::move(windowKeys)) {
   QCoreApplication::instance()->installEventFilter(this);
-}
-
-Registration KeyDispatch::addMonitor(DesktopApplication::KeyMonitor monitor) {
-  auto shared = std::make_shared<const DesktopApplication::KeyMonitor>(std::move(monitor));
-  std::erase_if(monitors_, [](const auto& known) { return known.expired(); });
-  monitors_.push_back(shared);
-  return Registration(std::move(shared));
 }
 
 bool KeyDispatch::eventFilter(QObject* watched, QEvent* event) {
@@ -81,20 +65,14 @@ bool KeyDispatch::eventFilter(QObject* watched, QEvent* event) {
   return swallowed;
 }
 
-bool KeyDispatch::answer(const QKeyEvent& event) {
-  const auto before = std::exchange(currentEvent_, keyDownEvent(event));
-  const bool swallowed = isSwallowed(*currentEvent_);
+bool KeyDispatch::answer(const QKeyEvent& key) {
+  const auto event = keyDownEvent(key);
+  const auto before = std::exchange(currentEvent_, event);
+  const bool swallowed = monitors_.untilTrue([&event](const auto& monitor) {
+    return monitor(event) == KeyDecision::swallow;
+  }) || windowKeys_(event);
   currentEvent_ = before;
   return swallowed;
-}
-
-bool KeyDispatch::isSwallowed(const DesktopEvent& event) {
-  const auto asked = monitors_;
-  for (const auto& known : asked) {
-    const auto monitor = known.lock();
-    if (monitor && (*monitor)(event) == KeyDecision::swallow) { return true; }
-  }
-  return windowKeys_(event);
 }
 
 }  // namespace orvane

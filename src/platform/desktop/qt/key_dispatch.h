@@ -2,9 +2,8 @@
 
 #include <QObject>
 #include <functional>
-#include <memory>
 #include <optional>
-#include <vector>
+#include <utility>
 
 #include "platform/desktop/desktop_application.h"
 
@@ -24,7 +23,9 @@ class KeyDispatch final : public QObject {
 
   explicit KeyDispatch(WindowKeys windowKeys);
 
-  [[nodiscard]] Registration addMonitor(DesktopApplication::KeyMonitor monitor);
+  [[nodiscard]] Registration addMonitor(DesktopApplication::KeyMonitor monitor) {
+    return monitors_.add(std::move(monitor));
+  }
   /// The key that monitors and window keys are being asked about.
   [[nodiscard]] const std::optional<DesktopEvent>& currentEvent() const { return currentEvent_; }
 
@@ -37,11 +38,10 @@ class KeyDispatch final : public QObject {
     bool swallowed;
   };
 
-  [[nodiscard]] bool answer(const QKeyEvent& event);
-  [[nodiscard]] bool isSwallowed(const DesktopEvent& event);
+  [[nodiscard]] bool answer(const QKeyEvent& key);
 
   WindowKeys windowKeys_;
-  std::vector<std::weak_ptr<const DesktopApplication::KeyMonitor>> monitors_;
+  Listeners<DesktopApplication::KeyMonitor> monitors_;
   std::optional<DesktopEvent> currentEvent_;
   std::optional<Answer> answered_;
 };

@@ -8,8 +8,7 @@
 #include <memory>
 #include <optional>
 
-#include "platform/async/signal.h"
-#include "platform/desktop/desktop_window.h"
+#include "platform/desktop/desktop_application.h"
 
 namespace orvane {
 
