@@ -1,12 +1,7 @@
 #include "services/command_line.h"
 
-#include <algorithm>
+#include <QCommandLineParser>
 #include <array>
-#include <iterator>
-#include <optional>
-#include <string_view>
-
-#include <fmt/format.h>
 
 #include "services/number_text.h"
 
@@ -17,125 +12,111 @@ constexpr ScenarioSeconds demoPaymentAfter{20};
 constexpr ScenarioSeconds demoRewardAfter{40};
 
 template <typename T>
-bool readNumber(std::string_view text, T& target) {
+bool take(const std::string& text, T& target) {
   const std::optional<T> number = numberFrom<T>(text);
   if (number) { target = *number; }
   return number.has_value();
 }
 
-template <Service service>
-bool takePort(LocalServicesOptions& options, std::string_view value) {
-  return readNumber(value, options.ports[indexOf(service)]);
-}
-
-bool takeControlPort(LocalServicesOptions& options, std::string_view value) {
-  return readNumber(value, options.controlPort);
-}
-
-bool takeDirectory(LocalServicesOptions& options, std::string_view value) {
-  options.directory = value;
-  return !value.empty();
-}
-
-bool takeToken(LocalServicesOptions& options, std::string_view value) {
-  options.token = value;
-  return !value.empty();
-}
-
-bool takeAddress(LocalServicesOptions& options, std::string_view value) {
-  options.address = value;
-  return !value.empty();
-}
-
-bool takeSpeed(LocalServicesOptions& options, std::string_view value) {
-  return readNumber(value, options.speed) && options.speed > 0 && options.speed <= 1e6;
-}
-
-bool takeSeconds(std::optional<ScenarioSeconds>& target, std::string_view value) {
-  double seconds = 0;
-  if (!readNumber(value, seconds) || !(seconds >= 0)) { return false; }
-  target = ScenarioSeconds(seconds);
+bool take(const std::string& text, std::optional<ScenarioSeconds>& target) {
+  const auto seconds = numberFrom<double>(text);
+  if (!seconds || !(*seconds >= 0)) { return false; }
+  target = ScenarioSeconds(*seconds);
   return true;
 }
 
-bool takePaymentAfter(LocalServicesOptions& options, std::string_view value) {
-  return takeSeconds(options.paymentAfter, value);
+bool take(const std::string& text, std::string& target) {
+  target = text;
+  return !text.empty();
 }
 
-bool takeRewardAfter(LocalServicesOptions& options, std::string_view value) {
-  return takeSeconds(options.rewardAfter, value);
+bool take(const std::string& text, std::filesystem::path& target) {
+  target = text;
+  return !text.empty();
 }
 
+bool takeSpeed(const std::string& text, LocalServicesOptions& options) {
+  return take(text, options.speed) && options.speed > 0 && options.speed <= 1e6;
+}
+
+template <auto member>
+bool takeMember(const std::string& text, LocalServicesOptions& options) {
+  return take(text, options.*member);
+}
+
+template <Service service>
+bool takePort(const std::string& text, LocalServicesOptions& options) {
+  return take(text, options.ports[indexOf(service)]);
+}
+
+/// An option with a value. `take` puts the value where it belongs; false when it does not fit.
 struct Option {
-  std::string_view name;
-  std::string_view value;
-  std::string_view meaning;
-  bool (*take)(LocalServicesOptions&, std::string_view);
+  const char* name;
+  const char* value;
+  const char* meaning;
+  bool (*take)(const std::string&, LocalServicesOptions&);
 };
 
-constexpr std::array knownOptions{
-    Option{"--directory", "DIR", "where ca.pem, ports.json and requests.log go", takeDirectory},
-    Option{"--pool-port", "N", "port of the pool; 0 (default): any", takePort<Service::pool>},
-    Option{"--explorer-port", "N", "port of the block explorer", takePort<Service::explorer>},
-    Option{"--price-port", "N", "port of the primary price source", takePort<Service::price>},
-    Option{"--fallback-price-port", "N", "port of the second one", takePort<Service::fallback>},
-    Option{"--other-port", "N", "port of the origin redirects lead to", takePort<Service::other>},
-    Option{"--control-port", "N", "port of the control requests (HTTP)", takeControlPort},
-    Option{"--token", "TEXT", "the token that the pool accepts", takeToken},
-    Option{"--address", "TEXT", "the address that has a history", takeAddress},
-    Option{"--speed", "N", "seconds of the story in a second", takeSpeed},
-    Option{"--payment-after", "S", "a payment S seconds after the start", takePaymentAfter},
-    Option{"--reward-after", "S", "a block reward S seconds after the start", takeRewardAfter},
+using Options = LocalServicesOptions;
+constexpr std::array optionsWithValue{
+    Option{"directory", "DIR", "where ca.pem, ports.json and requests.log go",
+           takeMember<&Options::directory>},
+    Option{"pool-port", "N", "port of the pool; 0 (default): any", takePort<Service::pool>},
+    Option{"explorer-port", "N", "port of the block explorer", takePort<Service::explorer>},
+    Option{"price-port", "N", "port of the primary price source", takePort<Service::price>},
+    Option{"fallback-price-port", "N", "port of the second one", takePort<Service::fallback>},
+    Option{"other-port", "N", "port of the origin redirects lead to", takePort<Service::other>},
+    Option{"control-port", "N", "port of the control requests (HTTP)",
+           takeMember<&Options::controlPort>},
+    Option{"token", "TEXT", "the token that the pool accepts", takeMember<&Options::token>},
+    Option{"address", "TEXT", "the address that has a history", takeMember<&Options::address>},
+    Option{"speed", "N", "seconds of the story in a second", takeSpeed},
+    Option{"payment-after", "S", "a payment S seconds after the start",
+           takeMember<&Options::paymentAfter>},
+    Option{"reward-after", "S", "a block reward S seconds after the start",
+           takeMember<&Options::rewardAfter>},
 };
 
-void applyDemo(LocalServicesOptions& options) {
-  if (!options.paymentAfter) { options.paymentAfter = demoPaymentAfter; }
-  if (!options.rewardAfter) { options.rewardAfter = demoRewardAfter; }
+void describe(QCommandLineParser& parser) {
+  parser.setApplicationDescription(
+      "The pool, the block explorer and the price sources, on loopback. Runs until SIGTERM or\n"
+      "SIGINT. Prints one JSON line with the ports when ready.");
+  for (const Option& option : optionsWithValue) {
+    parser.addOption({option.name, option.meaning, option.value});
+  }
+  parser.addOption({"demo", "a payment after 20 and a block reward after 40 seconds"});
+  parser.addOption({"help", "this text"});
 }
 
 }  // namespace
 
-std::expected<CommandLine, std::string> parseCommandLine(std::span<const char* const> arguments) {
-  CommandLine commandLine;
-  bool isDemo = false;
-  for (std::size_t index = 0; index < arguments.size(); ++index) {
-    const std::string_view name = arguments[index];
-    if (name == "--help") {
-      commandLine.wantsHelp = true;
-      continue;
-    }
-    if (name == "--demo") {
-      isDemo = true;
-      continue;
-    }
-    const auto option = std::ranges::find(knownOptions, name, &Option::name);
-    if (option == knownOptions.end()) {
-      return std::unexpected(fmt::format("unknown option {}", name));
-    }
-    if (++index == arguments.size()) {
-      return std::unexpected(fmt::format("{} needs a value", name));
-    }
-    if (!option->take(commandLine.options, arguments[index])) {
-      return std::unexpected(fmt::format("{} does not take \"{}\"", name, arguments[index]));
+std::expected<CommandLine, QString> parseCommandLine(const QStringList& arguments) {
+  QCommandLineParser parser;
+  describe(parser);
+  if (!parser.parse(arguments)) { return std::unexpected(parser.errorText()); }
+  if (!parser.positionalArguments().isEmpty()) {
+    return std::unexpected("Unknown argument '" + parser.positionalArguments().first() + "'.");
+  }
+  CommandLine commandLine{.options = {}, .wantsHelp = parser.isSet("help")};
+  for (const Option& option : optionsWithValue) {
+    for (const QString& value : parser.values(option.name)) {
+      if (!option.take(value.toStdString(), commandLine.options)) {
+        return std::unexpected(QString("'--%1' does not take '%2'.").arg(option.name, value));
+      }
     }
   }
-  if (isDemo) { applyDemo(commandLine.options); }
+  if (parser.isSet("demo")) {
+    LocalServicesOptions& options = commandLine.options;
+    options.paymentAfter = options.paymentAfter.value_or(demoPaymentAfter);
+    options.rewardAfter = options.rewardAfter.value_or(demoRewardAfter);
+  }
   return commandLine;
 }
 
-std::string helpText() {
-  std::string text =
-      "orvane-services: the pool, the block explorer and the price sources, on loopback\n\n"
-      "Runs until SIGTERM or SIGINT. Prints one JSON line with the ports when ready.\n\n";
-  const auto addLine = [&text](std::string_view left, std::string_view meaning) {
-    fmt::format_to(std::back_inserter(text), "  {:<27}{}\n", left, meaning);
-  };
-  for (const Option& option : knownOptions) {
-    addLine(fmt::format("{} {}", option.name, option.value), option.meaning);
-  }
-  addLine("--demo", "a payment after 20 and a block reward after 40 seconds");
-  addLine("--help", "this text");
-  return text;
+QString helpText() {
+  QCommandLineParser parser;
+  describe(parser);
+  return parser.helpText();
 }
 
 }  // namespace orvane::services

@@ -1,8 +1,8 @@
 #pragma once
 
+#include <QString>
+#include <QStringList>
 #include <expected>
-#include <span>
-#include <string>
 
 #include "services/local_services.h"
 
@@ -13,10 +13,9 @@ struct CommandLine {
   bool wantsHelp = false;
 };
 
-/// What the arguments (without the program's name) ask for, or a sentence about what is wrong.
-[[nodiscard]] std::expected<CommandLine, std::string> parseCommandLine(
-    std::span<const char* const> arguments);
+/// What the arguments (with the program's name) ask for, or a sentence about what is wrong.
+[[nodiscard]] std::expected<CommandLine, QString> parseCommandLine(const QStringList& arguments);
 
-[[nodiscard]] std::string helpText();
+[[nodiscard]] QString helpText();
 
 }  // namespace orvane::services

@@ -1,15 +1,13 @@
 #include "services/local_services.h"
 
 #include <fstream>
+#include <functional>
 #include <utility>
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
-#include "services/api/control_api.h"
-#include "services/api/explorer_api.h"
-#include "services/api/pool_api.h"
-#include "services/api/price_api.h"
+#include "services/api/answers.h"
 #include "services/server/certificate_authority.h"
 
 namespace orvane::services {
@@ -25,7 +23,67 @@ void writeFile(const std::filesystem::path& path, std::string_view text) {
 
 std::string localhost(std::uint16_t port) { return fmt::format("localhost:{}", port); }
 
+bool isMoved(const Request& request) { return request.target.starts_with(movedPrefix); }
+
 }  // namespace
+
+/// One service on its port: answers, goes wrong where it was told to, and logs.
+class LocalServices::Endpoint {
+ public:
+  /// The right answer to a request. Called from several threads at a time.
+  using Answer = std::function<Response(const Request&)>;
+
+  struct Surroundings {
+    FaultBook& faults;
+    RequestLog& log;
+    std::string elsewhere;  ///< host and port that redirects point at
+  };
+
+  /// Throws std::system_error when the port is taken.
+  Endpoint(Service service, std::uint16_t port, TlsContext tls, Answer answer,
+           Surroundings surroundings)
+      : service_(service),
+        answer_(std::move(answer)),
+        surroundings_(std::move(surroundings)),
+        server_(port, std::move(tls), [this](const Request& request, Connection& connection) {
+          return handle(request, connection);
+        }) {}
+
+  [[nodiscard]] std::uint16_t port() const { return server_.port(); }
+
+  /// Closes the port, or opens it again.
+  void refuse() { server_.close(); }
+  void accept() { server_.open(); }
+
+ private:
+  [[nodiscard]] Outcome handle(const Request& request, Connection& connection) {
+    Response response = rightAnswer(request);
+    // Where a redirect led is beyond faults, or a redirect that hits every request would never end.
+    const std::optional<Fault> fault =
+        isMoved(request) ? std::nullopt : surroundings_.faults.take(service_, request.target);
+    if (!fault) {
+      surroundings_.log.add(service_, request, response.status, {});
+      return sendAnswer(connection, request, response);
+    }
+    response = spoiled(std::move(response), request, *fault, surroundings_.elsewhere);
+    surroundings_.log.add(service_, request, sendsStatus(fault->kind) ? response.status : 0,
+                          std::string(faultName(fault->kind)));
+    return sendFaulty(connection, request, response, *fault);
+  }
+
+  [[nodiscard]] Response rightAnswer(const Request& request) const {
+    if (request.method != "GET") { return textResponse(405, "Only GET is answered here"); }
+    if (!isMoved(request)) { return answer_(request); }
+    Request original = request;
+    original.target.erase(0, movedPrefix.size());
+    return answer_(original);
+  }
+
+  Service service_;
+  Answer answer_;
+  Surroundings surroundings_;
+  HttpServer server_;  ///< last: its threads use the members above
+};
 
 LocalServices::LocalServices(LocalServicesOptions options)
     : options_(std::move(options)),
@@ -37,15 +95,13 @@ LocalServices::LocalServices(LocalServicesOptions options)
       log_(directory_.path() / "requests.log") {
   const CertificateAuthority authority;
   writeFile(caFile(), authority.certificatePem());
-  start(Service::other, authority);  // first: the others' redirects point at it
+  start(Service::other, authority.makeServerContext());  // first: the redirects' destination
   for (const Service service : allServices) {
-    if (service != Service::other) { start(service, authority); }
+    if (service != Service::other) { start(service, authority.makeServerContext()); }
   }
   control_ = std::make_unique<HttpServer>(
       options_.controlPort, nullptr, [this](const Request& request, Connection& connection) {
-        const bool keepAlive = wantsKeepAlive(request);
-        if (!connection.send(controlAnswer(request, *this), keepAlive)) { return Outcome::cut; }
-        return keepAlive ? Outcome::keep : Outcome::finish;
+        return sendAnswer(connection, request, controlAnswer(request, *this));
       });
   writeFile(directory_.path() / "ports.json", description() + "\n");
 }
@@ -54,12 +110,12 @@ LocalServices::~LocalServices() {
   control_.reset();  // first: its requests open and close the others
 }
 
-void LocalServices::start(Service service, const CertificateAuthority& authority) {
+void LocalServices::start(Service service, TlsContext tls) {
   const auto& other = endpoints_[indexOf(Service::other)];
-  endpoints_[indexOf(service)] = std::make_unique<ServiceEndpoint>(
-      service, options_.ports[indexOf(service)], authority.makeServerContext(),
+  endpoints_[indexOf(service)] = std::make_unique<Endpoint>(
+      service, options_.ports[indexOf(service)], std::move(tls),
       [this, service](const Request& request) { return answer(service, request); },
-      ServiceEndpoint::Surroundings{
+      Endpoint::Surroundings{
           .faults = faults_, .log = log_, .elsewhere = other ? localhost(other->port()) : ""});
 }
 

@@ -10,12 +10,11 @@
 #include <string_view>
 #include <vector>
 
-#include "services/faults/fault_book.h"
+#include "services/fault.h"
 #include "services/request_log.h"
 #include "services/scenario/scenario.h"
 #include "services/server/http_server.h"
 #include "services/service.h"
-#include "services/service_endpoint.h"
 #include "services/working_directory.h"
 
 namespace orvane::services {
@@ -77,7 +76,9 @@ class LocalServices {
   void mineBlock();
 
  private:
-  void start(Service service, const CertificateAuthority& authority);
+  class Endpoint;
+
+  void start(Service service, TlsContext tls);
   [[nodiscard]] Response answer(Service service, const Request& request);
   [[nodiscard]] Response answerAsAnyone(const Request& request);
   [[nodiscard]] const std::string& addressOrSample(const std::string& address) const;
@@ -87,7 +88,7 @@ class LocalServices {
   Scenario scenario_;
   FaultBook faults_;
   RequestLog log_;
-  std::array<std::unique_ptr<ServiceEndpoint>, allServices.size()> endpoints_;
+  std::array<std::unique_ptr<Endpoint>, allServices.size()> endpoints_;
   std::unique_ptr<HttpServer> control_;
 };
 

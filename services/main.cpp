@@ -1,8 +1,8 @@
+#include <QCoreApplication>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <span>
 
 #include <fmt/format.h>
 
@@ -43,14 +43,14 @@ int serve(orvane::services::LocalServicesOptions options) {
 int main(int count, char** arguments) {
   // A reader of the ready line that has gone is no reason to end.
   std::signal(SIGPIPE, SIG_IGN);
-  const std::span all(arguments, static_cast<std::size_t>(count));
-  auto commandLine = orvane::services::parseCommandLine(all.subspan(all.empty() ? 0 : 1));
+  const QCoreApplication application(count, arguments);  // knows the arguments; its loop never runs
+  auto commandLine = orvane::services::parseCommandLine(QCoreApplication::arguments());
   if (!commandLine) {
-    fmt::print(stderr, "orvane-services: {}; try --help\n", commandLine.error());
+    fmt::print(stderr, "orvane-services: {} Try --help.\n", commandLine.error().toStdString());
     return wrongUsage;
   }
   if (commandLine->wantsHelp) {
-    fmt::print("{}", orvane::services::helpText());
+    fmt::print("{}", orvane::services::helpText().toStdString());
     return EXIT_SUCCESS;
   }
   return serve(std::move(commandLine->options));

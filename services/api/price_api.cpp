@@ -1,15 +1,40 @@
-#include "services/api/price_api.h"
-
 #include <array>
-#include <string_view>
+#include <cmath>
+#include <numbers>
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
-#include "services/scenario/scenario_prices.h"
+#include "services/api/answers.h"
+#include "services/scenario/noise.h"
 
 namespace orvane::services {
 namespace {
+
+constexpr double typicalUsd = 97'000.1;
+constexpr double typicalUsdPerEur = 1.1531;
+constexpr std::uint64_t tradeSeed = 7;
+
+/// What one bitcoin costs.
+struct Prices {
+  double eur = 0;
+  double usd = 0;
+};
+
+double wave(ScenarioSeconds elapsed, ScenarioSeconds period) {
+  return std::sin(2 * std::numbers::pi * (elapsed / period));
+}
+
+double toCents(double price) { return std::round(price * 100) / 100; }
+
+Prices pricesAt(const Moment& moment) {
+  const auto minute = std::chrono::floor<std::chrono::minutes>(moment.elapsed).count();
+  const double usd = typicalUsd * (1 + 0.02 * wave(moment.elapsed, std::chrono::hours(5)) +
+                                   0.0005 * noise(tradeSeed, minute));
+  const double usdPerEur =
+      typicalUsdPerEur * (1 + 0.003 * wave(moment.elapsed, std::chrono::hours(7)));
+  return {.eur = toCents(usd / usdPerEur), .usd = toCents(usd)};
+}
 
 struct Rate {
   std::string_view currency;
@@ -29,7 +54,7 @@ Response priceAnswer(const Request& request, const Moment& moment) {
   if (request.target != "/api/v3/simple/price?ids=bitcoin&vs_currencies=eur,usd") {
     return textResponse(404, "There is nothing here");
   }
-  const ScenarioPrices prices = pricesAt(moment);
+  const Prices prices = pricesAt(moment);
   return {.body = nlohmann::json{{"bitcoin", {{"eur", prices.eur}, {"usd", prices.usd}}}}.dump()};
 }
 
@@ -37,7 +62,7 @@ Response fallbackPriceAnswer(const Request& request, const Moment& moment) {
   if (request.target != "/v2/exchange-rates?currency=BTC") {
     return textResponse(404, "There is nothing here");
   }
-  const ScenarioPrices prices = pricesAt(moment);
+  const Prices prices = pricesAt(moment);
   nlohmann::json rates{{"BTC", "1"},
                        {"EUR", fmt::format("{:.2f}", prices.eur)},
                        {"USD", fmt::format("{:.2f}", prices.usd)}};

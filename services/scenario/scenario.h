@@ -3,8 +3,8 @@
 #include <mutex>
 #include <utility>
 
-#include "services/scenario/scenario_chain.h"
-#include "services/scenario/scenario_clock.h"
+#include "services/scenario/chain.h"
+#include "services/scenario/moment.h"
 
 namespace orvane::services {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <utility>
 
+#include <openssl/err.h>
 #include <poll.h>
 #include <sys/socket.h>
 
@@ -31,12 +31,49 @@ bool endsWithin(int socket, std::chrono::milliseconds duration) {
 
 }  // namespace
 
-Connection::Connection(FileDescriptor socket, SSL_CTX* tls)
-    : socket_(std::move(socket)), tls_(tls) {}
+bool Connection::shakeHands() {
+  if (tls_ == nullptr || session_ != nullptr) { return true; }
+  TlsSession session(SSL_new(tls_));
+  ERR_clear_error();
+  if (session == nullptr || SSL_set_fd(session.get(), socket_.get()) != 1 ||
+      SSL_accept(session.get()) != 1) {
+    return false;
+  }
+  session_ = std::move(session);
+  return true;
+}
+
+/// How many bytes were read; 0 when the client has finished or is gone.
+std::size_t Connection::read(std::span<char> buffer) const {
+  if (session_ != nullptr) {
+    std::size_t count = 0;
+    ERR_clear_error();
+    return SSL_read_ex(session_.get(), buffer.data(), buffer.size(), &count) == 1 ? count : 0;
+  }
+  while (true) {
+    const ssize_t count = ::recv(socket_.get(), buffer.data(), buffer.size(), 0);
+    if (count >= 0) { return static_cast<std::size_t>(count); }
+    if (errno != EINTR) { return 0; }
+  }
+}
+
+bool Connection::write(std::string_view bytes) {
+  if (session_ != nullptr && !bytes.empty()) {
+    std::size_t count = 0;
+    ERR_clear_error();
+    return SSL_write_ex(session_.get(), bytes.data(), bytes.size(), &count) == 1;
+  }
+  while (!bytes.empty()) {
+    const ssize_t count = ::send(socket_.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
+    if (count < 0 && errno != EINTR) { return false; }
+    if (count > 0) { bytes.remove_prefix(static_cast<std::size_t>(count)); }
+  }
+  return true;
+}
 
 bool Connection::readMore() {
   std::array<char, 4096> buffer;
-  const std::size_t count = stream_->read(buffer);
+  const std::size_t count = read(buffer);
   received_.append(buffer.data(), count);
   return count > 0;
 }
@@ -53,11 +90,7 @@ std::optional<std::string> Connection::takeHead() {
 }
 
 std::optional<Request> Connection::receive() {
-  if (stream_ == nullptr) {
-    stream_ =
-        tls_ != nullptr ? makeTlsStream(socket_.get(), *tls_) : makePlainStream(socket_.get());
-    if (stream_ == nullptr) { return std::nullopt; }
-  }
+  if (!shakeHands()) { return std::nullopt; }
   const std::optional<std::string> head = takeHead();
   if (!head) { return std::nullopt; }
   std::optional<Request> request = parseRequestHead(*head);
@@ -76,8 +109,6 @@ bool Connection::send(const Response& response, bool keepAlive) {
   return write(responseHead(response, response.body.size(), keepAlive) + response.body);
 }
 
-bool Connection::write(std::string_view bytes) { return stream_->write(bytes); }
-
 bool Connection::pause(std::chrono::milliseconds duration) const {
   return !endsWithin(socket_.get(), duration);
 }
@@ -85,7 +116,10 @@ bool Connection::pause(std::chrono::milliseconds duration) const {
 void Connection::waitUntilGone() const { endsWithin(socket_.get(), std::chrono::milliseconds(-1)); }
 
 void Connection::finish() {
-  if (stream_ != nullptr) { stream_->finish(); }
+  if (session_ != nullptr) {
+    ERR_clear_error();
+    SSL_shutdown(session_.get());
+  }
   cut();
 }
 

@@ -1,14 +1,14 @@
 #pragma once
 
 #include <atomic>
+#include <cstdint>
 #include <functional>
 #include <list>
+#include <memory>
 #include <mutex>
-#include <optional>
 #include <thread>
 
 #include "services/server/connection.h"
-#include "services/server/listener.h"
 
 namespace orvane::services {
 
@@ -18,6 +18,10 @@ enum class Outcome {
   finish,  ///< it ends in good order
   cut,     ///< it ends as if the network had failed
 };
+
+/// Sends the whole answer and keeps the connection if the client wants that.
+[[nodiscard]] Outcome sendAnswer(Connection& connection, const Request& request,
+                                 const Response& response);
 
 /// A small HTTP/1.1 server on loopback with a thread for each connection. It exists because what
 /// these services are for lies below HTTP: refused and dropped connections, silence, bytes that
@@ -44,6 +48,7 @@ class HttpServer {
   void open();
 
  private:
+  class Listener;
   struct Client {
     Client(FileDescriptor socket, SSL_CTX* tls) : connection(std::move(socket), tls) {}
 
@@ -58,7 +63,7 @@ class HttpServer {
   TlsContext tls_;
   Handler handler_;
   std::mutex opening_;
-  std::optional<Listener> listener_;
+  std::unique_ptr<Listener> listener_;
   std::uint16_t port_;
   std::list<Client> clients_;  ///< touched by the accepting thread while there is one
   std::jthread accepting_;

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <chrono>
 #include <string>
 
+#include <gtest/gtest.h>
 #include <httplib.h>
 #include <nlohmann/json.hpp>
 
@@ -10,11 +10,16 @@
 
 namespace orvane::test {
 
-using services::Fault;
+using nlohmann::json;
 using services::FaultKind;
 using services::LocalServices;
-using services::LocalServicesOptions;
 using services::Service;
+
+inline constexpr auto profileTarget = "/accounts/profile/json/btc/";
+inline constexpr auto workersTarget = "/accounts/workers/json/btc/";
+inline constexpr auto tipTarget = "/api/blocks/tip/height";
+inline constexpr auto priceTarget = "/api/v3/simple/price?ids=bitcoin&vs_currencies=eur,usd";
+inline const std::string sampleTarget = "/api/address/" + std::string(services::sampleAddress);
 
 /// An HTTPS client that knows no certificate authority but the services' own.
 inline httplib::Client clientOf(const LocalServices& services, Service service) {
@@ -25,30 +30,23 @@ inline httplib::Client clientOf(const LocalServices& services, Service service) 
   return client;
 }
 
-inline httplib::Headers sampleTokenHeader() {
-  return {{"Pool-Auth-Token", std::string(services::sampleToken)}};
-}
+/// The services in a calendar of their own, so that no test depends on the day it runs on.
+class ServicesTest : public ::testing::Test {
+ protected:
+  /// The status of the answer; 0 when there is none.
+  int statusOf(Service service, const std::string& target,
+               const std::string& token = std::string(services::sampleToken)) {
+    const auto result = clientOf(services_, service).Get(target, {{"Pool-Auth-Token", token}});
+    return result ? result->status : 0;
+  }
+  /// The document that was answered; discarded where it is none.
+  json at(Service service, const std::string& target) {
+    const httplib::Headers headers{{"Pool-Auth-Token", std::string(services::sampleToken)}};
+    const auto result = clientOf(services_, service).Get(target, headers);
+    return json::parse(result ? result->body : "", nullptr, false);
+  }
 
-/// The answer to one GET as a JSON document; discarded unless the status is 200.
-inline nlohmann::json documentAt(const LocalServices& services, Service service,
-                                 const std::string& target) {
-  const auto result = clientOf(services, service).Get(target, sampleTokenHeader());
-  if (!result || result->status != 200) { return nlohmann::json::value_t::discarded; }
-  return nlohmann::json::parse(result->body, nullptr, false);
-}
-
-inline constexpr auto profileTarget = "/accounts/profile/json/btc/";
-inline constexpr auto workersTarget = "/accounts/workers/json/btc/";
-inline constexpr auto rewardsTarget = "/accounts/rewards/json/btc?from=2000-01-01&to=2026-11-16";
-inline constexpr auto hashRateTarget = "/accounts/hash_rate_daily/json/group/btc";
-inline constexpr auto tipTarget = "/api/blocks/tip/height";
-inline constexpr auto priceTarget = "/api/v3/simple/price?ids=bitcoin&vs_currencies=eur,usd";
-inline constexpr auto fallbackTarget = "/v2/exchange-rates?currency=BTC";
-
-/// A calendar of its own, so that no test depends on the day it runs on.
-inline LocalServicesOptions startingIn2026() {
-  using namespace std::chrono;
-  return {.start = sys_days(year(2026) / 11 / 16) + hours(9)};
-}
+  LocalServices services_{{.start = std::chrono::sys_days(std::chrono::year(2026) / 11 / 16)}};
+};
 
 }  // namespace orvane::test

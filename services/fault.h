@@ -2,10 +2,13 @@
 
 #include <chrono>
 #include <cstdint>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "services/server/http_server.h"
 #include "services/service.h"
 
 namespace orvane::services {
@@ -40,5 +43,34 @@ struct Fault {
   std::chrono::milliseconds interval{1000};  ///< for `slow`
   std::int64_t blocks = 1;                   ///< for `tipLag`
 };
+
+/// The faults in force. Safe to use from any thread.
+class FaultBook {
+ public:
+  void add(Fault fault);
+  void clear();
+
+  /// The fault that hits this request, the oldest of several, counted off; none: answer rightly.
+  [[nodiscard]] std::optional<Fault> take(Service service, std::string_view target);
+
+ private:
+  std::mutex mutex_;
+  std::vector<Fault> faults_;
+};
+
+/// The path in front of the right one that `FaultKind::redirectWithin` sends clients to.
+inline constexpr std::string_view movedPrefix = "/moved";
+
+/// What `fault` makes of the right answer where that is an answer of another content. Faults of
+/// the connection leave it as it is. `elsewhere` is the origin that `redirect` points at.
+[[nodiscard]] Response spoiled(Response right, const Request& request, const Fault& fault,
+                               const std::string& elsewhere);
+
+/// Whether the client ever gets a status line.
+[[nodiscard]] bool sendsStatus(FaultKind kind);
+
+/// Sends the answer the way the fault has it; returns when the client has all it will get.
+[[nodiscard]] Outcome sendFaulty(Connection& connection, const Request& request,
+                                 const Response& response, const Fault& fault);
 
 }  // namespace orvane::services

@@ -1,4 +1,4 @@
-#include "services/scenario/scenario_pool.h"
+#include "services/scenario/pool_story.h"
 
 #include <array>
 #include <cmath>

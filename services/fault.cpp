@@ -1,11 +1,27 @@
-#include "services/faults/faulty_answer.h"
+#include "services/fault.h"
 
-#include <utility>
+#include <algorithm>
+#include <array>
 
 #include "services/number_text.h"
 
 namespace orvane::services {
 namespace {
+
+struct Entry {
+  FaultKind kind;
+  std::string_view name;
+};
+
+constexpr std::array entries{
+    Entry{FaultKind::status, "status"},     Entry{FaultKind::silence, "silence"},
+    Entry{FaultKind::drop, "drop"},         Entry{FaultKind::hangUp, "hang-up"},
+    Entry{FaultKind::garbage, "garbage"},   Entry{FaultKind::truncatedJson, "truncated-json"},
+    Entry{FaultKind::redirect, "redirect"}, Entry{FaultKind::redirectWithin, "redirect-within"},
+    Entry{FaultKind::slow, "slow"},         Entry{FaultKind::huge, "huge"},
+    Entry{FaultKind::delay, "delay"},       Entry{FaultKind::tipLag, "tip-lag"},
+    Entry{FaultKind::refuse, "refuse"},
+};
 
 constexpr std::size_t endlessBlock = 65'536;
 
@@ -24,11 +40,6 @@ Response withStatus(int status) {
 std::string lowerHeight(std::string text, std::int64_t blocks) {
   const auto height = numberFrom<std::int64_t>(text);
   return height ? std::to_string(*height - blocks) : text;
-}
-
-Outcome kept(bool sent, bool keepAlive) {
-  if (!sent) { return Outcome::cut; }
-  return keepAlive ? Outcome::keep : Outcome::finish;
 }
 
 Outcome sendHalf(Connection& connection, const Response& response) {
@@ -58,12 +69,37 @@ Outcome sendWithoutEnd(Connection& connection, const Response& response) {
   return Outcome::cut;
 }
 
-Outcome staySilent(const Connection& connection) {
-  connection.waitUntilGone();
-  return Outcome::cut;
+}  // namespace
+
+std::string_view faultName(FaultKind kind) {
+  return std::ranges::find(entries, kind, &Entry::kind)->name;
 }
 
-}  // namespace
+std::optional<FaultKind> faultNamed(std::string_view name) {
+  const auto found = std::ranges::find(entries, name, &Entry::name);
+  if (found == entries.end()) { return std::nullopt; }
+  return found->kind;
+}
+
+void FaultBook::add(Fault fault) {
+  const std::lock_guard lock(mutex_);
+  faults_.push_back(std::move(fault));
+}
+
+void FaultBook::clear() {
+  const std::lock_guard lock(mutex_);
+  faults_.clear();
+}
+
+std::optional<Fault> FaultBook::take(Service service, std::string_view target) {
+  const std::lock_guard lock(mutex_);
+  const auto found = std::ranges::find_if(faults_, [&](const Fault& fault) {
+    return fault.service == service && target.contains(fault.path) && fault.count != 0;
+  });
+  if (found == faults_.end()) { return std::nullopt; }
+  if (found->count) { --*found->count; }
+  return *found;
+}
 
 Response spoiled(Response right, const Request& request, const Fault& fault,
                  const std::string& elsewhere) {
@@ -99,12 +135,13 @@ bool sendsStatus(FaultKind kind) {
   return kind != FaultKind::silence && kind != FaultKind::hangUp && kind != FaultKind::refuse;
 }
 
-Outcome sendFaulty(Connection& connection, const Response& response, const Fault& fault,
-                   bool keepAlive) {
+Outcome sendFaulty(Connection& connection, const Request& request, const Response& response,
+                   const Fault& fault) {
   if (!connection.pause(fault.delay)) { return Outcome::cut; }
   switch (fault.kind) {
     case FaultKind::silence:
-      return staySilent(connection);
+      connection.waitUntilGone();
+      return Outcome::cut;
     case FaultKind::drop:
       return sendHalf(connection, response);
     case FaultKind::slow:
@@ -121,7 +158,7 @@ Outcome sendFaulty(Connection& connection, const Response& response, const Fault
     case FaultKind::redirectWithin:
     case FaultKind::delay:
     case FaultKind::tipLag:
-      return kept(connection.send(response, keepAlive), keepAlive);
+      return sendAnswer(connection, request, response);
   }
   return Outcome::cut;
 }

@@ -6,9 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "services/scenario/chain_transaction.h"
-#include "services/scenario/scenario_clock.h"
-#include "services/scenario/transaction_maker.h"
+#include "services/scenario/moment.h"
+#include "services/scenario/transactions.h"
 
 namespace orvane::services {
 

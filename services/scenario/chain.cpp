@@ -1,4 +1,4 @@
-#include "services/scenario/scenario_chain.h"
+#include "services/scenario/chain.h"
 
 #include <algorithm>
 #include <iterator>

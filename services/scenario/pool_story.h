@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "services/scenario/scenario_clock.h"
+#include "services/scenario/moment.h"
 
 namespace orvane::services {
 
