@@ -37,7 +37,7 @@ Response withStatus(int status) {
 }
 
 /// A text that is a height, lowered; any other document is left alone.
-std::string lowerHeight(std::string text, std::int64_t blocks) {
+std::string lowerHeight(const std::string& text, std::int64_t blocks) {
   const auto height = numberFrom<std::int64_t>(text);
   return height ? std::to_string(*height - blocks) : text;
 }
@@ -117,7 +117,7 @@ Response spoiled(Response right, const Request& request, const Fault& fault,
     case FaultKind::redirectWithin:
       return redirectTo(std::string(movedPrefix) + request.target);
     case FaultKind::tipLag:
-      right.body = lowerHeight(std::move(right.body), fault.blocks);
+      right.body = lowerHeight(right.body, fault.blocks);
       break;
     case FaultKind::silence:
     case FaultKind::drop:
