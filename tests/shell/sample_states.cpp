@@ -1,9 +1,7 @@
 #include "shell/sample_states.h"
 
-#include <algorithm>
 #include <array>
 #include <chrono>
-#include <string_view>
 
 #include <fmt/format.h>
 
@@ -14,7 +12,6 @@ using namespace std::chrono_literals;
 using State = BraiinsWorkerStatus::State;
 
 constexpr std::chrono::sys_seconds now = std::chrono::sys_days(2026y / 11 / 15) + 14h + 5min;
-constexpr const char* sampleAddress = "bc1qar0srrr7xfkvy5l643lydnw9re59gtzzwf5mdq";
 
 BraiinsWorkerStatus worker(std::string name, State state, double rate) {
   return {.fullName = std::move(name),
@@ -25,19 +22,6 @@ BraiinsWorkerStatus worker(std::string name, State state, double rate) {
           .lastShare = now - 3min};
 }
 
-std::vector<BraiinsWorkerStatus> workersInEveryState() {
-  return {worker("pellam.mac", State::ok, 4.2e9),       worker("pellam.bitaxe", State::ok, 1.21e12),
-          worker("pellam.garage", State::low, 9.38e13), worker("pellam.attic", State::off, 0),
-          worker("pellam.spare", State::disabled, 0),   worker("pellam.new", State::unknown, 812)};
-}
-
-std::vector<WatchedAddressTransaction> blockRewards() {
-  return {{.txid = "a", .sats = 312'500'000, .isCoinbase = true, .blockHeight = {}},
-          {.txid = "b", .sats = 312'731'002, .isCoinbase = true, .blockHeight = 871'000},
-          {.txid = "c", .sats = 25'000, .blockHeight = 870'990},
-          {.txid = "d", .sats = 312'604'177, .isCoinbase = true, .blockHeight = 870'400}};
-}
-
 BalanceState withLongTexts() {
   auto state = everything();
   state.unit = BalanceUnit::btc;
@@ -46,10 +30,11 @@ BalanceState withLongTexts() {
   state.stats->shares24h = 9'223'372'036'854'775'807;
   state.addressSummary->confirmedSats = 2'099'999'997'690'000;
   state.addressSummary->pendingSats = -123'456'789'012;
+  state.addressIsFromMiner = false;
   state.watchedAddress = "bc1p5d7rjq7g6rdk2yhzks9smlaqtedr4dekq08ge8ztwac72sfr9rusxg3297";
+  state.ownAddress = state.watchedAddress;
   state.workers.push_back(worker("pellam." + std::string(200, 'w'), State::ok, 1e14));
   state.workers.push_back(worker("<b>not markup</b> & more", State::low, 2e14));
-  state.accountStatus = "Braiins could not be reached. The last figures stay until the next try.";
   return state;
 }
 
@@ -62,7 +47,10 @@ BalanceState poolAccount() {
                                     .shares24h = 1'912'044'812,
                                     .todayRewardSats = 4'127,
                                     .balanceSats = 128'203};
-  state.workers = workersInEveryState();
+  state.workers = {
+      worker("pellam.mac", State::ok, 4.2e9),       worker("pellam.bitaxe", State::ok, 1.21e12),
+      worker("pellam.garage", State::low, 9.38e13), worker("pellam.attic", State::off, 0),
+      worker("pellam.spare", State::disabled, 0),   worker("pellam.new", State::unknown, 812)};
   state.lastUpdate = now;
   state.prices = CurrentBitcoinPrices{.eur = 84'123, .usd = 91'840};
   return state;
@@ -70,26 +58,27 @@ BalanceState poolAccount() {
 
 BalanceState watchedAddress() {
   BalanceState state;
-  state.watchedAddress = sampleAddress;
-  state.ownAddress = sampleAddress;
-  state.addressSummary = WatchedAddressSummary{.confirmedSats = 625'360'179,
-                                               .pendingSats = 312'500'000,
-                                               .tipHeight = 871'012,
-                                               .incoming = blockRewards()};
-  state.addressLastUpdate = now;
+  state.watchedAddress = state.ownAddress = firstAddress;
+  state.addressSummary = WatchedAddressSummary{
+      .confirmedSats = 625'360'179,
+      .pendingSats = 312'500'000,
+      .tipHeight = 871'012,
+      .incoming = {{.txid = "a", .sats = 312'500'000, .isCoinbase = true, .blockHeight = {}},
+                   {.txid = "b", .sats = 312'731'002, .isCoinbase = true, .blockHeight = 871'000},
+                   {.txid = "c", .sats = 25'000, .blockHeight = 870'990},
+                   {.txid = "d", .sats = 312'604'177, .isCoinbase = true, .blockHeight = 870'400}}};
+  state.lastUpdate = now;
   state.prices = CurrentBitcoinPrices{.eur = 84'123, .usd = 91'840};
   return state;
 }
 
 BalanceState everything() {
   auto state = poolAccount();
-  auto address = watchedAddress();
+  const auto address = watchedAddress();
   state.watchedAddress = address.watchedAddress;
   state.addressIsFromMiner = true;
-  state.addressSummary = std::move(address.addressSummary);
-  state.addressLastUpdate = address.addressLastUpdate;
+  state.addressSummary = address.addressSummary;
   state.history = manyDays(365);
-  state.historyStatus = "Updated 14:04";
   return state;
 }
 
@@ -118,31 +107,34 @@ std::vector<BraiinsHistoryDay> manyDays(int count) {
   return days;
 }
 
-std::vector<NamedState> namedStates() {
-  std::vector<NamedState> states{{"nothing", {}},
-                                 {"pool-loading", {}},
-                                 {"pool", poolAccount()},
-                                 {"pool-no-workers", poolAccount()},
-                                 {"address", watchedAddress()},
-                                 {"address-loading", {}},
-                                 {"both", everything()},
-                                 {"long-texts", withLongTexts()},
-                                 {"ten-thousand-workers", everything()},
-                                 {"failures", everything()},
-                                 {"history-loading", poolAccount()}};
-  const auto state = [&](std::string_view name) -> BalanceState& {
-    return std::ranges::find(states, name, &NamedState::name)->state;
-  };
-  state("pool-loading").token = "sample-token";
-  state("pool-no-workers").workers.clear();
-  state("address-loading").watchedAddress = sampleAddress;
-  state("ten-thousand-workers").workers = manyWorkers(10'000);
-  state("failures").accountStatus = "Braiins did not answer. Next attempt in 5 minutes.";
-  state("failures").addressStatus = "Chainpeek could not be reached. Next attempt in 10 minutes.";
-  state("failures").historyStatus = "The history could not be loaded: no connection.";
-  state("history-loading").isLoadingHistory = true;
-  state("history-loading").isRefreshing = true;
-  return states;
+void Sample::showIn(StoreOnFakes& fakes) const {
+  fakes.startShowing(figures);
+  if (then == Services::answer) { return; }
+  auto& script = fakes.transport.on("");
+  then == Services::fail ? script.fail(HttpFailure::timedOut) : script.neverAnswer();
+  fakes.store->restartPolling();
+  fakes.store->restartAddressWatch();
+  fakes.store->loadHistory();
+  fakes.executor.advance(2 * BraiinsAccountClient::poolRequestGap);
+}
+
+std::vector<Sample> samples() {
+  BalanceState loading;
+  loading.token = "sample-token";
+  loading.watchedAddress = loading.ownAddress = firstAddress;
+  auto manyWorkersAlone = poolAccount();
+  manyWorkersAlone.workers = manyWorkers(10'000);
+  auto noWorkers = poolAccount();
+  noWorkers.workers.clear();
+  return {{.name = "nothing", .figures = {}},
+          {.name = "loading", .figures = loading},
+          {.name = "pool", .figures = poolAccount()},
+          {.name = "no-workers", .figures = noWorkers},
+          {.name = "many-workers", .figures = manyWorkersAlone},
+          {.name = "address", .figures = watchedAddress()},
+          {.name = "both", .figures = everything()},
+          {.name = "long-texts", .figures = withLongTexts(), .then = Sample::Services::fail},
+          {.name = "waiting", .figures = poolAccount(), .then = Sample::Services::keepWaiting}};
 }
 
 }  // namespace orvane::test

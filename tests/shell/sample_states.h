@@ -4,14 +4,9 @@
 #include <vector>
 
 #include "core/balance_state.h"
+#include "support/store_on_fakes.h"
 
 namespace orvane::test {
-
-/// A state of the main window that is worth looking at.
-struct NamedState {
-  std::string name;
-  BalanceState state;
-};
 
 /// A pool account with workers in every state, without history.
 [[nodiscard]] BalanceState poolAccount();
@@ -23,7 +18,18 @@ struct NamedState {
 [[nodiscard]] std::vector<BraiinsWorkerStatus> manyWorkers(int count);
 [[nodiscard]] std::vector<BraiinsHistoryDay> manyDays(int count);
 
-/// Every state of which there is a picture.
-[[nodiscard]] std::vector<NamedState> namedStates();
+/// A state of the main window that is worth looking at.
+struct Sample {
+  enum class Services { answer, fail, keepWaiting };
+
+  std::string name;
+  BalanceState figures;
+  Services then = Services::answer;  ///< what the services do once the figures are there
+
+  /// Brings a store into this state.
+  void showIn(StoreOnFakes& fakes) const;
+};
+
+[[nodiscard]] std::vector<Sample> samples();
 
 }  // namespace orvane::test

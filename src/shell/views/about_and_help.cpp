@@ -8,101 +8,59 @@
 #include "platform/desktop/symbols.h"
 #include "shell/views/frames.h"
 #include "shell/views/labels.h"
+#include "shell/views/qt_text.h"
 #include "shell/views/theme.h"
 
 namespace orvane {
 
-ViewFooter::ViewFooter(const std::string& brandUrl, const std::function<void()>& closeAction,
-                       QWidget* parent)
-    : QWidget(parent) {
-  setFixedHeight(theme::footerHeight);
-  auto* const close = new QPushButton(tr("Close"), this);
-  close->setMinimumHeight(theme::controlHeight);
-  connect(close, &QPushButton::clicked, this, [this, closeAction] {
-    if (closeAction) {
-      closeAction();
-    } else {
-      window()->close();
-    }
-  });
-  auto* const row = new QHBoxLayout(this);
-  row->setContentsMargins(theme::footerPadding, 0, theme::footerPadding, 0);
-  row->addWidget(new LinkLabel(theme::TextStyle::body, "The Fennick Tools", brandUrl, this));
-  row->addStretch();
-  row->addWidget(close);
-}
-
-AppIconLabel::AppIconLabel(QWidget* parent) : QWidget(parent) {
-  setFixedSize(theme::appIconSize, theme::appIconSize);
-}
-
-void AppIconLabel::paintEvent(QPaintEvent* /*event*/) {
-  QPainter painter(this);
-  applicationIcon().paint(&painter, rect());
-}
-
-namespace {
-
 using theme::TextColor;
 using theme::TextStyle;
 
-QWidget* aboutHeader(const FennickAppInfo& app, const std::string& versionText, QWidget* parent) {
-  auto* const header = new QWidget(parent);
-  auto* const name = new TextLabel(TextStyle::titleBold, TextColor::primary, header);
-  name->showText(app.name);
-  auto* const version = new TextLabel(TextStyle::callout, TextColor::secondary, header);
-  version->showText(versionText);
-  version->makeSelectable();
-  auto* const summary = new TextLabel(TextStyle::body, TextColor::primary, header);
-  summary->showText(app.summary);
-  summary->setWordWrap(true);
+namespace {
 
-  auto* const texts = new QVBoxLayout;
-  texts->setSpacing(theme::metricLineSpacing);
-  texts->addWidget(name);
-  texts->addWidget(version);
-  texts->addSpacing(theme::smallSpacing);
-  texts->addWidget(summary);
-  texts->addStretch();
+constexpr int headerSpacing = 5;
+constexpr int contextualHelpPadding = 4;
+
+/// The application's icon, sharp at the device's own pixels.
+class AppIconLabel final : public QWidget {
+ public:
+  explicit AppIconLabel(QWidget* parent) : QWidget(parent) {
+    setFixedSize(theme::appIconSize, theme::appIconSize);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    applicationIcon().paint(&painter, rect());
+  }
+};
+
+/// The icon with `texts` beside it; the labels among them are `header`'s own.
+void fillHeader(QWidget* header, QVBoxLayout* texts) {
   auto* const row = new QHBoxLayout(header);
   row->setContentsMargins(theme::windowPadding, theme::windowPadding, theme::windowPadding,
                           theme::windowPadding);
   row->setSpacing(theme::cardPadding);
   row->addWidget(new AppIconLabel(header), 0, Qt::AlignTop);
   row->addLayout(texts, 1);
+}
+
+QWidget* aboutHeader(const FennickAppInfo& app, const std::string& versionText, QWidget* parent) {
+  auto* const header = new QWidget(parent);
+  auto* const version =
+      new TextLabel(toQString(versionText), TextStyle::callout, TextColor::secondary, header);
+  version->makeSelectable();
+  auto* const texts = new QVBoxLayout;
+  texts->setSpacing(theme::metricLineSpacing);
+  texts->addWidget(
+      new TextLabel(toQString(app.name), TextStyle::titleBold, TextColor::primary, header));
+  texts->addWidget(version);
+  texts->addSpacing(theme::smallSpacing);
+  texts->addWidget(
+      wrappingText(toQString(app.summary), TextStyle::body, TextColor::primary, header));
+  texts->addStretch();
+  fillHeader(header, texts);
   return header;
-}
-
-}  // namespace
-
-FennickAboutView::FennickAboutView(const FennickAppInfo& app,
-                                   const std::function<void()>& closeAction,
-                                   const std::string& brandUrl, const std::string& versionText,
-                                   QWidget* parent)
-    : QWidget(parent) {
-  setFixedWidth(theme::aboutWidth);
-  auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(0);
-  column->addWidget(aboutHeader(app, versionText, this), 1);
-  column->addWidget(new Divider(Qt::Horizontal, this));
-  column->addWidget(new ViewFooter(brandUrl, closeAction, this));
-}
-
-namespace {
-
-using theme::TextColor;
-using theme::TextStyle;
-
-constexpr int headerSpacing = 5;
-constexpr int contextualHelpPadding = 4;
-
-TextLabel* wrappingText(TextStyle style, TextColor color, const std::string& text,
-                        QWidget* parent) {
-  auto* const label = new TextLabel(style, color, parent);
-  label->showText(text);
-  label->setWordWrap(true);
-  return label;
 }
 
 QWidget* helpHeader(const FennickAppInfo& app, QWidget* parent) {
@@ -110,22 +68,19 @@ QWidget* helpHeader(const FennickAppInfo& app, QWidget* parent) {
   auto* const texts = new QVBoxLayout;
   texts->setSpacing(headerSpacing);
   texts->addStretch();
-  texts->addWidget(wrappingText(TextStyle::titleBold, TextColor::primary, app.name, header));
-  texts->addWidget(wrappingText(TextStyle::headline, TextColor::secondary, app.summary, header));
+  texts->addWidget(
+      wrappingText(toQString(app.name), TextStyle::titleBold, TextColor::primary, header));
+  texts->addWidget(
+      wrappingText(toQString(app.summary), TextStyle::headline, TextColor::secondary, header));
   texts->addStretch();
-  auto* const row = new QHBoxLayout(header);
-  row->setContentsMargins(theme::windowPadding, theme::windowPadding, theme::windowPadding,
-                          theme::windowPadding);
-  row->setSpacing(theme::cardPadding);
-  row->addWidget(new AppIconLabel(header), 0, Qt::AlignTop);
-  row->addLayout(texts, 1);
+  fillHeader(header, texts);
   return header;
 }
 
 ColumnArea* helpTexts(const FennickAppInfo& app, QWidget* parent) {
   auto* const area = new ColumnArea(QWidget::tr("Help"), theme::helpSpacing, parent);
   const auto add = [area](TextStyle style, const std::string& text) {
-    auto* const label = wrappingText(style, TextColor::primary, text, area->widget());
+    auto* const label = wrappingText(toQString(text), style, TextColor::primary, area->widget());
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     area->column()->addWidget(label);
     return label;
@@ -142,21 +97,59 @@ ColumnArea* helpTexts(const FennickAppInfo& app, QWidget* parent) {
   return area;
 }
 
+QWidget* footer(const std::string& brandUrl, const std::function<void()>& closeAction,
+                QWidget* view) {
+  auto* const footer = new QWidget(view);
+  footer->setFixedHeight(theme::footerHeight);
+  auto* const close = new QPushButton(QWidget::tr("Close"), footer);
+  close->setMinimumHeight(theme::controlHeight);
+  QObject::connect(close, &QPushButton::clicked, footer, [view, closeAction] {
+    if (closeAction) {
+      closeAction();
+    } else {
+      view->window()->close();
+    }
+  });
+  auto* const row = new QHBoxLayout(footer);
+  row->setContentsMargins(theme::footerPadding, 0, theme::footerPadding, 0);
+  row->addWidget(new LinkLabel(TextStyle::body, "The Fennick Tools", brandUrl, footer));
+  row->addStretch();
+  row->addWidget(close);
+  return footer;
+}
+
+QVBoxLayout* columnWithoutGaps(QWidget* view) {
+  auto* const column = new QVBoxLayout(view);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  return column;
+}
+
 }  // namespace
+
+FennickAboutView::FennickAboutView(const FennickAppInfo& app,
+                                   const std::function<void()>& closeAction,
+                                   const std::string& brandUrl, const std::string& versionText,
+                                   QWidget* parent)
+    : QWidget(parent) {
+  setFixedWidth(theme::aboutWidth);
+  auto* const column = columnWithoutGaps(this);
+  column->addWidget(aboutHeader(app, versionText, this), 1);
+  column->addWidget(new Divider(Qt::Horizontal, this));
+  column->addWidget(footer(brandUrl, closeAction, this));
+}
 
 FennickAppHelpView::FennickAppHelpView(const FennickAppInfo& app,
                                        const std::function<void()>& closeAction,
                                        const std::string& brandUrl, QWidget* parent)
     : QWidget(parent) {
   setMinimumSize(theme::helpMinimumWidth, theme::helpMinimumHeight);
-  auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(0);
+  auto* const column = columnWithoutGaps(this);
   column->addWidget(helpHeader(app, this));
   column->addWidget(new Divider(Qt::Horizontal, this));
   column->addWidget(helpTexts(app, this), 1);
   column->addWidget(new Divider(Qt::Horizontal, this));
-  column->addWidget(new ViewFooter(brandUrl, closeAction, this));
+  column->addWidget(footer(brandUrl, closeAction, this));
 }
 
 }  // namespace orvane

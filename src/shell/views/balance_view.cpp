@@ -2,19 +2,32 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QPushButton>
 #include <QScreen>
-#include <QShortcut>
-#include <QVBoxLayout>
-#include <QWidget>
 #include <algorithm>
 
-#include "shell/view_models/window_layout.h"
-#include "shell/views/buttons.h"
-#include "shell/views/frames.h"
-#include "shell/views/theme.h"
+#include "shell/view_models/window_contents.h"
+#include "shell/views/cards.h"
+#include "shell/views/close_bar.h"
+#include "shell/views/history_section.h"
+#include "shell/views/settings_section.h"
+#include "shell/views/workers_section.h"
 
 namespace orvane {
+
+namespace {
+
+/// What a window's title bar and borders take of the screen, before there is a window to ask.
+constexpr QSize usualWindowFrame(2, 40);
+
+/// Carries a change of size out at once, so that a window which is about to appear appears in its
+/// new size.
+void layOutUpToWindow(QWidget& changed) {
+  for (auto* widget = &changed; widget; widget = widget->parentWidget()) {
+    if (widget->layout()) { widget->layout()->activate(); }
+  }
+}
+
+}  // namespace
 
 CoalescedUpdate::CoalescedUpdate(QWidget& view, std::function<void()> update)
     : view_(view), update_(std::move(update)) {
@@ -45,59 +58,29 @@ void CoalescedUpdate::run() {
   update_();
 }
 
-CloseBar::CloseBar(const std::function<void()>& onClose, const Menu& commands, QWidget* parent)
-    : QWidget(parent) {
-  auto* const row = new QHBoxLayout(this);
-  row->setContentsMargins(theme::windowPadding, theme::barPadding, theme::windowPadding,
-                          theme::barPadding);
-  auto* const close = new QPushButton(tr("Close"), this);
-  close->setAutoDefault(false);
-  close->setMinimumHeight(theme::controlHeight);
-  // Not the button's own shortcut: that one would first show the button pressed for a moment.
-  auto* const escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
-  connect(escape, &QShortcut::activated, this, [onClose] { onClose(); });
-  close->setToolTip(tr("Close the window; the app stays in the menu bar"));
-  connect(close, &QPushButton::clicked, this, [onClose] { onClose(); });
-  row->addWidget(close);
-  row->addStretch();
-  if (!commands.items.empty()) { row->addWidget(new CommandButton(commands, this)); }
-}
-
-namespace {
-
-/// What a window's title bar and borders take of the screen, before there is a window to ask.
-constexpr QSize usualWindowFrame(2, 40);
-
-/// Carries a change of size out at once, so that a window which is about to appear appears in its
-/// new size.
-void layOutUpToWindow(QWidget& changed) {
-  for (auto* widget = &changed; widget; widget = widget->parentWidget()) {
-    if (widget->layout()) { widget->layout()->activate(); }
-  }
-}
-
-}  // namespace
-
-BalanceContent::BalanceContent(const BalanceState& state, const LocaleFormat& format,
-                               const std::string& poolWebHost, BalanceActions actions,
-                               QWidget* parent)
-    : QWidget(parent), state_(state), format_(format), actions_(std::move(actions)) {
+BalanceView::BalanceView(BalanceStore& store, const LocaleFormat& format,
+                         const BalanceViewSettings& settings, const std::function<void()>& onClose,
+                         QWidget* parent)
+    : QWidget(parent),
+      store_(store),
+      format_(format),
+      update_(*this, [this] { showState(); }),
+      subscription_(store.observe([this] { update_.request(); })) {
   // The Tab key goes from part to part in the order in which they are made.
   leftColumn_ = new ColumnArea(tr("Balance and settings"), theme::leftColumnSpacing, this);
-  poolCard_ = new PoolCardView(actions_, leftColumn_->widget());
-  addressCard_ = new AddressCardView(actions_, leftColumn_->widget());
-  settings_ = new SettingsSection(state_, actions_, poolWebHost, leftColumn_->widget());
+  poolCard_ = new PoolCardView(store, leftColumn_->widget());
+  addressCard_ = new AddressCardView(store, leftColumn_->widget());
+  settings_ = new SettingsSection(store, settings.poolWebHost, leftColumn_->widget());
   columnDivider_ = new Divider(Qt::Vertical, this);
   rightColumn_ = new ColumnArea(tr("Workers and history"), theme::rightColumnSpacing, this);
-  workers_ = new WorkersSection(format_, rightColumn_->widget());
-  history_ = new HistorySection(format_, actions_, rightColumn_->widget());
-  layOut();
+  workers_ = new WorkersSection(format, rightColumn_->widget());
+  history_ = new HistorySection(store, format, rightColumn_->widget());
+  layOut(new CloseBar(onClose, settings.commands, this));
   showState();
 }
 
-void BalanceContent::layOut() {
-  for (QWidget* part : {static_cast<QWidget*>(poolCard_), static_cast<QWidget*>(addressCard_),
-                        static_cast<QWidget*>(settings_)}) {
+void BalanceView::layOut(QWidget* closeBar) {
+  for (QWidget* part : std::initializer_list<QWidget*>{poolCard_, addressCard_, settings_}) {
     part->setMaximumWidth(theme::readableWidth);
     leftColumn_->column()->addWidget(part);
   }
@@ -116,22 +99,21 @@ void BalanceContent::layOut() {
   window->setSpacing(0);
   window->addLayout(columns, 1);
   window->addWidget(new Divider(Qt::Horizontal, this));
-  window->addWidget(new CloseBar(actions_.close, actions_.commands, this));
+  window->addWidget(closeBar);
 }
 
-void BalanceContent::showState() {
-  const auto layout = windowLayout(state_);
-  if (layout.showsPoolCard) { poolCard_->showCard(poolCard(state_, format_), state_.unit); }
-  if (layout.showsAddressCard) {
-    addressCard_->showCard(addressCard(state_, format_), state_.unit);
-  }
+void BalanceView::showState() {
+  const auto& state = store_.state();
+  const auto layout = windowLayout(state);
+  if (layout.showsPoolCard) { poolCard_->showCard(poolCard(state, format_), state.unit); }
+  if (layout.showsAddressCard) { addressCard_->showCard(addressCard(state, format_), state.unit); }
   poolCard_->setVisible(layout.showsPoolCard);
   addressCard_->setVisible(layout.showsAddressCard);
   if (isVisible()) { settings_->loadDrafts(); }
   settings_->showState();
   if (layout.showsAccountColumn) {
-    workers_->showWorkers(state_.workers);
-    history_->showHistory(state_);
+    workers_->showWorkers(state.workers);
+    history_->showHistory(state);
   }
   rightColumn_->setVisible(layout.showsAccountColumn);
   columnDivider_->setVisible(layout.showsAccountColumn);
@@ -140,8 +122,8 @@ void BalanceContent::showState() {
   askForSize();
 }
 
-void BalanceContent::askForSize() {
-  const auto wanted = windowLayout(state_);
+void BalanceView::askForSize() {
+  const auto wanted = windowLayout(store_.state());
   const auto frame = window()->isVisible() ? window()->frameGeometry().size() - window()->size()
                                            : usualWindowFrame;
   const auto available = screen()->availableGeometry().size() - frame.expandedTo(usualWindowFrame);
@@ -152,46 +134,10 @@ void BalanceContent::askForSize() {
   layOutUpToWindow(*this);
 }
 
-void BalanceContent::showEvent(QShowEvent* event) {
+void BalanceView::showEvent(QShowEvent* event) {
   settings_->loadDrafts();
   askForSize();
   QWidget::showEvent(event);
-}
-
-namespace {
-
-BalanceActions actionsOn(BalanceStore& store, const BalanceViewSettings& settings,
-                         std::function<void()> onClose) {
-  return {
-      .refresh =
-          [&store] {
-            store.restartPolling();
-            store.restartAddressWatch();
-          },
-      .loadHistory = [&store] { store.loadHistory(); },
-      .setToken = [&store](const std::string& text) { store.setToken(text); },
-      .setOwnAddress = [&store](const std::string& text) { return store.setOwnAddress(text); },
-      .setUnit = [&store](BalanceUnit unit) { store.setUnit(unit); },
-      .setFiatCurrency =
-          [&store](PreferredFiatCurrency currency) { store.setPreferredFiatCurrency(currency); },
-      .close = std::move(onClose),
-      .commands = settings.commands};
-}
-
-}  // namespace
-
-BalanceView::BalanceView(BalanceStore& store, const LocaleFormat& format,
-                         const BalanceViewSettings& settings, std::function<void()> onClose,
-                         QWidget* parent)
-    : QWidget(parent),
-      content_(new BalanceContent(store.state(), format, settings.poolWebHost,
-                                  actionsOn(store, settings, std::move(onClose)), this)),
-      update_(*this, [this] { content_->showState(); }),
-      subscription_(store.observe([this] { update_.request(); })) {
-  auto* const layout = new QVBoxLayout(this);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(content_);
-  update_.request();
 }
 
 }  // namespace orvane

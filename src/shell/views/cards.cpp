@@ -1,41 +1,193 @@
 #include "shell/views/cards.h"
 
-#include <QVBoxLayout>
+#include <array>
 
 #include "shell/views/flow_layout.h"
 
 namespace orvane {
 
-PoolCardView::PoolCardView(const BalanceActions& actions, QWidget* parent)
+using theme::TextColor;
+using theme::TextStyle;
+
+namespace {
+
+constexpr std::array units{BalanceUnit::sats, BalanceUnit::btc};
+
+MetricBlock* cardMetric(QWidget* parent) {
+  return new MetricBlock(TextStyle::caption, TextStyle::titleMediumFigure, parent);
+}
+
+SegmentedPicker* unitPicker(BalanceStore& store, QWidget* parent) {
+  return new SegmentedPicker(
+      QWidget::tr("Unit"), {QWidget::tr("sats"), QWidget::tr("BTC")},
+      [&store](std::size_t index) { store.setUnit(units.at(index)); }, parent);
+}
+
+void showUnit(SegmentedPicker& picker, BalanceUnit unit) {
+  picker.showChoice(unit == units[0] ? 0 : 1);
+}
+
+QHBoxLayout* titleRow(const QString& title, SegmentedPicker* unit, QWidget* parent) {
+  auto* const row = new QHBoxLayout;
+  row->addWidget(new TextLabel(title, TextStyle::headline, TextColor::secondary, parent));
+  row->addStretch();
+  row->addWidget(unit);
+  return row;
+}
+
+}  // namespace
+
+/// A card's large figure with its value in money beside it, on one baseline.
+class BalanceRow final : public QWidget {
+ public:
+  /// `title`: what the figure is, for screen readers.
+  BalanceRow(const QString& title, QWidget* parent)
+      : QWidget(parent),
+        amount_(new FigureLabel(TextStyle::largeFigure, TextColor::primary, this)),
+        fiatValue_(new TextLabel(TextStyle::title2MediumFigure, TextColor::secondary, this)) {
+    auto* const row = new FlowLayout(FlowLayout::Align::baseline, theme::barPadding, 0, this);
+    row->addWidget(amount_);
+    row->addWidget(fiatValue_);
+    amount_->setAccessibleDescription(title);
+    amount_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    fiatValue_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Minimum);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+  }
+
+  void showFigure(const BalanceFigure& figure) {
+    amount_->showText(figure.text);
+    amount_->setColor(figure.isPlaceholder ? TextColor::secondary : TextColor::primary);
+    fiatValue_->showTextOrHide(figure.fiatValue);
+  }
+
+ private:
+  FigureLabel* amount_;
+  TextLabel* fiatValue_;
+};
+
+/// The block rewards of the watched address, a line each.
+class BlockRewardList final : public QWidget {
+ public:
+  explicit BlockRewardList(QWidget* parent) : QWidget(parent), column_(new QVBoxLayout(this)) {
+    column_->setContentsMargins(0, 0, 0, 0);
+    column_->setSpacing(theme::smallSpacing);
+  }
+
+  void showLines(const std::vector<BlockRewardLine>& lines) {
+    while (lines_.size() > lines.size()) {
+      delete lines_.back().row;
+      lines_.pop_back();
+    }
+    while (lines_.size() < lines.size()) {
+      lines_.push_back(makeLine());
+    }
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+      const bool isSpendable = lines[i].isSpendable;
+      const auto color = isSpendable ? TextColor::green : TextColor::orange;
+      lines_[i].symbol->showSymbol(
+          isSpendable ? QStringLiteral("checkmark.seal.fill") : QStringLiteral("hourglass"), color);
+      lines_[i].text->setColor(color);
+      lines_[i].text->showText(lines[i].text);
+    }
+    setVisible(!lines.empty());
+  }
+
+ private:
+  struct Line {
+    QWidget* row;
+    SymbolLabel* symbol;
+    TextLabel* text;
+  };
+
+  [[nodiscard]] Line makeLine() {
+    auto* const row = new QWidget(this);
+    auto* const symbol = new SymbolLabel(row);
+    auto* const text = wrappingText({}, TextStyle::calloutFigure, TextColor::primary, row);
+    text->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    auto* const parts = new QHBoxLayout(row);
+    parts->setContentsMargins(0, 0, 0, 0);
+    parts->setSpacing(theme::smallSpacing);
+    parts->addWidget(symbol);
+    parts->addWidget(text, 1);
+    column_->addWidget(row);
+    return {.row = row, .symbol = symbol, .text = text};
+  }
+
+  QVBoxLayout* column_;
+  std::vector<Line> lines_;
+};
+
+/// The line beneath a card's figures: when they were read, or what went wrong, and a button that
+/// reads them again.
+class StatusRow final : public QWidget {
+ public:
+  /// `subject`: what the button refreshes, for screen readers.
+  StatusRow(const QString& subject, BalanceStore& store, QWidget* parent)
+      : QWidget(parent),
+        symbol_(new SymbolLabel(this)),
+        text_(wrappingText({}, TextStyle::callout, TextColor::secondary, this)),
+        button_(new RefreshButton(
+            subject,
+            [&store] {
+              store.restartPolling();
+              store.restartAddressWatch();
+            },
+            this)) {
+    text_->makeSelectable();
+    symbol_->showSymbol(QStringLiteral("exclamationmark.triangle.fill"), TextColor::orange);
+    auto* const row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(theme::smallSpacing);
+    row->addWidget(symbol_);
+    row->addWidget(text_, 1);
+    row->addWidget(button_);
+  }
+
+  void showStatus(const StatusLine& status, const RefreshButtonState& refresh) {
+    symbol_->setVisible(status.isWarning);
+    text_->showText(status.text);
+    text_->setColor(status.isWarning ? TextColor::orange : TextColor::secondary);
+    button_->showState(refresh);
+  }
+
+ private:
+  SymbolLabel* symbol_;
+  TextLabel* text_;
+  RefreshButton* button_;
+};
+
+PoolCardView::PoolCardView(BalanceStore& store, QWidget* parent)
     : Card(theme::MarkColor::green, parent) {
   const auto title = tr("Braiins Pool balance");
-  title_ = new CardTitleRow(title, actions.setUnit, this);
+  unit_ = unitPicker(store, this);
   balance_ = new BalanceRow(title, this);
-  metrics_ = new MetricRow<MetricBlock>(this);
-  status_ = new StatusRow(title, actions.refresh, this);
-  for (QWidget* row : {static_cast<QWidget*>(title_), static_cast<QWidget*>(balance_),
-                       static_cast<QWidget*>(metrics_), static_cast<QWidget*>(status_)}) {
-    rows()->addWidget(row);
-  }
+  metrics_ = new MetricRow(&cardMetric, this);
+  status_ = new StatusRow(title, store, this);
+  rows()->addLayout(titleRow(title, unit_, this));
+  rows()->addWidget(balance_);
+  rows()->addWidget(metrics_);
+  rows()->addWidget(status_);
 }
 
 void PoolCardView::showCard(const PoolCard& card, BalanceUnit unit) {
-  title_->showUnit(unit);
+  showUnit(*unit_, unit);
   balance_->showFigure(card.balance);
   metrics_->showMetrics(card.metrics);
   status_->showStatus(card.status, card.refresh);
 }
 
-AddressCardView::AddressCardView(const BalanceActions& actions, QWidget* parent)
+AddressCardView::AddressCardView(BalanceStore& store, QWidget* parent)
     : Card(theme::MarkColor::orange, parent) {
   const auto title = tr("Watched address");
-  title_ = new CardTitleRow(title, actions.setUnit, this);
+  unit_ = unitPicker(store, this);
   auto* const chip = makeAddressChip();
   balance_ = new BalanceRow(title, this);
-  metrics_ = new MetricRow<MetricBlock>(this);
+  metrics_ = new MetricRow(&cardMetric, this);
   blockRewards_ = new BlockRewardList(this);
-  status_ = new StatusRow(title, actions.refresh, this);
-  rows()->addWidget(title_);
+  status_ = new StatusRow(title, store, this);
+  rows()->addLayout(titleRow(title, unit_, this));
   rows()->addWidget(chip, 0, Qt::AlignLeading);
   rows()->addWidget(balance_);
   rows()->addWidget(metrics_);
@@ -45,10 +197,9 @@ AddressCardView::AddressCardView(const BalanceActions& actions, QWidget* parent)
 
 QWidget* AddressCardView::makeAddressChip() {
   auto* const chip = new Chip(this);
-  address_ = new FigureLabel(theme::TextStyle::calloutMonospaced, theme::TextColor::primary, chip);
+  address_ = new FigureLabel(TextStyle::calloutMonospaced, TextColor::primary, chip);
   address_->makeSelectable();
-  origin_ = new TextLabel(theme::TextStyle::caption, theme::TextColor::secondary, chip);
-  origin_->setText(tr("from Hashwick"));
+  origin_ = new TextLabel(tr("from Hashwick"), TextStyle::caption, TextColor::secondary, chip);
   auto* const line = new FlowLayout(FlowLayout::Align::baseline, theme::smallSpacing, 0, chip);
   line->setContentsMargins(theme::chipHorizontalPadding, theme::chipVerticalPadding,
                            theme::chipHorizontalPadding, theme::chipVerticalPadding);
@@ -58,7 +209,7 @@ QWidget* AddressCardView::makeAddressChip() {
 }
 
 void AddressCardView::showCard(const AddressCard& card, BalanceUnit unit) {
-  title_->showUnit(unit);
+  showUnit(*unit_, unit);
   address_->showText(card.address);
   origin_->setVisible(card.isFromMiner);
   balance_->showFigure(card.balance);

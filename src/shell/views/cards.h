@@ -1,43 +1,46 @@
 #pragma once
 
-#include "shell/view_models/card_contents.h"
-#include "shell/views/balance_actions.h"
-#include "shell/views/card_parts.h"
+#include "core/balance_store.h"
+#include "shell/view_models/window_contents.h"
+#include "shell/views/controls.h"
 #include "shell/views/frames.h"
+#include "shell/views/metric_row.h"
 
 namespace orvane {
 
+class BalanceRow;
+class BlockRewardList;
+class StatusRow;
+
 /// The card of the pool account.
 class PoolCardView final : public Card {
-  Q_OBJECT
-
  public:
-  explicit PoolCardView(const BalanceActions& actions, QWidget* parent = nullptr);
+  /// `store` outlives the card.
+  explicit PoolCardView(BalanceStore& store, QWidget* parent = nullptr);
   void showCard(const PoolCard& card, BalanceUnit unit);
 
  private:
-  CardTitleRow* title_;
+  SegmentedPicker* unit_;
   BalanceRow* balance_;
-  MetricRow<MetricBlock>* metrics_;
+  MetricRow* metrics_;
   StatusRow* status_;
 };
 
 /// The card of the watched address.
 class AddressCardView final : public Card {
-  Q_OBJECT
-
  public:
-  explicit AddressCardView(const BalanceActions& actions, QWidget* parent = nullptr);
+  /// `store` outlives the card.
+  explicit AddressCardView(BalanceStore& store, QWidget* parent = nullptr);
   void showCard(const AddressCard& card, BalanceUnit unit);
 
  private:
   [[nodiscard]] QWidget* makeAddressChip();
 
-  CardTitleRow* title_;
+  SegmentedPicker* unit_;
   TextLabel* address_;
   TextLabel* origin_;
   BalanceRow* balance_;
-  MetricRow<MetricBlock>* metrics_;
+  MetricRow* metrics_;
   BlockRewardList* blockRewards_;
   StatusRow* status_;
 };

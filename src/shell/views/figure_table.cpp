@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QHeaderView>
 #include <QPainter>
+#include <QStyledItemDelegate>
 
 #include "shell/views/frames.h"
 #include "shell/views/theme.h"
@@ -36,60 +37,72 @@ QRect drawDot(QPainter& painter, const QRect& box, const QColor& color, Qt::Layo
   return QStyle::visualRect(side, box, rest);
 }
 
+/// A row of column titles in the secondary colour above a line.
+class PlainHeader final : public QHeaderView {
+ public:
+  explicit PlainHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
+    setHighlightSections(false);
+    setSectionsClickable(false);
+    viewport()->setAutoFillBackground(false);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QHeaderView::paintEvent(event);
+    QPainter(viewport())
+        .fillRect(QRect(0, height() - 1, width(), 1), theme::outlineColor(palette()));
+  }
+
+  void paintSection(QPainter* painter, const QRect& rect, int section) const override {
+    painter->setFont(font());
+    painter->setPen(theme::textColor(theme::TextColor::secondary, palette()));
+    const auto alignment =
+        Qt::Alignment(model()->headerData(section, Qt::Horizontal, Qt::TextAlignmentRole).toInt());
+    drawElided(*painter, insetCell(rect),
+               model()->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString(),
+               QStyle::visualAlignment(layoutDirection(), alignment));
+  }
+
+  [[nodiscard]] QSize sectionSizeFromContents(int section) const override {
+    const auto text = model()->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
+    return {QFontMetrics(font()).horizontalAdvance(text) + 2 * theme::tableCellPadding,
+            theme::tableRowHeight};
+  }
+};
+
+/// Draws a cell's text, the dot before it when it has one, and the line beneath its row.
+class FigureCellDelegate final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    painter->save();
+    auto box = insetCell(option.rect);
+    const auto dotColor = index.data(dotColorRole);
+    if (dotColor.isValid()) {
+      const auto color = static_cast<theme::MarkColor>(dotColor.toInt());
+      box = drawDot(*painter, box, theme::markColor(color, option.palette), option.direction);
+    }
+    painter->setFont(option.font);
+    painter->setPen(option.palette.color(QPalette::Text));
+    const auto alignment = Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt());
+    drawElided(*painter, box, index.data(Qt::DisplayRole).toString(),
+               QStyle::visualAlignment(option.direction, alignment));
+    painter->setRenderHint(QPainter::Antialiasing, false);
+    if (index.row() + 1 < index.model()->rowCount()) {
+      painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1),
+                        theme::outlineColor(option.palette));
+    }
+    if (option.state.testFlag(QStyle::State_HasFocus)) {
+      painter->setPen(option.palette.color(QPalette::Highlight));
+      painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
+    }
+    painter->restore();
+  }
+};
+
 }  // namespace
-
-PlainHeader::PlainHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
-  setHighlightSections(false);
-  setSectionsClickable(false);
-  viewport()->setAutoFillBackground(false);
-}
-
-void PlainHeader::paintEvent(QPaintEvent* event) {
-  QHeaderView::paintEvent(event);
-  QPainter(viewport()).fillRect(QRect(0, height() - 1, width(), 1), theme::outlineColor(palette()));
-}
-
-void PlainHeader::paintSection(QPainter* painter, const QRect& rect, int section) const {
-  painter->setFont(font());
-  painter->setPen(theme::textColor(theme::TextColor::secondary, palette()));
-  const auto alignment =
-      Qt::Alignment(model()->headerData(section, Qt::Horizontal, Qt::TextAlignmentRole).toInt());
-  drawElided(*painter, insetCell(rect),
-             model()->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString(),
-             QStyle::visualAlignment(layoutDirection(), alignment));
-}
-
-QSize PlainHeader::sectionSizeFromContents(int section) const {
-  const auto text = model()->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
-  return {QFontMetrics(font()).horizontalAdvance(text) + 2 * theme::tableCellPadding,
-          theme::tableRowHeight};
-}
-
-void FigureCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
-                               const QModelIndex& index) const {
-  painter->save();
-  auto box = insetCell(option.rect);
-  const auto dotColor = index.data(dotColorRole);
-  if (dotColor.isValid()) {
-    const auto color = static_cast<theme::MarkColor>(dotColor.toInt());
-    box = drawDot(*painter, box, theme::markColor(color, option.palette), option.direction);
-  }
-  painter->setFont(option.font);
-  painter->setPen(option.palette.color(QPalette::Text));
-  const auto alignment = Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt());
-  drawElided(*painter, box, index.data(Qt::DisplayRole).toString(),
-             QStyle::visualAlignment(option.direction, alignment));
-  painter->setRenderHint(QPainter::Antialiasing, false);
-  if (index.row() + 1 < index.model()->rowCount()) {
-    painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1),
-                      theme::outlineColor(option.palette));
-  }
-  if (option.state.testFlag(QStyle::State_HasFocus)) {
-    painter->setPen(option.palette.color(QPalette::Highlight));
-    painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
-  }
-  painter->restore();
-}
 
 FigureTable::FigureTable(QWidget* parent) : QTableView(parent) {
   setHorizontalHeader(new PlainHeader(this));

@@ -1,22 +1,39 @@
 #pragma once
 
 #include <QAbstractTableModel>
-#include <QHeaderView>
-#include <QStyledItemDelegate>
 #include <QTableView>
-#include <Qt>
 #include <algorithm>
-#include <utility>
+#include <span>
+#include <string>
 #include <vector>
+
+#include "shell/views/qt_text.h"
 
 namespace orvane {
 
+/// What a table's model says of a cell beyond its text.
+enum TableRole {
+  dotColorRole = Qt::UserRole  ///< a theme::MarkColor as int: a dot before the text
+};
+
+/// A column that shows one of the texts of a `Row`.
+template <typename Row>
+struct TableColumn {
+  const char* title;
+  std::string Row::* text;
+  Qt::AlignmentFlag side = Qt::AlignRight;
+};
+
 /// A table whose rows are records of one kind. Texts are made when a cell is asked for, so that a
 /// list of any length costs what is in sight.
-template <typename Record>
-class RowListModel : public QAbstractTableModel {
+template <typename Record, typename Row>
+class RecordTableModel : public QAbstractTableModel {
  public:
-  using QAbstractTableModel::QAbstractTableModel;
+  using Columns = std::span<const TableColumn<Row>>;
+
+  /// `columns` outlives the model.
+  RecordTableModel(Columns columns, QObject* parent)
+      : QAbstractTableModel(parent), columns_(columns) {}
 
   /// Shows `records` instead. Rows come and go at the end of the list, whatever changed, so that
   /// a view keeps its scroll position. Returns whether anything differed.
@@ -43,51 +60,47 @@ class RowListModel : public QAbstractTableModel {
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override {
     return parent.isValid() ? 0 : static_cast<int>(records_.size());
   }
+  [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override {
+    return parent.isValid() ? 0 : static_cast<int>(columns_.size());
+  }
+
+  [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
+    const auto& record = records_.at(static_cast<std::size_t>(index.row()));
+    if (role == Qt::DisplayRole) { return toQString(row(record).*column(index.column()).text); }
+    if (role == Qt::TextAlignmentRole) { return alignment(index.column()); }
+    return detail(record, index.column(), role);
+  }
+  [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
+                                    int role) const override {
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) { return {}; }
+    if (role == Qt::DisplayRole) { return toQString(column(section).title); }
+    return role == Qt::TextAlignmentRole ? QVariant(alignment(section)) : QVariant();
+  }
 
  protected:
-  /// `index` is one of this model's own.
-  [[nodiscard]] const Record& record(const QModelIndex& index) const {
-    return records_.at(static_cast<std::size_t>(index.row()));
+  /// What the table shows of `record`.
+  [[nodiscard]] virtual Row row(const Record& record) const = 0;
+  /// What is to be said of a cell in the roles beyond text and alignment.
+  [[nodiscard]] virtual QVariant detail(const Record& /*record*/, int /*column*/,
+                                        int /*role*/) const {
+    return {};
   }
 
  private:
+  [[nodiscard]] const TableColumn<Row>& column(int index) const {
+    return columns_[static_cast<std::size_t>(index)];
+  }
+  [[nodiscard]] int alignment(int index) const {
+    return static_cast<int>(Qt::AlignVCenter | column(index).side);
+  }
+
+  Columns columns_;
   std::vector<Record> records_;
-};
-
-/// What a table's model says of a cell beyond its text.
-enum TableRole {
-  dotColorRole = Qt::UserRole  ///< a theme::MarkColor as int: a dot before the text
-};
-
-/// A row of column titles in the secondary colour above a line.
-class PlainHeader final : public QHeaderView {
-  Q_OBJECT
-
- public:
-  explicit PlainHeader(QWidget* parent);
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
-  void paintSection(QPainter* painter, const QRect& rect, int section) const override;
-  [[nodiscard]] QSize sectionSizeFromContents(int section) const override;
-};
-
-/// Draws a cell's text, the dot before it when it has one, and the line beneath its row.
-class FigureCellDelegate final : public QStyledItemDelegate {
-  Q_OBJECT
-
- public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-
-  void paint(QPainter* painter, const QStyleOptionViewItem& option,
-             const QModelIndex& index) const override;
 };
 
 /// A table of texts in the design's style, that only shows: no selection, no sorting, no editing.
 /// Only the rows in sight are asked for. The arrow keys move a cursor, for reading cell by cell.
 class FigureTable : public QTableView {
-  Q_OBJECT
-
  public:
   explicit FigureTable(QWidget* parent = nullptr);
 

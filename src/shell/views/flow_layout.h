@@ -9,8 +9,6 @@ namespace orvane {
 /// Lays widgets out in a row, each as wide as it wants to be, and goes on in a further row when
 /// the width is used up. Widgets of a row stand on one text baseline, or at the row's top.
 class FlowLayout final : public QLayout {
-  Q_OBJECT
-
  public:
   enum class Align { top, baseline };
 

@@ -1,11 +1,11 @@
 #include "shell/views/frames.h"
 
 #include <QPainter>
+#include <QScrollBar>
 #include <QStyleOptionSlider>
-#include <QVBoxLayout>
+#include <algorithm>
 
 #include "shell/views/flow_layout.h"
-#include "shell/views/theme.h"
 
 namespace orvane {
 
@@ -21,6 +21,46 @@ void drawRoundedFrame(QWidget& widget, int radius, const QColor& fill, const QCo
   painter.drawRoundedRect(QRectF(widget.rect()).adjusted(inset, inset, -inset, -inset), radius,
                           radius);
 }
+
+constexpr double handleInset = 3;
+constexpr double restingOpacity = 0.35;
+constexpr double touchedOpacity = 0.7;
+
+class ThinScrollBar final : public QScrollBar {
+ public:
+  ThinScrollBar(Qt::Orientation orientation, QWidget* parent) : QScrollBar(orientation, parent) {
+    setAttribute(Qt::WA_Hover);
+    setAttribute(Qt::WA_OpaquePaintEvent, false);  // the ground shows beside the handle
+  }
+
+  [[nodiscard]] QSize sizeHint() const override {
+    auto size = QScrollBar::sizeHint();
+    if (orientation() == Qt::Vertical) {
+      size.setWidth(theme::scrollBarWidth);
+    } else {
+      size.setHeight(theme::scrollBarWidth);
+    }
+    return size;
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    if (minimum() == maximum()) { return; }
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    const auto handle = QRectF(style()->subControlRect(QStyle::CC_ScrollBar, &option,
+                                                       QStyle::SC_ScrollBarSlider, this))
+                            .adjusted(handleInset, handleInset, -handleInset, -handleInset);
+    const auto opacity = isSliderDown() || underMouse() ? touchedOpacity : restingOpacity;
+    const auto color = theme::textColor(theme::TextColor::secondary, palette());
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(theme::withOpacity(color, opacity));
+    const auto radius = std::min(handle.width(), handle.height()) / 2;
+    painter.drawRoundedRect(handle, radius, radius);
+  }
+};
 
 }  // namespace
 
@@ -64,47 +104,6 @@ void Divider::paintEvent(QPaintEvent* /*event*/) {
   QPainter(this).fillRect(rect(), theme::outlineColor(palette()));
 }
 
-namespace {
-
-constexpr double inset = 3;
-constexpr double restingOpacity = 0.35;
-constexpr double touchedOpacity = 0.7;
-
-}  // namespace
-
-ThinScrollBar::ThinScrollBar(Qt::Orientation orientation, QWidget* parent)
-    : QScrollBar(orientation, parent) {
-  setAttribute(Qt::WA_Hover);
-  setAttribute(Qt::WA_OpaquePaintEvent, false);  // the ground shows beside the handle
-}
-
-QSize ThinScrollBar::sizeHint() const {
-  auto size = QScrollBar::sizeHint();
-  if (orientation() == Qt::Vertical) {
-    size.setWidth(theme::scrollBarWidth);
-  } else {
-    size.setHeight(theme::scrollBarWidth);
-  }
-  return size;
-}
-
-void ThinScrollBar::paintEvent(QPaintEvent* /*event*/) {
-  if (minimum() == maximum()) { return; }
-  QStyleOptionSlider option;
-  initStyleOption(&option);
-  const auto handle = QRectF(style()->subControlRect(QStyle::CC_ScrollBar, &option,
-                                                     QStyle::SC_ScrollBarSlider, this))
-                          .adjusted(inset, inset, -inset, -inset);
-  QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Qt::NoPen);
-  const auto opacity = isSliderDown() || underMouse() ? touchedOpacity : restingOpacity;
-  painter.setBrush(
-      theme::withOpacity(theme::textColor(theme::TextColor::secondary, palette()), opacity));
-  const auto radius = std::min(handle.width(), handle.height()) / 2;
-  painter.drawRoundedRect(handle, radius, radius);
-}
-
 void useThinScrollBars(QAbstractScrollArea& area) {
   area.setVerticalScrollBar(new ThinScrollBar(Qt::Vertical, &area));
   area.setHorizontalScrollBar(new ThinScrollBar(Qt::Horizontal, &area));
@@ -131,8 +130,8 @@ SectionHeader::SectionHeader(const QString& title, QWidget* parent)
     : QWidget(parent),
       row_(new QHBoxLayout(this)),
       subtitle_(new TextLabel(theme::TextStyle::callout, theme::TextColor::secondary, this)) {
-  auto* const heading = new TextLabel(theme::TextStyle::headline, theme::TextColor::primary, this);
-  heading->setText(title);
+  auto* const heading =
+      new TextLabel(title, theme::TextStyle::headline, theme::TextColor::primary, this);
   auto* const texts = new FlowLayout(FlowLayout::Align::baseline, theme::smallSpacing, 0);
   texts->addWidget(heading);
   texts->addWidget(subtitle_);

@@ -1,23 +1,16 @@
 #pragma once
 
-#include <QAbstractScrollArea>
 #include <QHBoxLayout>
 #include <QScrollArea>
-#include <QScrollBar>
 #include <QVBoxLayout>
-#include <QWidget>
 
 #include "shell/views/labels.h"
 #include "shell/views/theme.h"
-
-class QVBoxLayout;
 
 namespace orvane {
 
 /// A rounded rectangle around a card's content, in the card's tint.
 class Card : public QWidget {
-  Q_OBJECT
-
  public:
   explicit Card(theme::MarkColor tint, QWidget* parent = nullptr);
 
@@ -33,8 +26,6 @@ class Card : public QWidget {
 
 /// A rounded, outlined rectangle around a table, on the ground of the desktop's lists.
 class Panel final : public QWidget {
-  Q_OBJECT
-
  public:
   explicit Panel(QWidget* parent = nullptr);
 
@@ -50,8 +41,6 @@ class Panel final : public QWidget {
 
 /// A rounded, filled rectangle around a text that may be copied.
 class Chip final : public QWidget {
-  Q_OBJECT
-
  public:
   explicit Chip(QWidget* parent = nullptr) : QWidget(parent) {}
 
@@ -61,8 +50,6 @@ class Chip final : public QWidget {
 
 /// A line between two parts of a window.
 class Divider final : public QWidget {
-  Q_OBJECT
-
  public:
   explicit Divider(Qt::Orientation orientation, QWidget* parent = nullptr);
 
@@ -70,26 +57,12 @@ class Divider final : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 };
 
-/// A scroll bar that is only its handle: the cards and tables stay what the eye sees first.
-class ThinScrollBar final : public QScrollBar {
-  Q_OBJECT
-
- public:
-  explicit ThinScrollBar(Qt::Orientation orientation, QWidget* parent = nullptr);
-
-  [[nodiscard]] QSize sizeHint() const override;
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
-};
-
-/// Gives both directions of `area` thin scroll bars.
+/// Gives both directions of `area` scroll bars that are only their handles: the cards and tables
+/// stay what the eye sees first.
 void useThinScrollBars(QAbstractScrollArea& area);
 
 /// A column of the main window: its content stands at the top and scrolls when it is too high.
 class ColumnArea final : public QScrollArea {
-  Q_OBJECT
-
  public:
   explicit ColumnArea(const QString& accessibleName, int spacing, QWidget* parent = nullptr);
 
@@ -101,8 +74,6 @@ class ColumnArea final : public QScrollArea {
 
 /// A section's title with a word about its content beside it; room for a control at the end.
 class SectionHeader final : public QWidget {
-  Q_OBJECT
-
  public:
   explicit SectionHeader(const QString& title, QWidget* parent = nullptr);
 

@@ -1,124 +1,124 @@
 #include "shell/views/history_section.h"
 
-#include <QHBoxLayout>
 #include <QHeaderView>
-#include <QVBoxLayout>
+#include <array>
+#include <utility>
 
-#include "shell/view_models/history_texts.h"
-#include "shell/views/frames.h"
-#include "shell/views/qt_text.h"
-#include "shell/views/theme.h"
+#include "shell/view_models/account_tables.h"
+#include "shell/views/figure_table.h"
+#include "shell/views/metric_row.h"
 
 namespace orvane {
-
-BraiinsHistorySummaryRow::BraiinsHistorySummaryRow(const LocaleFormat& format, QWidget* trailing,
-                                                   QWidget* parent)
-    : QWidget(parent), format_(format), metrics_(new MetricRow<SummaryMetric>(this)) {
-  auto* const row = new QHBoxLayout(this);
-  row->setContentsMargins(theme::summaryHorizontalPadding, theme::summaryVerticalPadding,
-                          theme::summaryHorizontalPadding, theme::summaryVerticalPadding);
-  row->setSpacing(theme::barPadding);
-  row->addWidget(metrics_, 1, Qt::AlignVCenter);
-  row->addWidget(trailing, 0, Qt::AlignVCenter);
-}
-
-void BraiinsHistorySummaryRow::showSummary(const BraiinsHistorySummary& summary,
-                                           const std::vector<Metric>& extraMetrics) {
-  metrics_->showMetrics(historySummaryMetrics(summary, format_, extraMetrics));
-}
-
-namespace {
-
-constexpr int columnTotal = static_cast<int>(historyColumnTitles.size());
-
-const std::string& cellText(const HistoryRow& row, int column) {
-  switch (column) {
-    case 1:
-      return row.averageHashRate;
-    case 2:
-      return row.shares;
-    case 3:
-      return row.reward;
-    default:
-      return row.date;
-  }
-}
-
-int alignment(int column) {
-  return static_cast<int>(Qt::AlignVCenter | (column > 0 ? Qt::AlignRight : Qt::AlignLeft));
-}
-
-}  // namespace
-
-int HistoryModel::columnCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : columnTotal;
-}
-
-QVariant HistoryModel::data(const QModelIndex& index, int role) const {
-  switch (role) {
-    case Qt::DisplayRole:
-      return toQString(cellText(historyRow(record(index), format_), index.column()));
-    case Qt::TextAlignmentRole:
-      return alignment(index.column());
-    default:
-      return {};
-  }
-}
-
-QVariant HistoryModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation != Qt::Horizontal || section < 0 || section >= columnTotal) { return {}; }
-  if (role == Qt::DisplayRole) {
-    return toQString(historyColumnTitles.at(static_cast<std::size_t>(section)));
-  }
-  return role == Qt::TextAlignmentRole ? QVariant(alignment(section)) : QVariant();
-}
-
-BraiinsHistoryTable::BraiinsHistoryTable(const LocaleFormat& format, QWidget* parent)
-    : FigureTable(parent), model_(new HistoryModel(format, this)) {
-  setModel(model_);
-  setMinimumHeight(theme::historyTableMinimumHeight);
-  setAccessibleName(tr("Daily history"));
-  horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
-  horizontalHeader()->setStretchLastSection(true);
-  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int section) {
-    const bool isStretched = section + 1 == columnTotal;
-    if (!isSharing_ && !isStretched && isVisible()) { sharesWidth_ = false; }
-  });
-}
-
-void BraiinsHistoryTable::resizeEvent(QResizeEvent* event) {
-  if (sharesWidth_) { shareWidth(); }
-  FigureTable::resizeEvent(event);
-}
-
-void BraiinsHistoryTable::shareWidth() {
-  isSharing_ = true;
-  for (int column = 0; column + 1 < columnTotal; ++column) {
-    horizontalHeader()->resizeSection(column, viewport()->width() / columnTotal);
-  }
-  isSharing_ = false;
-}
 
 using theme::TextColor;
 using theme::TextStyle;
 
-HistorySection::HistorySection(const LocaleFormat& format, const BalanceActions& actions,
-                               QWidget* parent)
+namespace {
+
+constexpr std::array<TableColumn<HistoryRow>, 4> columns{
+    {{.title = "DATE", .text = &HistoryRow::date, .side = Qt::AlignLeft},
+     {.title = "AVG HASHRATE", .text = &HistoryRow::averageHashRate},
+     {.title = "ACCEPTED SHARES", .text = &HistoryRow::shares},
+     {.title = "CONFIRMED REWARD", .text = &HistoryRow::reward}}};
+
+class HistoryModel final : public RecordTableModel<BraiinsHistoryDay, HistoryRow> {
+ public:
+  HistoryModel(const LocaleFormat& format, QObject* parent)
+      : RecordTableModel(columns, parent), format_(format) {}
+
+ protected:
+  [[nodiscard]] HistoryRow row(const BraiinsHistoryDay& day) const override {
+    return historyRow(day, format_);
+  }
+
+ private:
+  const LocaleFormat& format_;
+};
+
+MetricBlock* summaryMetric(QWidget* parent) {
+  return new MetricBlock(TextStyle::captionBold, TextStyle::bodyBoldFigure, parent);
+}
+
+}  // namespace
+
+/// A band of totals over the daily history, with room for further figures and for a control of
+/// the caller's at its end.
+class BraiinsHistorySummaryRow final : public QWidget {
+ public:
+  /// `trailing`: stands at the end of the row; the row owns it.
+  BraiinsHistorySummaryRow(const LocaleFormat& format, QWidget* trailing, QWidget* parent)
+      : QWidget(parent), format_(format), metrics_(new MetricRow(&summaryMetric, this)) {
+    auto* const row = new QHBoxLayout(this);
+    row->setContentsMargins(theme::summaryHorizontalPadding, theme::summaryVerticalPadding,
+                            theme::summaryHorizontalPadding, theme::summaryVerticalPadding);
+    row->setSpacing(theme::barPadding);
+    row->addWidget(metrics_, 1, Qt::AlignVCenter);
+    row->addWidget(trailing, 0, Qt::AlignVCenter);
+  }
+
+  void showSummary(const BraiinsHistorySummary& summary, const std::vector<Metric>& extraMetrics) {
+    metrics_->showMetrics(historySummaryMetrics(summary, format_, extraMetrics));
+  }
+
+ private:
+  const LocaleFormat& format_;
+  MetricRow* metrics_;
+};
+
+/// A row a day, in the order given. Its columns share the width until the user moves one.
+class BraiinsHistoryTable final : public FigureTable {
+ public:
+  BraiinsHistoryTable(const LocaleFormat& format, QWidget* parent)
+      : FigureTable(parent), model_(new HistoryModel(format, this)) {
+    setModel(model_);
+    setMinimumHeight(theme::historyTableMinimumHeight);
+    setAccessibleName(tr("Daily history"));
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+    horizontalHeader()->setStretchLastSection(true);
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int section) {
+      const bool isStretched = std::cmp_equal(section + 1, columns.size());
+      if (!isSharing_ && !isStretched && isVisible()) { sharesWidth_ = false; }
+    });
+  }
+
+  /// Returns whether the days differ from those shown before.
+  bool showDays(const std::vector<BraiinsHistoryDay>& days) { return model_->setRecords(days); }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override {
+    if (sharesWidth_) { shareWidth(); }
+    FigureTable::resizeEvent(event);
+  }
+
+ private:
+  void shareWidth() {
+    isSharing_ = true;
+    const int columnTotal = model_->columnCount();
+    for (int column = 0; column + 1 < columnTotal; ++column) {
+      horizontalHeader()->resizeSection(column, viewport()->width() / columnTotal);
+    }
+    isSharing_ = false;
+  }
+
+  HistoryModel* model_;
+  bool sharesWidth_ = true;
+  bool isSharing_ = false;
+};
+
+HistorySection::HistorySection(BalanceStore& store, const LocaleFormat& format, QWidget* parent)
     : QWidget(parent),
       format_(format),
       header_(new SectionHeader(tr("Daily history"), this)),
-      loadButton_(new RefreshButton(tr("Daily history"), actions.loadHistory, this)),
-      hint_(new TextLabel(TextStyle::callout, TextColor::secondary, this)),
-      status_(new TextLabel(TextStyle::caption, TextColor::secondary, this)),
-      panel_(new Panel(this)),
-      reloadButton_(new RefreshButton(tr("Daily history"), actions.loadHistory, panel_)),
-      summaryRow_(new BraiinsHistorySummaryRow(format, reloadButton_, panel_)),
-      table_(new BraiinsHistoryTable(format, panel_)) {
-  hint_->setText(
-      tr("Load the days Braiins keeps for this account: average hashrate, accepted shares and the "
-         "confirmed reward of each day."));
-  hint_->setWordWrap(true);
-  status_->setWordWrap(true);
+      hint_(wrappingText(tr("Load the days Braiins keeps for this account: average hashrate, "
+                            "accepted shares and the confirmed reward of each day."),
+                         TextStyle::callout, TextColor::secondary, this)),
+      status_(wrappingText({}, TextStyle::caption, TextColor::secondary, this)),
+      panel_(new Panel(this)) {
+  const auto load = [&store] { store.loadHistory(); };
+  loadButton_ = new RefreshButton(tr("Daily history"), load, this);
+  reloadButton_ = new RefreshButton(tr("Daily history"), load, panel_);
+  summaryRow_ = new BraiinsHistorySummaryRow(format, reloadButton_, panel_);
+  table_ = new BraiinsHistoryTable(format, panel_);
   status_->makeSelectable();
   header_->addControl(loadButton_);
   layOut();
@@ -139,15 +139,15 @@ void HistorySection::layOut() {
 }
 
 void HistorySection::showHistory(const BalanceState& state) {
-  const auto section = historySectionState(state);
-  header_->showSubtitle(section.subtitle);
-  loadButton_->showState({.isVisible = section.isEmpty, .isBusy = section.isLoading});
-  reloadButton_->showState({.isVisible = !section.isEmpty, .isBusy = section.isLoading});
-  hint_->setVisible(section.isEmpty);
-  status_->showTextOrHide(section.status.value_or(std::string()));
+  const bool isEmpty = state.history.empty();
+  header_->showSubtitle(historySubtitle(state.history));
+  loadButton_->showState({.isVisible = isEmpty, .isBusy = state.isLoadingHistory});
+  reloadButton_->showState({.isVisible = !isEmpty, .isBusy = state.isLoadingHistory});
+  hint_->setVisible(isEmpty);
+  status_->showTextOrHide(state.historyStatus.value_or(std::string()));
   if (table_->showDays(state.history) || !summary_) { summary_.emplace(state.history); }
   summaryRow_->showSummary(*summary_, historyValueMetrics(*summary_, state, format_));
-  panel_->setVisible(!section.isEmpty);
+  panel_->setVisible(!isEmpty);
 }
 
 }  // namespace orvane

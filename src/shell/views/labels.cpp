@@ -1,7 +1,6 @@
 #include "shell/views/labels.h"
 
 #include <QEvent>
-#include <QFontMetrics>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QResizeEvent>
@@ -12,11 +11,28 @@
 
 namespace orvane {
 
+namespace {
+
+/// The share of its size down to which a figure may shrink.
+constexpr double smallestShare = 0.45;
+
+int textWidth(const QFont& font, const QString& text) {
+  return QFontMetrics(font).horizontalAdvance(text) + 2;  // glyphs may lean out of their advance
+}
+
+}  // namespace
+
 TextLabel::TextLabel(theme::TextStyle style, theme::TextColor color, QWidget* parent)
     : QLabel(parent), style_(style), color_(color) {
   setTextFormat(Qt::PlainText);
   setFont(theme::textFont(style_));
   applyColor();
+}
+
+TextLabel::TextLabel(const QString& text, theme::TextStyle style, theme::TextColor color,
+                     QWidget* parent)
+    : TextLabel(style, color, parent) {
+  setText(text);
 }
 
 void TextLabel::showText(std::string_view text) {
@@ -58,16 +74,12 @@ void TextLabel::applyColor() {
   setPalette(own);
 }
 
-namespace {
-
-/// The share of its size down to which a figure may shrink.
-constexpr double smallestShare = 0.45;
-
-int textWidth(const QFont& font, const QString& text) {
-  return QFontMetrics(font).horizontalAdvance(text) + 2;  // glyphs may lean out of their advance
+TextLabel* wrappingText(const QString& text, theme::TextStyle style, theme::TextColor color,
+                        QWidget* parent) {
+  auto* const label = new TextLabel(text, style, color, parent);
+  label->setWordWrap(true);
+  return label;
 }
-
-}  // namespace
 
 QSize FigureLabel::sizeHint() const {
   const auto font = theme::textFont(style());
@@ -124,19 +136,6 @@ void LinkLabel::applyStyle() {
   setText(
       QStringLiteral("<a href=\"%1\" style=\"color: %2\">%3</a>")
           .arg(url_.toHtmlEscaped(), theme::linkColor(palette()).name(), text_.toHtmlEscaped()));
-}
-
-QIcon symbolIcon(const QString& name, int size, const QPalette& palette) {
-  QIcon icon;
-  for (const auto devicePixelRatio : {1, 2, 3}) {
-    icon.addPixmap(symbolPixmap(name, size, palette.color(QPalette::Active, QPalette::ButtonText),
-                                devicePixelRatio),
-                   QIcon::Normal);
-    icon.addPixmap(symbolPixmap(name, size, palette.color(QPalette::Disabled, QPalette::ButtonText),
-                                devicePixelRatio),
-                   QIcon::Disabled);
-  }
-  return icon;
 }
 
 SymbolLabel::SymbolLabel(QWidget* parent) : QWidget(parent) {

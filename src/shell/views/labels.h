@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QIcon>
 #include <QLabel>
-#include <QPalette>
 #include <string_view>
 
 #include "shell/views/theme.h"
@@ -12,11 +10,11 @@ namespace orvane {
 /// Plain text in a style and colour of the design; both follow the desktop when it changes.
 /// The text is never taken for markup, wherever it comes from.
 class TextLabel : public QLabel {
-  Q_OBJECT
-
  public:
   explicit TextLabel(theme::TextStyle style, theme::TextColor color = theme::TextColor::primary,
                      QWidget* parent = nullptr);
+  TextLabel(const QString& text, theme::TextStyle style, theme::TextColor color,
+            QWidget* parent = nullptr);
 
   /// Does nothing when the text is already shown, so that a selection in it stays.
   void showText(std::string_view text);
@@ -39,10 +37,12 @@ class TextLabel : public QLabel {
   theme::TextColor color_;
 };
 
+/// A text of any length, that goes on in a further line where the width ends.
+[[nodiscard]] TextLabel* wrappingText(const QString& text, theme::TextStyle style,
+                                      theme::TextColor color, QWidget* parent);
+
 /// A figure that grows smaller rather than being cut off when it is long.
 class FigureLabel final : public TextLabel {
-  Q_OBJECT
-
  public:
   using TextLabel::TextLabel;
 
@@ -56,8 +56,6 @@ class FigureLabel final : public TextLabel {
 
 /// A text that opens a web page, by mouse and by keyboard; plain text without a page to open.
 class LinkLabel final : public QLabel {
-  Q_OBJECT
-
  public:
   LinkLabel(theme::TextStyle style, std::string_view text, std::string_view url,
             QWidget* parent = nullptr);
@@ -73,13 +71,8 @@ class LinkLabel final : public QLabel {
   QString url_;
 };
 
-/// A symbol for a button, in the colours of button texts.
-[[nodiscard]] QIcon symbolIcon(const QString& name, int size, const QPalette& palette);
-
 /// A symbol beside a text; decoration, unless it is given an accessible name.
 class SymbolLabel final : public QWidget {
-  Q_OBJECT
-
  public:
   explicit SymbolLabel(QWidget* parent = nullptr);
 

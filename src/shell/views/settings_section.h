@@ -1,55 +1,23 @@
 #pragma once
 
-#include <QLineEdit>
-#include <QPushButton>
 #include <QWidget>
-#include <functional>
 #include <optional>
 #include <string>
 
-#include "core/balance_state.h"
-#include "shell/view_models/settings_fields.h"
-#include "shell/views/balance_actions.h"
+#include "core/balance_store.h"
+#include "shell/views/controls.h"
 #include "shell/views/labels.h"
-#include "shell/views/segmented_picker.h"
 
 namespace orvane {
 
-/// A text field with the buttons that save and remove its text. What the user types is a draft:
-/// nothing but the user and `setDraft` changes it.
-class SettingsField final : public QWidget {
-  Q_OBJECT
+class SettingsField;
 
- public:
-  /// `name`: what the field is for, for screen readers.
-  SettingsField(const QString& name, std::function<void()> onCommit, QWidget* parent = nullptr);
-
-  /// Called whenever the draft has changed, by whomever.
-  void onDraftChange(std::function<void()> listener);
-  [[nodiscard]] std::string draft() const;
-  void setDraft(const std::string& text);
-  /// What the empty field says.
-  void showPlaceholder(const QString& text);
-  void showState(const SettingsFieldState& state);
-  [[nodiscard]] QLineEdit& edit() { return *edit_; }
-
- private:
-  void remove();
-
-  std::function<void()> onCommit_;
-  QLineEdit* edit_;
-  QPushButton* save_;
-  QPushButton* remove_;
-};
-
-/// The settings: token, watched address, currency.
+/// The settings: token, watched address, currency. What the user types into a field is a draft:
+/// nothing but the user, `loadDrafts` and an accepted commit changes it.
 class SettingsSection final : public QWidget {
-  Q_OBJECT
-
  public:
-  /// `state` outlives the section. `poolWebHost`: host of the account link.
-  SettingsSection(const BalanceState& state, const BalanceActions& actions,
-                  const std::string& poolWebHost, QWidget* parent = nullptr);
+  /// `store` outlives the section. `poolWebHost`: host of the account link.
+  SettingsSection(BalanceStore& store, const std::string& poolWebHost, QWidget* parent = nullptr);
 
   /// Fills each field with what the store keeps, once: the token as soon as it has been read from
   /// the keychain, and only into a field that is still empty. Nothing that is being typed is ever
@@ -59,18 +27,19 @@ class SettingsSection final : public QWidget {
   void showState();
 
  private:
+  [[nodiscard]] std::string tokenDraft() const;
+  [[nodiscard]] std::string addressDraft() const;
   void commitToken();
   void commitAddress();
   void layOut();
   void showFieldStates();
 
-  const BalanceState& state_;
-  const BalanceActions& actions_;
+  BalanceStore& store_;
   bool tokenFieldLoaded_ = false;
   bool addressFieldLoaded_ = false;
   std::optional<std::string> addressMessage_;
-  SettingsField* token_;
-  SettingsField* address_;
+  SettingsField* tokenField_;
+  SettingsField* addressField_;
   TextLabel* addressMessageLabel_;
   SegmentedPicker* currency_;
   LinkLabel* accountLink_;

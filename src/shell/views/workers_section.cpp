@@ -1,19 +1,24 @@
 #include "shell/views/workers_section.h"
 
 #include <QHeaderView>
-#include <QVBoxLayout>
+#include <algorithm>
+#include <array>
 
-#include "shell/view_models/worker_rows.h"
+#include "shell/view_models/account_tables.h"
 #include "shell/views/figure_table.h"
-#include "shell/views/qt_text.h"
-#include "shell/views/theme.h"
 
 namespace orvane {
 
 namespace {
 
-constexpr std::array<const char*, WorkersModel::columnTotal> titles{"Worker", "State", "5 min",
-                                                                    "60 min", "24 h"};
+enum Column { worker, state, rate5m, rate60m, rate24h, columnTotal };
+
+constexpr std::array<TableColumn<WorkerRow>, columnTotal> columns{
+    {{.title = "Worker", .text = &WorkerRow::name, .side = Qt::AlignLeft},
+     {.title = "State", .text = &WorkerRow::stateWord, .side = Qt::AlignLeft},
+     {.title = "5 min", .text = &WorkerRow::rate5m},
+     {.title = "60 min", .text = &WorkerRow::rate60m},
+     {.title = "24 h", .text = &WorkerRow::rate24h}}};
 
 theme::MarkColor dotColor(BraiinsWorkerStatus::State state) {
   using enum BraiinsWorkerStatus::State;
@@ -31,94 +36,72 @@ theme::MarkColor dotColor(BraiinsWorkerStatus::State state) {
   return theme::MarkColor::gray;
 }
 
-const std::string& cellText(const WorkerRow& row, int column) {
-  switch (column) {
-    case WorkersModel::state:
-      return row.stateWord;
-    case WorkersModel::rate5m:
-      return row.rate5m;
-    case WorkersModel::rate60m:
-      return row.rate60m;
-    case WorkersModel::rate24h:
-      return row.rate24h;
-    default:
-      return row.name;
+class WorkersModel final : public RecordTableModel<BraiinsWorkerStatus, WorkerRow> {
+ public:
+  WorkersModel(const LocaleFormat& format, QObject* parent)
+      : RecordTableModel(columns, parent), format_(format) {}
+
+ protected:
+  [[nodiscard]] WorkerRow row(const BraiinsWorkerStatus& worker) const override {
+    return workerRow(worker, format_);
   }
-}
+  [[nodiscard]] QVariant detail(const BraiinsWorkerStatus& record, int column,
+                                int role) const override {
+    if (role == dotColorRole && column == state) {
+      return static_cast<int>(dotColor(record.state));
+    }
+    if (role != Qt::ToolTipRole) { return {}; }
+    if (column == worker) { return plainToolTip(row(record).nameToolTip); }
+    return column == state ? plainToolTip(row(record).stateToolTip) : QVariant();
+  }
 
-QVariant toolTip(const WorkerRow& row, int column) {
-  if (column == WorkersModel::worker) { return plainToolTip(row.nameToolTip); }
-  if (column == WorkersModel::state) { return plainToolTip(row.stateToolTip); }
-  return {};
-}
-
-int alignment(int column) {
-  return static_cast<int>(Qt::AlignVCenter |
-                          (column >= WorkersModel::rate5m ? Qt::AlignRight : Qt::AlignLeft));
-}
+ private:
+  const LocaleFormat& format_;
+};
 
 }  // namespace
 
-int WorkersModel::columnCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : columnTotal;
-}
-
-QVariant WorkersModel::data(const QModelIndex& index, int role) const {
-  switch (role) {
-    case Qt::DisplayRole:
-      return toQString(cellText(workerRow(record(index), format_), index.column()));
-    case Qt::ToolTipRole:
-      return toolTip(workerRow(record(index), format_), index.column());
-    case Qt::TextAlignmentRole:
-      return alignment(index.column());
-    case dotColorRole:
-      if (index.column() != state) { return {}; }
-      return static_cast<int>(dotColor(record(index).state));
-    default:
-      return {};
+/// As high as its rows; a long list scrolls within.
+class WorkersSection::Table final : public FigureTable {
+ public:
+  Table(const LocaleFormat& format, QWidget* parent)
+      : FigureTable(parent), model_(new WorkersModel(format, this)) {
+    setModel(model_);
+    setAccessibleName(tr("Workers"));
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    auto& header = *horizontalHeader();
+    header.setSectionResizeMode(QHeaderView::Fixed);
+    header.setSectionResizeMode(Column::worker, QHeaderView::Stretch);
+    header.resizeSection(Column::state, theme::stateColumnWidth + 2 * theme::tableCellPadding);
+    for (const auto column : {Column::rate5m, Column::rate60m, Column::rate24h}) {
+      header.resizeSection(column, theme::rateColumnWidth);
+    }
   }
-}
 
-QVariant WorkersModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation != Qt::Horizontal || section < 0 || section >= columnTotal) { return {}; }
-  if (role == Qt::DisplayRole) { return toQString(titles.at(static_cast<std::size_t>(section))); }
-  return role == Qt::TextAlignmentRole ? QVariant(alignment(section)) : QVariant();
-}
-
-WorkersTable::WorkersTable(const LocaleFormat& format, QWidget* parent)
-    : FigureTable(parent), model_(new WorkersModel(format, this)) {
-  setModel(model_);
-  setAccessibleName(tr("Workers"));
-  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-  auto& header = *horizontalHeader();
-  header.setSectionResizeMode(QHeaderView::Fixed);
-  header.setSectionResizeMode(WorkersModel::worker, QHeaderView::Stretch);
-  header.resizeSection(WorkersModel::state, theme::stateColumnWidth + 2 * theme::tableCellPadding);
-  for (int column = WorkersModel::rate5m; column < WorkersModel::columnTotal; ++column) {
-    header.resizeSection(column, theme::rateColumnWidth);
+  void showWorkers(const std::vector<BraiinsWorkerStatus>& workers) {
+    const int before = model_->rowCount();
+    model_->setRecords(workers);
+    if (model_->rowCount() != before) { updateGeometry(); }
   }
-}
 
-void WorkersTable::showWorkers(const std::vector<BraiinsWorkerStatus>& workers) {
-  const int before = model_->rowCount();
-  model_->setRecords(workers);
-  if (model_->rowCount() != before) { updateGeometry(); }
-}
+  [[nodiscard]] QSize sizeHint() const override {
+    const int rows = std::min(model_->rowCount(), theme::workersRowsInSight);
+    const int height = horizontalHeader()->sizeHint().height() + rows * theme::tableRowHeight;
+    return {theme::rightColumnMinimumWidth - 2 * theme::windowPadding - 2, height};
+  }
+  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
-QSize WorkersTable::sizeHint() const {
-  const int rows = std::min(model_->rowCount(), theme::workersRowsInSight);
-  const int height = horizontalHeader()->sizeHint().height() + rows * theme::tableRowHeight;
-  return {theme::rightColumnMinimumWidth - 2 * theme::windowPadding - 2, height};
-}
+ private:
+  WorkersModel* model_;
+};
 
 WorkersSection::WorkersSection(const LocaleFormat& format, QWidget* parent)
     : QWidget(parent),
       header_(new SectionHeader(tr("Workers"), this)),
-      emptyHint_(new TextLabel(theme::TextStyle::callout, theme::TextColor::secondary, this)),
+      emptyHint_(wrappingText(tr("Braiins lists no worker for this account."),
+                              theme::TextStyle::callout, theme::TextColor::secondary, this)),
       panel_(new Panel(this)),
-      table_(new WorkersTable(format, panel_)) {
-  emptyHint_->setText(tr("Braiins lists no worker for this account."));
-  emptyHint_->setWordWrap(true);
+      table_(new Table(format, panel_)) {
   panel_->rows()->addWidget(table_);
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);

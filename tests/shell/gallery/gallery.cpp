@@ -3,54 +3,38 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QStyleFactory>
 
 #include "platform/desktop/qt/color_scheme.h"
 #include "platform/desktop/symbols.h"
 #include "shell/sample_states.h"
-#include "shell/view_models/app_info.h"
 #include "shell/views/about_and_help.h"
 #include "shell/views/balance_view.h"
 
 namespace orvane::test {
 namespace {
 
-class Gallery {
- public:
-  Gallery(const QDir& folder, QString suffix) : folder_(folder), suffix_(std::move(suffix)) {}
+void take(QWidget& window, const QString& path) {
+  window.show();
+  QCoreApplication::processEvents();
+  window.grab().save(path + QStringLiteral(".png"));
+}
 
-  void takeMainWindow(const NamedState& sample) {
-    BalanceContent content(sample.state, format_, "pool.braiins.com", {});
-    take(content, QString::fromStdString(sample.name));
+void takeAll(const QString& folder, const QString& suffix) {
+  const LocaleFormat format({.numbers = "en_US", .dates = "en_US", .timeZone = "UTC"});
+  const auto path = [&](const std::string& name) {
+    return folder + u'/' + QString::fromStdString(name) + suffix;
+  };
+  for (const auto& sample : samples()) {
+    StoreOnFakes fakes;
+    sample.showIn(fakes);
+    BalanceView view(*fakes.store, format, {.poolWebHost = "pool.braiins.com"}, [] {});
+    take(view, path(sample.name));
   }
-
-  void takeAboutAndHelp() {
-    FennickAboutView about(orvaneAppInfo(), {}, "https://tools.example/",
-                           applicationVersionText("1.0.0", "42"));
-    take(about, QStringLiteral("about"));
-    FennickAppHelpView help(orvaneAppInfo(), {}, "");
-    take(help, QStringLiteral("help"));
-  }
-
- private:
-  void take(QWidget& window, const QString& name) {
-    window.show();
-    QCoreApplication::processEvents();
-    window.grab().save(folder_.filePath(name + suffix_ + QStringLiteral(".png")));
-    window.hide();
-  }
-
-  QDir folder_;
-  QString suffix_;
-  LocaleFormat format_{{.numbers = "en_US", .dates = "en_US", .timeZone = "UTC"}};
-};
-
-void takeAll(const QDir& folder, const QString& suffix) {
-  Gallery gallery(folder, suffix);
-  for (const auto& sample : namedStates()) {
-    gallery.takeMainWindow(sample);
-  }
-  gallery.takeAboutAndHelp();
+  FennickAboutView about(orvaneAppInfo(), {}, "https://tools.example/",
+                         applicationVersionText("1.0.0", "42"));
+  take(about, path("about"));
+  FennickAppHelpView help(orvaneAppInfo(), {}, "");
+  take(help, path("help"));
 }
 
 }  // namespace
@@ -60,11 +44,11 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setWindowIcon(orvane::applicationIcon());
   const auto arguments = QApplication::arguments();
-  const QDir folder(arguments.value(1, QStringLiteral(".")));
-  if (!folder.mkpath(QStringLiteral("."))) { return 1; }
+  const auto folder = arguments.value(1, QStringLiteral("."));
+  if (!QDir().mkpath(folder)) { return 1; }
   QApplication::setStyle(arguments.value(2, QStringLiteral("fusion")));
   orvane::test::takeAll(folder, QStringLiteral("-light"));
-  orvane::ColorScheme::apply(orvane::ColorScheme::Preference::dark);
+  orvane::ColorScheme::apply(orvane::ColorPreference::dark);
   orvane::test::takeAll(folder, QStringLiteral("-dark"));
   return 0;
 }

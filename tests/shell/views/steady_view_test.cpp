@@ -4,16 +4,16 @@
 #include <QTableView>
 #include <QTest>
 
-#include "shell/views/content_fixture.h"
-#include "shell/views/labels.h"
+#include "shell/views/controls.h"
+#include "shell/views/view_fixture.h"
 
 namespace orvane::test {
 namespace {
 
-/// Counts what is asked of the widgets below an object.
-class EventCounter final : public QObject {
+/// Counts the paintings of the widgets below one.
+class PaintCounter final : public QObject {
  public:
-  explicit EventCounter(QWidget& root) {
+  explicit PaintCounter(const QWidget& root) {
     for (auto* const child : root.findChildren<QWidget*>()) {
       child->installEventFilter(this);
     }
@@ -27,74 +27,98 @@ class EventCounter final : public QObject {
   }
 };
 
-class SteadyView : public ContentTest {
+class SteadyViewTest : public ViewTest {
  protected:
   void SetUp() override {
     show(everything());
-    content->resize(1190, 700);
-    QCoreApplication::processEvents();
+    view->resize(1190, 700);
+    settle();
   }
-  /// Everything that a refresh brings.
-  void newFigures() {
-    state.stats->balanceSats += 17;
-    state.addressSummary->confirmedSats += 21;
-    for (auto& worker : state.workers) {
-      worker.hashRate5m *= 1.01;
-    }
-    state.history.insert(state.history.begin(), state.history.front());
-    update();
+  void bringNewFigures() {
+    auto figures = everything();
+    figures.stats->balanceSats += 17;
+    figures.workers = manyWorkers(7);
+    fakes->bring(figures);
+    settle();
+    ASSERT_TRUE(label("128,220 sats"));
+    ASSERT_TRUE(label("5 of 7 OK"));
   }
 };
 
-TEST_F(SteadyView, TypedTextFocusScrollingAndSelectionSurviveNewFigures) {
-  auto& field = *find<QLineEdit>(QStringLiteral("Bitcoin address to watch"));
+TEST_F(SteadyViewTest, WhatIsBeingTypedSurvivesNewFigures) {
+  auto& field = *find<QLineEdit>("Bitcoin address to watch");
   field.setFocus();
   field.setText(QStringLiteral("bc1q half"));
   field.setCursorPosition(3);
-  auto& column = *find<QScrollArea>(QStringLiteral("Balance and settings"))->verticalScrollBar();
-  auto& table = *find<QTableView>(QStringLiteral("Daily history"))->verticalScrollBar();
-  column.setValue(60);
-  table.setValue(900);
-  ASSERT_EQ(column.value(), 60);
-  ASSERT_EQ(table.value(), 900);
-  TextLabel* address = nullptr;
-  for (auto* const label : content->findChildren<TextLabel*>()) {
-    if (label->text() == QString::fromStdString(state.watchedAddress)) { address = label; }
-  }
-  ASSERT_TRUE(address);
-  address->setSelection(2, 9);
-  newFigures();
+  bringNewFigures();
   EXPECT_TRUE(field.hasFocus());
   EXPECT_EQ(field.text(), QStringLiteral("bc1q half"));
   EXPECT_EQ(field.cursorPosition(), 3);
-  EXPECT_EQ(column.value(), 60);
-  EXPECT_EQ(table.value(), 900);
-  EXPECT_EQ(address->selectedText().size(), 9);
 }
 
-TEST_F(SteadyView, AnUnchangedStateRepaintsNothing) {
+TEST_F(SteadyViewTest, ScrolledPlacesAndASelectedTextSurviveNewFigures) {
+  auto& column = *find<QScrollArea>("Balance and settings")->verticalScrollBar();
+  auto& table = *find<QTableView>("Daily history")->verticalScrollBar();
+  auto& address = *label(fakes->state().watchedAddress);
+  column.setValue(60);
+  table.setValue(900);
+  address.setSelection(2, 9);
+  bringNewFigures();
+  EXPECT_EQ(column.value(), 60);
+  EXPECT_EQ(table.value(), 900);
+  EXPECT_EQ(address.selectedText().size(), 9);
+}
+
+TEST_F(SteadyViewTest, AnAnnouncementWithoutAChangeRepaintsNothing) {
   QTest::qWait(20);
-  const EventCounter counter(*content);
-  update();
+  const PaintCounter counter(*view);
+  fakes->store->setUnit(fakes->state().unit);
+  settle();
   EXPECT_EQ(counter.paints, 0);
 }
 
-TEST_F(SteadyView, ABusyButtonMovesAndGivesTheFocusBack) {
-  RefreshButton* button = nullptr;
-  for (auto* const each : content->findChildren<RefreshButton*>()) {
-    if (each->isVisible() && !button) { button = each; }
+TEST_F(SteadyViewTest, ABusyButtonMovesAndGivesTheFocusBack) {
+  auto& refresh = *dynamic_cast<RefreshButton*>(button("Refresh", "Watched address"));
+  fakes->transport.on("").respond(500).after(std::chrono::seconds(5));
+  refresh.setFocus();
+  refresh.click();
+  settle();
+  EXPECT_FALSE(refresh.isEnabled());
+  EXPECT_TRUE(refresh.isMoving());
+  EXPECT_EQ(view->window()->focusWidget(), nullptr);
+  fakes->executor.advance(std::chrono::seconds(5));
+  settle();
+  EXPECT_TRUE(refresh.hasFocus());
+  EXPECT_FALSE(refresh.isMoving());
+}
+
+class CoalescedUpdateTest : public testing::Test {
+ protected:
+  int updatesAfterTurn() {
+    QCoreApplication::processEvents();
+    return std::exchange(updates, 0);
   }
-  ASSERT_TRUE(button);
-  button->setFocus();
-  state.isRefreshing = true;
-  update();
-  EXPECT_FALSE(button->isEnabled());
-  EXPECT_TRUE(button->isMoving());
-  EXPECT_EQ(content->window()->focusWidget(), nullptr);
-  state.isRefreshing = false;
-  update();
-  EXPECT_TRUE(button->hasFocus());
-  EXPECT_FALSE(button->isMoving());
+
+  QWidget view;
+  int updates = 0;
+  CoalescedUpdate update{view, [this] { ++updates; }};
+};
+
+TEST_F(CoalescedUpdateTest, ManyAnnouncementsInOneTurnRedrawOnce) {
+  view.show();
+  update.request();
+  update.request();
+  EXPECT_EQ(updates, 0);
+  EXPECT_EQ(updatesAfterTurn(), 1);
+}
+
+TEST_F(CoalescedUpdateTest, OutOfSightNothingIsRedrawnUntilTheViewShows) {
+  view.show();
+  view.hide();
+  update.request();
+  EXPECT_EQ(updatesAfterTurn(), 0);
+  view.show();
+  EXPECT_EQ(updatesAfterTurn(), 1);
 }
 
 }  // namespace

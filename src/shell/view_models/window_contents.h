@@ -9,6 +9,18 @@
 
 namespace orvane {
 
+/// Which parts of the main window show, and the least size they ask for in logical pixels.
+struct WindowLayout {
+  bool showsPoolCard = true;
+  bool showsAddressCard = false;
+  bool showsAccountColumn = false;  ///< workers and history
+  int minimumWidth = 0;
+  int minimumHeight = 0;
+
+  bool operator==(const WindowLayout&) const = default;
+};
+[[nodiscard]] WindowLayout windowLayout(const BalanceState& state);
+
 /// What stands where a figure is not known.
 inline constexpr const char* unknownFigure = "—";
 
@@ -16,17 +28,32 @@ inline constexpr const char* unknownFigure = "—";
 struct Metric {
   std::string title;
   std::string value;
-  std::optional<std::string> fiatValue = {};  ///< without the "≈ " before it
+  std::string fiatValue = {};  ///< "≈ 3.47 €"; empty: none
 
   bool operator==(const Metric&) const = default;
 };
 
-/// The line beneath a card's figures.
-struct StatusLine {
-  enum class Kind { normal, warning };
-
+/// A card's large figure, or the words that stand in its place.
+struct BalanceFigure {
   std::string text;
-  Kind kind = Kind::normal;
+  bool isPlaceholder = false;
+  std::string fiatValue = {};  ///< as in Metric
+
+  bool operator==(const BalanceFigure&) const = default;
+};
+
+/// One block reward and how far it is from being spendable.
+struct BlockRewardLine {
+  std::string text;
+  bool isSpendable = false;
+
+  bool operator==(const BlockRewardLine&) const = default;
+};
+
+/// The line beneath a card's figures: when they were read, or, as a warning, what went wrong.
+struct StatusLine {
+  std::string text;
+  bool isWarning = false;
 
   bool operator==(const StatusLine&) const = default;
 };
@@ -39,32 +66,6 @@ struct RefreshButtonState {
   bool operator==(const RefreshButtonState&) const = default;
 };
 
-/// A card's large figure, or the words that stand in its place.
-struct BalanceFigure {
-  std::string text;
-  bool isPlaceholder = false;
-  std::optional<std::string> fiatValue = {};  ///< without the "≈ " before it
-
-  bool operator==(const BalanceFigure&) const = default;
-};
-
-/// One block reward and how far it is from being spendable.
-struct BlockRewardLine {
-  std::string text;
-  bool isSpendable = false;
-
-  /// The symbol before the text.
-  [[nodiscard]] const char* symbolName() const {
-    return isSpendable ? "checkmark.seal.fill" : "hourglass";
-  }
-
-  bool operator==(const BlockRewardLine&) const = default;
-};
-
-/// One line per block reward of the address's summary, in its order; none without a summary.
-[[nodiscard]] std::vector<BlockRewardLine> blockRewardLines(const BalanceState& state,
-                                                            const LocaleFormat& format);
-
 /// What the pool account's card shows.
 struct PoolCard {
   BalanceFigure balance;
@@ -72,7 +73,6 @@ struct PoolCard {
   StatusLine status;
   RefreshButtonState refresh;
 };
-
 [[nodiscard]] PoolCard poolCard(const BalanceState& state, const LocaleFormat& format);
 
 /// What the watched address's card shows.
@@ -80,12 +80,11 @@ struct AddressCard {
   std::string address;
   bool isFromMiner = false;
   BalanceFigure balance;
-  std::vector<Metric> metrics;                ///< empty until the address has been read
-  std::vector<BlockRewardLine> blockRewards;  ///< in the explorer's order
+  std::vector<Metric> metrics = {};                ///< empty until the address has been read
+  std::vector<BlockRewardLine> blockRewards = {};  ///< in the explorer's order
   StatusLine status;
   RefreshButtonState refresh;
 };
-
 [[nodiscard]] AddressCard addressCard(const BalanceState& state, const LocaleFormat& format);
 
 }  // namespace orvane

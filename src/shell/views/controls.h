@@ -1,13 +1,19 @@
 #pragma once
 
 #include <QBasicTimer>
+#include <QIcon>
 #include <QPushButton>
 #include <functional>
+#include <vector>
 
-#include "platform/desktop/menu.h"
-#include "shell/view_models/card_contents.h"
+#include "shell/view_models/window_contents.h"
+
+class QRadioButton;
 
 namespace orvane {
+
+/// A symbol for a button, in the colours of button texts.
+[[nodiscard]] QIcon symbolIcon(const QString& name, int size, const QPalette& palette);
 
 /// "Refresh"; while its refresh runs, a moving indicator stands in the label's place and the
 /// button cannot be pressed. Nothing moves while the button is out of sight.
@@ -41,20 +47,22 @@ class RefreshButton final : public QPushButton {
   bool returnsFocus_ = false;  ///< had the focus when it became busy
 };
 
-/// A button that opens a menu of the application's commands. Their keys work in every window of
-/// the application while the button is on screen.
-class CommandButton final : public QPushButton {
-  Q_OBJECT
-
+/// A choice of one among few, side by side: a group of radio buttons to the keyboard and to
+/// screen readers.
+class SegmentedPicker final : public QWidget {
  public:
-  explicit CommandButton(const Menu& commands, QWidget* parent = nullptr);
+  /// `onChoose` is called with the index of the choice that the user made, and only then.
+  SegmentedPicker(const QString& accessibleName, const QStringList& choices,
+                  const std::function<void(std::size_t)>& onChoose, QWidget* parent = nullptr);
+
+  void showChoice(std::size_t index);
 
  protected:
-  void changeEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  void drawSymbol();
+  std::vector<QRadioButton*> segments_;
+  bool isShowing_ = false;
 };
 
 }  // namespace orvane

@@ -1,0 +1,116 @@
+#include "shell/view_models/account_tables.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include <fmt/format.h>
+
+#include "core/display_texts.h"
+#include "pool/pool_figures.h"
+
+namespace orvane {
+
+namespace {
+
+/// The part of a Stratum login after its first "."; the whole when there is no such part.
+std::string_view shortWorkerName(std::string_view fullName) {
+  const auto dot = fullName.find('.');
+  if (dot == std::string_view::npos || dot + 1 == fullName.size()) { return fullName; }
+  return fullName.substr(dot + 1);
+}
+
+const char* stateWord(BraiinsWorkerStatus::State state) {
+  using enum BraiinsWorkerStatus::State;
+  switch (state) {
+    case ok:
+      return "OK";
+    case low:
+      return "Low";
+    case off:
+      return "Off";
+    case disabled:
+      return "Disabled";
+    case unknown:
+      return unknownFigure;
+  }
+  return unknownFigure;
+}
+
+/// In UTC, the pool's own days, so that a day reads the same in every time zone.
+std::string historyDateFormatter(const LocaleFormat& format, std::chrono::sys_seconds date) {
+  return format.mediumDateUtc(date);
+}
+
+std::string dayCountText(std::int64_t days) {
+  return days == 1 ? "1 day" : fmt::format("{} days", days);
+}
+
+std::string averageText(const std::optional<double>& hashRate) {
+  return hashRate ? hashRateText(*hashRate) : unknownFigure;
+}
+
+std::string rewardText(const LocaleFormat& format, const std::optional<std::string>& rewardBTC) {
+  const auto bitcoins = rewardBTC ? Decimal::parse(*rewardBTC) : std::nullopt;
+  return bitcoins ? historySatsText(format, *bitcoins * Decimal(satsPerBTC)) : unknownFigure;
+}
+
+}  // namespace
+
+WorkerRow workerRow(const BraiinsWorkerStatus& worker, const LocaleFormat& format) {
+  return {.name = std::string(shortWorkerName(worker.fullName)),
+          .nameToolTip = worker.fullName,
+          .stateWord = stateWord(worker.state),
+          .stateToolTip = lastShareText(format, worker.lastShare),
+          .rate5m = hashRateText(worker.hashRate5m),
+          .rate60m = hashRateText(worker.hashRate60m),
+          .rate24h = hashRateText(worker.hashRate24h)};
+}
+
+std::string workersSubtitle(std::span<const BraiinsWorkerStatus> workers) {
+  if (workers.empty()) { return {}; }
+  const auto okCount =
+      std::ranges::count(workers, BraiinsWorkerStatus::State::ok, &BraiinsWorkerStatus::state);
+  if (std::cmp_equal(okCount, workers.size())) { return fmt::format("{} OK", okCount); }
+  return fmt::format("{} of {} OK", okCount, workers.size());
+}
+
+HistoryRow historyRow(const BraiinsHistoryDay& day, const LocaleFormat& format) {
+  return {.date = historyDateFormatter(format, day.date),
+          .averageHashRate = averageText(day.averageHashRate),
+          .shares = day.shares ? format.integer(*day.shares) : unknownFigure,
+          .reward = rewardText(format, day.rewardBTC)};
+}
+
+std::string historySubtitle(std::span<const BraiinsHistoryDay> days) {
+  return days.empty() ? std::string() : dayCountText(std::ssize(days));
+}
+
+std::string historySatsText(const LocaleFormat& format, const Decimal& amount) {
+  const double sats = amount.toDouble();
+  if (sats == 0) { return "0 sats"; }
+  if (sats < 1) { return fmt::format("{:.3f} sats", sats); }
+  return fmt::format("{} sats", format.integer(saturatedToInt64(std::round(sats))));
+}
+
+std::vector<Metric> historySummaryMetrics(const BraiinsHistorySummary& summary,
+                                          const LocaleFormat& format,
+                                          const std::vector<Metric>& extraMetrics) {
+  std::vector<Metric> metrics{
+      {.title = "TOTAL", .value = dayCountText(summary.dayCount)},
+      {.title = "AVG HASHRATE", .value = averageText(summary.averageHashRate)},
+      {.title = "ACCEPTED SHARES", .value = format.integer(summary.totalShares)},
+      {.title = "CONFIRMED REWARD", .value = historySatsText(format, summary.totalRewardSats)}};
+  metrics.insert(metrics.end(), extraMetrics.begin(), extraMetrics.end());
+  return metrics;
+}
+
+std::vector<Metric> historyValueMetrics(const BraiinsHistorySummary& summary,
+                                        const BalanceState& state, const LocaleFormat& format) {
+  const auto value = fiatText(state, format, summary.totalRewardSats.toDouble());
+  if (!value) { return {}; }
+  return {
+      {.title = fmt::format("VALUE · {}", rawValue(state.preferredFiatCurrency)), .value = *value}};
+}
+
+}  // namespace orvane

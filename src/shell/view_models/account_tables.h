@@ -1,0 +1,55 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/balance_state.h"
+#include "platform/decimal/decimal.h"
+#include "platform/text/locale_format.h"
+#include "shell/view_models/window_contents.h"
+
+namespace orvane {
+
+/// What the two tables of the account show, and the words around them. A row costs little, so that
+/// a table of any length asks only for the rows in sight.
+
+/// One worker.
+struct WorkerRow {
+  std::string name;  ///< the short name
+  std::string nameToolTip;
+  std::string stateWord;
+  std::string stateToolTip;  ///< empty: none
+  std::string rate5m;
+  std::string rate60m;
+  std::string rate24h;
+};
+[[nodiscard]] WorkerRow workerRow(const BraiinsWorkerStatus& worker, const LocaleFormat& format);
+/// "2 of 3 OK", or "3 OK" when all are; empty without workers.
+[[nodiscard]] std::string workersSubtitle(std::span<const BraiinsWorkerStatus> workers);
+
+/// One day of the history.
+struct HistoryRow {
+  std::string date;
+  std::string averageHashRate;
+  std::string shares;
+  std::string reward;
+};
+[[nodiscard]] HistoryRow historyRow(const BraiinsHistoryDay& day, const LocaleFormat& format);
+/// "365 days"; empty without history.
+[[nodiscard]] std::string historySubtitle(std::span<const BraiinsHistoryDay> days);
+/// "12,346 sats": whole satoshis, halves away from zero; below one satoshi three decimals, so that
+/// the smallest rewards do not read as nothing. Amounts beyond a 64-bit integer show its end.
+[[nodiscard]] std::string historySatsText(const LocaleFormat& format, const Decimal& amount);
+
+/// The totals over `summary`, and those that `extraMetrics` adds, in the order of the row.
+[[nodiscard]] std::vector<Metric> historySummaryMetrics(const BraiinsHistorySummary& summary,
+                                                        const LocaleFormat& format,
+                                                        const std::vector<Metric>& extraMetrics);
+/// The value of all rewards in the preferred currency; none without prices.
+[[nodiscard]] std::vector<Metric> historyValueMetrics(const BraiinsHistorySummary& summary,
+                                                      const BalanceState& state,
+                                                      const LocaleFormat& format);
+
+}  // namespace orvane

@@ -1,0 +1,213 @@
+#include "shell/views/controls.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QRadioButton>
+#include <QStyleOptionButton>
+#include <QStylePainter>
+
+#include "platform/desktop/symbols.h"
+#include "shell/views/theme.h"
+
+namespace orvane {
+
+namespace {
+
+constexpr int stepsPerTurn = 12;
+constexpr int degreesPerStep = 360 / stepsPerTurn;
+
+void drawBusyIndicator(QPainter& painter, const QRect& around, const QColor& color, int step) {
+  QRectF circle(0, 0, theme::busyIndicatorSize - 2, theme::busyIndicatorSize - 2);
+  circle.moveCenter(QRectF(around).center());
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(theme::withOpacity(color, 0.2), 2));
+  painter.drawEllipse(circle);
+  painter.setPen(QPen(color, 2, Qt::SolidLine, Qt::RoundCap));
+  constexpr int sixteenths = 16;
+  painter.drawArc(circle, (90 - step * degreesPerStep) * sixteenths, -100 * sixteenths);
+}
+
+constexpr int trackHeight = theme::controlHeight;
+constexpr int trackRadius = 7;
+constexpr int segmentInset = 2;
+
+class Segment final : public QRadioButton {
+ public:
+  using QRadioButton::QRadioButton;
+
+  [[nodiscard]] QSize sizeHint() const override {
+    return {fontMetrics().horizontalAdvance(text()) + 2 * theme::smallSpacing, trackHeight};
+  }
+  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  [[nodiscard]] bool hitButton(const QPoint& position) const override {
+    return rect().contains(position);
+  }
+
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const auto box = QRectF(rect()).adjusted(segmentInset + 0.5, segmentInset + 0.5,
+                                             -segmentInset - 0.5, -segmentInset - 0.5);
+    if (isChecked()) { paintThumb(painter, box); }
+    if (hasFocus()) { paintFocus(painter, box); }
+    painter.setPen(palette().color(isChecked() ? QPalette::ButtonText : QPalette::WindowText));
+    painter.drawText(rect(), Qt::AlignCenter, text());
+  }
+
+ private:
+  void paintThumb(QPainter& painter, const QRectF& box) const {
+    painter.setPen(QPen(theme::outlineColor(palette()), 1));
+    const bool dark = theme::isDark(palette());
+    painter.setBrush(dark ? palette().color(QPalette::Button).lighter(150)
+                          : palette().color(QPalette::Base));
+    painter.drawRoundedRect(box, trackRadius - segmentInset, trackRadius - segmentInset);
+  }
+
+  void paintFocus(QPainter& painter, const QRectF& box) const {
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(box, trackRadius - segmentInset, trackRadius - segmentInset);
+  }
+};
+
+}  // namespace
+
+QIcon symbolIcon(const QString& name, int size, const QPalette& palette) {
+  QIcon icon;
+  for (const auto devicePixelRatio : {1, 2, 3}) {
+    icon.addPixmap(symbolPixmap(name, size, palette.color(QPalette::Active, QPalette::ButtonText),
+                                devicePixelRatio),
+                   QIcon::Normal);
+    icon.addPixmap(symbolPixmap(name, size, palette.color(QPalette::Disabled, QPalette::ButtonText),
+                                devicePixelRatio),
+                   QIcon::Disabled);
+  }
+  return icon;
+}
+
+RefreshButton::RefreshButton(const QString& subject, std::function<void()> onPress, QWidget* parent)
+    : QPushButton(tr("Refresh"), parent), subject_(subject) {
+  setAutoDefault(false);
+  setMinimumHeight(theme::controlHeight);
+  setIconSize({theme::symbolSize, theme::symbolSize});
+  setAccessibleDescription(subject_);
+  drawSymbol();
+  connect(this, &QPushButton::clicked, this, [onPress = std::move(onPress)] { onPress(); });
+}
+
+void RefreshButton::showState(const RefreshButtonState& state) {
+  setVisible(state.isVisible);
+  if (state.isBusy != isBusy_) { setBusy(state.isBusy); }
+}
+
+void RefreshButton::setBusy(bool busy) {
+  isBusy_ = busy;
+  // A button that is disabled hands its focus to the next field, where a key press would then
+  // land that was not meant for it; so it lets go of the focus first and takes it back later.
+  if (busy && hasFocus()) {
+    returnsFocus_ = true;
+    clearFocus();
+  }
+  setEnabled(!busy);
+  if (!busy && returnsFocus_) {
+    returnsFocus_ = false;
+    if (!window()->focusWidget()) { setFocus(Qt::OtherFocusReason); }
+  }
+  setAccessibleDescription(busy ? tr("%1, refreshing").arg(subject_) : subject_);
+  startOrStopMoving();
+  update();
+}
+
+void RefreshButton::startOrStopMoving() {
+  const bool animates = style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this) > 0;
+  if (isBusy_ && isVisible() && animates) {
+    if (!timer_.isActive()) { timer_.start(theme::busyStepMilliseconds, this); }
+  } else {
+    timer_.stop();
+  }
+}
+
+void RefreshButton::paintEvent(QPaintEvent* event) {
+  if (!isBusy_) {
+    QPushButton::paintEvent(event);
+    return;
+  }
+  QStyleOptionButton option;
+  initStyleOption(&option);
+  option.text.clear();
+  option.icon = QIcon();
+  QStylePainter painter(this);
+  painter.drawControl(QStyle::CE_PushButton, option);
+  drawBusyIndicator(painter, rect(), palette().color(QPalette::Active, QPalette::ButtonText),
+                    step_);
+}
+
+void RefreshButton::timerEvent(QTimerEvent* event) {
+  if (event->timerId() != timer_.timerId()) {
+    QPushButton::timerEvent(event);
+    return;
+  }
+  step_ = (step_ + 1) % stepsPerTurn;
+  update();
+}
+
+void RefreshButton::showEvent(QShowEvent* event) {
+  QPushButton::showEvent(event);
+  startOrStopMoving();
+}
+
+void RefreshButton::hideEvent(QHideEvent* event) {
+  QPushButton::hideEvent(event);
+  startOrStopMoving();
+}
+
+void RefreshButton::changeEvent(QEvent* event) {
+  QPushButton::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange) {
+    drawSymbol();
+  }
+}
+
+void RefreshButton::drawSymbol() {
+  setIcon(symbolIcon(QStringLiteral("arrow.clockwise"), theme::symbolSize, palette()));
+}
+
+SegmentedPicker::SegmentedPicker(const QString& accessibleName, const QStringList& choices,
+                                 const std::function<void(std::size_t)>& onChoose, QWidget* parent)
+    : QWidget(parent) {
+  setAccessibleName(accessibleName);
+  setFixedSize(theme::pickerWidth, trackHeight);
+  auto* const row = new QHBoxLayout(this);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(0);
+  for (const auto& choice : choices) {
+    auto* const segment = new Segment(choice, this);
+    segment->setAccessibleDescription(accessibleName);
+    // Not `clicked`: a screen reader checks the button without clicking it.
+    connect(segment, &QRadioButton::toggled, this,
+            [this, onChoose, index = segments_.size()](bool checked) {
+              if (checked && !isShowing_) { onChoose(index); }
+            });
+    row->addWidget(segment, 1);
+    segments_.push_back(segment);
+  }
+}
+
+void SegmentedPicker::showChoice(std::size_t index) {
+  isShowing_ = true;
+  segments_.at(index)->setChecked(true);
+  isShowing_ = false;
+}
+
+void SegmentedPicker::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(theme::chipColor(palette()));
+  painter.drawRoundedRect(rect(), trackRadius, trackRadius);
+}
+
+}  // namespace orvane
