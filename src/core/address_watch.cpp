@@ -3,9 +3,7 @@
 #include <utility>
 
 #include "address/bitcoin_address.h"
-#include "core/balance_platform.h"
 #include "core/display_texts.h"
-#include "core/keychain_items.h"
 #include "platform/async/timer.h"
 #include "platform/text/unicode.h"
 
@@ -18,7 +16,7 @@ AddressWatch::AddressWatch(const BalancePlatform& platform, BalanceFields& field
       settings_(settings),
       keychain_(keychain),
       prices_(prices),
-      client_(platform.transport, platform.hosts.explorer),
+      addressClient_(platform.transport, platform.hosts.explorer),
       notifications_(platform.executor, platform.defaults, platform.notifications, platform.format,
                      [&fields, &format = platform.format](std::int64_t sats) {
                        return amountText(fields.state(), format, sats);
@@ -43,9 +41,8 @@ std::optional<std::string> AddressWatch::setOwnAddress(std::string_view text) {
 }
 
 void AddressWatch::restartAddressWatch() {
-  // The old loop resets its busy flag before the new one, which starts from the queue, sets it.
-  watchTask_.cancel();
-  watchTask_ = tasks_.spawn(watchLoop());
+  addressTask_.cancel();
+  addressTask_ = tasks_.spawn(watchLoop());
 }
 
 Task<void> AddressWatch::watchLoop() {
@@ -98,9 +95,9 @@ void AddressWatch::useAddresses(std::string_view payoutAddress) {
 Task<void> AddressWatch::loadAddressSummary() {
   const TaskContext context = co_await currentContext();
   const std::string address = fields_->watchedAddress;
-  if (address.empty()) { co_return; }
   fields_.set(&BalanceState::isRefreshingAddress, true);
-  std::expected<WatchedAddressSummary, ExplorerError> summary = co_await client_.summary(address);
+  std::expected<WatchedAddressSummary, ExplorerError> summary =
+      co_await addressClient_.summary(address);
   const bool isWatched = fields_->watchedAddress == address;
   if (isWatched && !isCancelled(context, summary)) { applySummary(std::move(summary)); }
   fields_.set(&BalanceState::isRefreshingAddress, false);

@@ -11,14 +11,14 @@
 #include "core/balance_platform.h"
 #include "core/balance_state.h"
 #include "core/keychain_items.h"
-#include "core/price_feed.h"
+#include "core/refresh_cycle.h"
 #include "core/stored_settings.h"
 #include "platform/async/task.h"
 #include "platform/async/task_scope.h"
 
 namespace orvane {
 
-/// The address side of the store: which address is watched, and the loop that reads it. The loop
+/// The address's side of the store: which address is watched, and the loop that reads it. The loop
 /// always runs, so that a payout address which the miner stores later is found.
 class AddressWatch {
  public:
@@ -31,6 +31,7 @@ class AddressWatch {
   /// Watches the stored address, if there is one, and starts the loop.
   void start();
 
+  // See BalanceStore.
   [[nodiscard]] std::optional<std::string> setOwnAddress(std::string_view text);
   void restartAddressWatch();
 
@@ -48,9 +49,9 @@ class AddressWatch {
   StoredSettings& settings_;
   KeychainItems& keychain_;
   PriceFeed& prices_;
-  WatchedAddressClient client_;
+  WatchedAddressClient addressClient_;
   NewPaymentNotifications notifications_;
-  TaskHandle watchTask_;
+  TaskHandle addressTask_;
   TaskScope tasks_;
 };
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <type_traits>
@@ -10,35 +9,12 @@
 
 #include "address/address_summary.h"
 #include "platform/async/executor.h"
+#include "platform/async/signal.h"
 #include "pool/account.h"
 #include "pool/history.h"
 #include "prices/bitcoin_prices.h"
 
 namespace orvane {
-
-/// Tells any number of listeners that something changed. Main thread only. A listener may
-/// subscribe or unsubscribe while it is being told.
-class Announcer {
- public:
-  using Listener = std::function<void()>;
-
-  /// Listening ends when it is destroyed; it may outlive the announcer.
-  class Subscription {
-   public:
-    Subscription() = default;
-
-   private:
-    friend class Announcer;
-    explicit Subscription(std::shared_ptr<Listener> listener) : listener_(std::move(listener)) {}
-    std::shared_ptr<Listener> listener_;
-  };
-
-  [[nodiscard]] Subscription subscribe(Listener listener);
-  void announce();
-
- private:
-  std::vector<std::weak_ptr<Listener>> listeners_;
-};
 
 /// The unit in which amounts are shown.
 enum class BalanceUnit { sats, btc };
@@ -71,11 +47,10 @@ struct BalanceState {
   bool isRefreshingAddress = false;
 };
 
-/// The store's state as its parts write it: every assignment goes through here and announces
-/// itself to the views.
+/// The state as the store's parts write it: every assignment goes through here and announces
+/// itself to the views. The menu bar is told apart from them; see BalanceStore::onChange.
 class BalanceFields {
  public:
-  /// `onChange` tells the menu bar; see BalanceStore::onChange.
   explicit BalanceFields(std::function<void()> onChange) : onChange_(std::move(onChange)) {}
 
   [[nodiscard]] const BalanceState& state() const { return state_; }
@@ -84,17 +59,17 @@ class BalanceFields {
   template <class Value>
   void set(Value BalanceState::* field, std::type_identity_t<Value> value) {
     state_.*field = std::move(value);
-    views_.announce();
+    assigned_.send();
   }
 
   void invokeOnChange() const { onChange_(); }
-  [[nodiscard]] Announcer::Subscription observe(Announcer::Listener listener) {
-    return views_.subscribe(std::move(listener));
+  [[nodiscard]] Registration observe(std::function<void()> listener) {
+    return assigned_.subscribe(std::move(listener));
   }
 
  private:
   BalanceState state_;
-  Announcer views_;
+  Signal<> assigned_;
   std::function<void()> onChange_;
 };
 

@@ -25,7 +25,7 @@ BalanceStore::BalanceStore(BalancePlatform platform)
   address_.start();
 }
 
-Announcer::Subscription BalanceStore::observe(Announcer::Listener listener) {
+Registration BalanceStore::observe(std::function<void()> listener) {
   return fields_.observe(std::move(listener));
 }
 

@@ -11,7 +11,7 @@
 #include "core/balance_state.h"
 #include "core/keychain_items.h"
 #include "core/pool_account.h"
-#include "core/price_feed.h"
+#include "core/refresh_cycle.h"
 #include "core/stored_settings.h"
 
 namespace orvane {
@@ -31,7 +31,7 @@ class BalanceStore {
   [[nodiscard]] const BalanceState& state() const { return fields_.state(); }
 
   /// Tells views that a field was assigned; several assignments in a row announce several times.
-  [[nodiscard]] Announcer::Subscription observe(Announcer::Listener listener);
+  [[nodiscard]] Registration observe(std::function<void()> listener);
 
   /// The menu bar's callback, invoked when its title or status may have changed, and only then:
   /// when a token was set or the stored one has been read, account figures or an address summary

@@ -2,17 +2,15 @@
 
 #include <cmath>
 #include <cstdlib>
-#include <string_view>
 
 #include <fmt/format.h>
 
+#include "pool/pool_figures.h"
 #include "prices/bitcoin_prices.h"
 
 namespace orvane {
 
 namespace {
-
-constexpr std::int64_t satsPerBitcoin = 100'000'000;
 
 struct HashRateUnit {
   double factor;  ///< hashes per second
@@ -28,9 +26,25 @@ constexpr HashRateUnit hashRateUnits[] = {
 constexpr double highestHashRate = 1e14;
 
 std::string btcText(std::int64_t sats) {
-  const std::int64_t whole = sats / satsPerBitcoin;
-  const std::int64_t fraction = sats % satsPerBitcoin;
+  const std::int64_t whole = sats / satsPerBTC;
+  const std::int64_t fraction = sats % satsPerBTC;
   return fmt::format("{}{}.{:08}", sats < 0 ? "-" : "", std::abs(whole), std::abs(fraction));
+}
+
+bool meansUnreachable(HttpFailure failure) {
+  switch (failure) {
+    case HttpFailure::notConnectedToInternet:
+    case HttpFailure::networkConnectionLost:
+    case HttpFailure::cannotFindHost:
+    case HttpFailure::cannotConnectToHost:
+    case HttpFailure::timedOut:
+      return true;
+    case HttpFailure::invalidUrl:
+    case HttpFailure::cancelled:
+    case HttpFailure::other:
+      return false;
+  }
+  return false;
 }
 
 }  // namespace
@@ -112,26 +126,6 @@ std::string addressStatusLine(const BalanceState& state, const LocaleFormat& for
   return updatedText(format, *state.addressLastUpdate) +
          " · Chainpeek · refreshes every 10 minutes";
 }
-
-namespace {
-
-bool meansUnreachable(HttpFailure failure) {
-  switch (failure) {
-    case HttpFailure::notConnectedToInternet:
-    case HttpFailure::networkConnectionLost:
-    case HttpFailure::cannotFindHost:
-    case HttpFailure::cannotConnectToHost:
-    case HttpFailure::timedOut:
-      return true;
-    case HttpFailure::invalidUrl:
-    case HttpFailure::cancelled:
-    case HttpFailure::other:
-      return false;
-  }
-  return false;
-}
-
-}  // namespace
 
 std::string poolErrorText(PoolError error, std::string_view word) {
   if (error.kind == PoolError::Kind::userAuthenticationRequired) {

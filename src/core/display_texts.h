@@ -12,7 +12,7 @@
 
 namespace orvane {
 
-/// The texts in which figures are shown. All are functions of the state and the user's locale.
+// The texts in which figures and failures are shown: functions of the state and the user's locale.
 
 /// "12,345" or "0.00012345", in the state's unit, without the unit's word.
 [[nodiscard]] std::string amountNumberText(const BalanceState& state, const LocaleFormat& format,
@@ -43,12 +43,10 @@ namespace orvane {
 /// The same for the watched address.
 [[nodiscard]] std::string addressStatusLine(const BalanceState& state, const LocaleFormat& format);
 
-/// What the user reads when a source could not be loaded. A cancelled request has no text.
-
-/// `word` names what was asked for: "account" or "history".
+/// What the user reads when the pool's "account" or "history", whichever `word` says, could not be
+/// loaded. A cancelled request has no text.
 [[nodiscard]] std::string poolErrorText(PoolError error, std::string_view word);
-
-/// The same for every kind of failure of the block explorer.
+/// The same for the block explorer, whatever the failure.
 [[nodiscard]] std::string explorerErrorText();
 
 }  // namespace orvane

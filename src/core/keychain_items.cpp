@@ -7,6 +7,15 @@
 
 namespace orvane {
 
+namespace {
+
+/// Identifies one item, in whichever group it is.
+KeychainQuery baseQuery(std::string service, std::string account) {
+  return {.service = std::move(service), .account = std::move(account)};
+}
+
+}  // namespace
+
 std::optional<std::string> sharedAccessGroup(const std::vector<std::string>& accessGroups) {
   const auto shared = std::ranges::find_if(accessGroups, [](const std::string& group) {
     return group.ends_with(".com.quorvex.hashwick.shared");
@@ -23,7 +32,7 @@ Task<std::optional<std::string>> KeychainItems::readItem(std::string service, st
   std::optional<AsyncMutex::Lock> turn = co_await order_.lock();
   if (!turn) { co_return std::nullopt; }
 
-  const KeychainQuery query{.service = std::move(service), .account = std::move(account)};
+  const KeychainQuery query = baseQuery(std::move(service), std::move(account));
   const std::optional<KeychainItem> item = co_await keychain_.copyMatching(query, prompt);
   if (!item || !isValidUtf8(item->data)) { co_return std::nullopt; }
   if (belongsElsewhere(*item)) {
@@ -47,8 +56,7 @@ Task<void> KeychainItems::moveToSharedGroup([[maybe_unused]] AsyncMutex::Lock tu
 }
 
 void KeychainItems::saveItem(std::string text, std::string service, std::string account) {
-  KeychainQuery query{.service = std::move(service), .account = std::move(account)};
-  writes_.spawn(saveInTurn(std::move(text), std::move(query)));
+  writes_.spawn(saveInTurn(std::move(text), baseQuery(std::move(service), std::move(account))));
 }
 
 Task<void> KeychainItems::saveInTurn(std::string text, KeychainQuery query) {

@@ -1,14 +1,9 @@
 #include "core/pool_account.h"
 
-#include <expected>
 #include <optional>
-#include <string>
 #include <utility>
-#include <vector>
 
-#include "core/balance_platform.h"
 #include "core/display_texts.h"
-#include "core/keychain_items.h"
 #include "platform/async/timer.h"
 #include "platform/text/unicode.h"
 
@@ -24,80 +19,6 @@ PoolAccount::PoolAccount(const BalancePlatform& platform, BalanceFields& fields,
       prices_(prices),
       client_(platform.executor, platform.transport, platform.hosts.pool),
       tasks_(platform.executor) {}
-
-void PoolAccount::restartPolling() {
-  // The old loop resets its busy flag before the new one, which starts from the queue, sets it.
-  pollTask_.cancel();
-  pollTask_ = fields_->token.empty() ? TaskHandle() : tasks_.spawn(pollLoop());
-}
-
-Task<void> PoolAccount::pollLoop() {
-  const TaskContext context = co_await currentContext();
-  while (!context.stop.stop_requested()) {
-    co_await refreshAccount();
-    co_await prices_.refreshPrices();
-    const SleepEnd sleep = co_await sleepFor(pollInterval);
-    if (sleep == SleepEnd::cancelled) { co_return; }
-  }
-}
-
-Task<void> PoolAccount::refreshAccount() {
-  if (fields_->token.empty()) { co_return; }
-  fields_.set(&BalanceState::isRefreshing, true);
-  const bool isCurrent = co_await refreshStats();
-  if (isCurrent) { co_await refreshWorkers(); }
-  fields_.set(&BalanceState::isRefreshing, false);
-}
-
-Task<bool> PoolAccount::refreshStats() {
-  const TaskContext context = co_await currentContext();
-  const std::expected<BraiinsAccountStats, PoolError> stats = co_await client_.fetchStats();
-  // A refusal of the old token that arrives late says nothing about the new one.
-  if (isCancelled(context, stats)) { co_return false; }
-  if (stats) {
-    fields_.set(&BalanceState::stats, *stats);
-    fields_.set(&BalanceState::lastUpdate, executor_.wallClock());
-    fields_.set(&BalanceState::accountStatus, std::nullopt);
-  } else {
-    fields_.set(&BalanceState::accountStatus, poolErrorText(stats.error(), "account"));
-  }
-  fields_.invokeOnChange();
-  co_return stats.has_value();
-}
-
-Task<void> PoolAccount::refreshWorkers() {
-  const TaskContext context = co_await currentContext();
-  std::expected<std::vector<BraiinsWorkerStatus>, PoolError> workers =
-      co_await client_.fetchWorkers();
-  if (!workers || isCancelled(context, workers)) { co_return; }
-  fields_.set(&BalanceState::workers, *std::move(workers));
-}
-
-void PoolAccount::loadHistory() {
-  if (fields_->token.empty() || fields_->isLoadingHistory) { return; }
-  fields_.set(&BalanceState::isLoadingHistory, true);
-  fields_.set(&BalanceState::historyStatus, std::nullopt);
-  tasks_.spawn(historyLoad());
-}
-
-Task<void> PoolAccount::historyLoad() {
-  std::expected<std::vector<BraiinsHistoryDay>, PoolError> days = co_await client_.fetchHistory();
-  // Where the token was cleared meanwhile the account's history went with it, and stays away.
-  if (!fields_->token.empty()) { applyHistory(std::move(days)); }
-  fields_.set(&BalanceState::isLoadingHistory, false);
-}
-
-void PoolAccount::applyHistory(std::expected<std::vector<BraiinsHistoryDay>, PoolError> days) {
-  if (days) {
-    std::string status = days->empty() ? "Braiins has no daily entry for this account yet."
-                                       : updatedText(format_, executor_.wallClock());
-    fields_.set(&BalanceState::history, *std::move(days));
-    settings_.setHistory(fields_->history);
-    fields_.set(&BalanceState::historyStatus, std::move(status));
-  } else if (days.error().kind != PoolError::Kind::cancelled) {
-    fields_.set(&BalanceState::historyStatus, poolErrorText(days.error(), "history"));
-  }
-}
 
 void PoolAccount::readStoredToken() {
   fields_.set(&BalanceState::isReadingToken, true);
@@ -138,6 +59,78 @@ void PoolAccount::setToken(std::string_view text) {
   fields_.invokeOnChange();
   restartPolling();
   loadHistory();
+}
+
+void PoolAccount::restartPolling() {
+  pollTask_.cancel();
+  pollTask_ = fields_->token.empty() ? TaskHandle() : tasks_.spawn(pollLoop());
+}
+
+Task<void> PoolAccount::pollLoop() {
+  const TaskContext context = co_await currentContext();
+  while (!context.stop.stop_requested()) {
+    co_await refreshAccount();
+    co_await prices_.refreshPrices();
+    const SleepEnd sleep = co_await sleepFor(pollInterval);
+    if (sleep == SleepEnd::cancelled) { co_return; }
+  }
+}
+
+Task<void> PoolAccount::refreshAccount() {
+  fields_.set(&BalanceState::isRefreshing, true);
+  const bool areNew = co_await refreshStats();
+  if (areNew) { co_await refreshWorkers(); }
+  fields_.set(&BalanceState::isRefreshing, false);
+}
+
+Task<bool> PoolAccount::refreshStats() {
+  const TaskContext context = co_await currentContext();
+  const std::expected<BraiinsAccountStats, PoolError> stats = co_await client_.fetchStats();
+  if (isCancelled(context, stats)) { co_return false; }
+  if (stats) {
+    fields_.set(&BalanceState::stats, *stats);
+    fields_.set(&BalanceState::lastUpdate, executor_.wallClock());
+    fields_.set(&BalanceState::accountStatus, std::nullopt);
+  } else {
+    fields_.set(&BalanceState::accountStatus, poolErrorText(stats.error(), "account"));
+  }
+  fields_.invokeOnChange();
+  co_return stats.has_value();
+}
+
+Task<void> PoolAccount::refreshWorkers() {
+  const TaskContext context = co_await currentContext();
+  std::expected<std::vector<BraiinsWorkerStatus>, PoolError> workers =
+      co_await client_.fetchWorkers();
+  if (isCancelled(context, workers) || !workers) { co_return; }
+  fields_.set(&BalanceState::workers, *std::move(workers));
+}
+
+void PoolAccount::loadHistory() {
+  if (fields_->token.empty() || !historyTask_.finished()) { return; }
+  historyTask_ = tasks_.spawn(historyLoad());
+  fields_.set(&BalanceState::isLoadingHistory, true);
+  fields_.set(&BalanceState::historyStatus, std::nullopt);
+}
+
+Task<void> PoolAccount::historyLoad() {
+  std::expected<std::vector<BraiinsHistoryDay>, PoolError> days = co_await client_.fetchHistory();
+  // Where the token was cleared meanwhile the account's history went with it, and stays away.
+  if (!fields_->token.empty()) { applyHistory(std::move(days)); }
+  historyTask_ = {};
+  fields_.set(&BalanceState::isLoadingHistory, false);
+}
+
+void PoolAccount::applyHistory(std::expected<std::vector<BraiinsHistoryDay>, PoolError> days) {
+  if (days) {
+    std::string status = days->empty() ? "Braiins has no daily entry for this account yet."
+                                       : updatedText(format_, executor_.wallClock());
+    fields_.set(&BalanceState::history, *std::move(days));
+    settings_.setHistory(fields_->history);
+    fields_.set(&BalanceState::historyStatus, std::move(status));
+  } else if (days.error().kind != PoolError::Kind::cancelled) {
+    fields_.set(&BalanceState::historyStatus, poolErrorText(days.error(), "history"));
+  }
 }
 
 }  // namespace orvane

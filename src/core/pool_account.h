@@ -2,13 +2,14 @@
 
 #include <chrono>
 #include <expected>
+#include <string>
 #include <string_view>
 #include <vector>
 
 #include "core/balance_platform.h"
 #include "core/balance_state.h"
 #include "core/keychain_items.h"
-#include "core/price_feed.h"
+#include "core/refresh_cycle.h"
 #include "core/stored_settings.h"
 #include "platform/async/task.h"
 #include "platform/async/task_scope.h"
@@ -16,8 +17,8 @@
 
 namespace orvane {
 
-/// The pool's side of the store: the token, the poll loop that reads the account while there is
-/// one, and the load of the daily history.
+/// The pool's side of the store: the token, the loop that reads the account while there is one,
+/// and the load of the daily history.
 class PoolAccount {
  public:
   static constexpr std::chrono::seconds pollInterval{300};
@@ -30,6 +31,7 @@ class PoolAccount {
   /// a token that is set meanwhile counts.
   void readStoredToken();
 
+  // See BalanceStore.
   void setToken(std::string_view text);
   void restartPolling();
   void loadHistory();
@@ -42,6 +44,7 @@ class PoolAccount {
   [[nodiscard]] Task<void> refreshAccount();
   [[nodiscard]] Task<bool> refreshStats();
   [[nodiscard]] Task<void> refreshWorkers();
+
   [[nodiscard]] Task<void> historyLoad();
   void applyHistory(std::expected<std::vector<BraiinsHistoryDay>, PoolError> days);
 
@@ -53,6 +56,7 @@ class PoolAccount {
   PriceFeed& prices_;
   BraiinsAccountClient client_;
   TaskHandle pollTask_;
+  TaskHandle historyTask_;  ///< set while a load runs; the state's isLoadingHistory mirrors it
   TaskScope tasks_;
 };
 

@@ -12,6 +12,13 @@
 
 namespace orvane {
 
+// How a task waits for a callback. The awaiter lives in the coroutine's frame, while the callback
+// may come late, twice, or never; so the two ends share a small state: the value, once it is
+// decided, and the coroutine that waits. Whoever is first, the callback or a cancellation, decides
+// the value and posts the one resumption; whoever comes later finds a value there and does
+// nothing. Destroying the coroutine takes it out of the state, so that a resumption which is
+// already queued finds nobody. All of it happens on the main thread.
+
 namespace detail {
 
 template <class T>

@@ -8,6 +8,13 @@
 
 namespace orvane {
 
+// How tasks run. A Task owns the frame of a coroutine that has not begun. Awaiting it gives its
+// promise the context (executor and stop token) and the awaiting coroutine as continuation, and
+// control moves over to it; at its end control moves on to the continuation, which takes the result
+// out of the promise. Both moves are symmetric transfers, so long chains need no stack. What waits
+// for the outside world is a completion (completion.h); what starts a task from code that is no
+// coroutine is a TaskScope (task_scope.h).
+
 class Executor;
 
 /// What a running task hands down to everything it awaits.

@@ -29,13 +29,6 @@ TaskHandle TaskScope::spawn(Task<void> task) {
   return TaskHandle(std::move(state));
 }
 
-void TaskScope::cancelAll() {
-  // Cancelling resumes nothing at once, so the list does not change under the loop.
-  for (Running& running : running_) {
-    running.state->stop.request_stop();
-  }
-}
-
 Task<void> TaskScope::runToEnd(Task<void> task, std::shared_ptr<TaskHandle::State> state) {
   co_await std::move(task);
   state->finished = true;

@@ -50,9 +50,6 @@ class TaskScope {
   /// Starts `task` from the executor's queue, never inside this call.
   TaskHandle spawn(Task<void> task);
 
-  /// Cancels every task; each still runs to its end.
-  void cancelAll();
-
   /// True when every task has run to its end.
   [[nodiscard]] bool idle() const { return running_.empty(); }
 

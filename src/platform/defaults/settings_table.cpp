@@ -1,8 +1,6 @@
 #include "platform/defaults/settings_table.h"
 
 #include <cstdint>
-#include <optional>
-#include <string_view>
 #include <utility>
 
 #include <fmt/format.h>
@@ -12,96 +10,81 @@
 
 namespace orvane {
 
-// One value in two neighbouring columns: the name of its type, then the value itself.
-
-/// The texts given stay alive and unchanged until the statement has been stepped.
-void bindText(sqlite3_stmt* statement, int parameter, std::string_view text);
-/// Binds the type's name to `typeParameter` and the value to the next one.
-void bindSetting(sqlite3_stmt* statement, int typeParameter, const SettingValue& value);
-
-/// Nothing when the columns do not fit each other.
-[[nodiscard]] std::optional<SettingValue> settingOf(sqlite3_stmt* row, int typeColumn);
+// Settings lie in one table, a row a key: the key, the name of the value's type, and the value in
+// SQLite's own types where there is one (a list of texts is a JSON array), so that the sqlite3
+// program shows and edits them. The database carries our application id and the version of this
+// layout; one with another of either is not ours to use.
 
 namespace {
 
-constexpr int primaryCode = 0xff;
-
-}  // namespace
-
-void SqliteClose::operator()(sqlite3* connection) const { sqlite3_close(connection); }
-void SqliteFinalize::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
-
-SqliteConnection openSqlite(const std::string& uri, int flags) {
-  sqlite3* opened = nullptr;
-  const int code =
-      sqlite3_open_v2(uri.c_str(), &opened, flags | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX, nullptr);
-  // SQLite hands out a connection that must be closed even when it could not open the file.
-  SqliteConnection connection(opened);
-  return code == SQLITE_OK ? std::move(connection) : nullptr;
-}
-
-std::string sqliteUri(const std::filesystem::path& file, std::string_view query) {
-  // The empty authority keeps the beginning of "//a/b" from being read as one.
-  std::string uri = file.is_absolute() ? "file://" : "file:";
-  for (const char c : file.string()) {
-    const bool isReserved = c == '%' || c == '?' || c == '#';
-    uri += isReserved ? fmt::format("%{:02X}", static_cast<unsigned>(c)) : std::string(1, c);
-  }
-  return uri.append("?").append(query);
-}
-
-int execute(sqlite3* connection, const std::string& sql) {
-  return sqlite3_exec(connection, sql.c_str(), nullptr, nullptr, nullptr) & primaryCode;
-}
-
-PreparedSql prepare(sqlite3* connection, std::string_view sql) {
-  sqlite3_stmt* statement = nullptr;
-  const char* const text = sql.data();
-  const int code =
-      sqlite3_prepare_v2(connection, text, static_cast<int>(sql.size()), &statement, nullptr);
-  return {.code = code & primaryCode, .statement = SqliteStatement(statement)};
-}
-
-std::string_view bytesOf(sqlite3_stmt* row, int column) {
-  const void* const bytes = sqlite3_column_blob(row, column);
-  const auto size = static_cast<std::size_t>(sqlite3_column_bytes(row, column));
-  return size == 0 ? std::string_view() : std::string_view(static_cast<const char*>(bytes), size);
-}
-
-SqliteTransaction::SqliteTransaction(sqlite3* connection)
-    : connection_(connection), beginCode_(execute(connection, "BEGIN IMMEDIATE")) {}
-
-SqliteTransaction::~SqliteTransaction() {
-  if (sqlite3_get_autocommit(connection_) == 0) { execute(connection_, "ROLLBACK"); }
-}
-
-int SqliteTransaction::commit() { return execute(connection_, "COMMIT"); }
-
-namespace {
+constexpr std::int64_t applicationId = 0x4F52564E;  // "ORVN"
+constexpr std::int64_t schemaVersion = 1;
 
 constexpr std::string_view textType = "text";
 constexpr std::string_view dataType = "data";
 constexpr std::string_view booleanType = "boolean";
 constexpr std::string_view textsType = "texts";
 
-std::string jsonOf(const SettingTexts& texts) {
-  return nlohmann::json(texts).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+/// What SQLite says in detail stands above these bits.
+constexpr int primaryCode = 0xff;
+
+/// Statements that give no rows, or whose rows nobody wants.
+int execute(sqlite3* connection, const std::string& sql) {
+  return sqlite3_exec(connection, sql.c_str(), nullptr, nullptr, nullptr);
 }
 
-std::optional<SettingValue> textsOf(std::string_view json) {
-  const std::optional<JsonDocument> document = JsonDocument::parse(json);
-  if (!document || !document->root().isArray()) { return std::nullopt; }
-  SettingTexts texts;
-  for (const JsonMember& element : document->root()) {
-    const std::optional<std::string_view> text = element.value.text();
-    if (!text) { return std::nullopt; }
-    texts.emplace_back(*text);
+struct SqliteFinalize {
+  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+
+/// A statement that is ready to be stepped, or why it is none.
+struct PreparedSql {
+  int code;
+  std::unique_ptr<sqlite3_stmt, SqliteFinalize> statement;
+
+  PreparedSql(sqlite3* connection, std::string_view sql) {
+    sqlite3_stmt* prepared = nullptr;
+    code = sqlite3_prepare_v2(connection, sql.data(), static_cast<int>(sql.size()), &prepared,
+                              nullptr);
+    statement.reset(prepared);
   }
-  return texts;
+  int step() const { return statement ? sqlite3_step(statement.get()) : code; }
+};
+
+/// A transaction that is undone unless it is committed.
+class SqliteTransaction {
+ public:
+  explicit SqliteTransaction(sqlite3* connection)
+      : connection_(connection), beginCode_(execute(connection, "BEGIN IMMEDIATE")) {}
+  SqliteTransaction(const SqliteTransaction&) = delete;
+  SqliteTransaction& operator=(const SqliteTransaction&) = delete;
+  ~SqliteTransaction() {
+    if (sqlite3_get_autocommit(connection_) == 0) { execute(connection_, "ROLLBACK"); }
+  }
+
+  [[nodiscard]] int beginCode() const { return beginCode_; }
+  int commit() { return execute(connection_, "COMMIT"); }
+
+ private:
+  sqlite3* connection_;
+  int beginCode_;
+};
+
+/// A column of the row; valid until the next step of its statement.
+std::string_view bytesOf(sqlite3_stmt* row, int column) {
+  const void* const bytes = sqlite3_column_blob(row, column);
+  const auto size = static_cast<std::size_t>(sqlite3_column_bytes(row, column));
+  return size == 0 ? std::string_view() : std::string_view(static_cast<const char*>(bytes), size);
 }
 
-/// Binds the type's name and the value, whichever type it is.
-struct Bind {
+/// The text stays alive and unchanged until the statement has been stepped.
+void bindText(sqlite3_stmt* statement, int parameter, std::string_view text) {
+  const char* const bytes = text.data();
+  sqlite3_bind_text64(statement, parameter, bytes, text.size(), SQLITE_STATIC, SQLITE_UTF8);
+}
+
+/// Binds the type's name to the parameter `type` and the value to the one after it.
+struct BindSetting {
   sqlite3_stmt* statement;
   int type;
 
@@ -120,23 +103,26 @@ struct Bind {
   }
   void operator()(const SettingTexts& value) const {
     bindText(statement, type, textsType);
-    const std::string json = jsonOf(value);
+    const std::string json =
+        nlohmann::json(value).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
     const char* const bytes = json.data();
     sqlite3_bind_text64(statement, type + 1, bytes, json.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
   }
 };
 
-}  // namespace
-
-void bindText(sqlite3_stmt* statement, int parameter, std::string_view text) {
-  const char* const bytes = text.data();
-  sqlite3_bind_text64(statement, parameter, bytes, text.size(), SQLITE_STATIC, SQLITE_UTF8);
+std::optional<SettingValue> textsOf(std::string_view json) {
+  const std::optional<JsonDocument> document = JsonDocument::parse(json);
+  if (!document || !document->root().isArray()) { return std::nullopt; }
+  SettingTexts texts;
+  for (const JsonMember& element : document->root()) {
+    const std::optional<std::string_view> text = element.value.text();
+    if (!text) { return std::nullopt; }
+    texts.emplace_back(*text);
+  }
+  return texts;
 }
 
-void bindSetting(sqlite3_stmt* statement, int typeParameter, const SettingValue& value) {
-  std::visit(Bind{.statement = statement, .type = typeParameter}, value);
-}
-
+/// Nothing when the type's column and the value's after it do not fit each other.
 std::optional<SettingValue> settingOf(sqlite3_stmt* row, int typeColumn) {
   const int valueColumn = typeColumn + 1;
   const std::string_view type = bytesOf(row, typeColumn);
@@ -151,52 +137,8 @@ std::optional<SettingValue> settingOf(sqlite3_stmt* row, int typeColumn) {
   return std::nullopt;
 }
 
-namespace {
-
-constexpr std::int64_t applicationId = 0x4F52564E;  // "ORVN"
-constexpr std::int64_t schemaVersion = 1;
-
-std::string schemaSql() {
-  return fmt::format(
-      "CREATE TABLE IF NOT EXISTS settings"
-      " (key TEXT PRIMARY KEY, type TEXT NOT NULL, value ANY NOT NULL) STRICT;"
-      "PRAGMA application_id = {};"
-      "PRAGMA user_version = {};",
-      applicationId, schemaVersion);
-}
-
-SettingsState createSettings(sqlite3* connection) {
-  SqliteTransaction transaction(connection);
-  int code = transaction.beginCode();
-  if (code == SQLITE_OK) { code = execute(connection, schemaSql()); }
-  if (code == SQLITE_OK) { code = transaction.commit(); }
-  return stateOf(code);
-}
-
-SettingsState checkStructure(sqlite3* connection) {
-  const PreparedSql check = prepare(connection, "PRAGMA quick_check(1)");
-  const int code = check.statement ? sqlite3_step(check.statement.get()) : check.code;
-  if (code == SQLITE_ROW && bytesOf(check.statement.get(), 0) != "ok") {
-    return SettingsState::damaged;
-  }
-  return stateOf(code);
-}
-
-int writeChange(sqlite3* connection, const std::string& key,
-                const std::optional<SettingValue>& value) {
-  const PreparedSql change = prepare(
-      connection, value ? "INSERT OR REPLACE INTO settings (key, type, value) VALUES (?1, ?2, ?3)"
-                        : "DELETE FROM settings WHERE key = ?1");
-  if (!change.statement) { return change.code; }
-  bindText(change.statement.get(), 1, key);
-  if (value) { bindSetting(change.statement.get(), 2, *value); }
-  return sqlite3_step(change.statement.get());
-}
-
-}  // namespace
-
 SettingsState stateOf(int sqliteCode) {
-  switch (sqliteCode & 0xff) {
+  switch (sqliteCode & primaryCode) {
     case SQLITE_OK:
     case SQLITE_ROW:
     case SQLITE_DONE:
@@ -212,27 +154,92 @@ SettingsState stateOf(int sqliteCode) {
   }
 }
 
+SettingsState createTable(sqlite3* connection) {
+  SqliteTransaction transaction(connection);
+  int code = transaction.beginCode();
+  if (code == SQLITE_OK) {
+    code = execute(connection,
+                   fmt::format("CREATE TABLE IF NOT EXISTS settings"
+                               " (key TEXT PRIMARY KEY, type TEXT NOT NULL, value ANY NOT NULL)"
+                               " STRICT;"
+                               "PRAGMA application_id = {}; PRAGMA user_version = {};",
+                               applicationId, schemaVersion));
+  }
+  if (code == SQLITE_OK) { code = transaction.commit(); }
+  return stateOf(code);
+}
+
+SettingsState checkStructure(sqlite3* connection) {
+  const PreparedSql check(connection, "PRAGMA quick_check(1)");
+  const int code = check.step();
+  const bool isBroken = code == SQLITE_ROW && bytesOf(check.statement.get(), 0) != "ok";
+  return isBroken ? SettingsState::damaged : stateOf(code);
+}
+
+/// Makes sure that the database is one of ours; an empty one becomes one.
 SettingsState claimDatabase(sqlite3* connection) {
-  const PreparedSql owner = prepare(connection,
-                                    "SELECT application_id, user_version,"
-                                    " (SELECT count(*) FROM sqlite_schema)"
-                                    " FROM pragma_application_id, pragma_user_version");
-  const int code = owner.statement ? sqlite3_step(owner.statement.get()) : owner.code;
+  const PreparedSql owner(connection,
+                          "SELECT application_id, user_version,"
+                          " (SELECT count(*) FROM sqlite_schema)"
+                          " FROM pragma_application_id, pragma_user_version");
+  const int code = owner.step();
   if (code != SQLITE_ROW) { return stateOf(code); }
   const auto column = [&](int index) { return sqlite3_column_int64(owner.statement.get(), index); };
   const std::int64_t application = column(0);
   const std::int64_t version = column(1);
   const bool isEmpty = column(2) == 0;
   sqlite3_reset(owner.statement.get());
-  if (application == 0 && version == 0 && isEmpty) { return createSettings(connection); }
+  if (application == 0 && version == 0 && isEmpty) { return createTable(connection); }
   if (application != applicationId || version != schemaVersion) { return SettingsState::damaged; }
   return checkStructure(connection);
 }
 
+int writeChange(sqlite3* connection, const std::string& key,
+                const std::optional<SettingValue>& value) {
+  const PreparedSql change(
+      connection, value ? "INSERT OR REPLACE INTO settings (key, type, value) VALUES (?1, ?2, ?3)"
+                        : "DELETE FROM settings WHERE key = ?1");
+  if (change.statement) { bindText(change.statement.get(), 1, key); }
+  if (change.statement && value) { std::visit(BindSetting{change.statement.get(), 2}, *value); }
+  return change.step();
+}
+
+}  // namespace
+
+void SqliteClose::operator()(sqlite3* connection) const { sqlite3_close(connection); }
+
+SqliteConnection openSqlite(const std::filesystem::path& file, SqliteAccess access) {
+  // The empty authority keeps the beginning of "//a/b" from being read as one.
+  std::string uri = file.is_absolute() ? "file://" : "file:";
+  for (const char c : file.string()) {
+    const bool isReserved = c == '%' || c == '?' || c == '#';
+    uri += isReserved ? fmt::format("%{:02X}", static_cast<unsigned>(c)) : std::string(1, c);
+  }
+  const bool isWritten = access == SqliteAccess::readWrite;
+  uri += isWritten ? "?mode=rw" : "?mode=ro&immutable=1";
+  const int flags = isWritten ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
+  sqlite3* opened = nullptr;
+  const int code =
+      sqlite3_open_v2(uri.c_str(), &opened, flags | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX, nullptr);
+  // SQLite hands out a connection that must be closed even when it could not open the file.
+  SqliteConnection connection(opened);
+  return code == SQLITE_OK ? std::move(connection) : nullptr;
+}
+
+void writeAhead(sqlite3* connection) {
+  const PreparedSql journal(connection, "PRAGMA journal_mode = WAL");
+  const bool isAnswered = journal.step() == SQLITE_ROW;
+  if (isAnswered && bytesOf(journal.statement.get(), 0) == "wal") {
+    execute(connection, "PRAGMA synchronous = NORMAL");
+  }
+}
+
 SettingsState readSettings(sqlite3* connection, SettingValues& values) {
-  const PreparedSql all = prepare(connection, "SELECT key, type, value FROM settings");
-  int code = all.code;
-  while (all.statement && (code = sqlite3_step(all.statement.get())) == SQLITE_ROW) {
+  const SettingsState state = claimDatabase(connection);
+  if (state != SettingsState::usable) { return state; }
+  const PreparedSql all(connection, "SELECT key, type, value FROM settings");
+  int code = all.step();
+  for (; code == SQLITE_ROW; code = all.step()) {
     sqlite3_stmt* const row = all.statement.get();
     if (std::optional<SettingValue> value = settingOf(row, 1)) {
       values.insert_or_assign(std::string(bytesOf(row, 0)), *std::move(value));

@@ -1,19 +1,152 @@
 #include "platform/defaults/sqlite_defaults.h"
 
+#include <array>
+#include <system_error>
 #include <utility>
 
-#include "platform/defaults/settings_table.h"
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace orvane {
 
-SqliteDefaults::SqliteDefaults(const std::filesystem::path& file) : settings_(openSettings(file)) {}
+// The file's life. It is created by us and not by SQLite, so that nobody else can read it at any
+// moment. What stands in its place and is no settings file of ours is renamed to the next free
+// "settings.sqlite.set-aside-1", with the journals that belong to it and exactly as it was found;
+// a new file then takes its place. What only cannot be read now, because it is locked or the disk
+// fails, is left alone and not written either, or it would be lost by the next change.
+//
+// Changes go through a write-ahead log: a killed process loses nothing, a power failure at most
+// the last changes, and neither harms the file. Where the file system has no place for such a log
+// SQLite stays with its rollback journal, and with waiting for the disk.
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int longestWaitAtStartInMilliseconds = 500;
+constexpr int longestWaitInMilliseconds = 50;
+constexpr int mostFilesSetAside = 10'000;
+
+void createPrivateFolder(const fs::path& folder) {
+  std::error_code ignored;
+  if (folder.empty() || fs::exists(folder, ignored)) { return; }
+  createPrivateFolder(folder.parent_path());
+  ::mkdir(folder.c_str(), S_IRWXU);
+}
+
+/// Creates `file`, empty, and the folders above it that are missing. One that exists keeps its
+/// content and is closed to other users. Failures are left for the one who opens the file to meet.
+void createPrivateFile(const fs::path& file) {
+  createPrivateFolder(file.parent_path());
+  const int descriptor = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+  if (descriptor >= 0) { ::close(descriptor); }
+  std::error_code ignored;
+  fs::permissions(file, fs::perms::group_all | fs::perms::others_all, fs::perm_options::remove,
+                  ignored);
+}
+
+fs::path withSuffix(fs::path file, std::string_view suffix) { return file += suffix; }
+
+bool isTaken(const fs::path& file) {
+  std::error_code ignored;
+  return fs::symlink_status(file, ignored).type() != fs::file_type::not_found;
+}
+
+fs::path freeNameBeside(const fs::path& file) {
+  int number = 1;
+  fs::path name;
+  do {
+    name = withSuffix(file, fmt::format(".set-aside-{}", number));
+  } while (isTaken(name) && number++ < mostFilesSetAside);
+  return name;
+}
+
+/// Nothing is overwritten. False when the file is still there.
+bool setAside(const fs::path& file) {
+  constexpr std::array<std::string_view, 2> journals{"-wal", "-journal"};
+  constexpr std::string_view logIndex = "-shm";  // holds nothing that the log does not
+  const fs::path name = freeNameBeside(file);
+  std::error_code error;
+  if (!isTaken(name)) { fs::rename(file, name, error); }
+  if (isTaken(file)) { return false; }
+  for (const std::string_view suffix : journals) {
+    const fs::path journal = withSuffix(file, suffix);
+    if (fs::file_size(journal, error) > 0) {
+      fs::rename(journal, withSuffix(name, suffix), error);
+    } else {
+      fs::remove(journal, error);
+    }
+  }
+  fs::remove(withSuffix(file, logIndex), error);
+  return true;
+}
+
+/// False where something stands that is not for us to touch, a device say.
+bool isFreeForFile(const fs::path& file) {
+  std::error_code ignored;
+  const fs::file_status status = fs::status(file, ignored);
+  if (fs::is_directory(status)) { return setAside(file); }
+  return !fs::exists(status) || fs::is_regular_file(status);
+}
+
+}  // namespace
+
+SqliteDefaults::SqliteDefaults(const fs::path& file) {
+  if (isFreeForFile(file)) { open(file); }
+}
 
 SqliteDefaults::~SqliteDefaults() { save(); }
 
+void SqliteDefaults::open(const fs::path& file) {
+  createPrivateFile(file);
+  SettingsState state = openForWriting(file);
+  if (state == SettingsState::damaged && setAside(file)) {
+    createPrivateFile(file);
+    state = openForWriting(file);
+  }
+  if (state == SettingsState::unavailable) { openUnchangeable(file); }
+}
+
+SettingsState SqliteDefaults::openForWriting(const fs::path& file) {
+  SqliteConnection connection = openSqlite(file, SqliteAccess::readWrite);
+  if (!connection) { return SettingsState::unavailable; }
+  sqlite3_busy_timeout(connection.get(), longestWaitAtStartInMilliseconds);
+  SettingValues values;
+  const SettingsState state = readSettings(connection.get(), values);
+  if (state == SettingsState::damaged) {
+    // Closing must not fold the log into the file.
+    sqlite3_db_config(connection.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+  } else if (state == SettingsState::usable) {
+    writeAhead(connection.get());
+    sqlite3_busy_timeout(connection.get(), longestWaitInMilliseconds);
+    connection_ = std::move(connection);
+    values_ = std::move(values);
+  }
+  return state;
+}
+
+// In a folder that cannot be written SQLite has no place for its log and refuses to read, unless
+// it is told that nobody else writes.
+void SqliteDefaults::openUnchangeable(const fs::path& file) {
+  const SqliteConnection connection = openSqlite(file, SqliteAccess::unchangeable);
+  SettingValues values;
+  if (connection && readSettings(connection.get(), values) == SettingsState::usable) {
+    values_ = std::move(values);
+  }
+}
+
+void SqliteDefaults::save() {
+  if (connection_ && !unsaved_.empty() && writeSettings(connection_.get(), unsaved_)) {
+    unsaved_.clear();
+  }
+}
+
 template <class T>
 const T* SqliteDefaults::find(std::string_view key) const {
-  const auto found = settings_.values.find(key);
-  return found == settings_.values.end() ? nullptr : std::get_if<T>(&found->second);
+  const auto found = values_.find(key);
+  return found == values_.end() ? nullptr : std::get_if<T>(&found->second);
 }
 
 std::optional<std::string> SqliteDefaults::text(std::string_view key) const {
@@ -50,29 +183,22 @@ void SqliteDefaults::setTexts(std::string_view key, const std::vector<std::strin
   set(key, values);
 }
 
+void SqliteDefaults::set(std::string_view key, SettingValue value) {
+  const auto found = values_.find(key);
+  if (found == values_.end() || found->second != value) {
+    unsaved_.insert_or_assign(std::string(key), value);
+    values_.insert_or_assign(std::string(key), std::move(value));
+  }
+  save();
+}
+
 void SqliteDefaults::remove(std::string_view key) {
-  const auto found = settings_.values.find(key);
-  if (found != settings_.values.end()) {
-    settings_.values.erase(found);
+  const auto found = values_.find(key);
+  if (found != values_.end()) {
+    values_.erase(found);
     unsaved_.insert_or_assign(std::string(key), std::nullopt);
   }
   save();
-}
-
-void SqliteDefaults::set(std::string_view key, SettingValue value) {
-  const auto found = settings_.values.find(key);
-  if (found == settings_.values.end() || found->second != value) {
-    unsaved_.insert_or_assign(std::string(key), value);
-    settings_.values.insert_or_assign(std::string(key), std::move(value));
-  }
-  save();
-}
-
-void SqliteDefaults::save() {
-  if (settings_.connection && !unsaved_.empty() &&
-      writeSettings(settings_.connection.get(), unsaved_)) {
-    unsaved_.clear();
-  }
 }
 
 }  // namespace orvane

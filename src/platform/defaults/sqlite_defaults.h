@@ -2,7 +2,6 @@
 
 #include <filesystem>
 
-#include "platform/defaults/settings_file.h"
 #include "platform/defaults/settings_table.h"
 #include "platform/defaults/user_defaults.h"
 
@@ -39,9 +38,13 @@ class SqliteDefaults final : public UserDefaults {
   template <class T>
   [[nodiscard]] const T* find(std::string_view key) const;
   void set(std::string_view key, SettingValue value);
+  void open(const std::filesystem::path& file);
+  SettingsState openForWriting(const std::filesystem::path& file);
+  void openUnchangeable(const std::filesystem::path& file);
   void save();
 
-  OpenedSettings settings_;
+  SqliteConnection connection_;  ///< nothing when no change can be kept
+  SettingValues values_;
   SettingChanges unsaved_;
 };
 

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <ctime>
-#include <optional>
 #include <system_error>
 
 #include <sys/timerfd.h>
@@ -13,8 +12,20 @@
 
 namespace orvane {
 
+// Posted callbacks wait in a queue of our own, and each has one event in Qt's, which says no more
+// than "run the next one": a nested event loop so goes on with those that are left. Timers lie in
+// a map by their moments. One kernel timer on the boot clock is set to the earliest of them and
+// wakes the loop through its descriptor; Qt's own timers stand still while the machine is
+// suspended.
+
+namespace {
+
 using std::chrono::nanoseconds;
 using std::chrono::seconds;
+
+constexpr QEvent::Type nextCallback = QEvent::User;
+
+}  // namespace
 
 BootTimer::BootTimer() : descriptor_(::timerfd_create(CLOCK_BOOTTIME, TFD_NONBLOCK | TFD_CLOEXEC)) {
   if (descriptor_ < 0) {
@@ -41,12 +52,6 @@ void BootTimer::set(std::optional<Instant> when) {
   }
   ::timerfd_settime(descriptor_, TFD_TIMER_ABSTIME, &setting, nullptr);
 }
-
-namespace {
-
-constexpr QEvent::Type nextCallback = QEvent::User;
-
-}  // namespace
 
 QtExecutor::QtExecutor() : timerDue_(bootTimer_.descriptor(), QSocketNotifier::Read) {
   QObject::connect(&timerDue_, &QSocketNotifier::activated, this, [this] { runNextTimer(); });

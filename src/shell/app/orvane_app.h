@@ -70,7 +70,7 @@ class OrvaneApp {
   std::shared_ptr<BalanceMenuActions> menuActions_;
   SceneWindows windows_;
   BalanceAppDelegate appDelegate_;
-  Announcer::Subscription tokenRead_;
+  Registration tokenRead_;
   std::optional<OneShotTimer> longestWaitForToken_;
   std::optional<Instant> exitDeadline_;
   std::optional<OneShotTimer> nextLookAtWrites_;

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/balance_store.h"
+#include "platform/async/signal.h"
 #include "platform/desktop/menu.h"
 #include "platform/text/locale_format.h"
 #include "shell/views/frames.h"
@@ -79,7 +80,7 @@ class BalanceView final : public QWidget {
   WorkersSection* workers_;
   HistorySection* history_;
   CoalescedUpdate update_;
-  Announcer::Subscription subscription_;
+  Registration subscription_;
 };
 
 }  // namespace orvane
