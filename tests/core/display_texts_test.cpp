@@ -29,6 +29,7 @@ BalanceState in(BalanceUnit unit) {
 TEST(DisplayTextsTest, AmountsAreGroupedSatsOrEightPlainDecimalsOfBitcoin) {
   const std::vector<std::tuple<std::int64_t, std::string, std::string>> cases{
       {0, "0 sats", "0.00000000 BTC"},
+      {-1, "-1 sats", "-0.00000001 BTC"},
       {5'000, "5,000 sats", "0.00005000 BTC"},
       {99'999'999, "99,999,999 sats", "0.99999999 BTC"},
       {100'000'000, "100,000,000 sats", "1.00000000 BTC"},
@@ -117,6 +118,32 @@ TEST(DisplayTextsTest, PutTheAddressesFailureBeforeItsTime) {
             "Updated 14:05 · Chainpeek · refreshes every 10 minutes");
   state.addressStatus = "Failed.";
   EXPECT_EQ(addressStatusLine(state, german), "Failed.");
+}
+
+TEST(DisplayTextsTest, TellAFailedLoadByWhatTheUserCanDo) {
+  constexpr const char* refused =
+      "Braiins did not accept the API token. Check it in Settings below.";
+  constexpr const char* unreachable =
+      "Braiins could not be reached. The last figures stay until the next try.";
+  constexpr const char* notLoaded =
+      "The Braiins history could not be loaded. The next try is in 5 minutes.";
+  using Kind = PoolError::Kind;
+  const std::vector<std::tuple<Kind, HttpFailure, std::string>> cases{
+      {Kind::userAuthenticationRequired, HttpFailure::other, refused},
+      {Kind::transport, HttpFailure::notConnectedToInternet, unreachable},
+      {Kind::transport, HttpFailure::networkConnectionLost, unreachable},
+      {Kind::transport, HttpFailure::cannotFindHost, unreachable},
+      {Kind::transport, HttpFailure::cannotConnectToHost, unreachable},
+      {Kind::transport, HttpFailure::timedOut, unreachable},
+      {Kind::transport, HttpFailure::other, notLoaded},
+      {Kind::badServerResponse, HttpFailure::other, notLoaded},
+      {Kind::decoding, HttpFailure::other, notLoaded},
+      {Kind::badURL, HttpFailure::other, notLoaded},
+  };
+  for (const auto& [kind, failure, text] : cases) {
+    EXPECT_EQ(poolErrorText({.kind = kind, .failure = failure}, "history"), text)
+        << static_cast<int>(kind) << " " << static_cast<int>(failure);
+  }
 }
 
 }  // namespace

@@ -5,13 +5,14 @@
 #include "support/memory_keychain.h"
 #include "support/run_task.h"
 
-namespace orvane {
+namespace orvane::test {
 namespace {
 
-using std::chrono::seconds;
-using test::MemoryKeychain;
+using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using Condition = MemoryKeychain::Condition;
+using Items = std::vector<MemoryKeychain::Item>;
 
 constexpr const char* service = "com.example.service";
 constexpr const char* account = "token";
@@ -24,11 +25,14 @@ MemoryKeychain::Item item(std::string data, std::optional<std::string> group = s
           .accessGroup = std::move(group)};
 }
 
+Task<void> readAndIgnore(KeychainItems& items, KeychainPrompt prompt) {
+  co_await items.readItem(service, account, prompt);
+}
+
 class KeychainItemsTest : public testing::Test {
  protected:
-  std::optional<std::string> read(KeychainItems& items,
-                                  KeychainPrompt prompt = KeychainPrompt::never) {
-    auto text = test::runTask(executor, items.readItem(service, account, prompt));
+  std::optional<std::string> read(KeychainItems& items) {
+    auto text = runTask(executor, items.readItem(service, account, KeychainPrompt::never));
     settle();
     return text;
   }
@@ -36,12 +40,13 @@ class KeychainItemsTest : public testing::Test {
     items.saveItem(std::move(text), service, account);
     settle();
   }
-  void settle() { executor.advance(seconds(10)); }
+  void settle() { executor.advance(10s); }
 
-  test::VirtualExecutor executor;
+  VirtualExecutor executor;
   MemoryKeychain keychain;
   KeychainItems shared{executor, keychain, sharedGroup};
   KeychainItems withoutGroup{executor, keychain, std::nullopt};
+  TaskScope tasks{executor};
 };
 
 TEST(SharedAccessGroupTest, IsTheFirstOneWithTheSharedSuffix) {
@@ -52,50 +57,62 @@ TEST(SharedAccessGroupTest, IsTheFirstOneWithTheSharedSuffix) {
             sharedGroup);
 }
 
-TEST_F(KeychainItemsTest, SaveAddsReplacesAndWithNothingRemovesFromEveryGroup) {
-  save(shared, "first");
-  EXPECT_THAT(keychain.items, ElementsAre(item("first")));
-  save(shared, "second");
-  EXPECT_THAT(keychain.items, ElementsAre(item("second")));
-  EXPECT_EQ(read(shared), "second");
-  keychain.items.push_back(item("b", "TEAM.own"));
-  save(shared, "");
-  EXPECT_THAT(keychain.items, IsEmpty());
-  keychain.defaultGroup = "TEAM.own";
-  save(withoutGroup, "text");
-  EXPECT_THAT(keychain.items, ElementsAre(item("text", "TEAM.own")));
+TEST_F(KeychainItemsTest, SaveAddsReplacesAndWithNothingRemoves) {
+  struct Case {
+    const char* name;
+    Items before;
+    KeychainItems& saver;
+    std::string text;
+    Items after;
+  };
+  const std::vector<Case> cases{
+      {"adds", {}, shared, "new", {item("new")}},
+      {"adds beside another group's",
+       {item("own", "TEAM.own")},
+       shared,
+       "new",
+       {item("own", "TEAM.own"), item("new")}},
+      {"adds where the system puts it", {}, withoutGroup, "new", {item("new", "TEAM.default")}},
+      {"replaces", {item("old")}, shared, "new", {item("new")}},
+      {"removes from every group", {item("old"), item("own", "TEAM.own")}, shared, "", {}},
+  };
+  keychain.defaultGroup = "TEAM.default";
+  for (const Case& test : cases) {
+    keychain.items = test.before;
+    save(test.saver, test.text);
+    EXPECT_EQ(keychain.items, test.after) << test.name;
+  }
 }
 
 TEST_F(KeychainItemsTest, ReadMovesOnlyATextOfAnotherGroupAndOnlyIntoASharedOne) {
-  using Items = std::vector<MemoryKeychain::Item>;
   const auto bystander = item("another", "TEAM.other");
   const auto bytes = item("\xff\xfe", "TEAM.own");
   auto local = item("text");
   local.synchronizable = false;
   struct Case {
+    const char* name;
     Items before;
     KeychainItems& reader;
     std::optional<std::string> text;
     Items after;
   };
   const std::vector<Case> cases{
-      {{item("text", "TEAM.own"), bystander}, shared, "text", {bystander, item("text")}},
-      {{item("text", std::nullopt)}, shared, "text", {item("text", std::nullopt)}},
-      {{item("text", "TEAM.own")}, withoutGroup, "text", {item("text", "TEAM.own")}},
-      {{local}, shared, std::nullopt, {local}},
-      {{bytes}, shared, std::nullopt, {bytes}},
+      {"moves one", {item("a", "TEAM.own"), bystander}, shared, "a", {bystander, item("a")}},
+      {"no group", {item("a", std::nullopt)}, shared, "a", {item("a", std::nullopt)}},
+      {"no shared group", {item("a", "TEAM.own")}, withoutGroup, "a", {item("a", "TEAM.own")}},
+      {"of this machine alone", {local}, shared, std::nullopt, {local}},
+      {"no text", {bytes}, shared, std::nullopt, {bytes}},
   };
   for (const Case& test : cases) {
     keychain.items = test.before;
-    EXPECT_EQ(read(test.reader), test.text);
-    EXPECT_EQ(keychain.items, test.after);
+    EXPECT_EQ(read(test.reader), test.text) << test.name;
+    EXPECT_EQ(keychain.items, test.after) << test.name;
   }
 }
 
 TEST_F(KeychainItemsTest, FailuresAreSilent) {
-  for (const auto condition :
-       {MemoryKeychain::Condition::broken, MemoryKeychain::Condition::absent}) {
-    keychain.items = {item("text")};
+  keychain.items = {item("text")};
+  for (const auto condition : {Condition::broken, Condition::absent}) {
     keychain.condition = condition;
     EXPECT_EQ(read(shared), std::nullopt);
     save(shared, "other");
@@ -105,78 +122,71 @@ TEST_F(KeychainItemsTest, FailuresAreSilent) {
   }
 }
 
-TEST_F(KeychainItemsTest, ASaveIsTheUsersAndAsksToUnlock) {
-  keychain.condition = MemoryKeychain::Condition::locked;
-  keychain.items = {item("text")};
-  for (const std::string text : {"refused", ""}) {
-    save(shared, text);
+TEST_F(KeychainItemsTest, ASaveIsTheUsersAndAsksToUnlockOnce) {
+  struct Case {
+    const char* name;
+    Items before;
+    std::string text;
+    bool unlocks;
+    Items after;
+  };
+  const std::vector<Case> cases{
+      {"refused", {item("old")}, "new", false, {item("old")}},
+      {"removal refused", {item("old")}, "", false, {item("old")}},
+      {"replaced", {item("old")}, "new", true, {item("new")}},
+      {"added", {}, "new", true, {item("new")}},
+  };
+  for (const Case& test : cases) {
+    SCOPED_TRACE(test.name);
+    keychain.condition = Condition::locked;
+    keychain.items = test.before;
+    save(shared, test.text);
     ASSERT_TRUE(keychain.isPrompting());
     EXPECT_FALSE(shared.writesFinished());
-    keychain.answerPrompt(false);
+    keychain.answerPrompt(test.unlocks);
     settle();
-    EXPECT_FALSE(keychain.isPrompting()) << "one question is enough";
+    EXPECT_FALSE(keychain.isPrompting());
     EXPECT_TRUE(shared.writesFinished());
-    EXPECT_THAT(keychain.items, ElementsAre(item("text")));
+    EXPECT_EQ(keychain.items, test.after);
   }
-  for (const auto& before : {keychain.items, decltype(keychain.items){}}) {
-    keychain.condition = MemoryKeychain::Condition::locked;
-    keychain.items = before;
-    save(shared, "allowed");
-    keychain.answerPrompt(true);
-    settle();
-    EXPECT_THAT(keychain.items, ElementsAre(item("allowed")));
-  }
-}
-
-Task<void> readAndIgnore(KeychainItems& items) {
-  co_await items.readItem(service, account, KeychainPrompt::never);
 }
 
 TEST_F(KeychainItemsTest, AMoveAsksNobodyWhenTheKeychainIsLockedInItsMiddle) {
   keychain.items = {item("text", "TEAM.own")};
-  keychain.delay = seconds(1);
-  TaskScope tasks(executor);
-  tasks.spawn(readAndIgnore(shared));
-  executor.advance(std::chrono::milliseconds(1500));
-  keychain.condition = MemoryKeychain::Condition::locked;
+  keychain.delay = 1s;
+  tasks.spawn(readAndIgnore(shared, KeychainPrompt::never));
+  executor.advance(1500ms);
+  keychain.condition = Condition::locked;
   settle();
   EXPECT_FALSE(keychain.isPrompting());
   EXPECT_TRUE(shared.writesFinished());
 }
 
 TEST_F(KeychainItemsTest, AReadSeesTheSavesBeforeIt) {
-  keychain.delay = seconds(1);
+  keychain.delay = 1s;
   shared.saveItem("first", service, account);
   shared.saveItem("second", service, account);
   EXPECT_FALSE(shared.writesFinished());
   EXPECT_EQ(read(shared), "second");
-  EXPECT_TRUE(shared.writesFinished());
 }
 
 // Between its two steps a move has taken the item away and not yet put it back.
 TEST_F(KeychainItemsTest, AMoveOutlivesTheTaskThatStartedIt) {
-  keychain.delay = seconds(1);
+  keychain.delay = 1s;
   keychain.items = {item("text", "TEAM.own")};
-  {
-    TaskScope tasks(executor);
-    const TaskHandle reading = tasks.spawn(readAndIgnore(shared));
-    executor.advance(seconds(2));
-    reading.cancel();
-    EXPECT_THAT(keychain.items, IsEmpty());
-    EXPECT_FALSE(shared.writesFinished());
-  }
+  const TaskHandle reading = tasks.spawn(readAndIgnore(shared, KeychainPrompt::never));
+  executor.advance(2s);
+  reading.cancel();
+  EXPECT_THAT(keychain.items, IsEmpty());
+  EXPECT_FALSE(shared.writesFinished());
   EXPECT_EQ(read(shared), "text");
   EXPECT_THAT(keychain.items, ElementsAre(item("text")));
-  EXPECT_TRUE(shared.writesFinished());
 }
 
 TEST_F(KeychainItemsTest, ACancelledReadLetsTheNextCallThrough) {
-  keychain.condition = MemoryKeychain::Condition::locked;
+  keychain.condition = Condition::locked;
   keychain.items = {item("text")};
-  TaskScope tasks(executor);
-  const TaskHandle prompting = tasks.spawn([](KeychainItems& items) -> Task<void> {
-    co_await items.readItem(service, account, KeychainPrompt::allowed);
-  }(shared));
+  const TaskHandle prompting = tasks.spawn(readAndIgnore(shared, KeychainPrompt::allowed));
   executor.runUntilIdle();
   EXPECT_TRUE(keychain.isPrompting());
   prompting.cancel();
@@ -186,4 +196,4 @@ TEST_F(KeychainItemsTest, ACancelledReadLetsTheNextCallThrough) {
 }
 
 }  // namespace
-}  // namespace orvane
+}  // namespace orvane::test

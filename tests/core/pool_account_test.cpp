@@ -1,46 +1,43 @@
 #include "core/pool_account.h"
 
-#include <gmock/gmock.h>
-
 #include "store_fixture.h"
 
 namespace orvane::test {
 namespace {
 
-using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
+
+constexpr const char* historyKey = "balance.braiinsHistory";
+constexpr const char* notLoaded =
+    "The Braiins account could not be loaded. The next try is in 5 minutes.";
 
 using PoolAccountTest = StoreTest;
 
 TEST_F(PoolAccountTest, ANewTokenForgetsTheOldFiguresBeforeAnybodyHears) {
   startWithFigures();
-  store->loadHistory();
-  transport.on("/profile").respond(500);
-  executor.advance(300s);
-  ASSERT_TRUE(state().accountStatus);
-  const auto lastUpdate = state().lastUpdate;
   const auto sentBefore = transport.sent().size();
-  takeChanges();
-  int heard = 0;
-  store->onChange = [&] {
-    ++heard;
-    EXPECT_EQ(state().token, "second");
-    EXPECT_EQ(state().stats, std::nullopt);
-    EXPECT_THAT(state().workers, IsEmpty());
-    EXPECT_EQ(state().accountStatus, std::nullopt);
-    EXPECT_FALSE(state().isLoadingHistory);
-    EXPECT_EQ(transport.sent().size(), sentBefore);
-  };
-  store->setToken("\u00a0 second\n");
-  EXPECT_EQ(heard, 1);
-  EXPECT_TRUE(state().isLoadingHistory);
-  EXPECT_EQ(state().history.size(), 1U);
-  EXPECT_EQ(state().lastUpdate, lastUpdate);
-  EXPECT_TRUE(state().prices);
-  store->onChange = nullptr;
+  const auto heard = heardDuring([&] { store->setToken("\u00a0 second\n"); });
+  ASSERT_EQ(heard.size(), 1U);
+  EXPECT_EQ(heard[0].token, "second");
+  EXPECT_EQ(heard[0].stats, std::nullopt);
+  EXPECT_THAT(heard[0].workers, IsEmpty());
+  EXPECT_FALSE(heard[0].isLoadingHistory);
+  EXPECT_EQ(transport.sent().size(), sentBefore);
   executor.runUntilIdle();
   EXPECT_EQ(keptToken(), "second");
+}
+
+TEST_F(PoolAccountTest, ANewTokenLoadsTheHistoryAndKeepsWhatIsNotTheAccounts) {
+  startWithFigures();
+  store->loadHistory();
+  executor.advance(100s);
+  const BalanceState before = state();
+  store->setToken("second");
+  EXPECT_TRUE(state().isLoadingHistory);
+  EXPECT_EQ(state().history, before.history);
+  EXPECT_EQ(state().lastUpdate, before.lastUpdate);
+  EXPECT_TRUE(state().prices);
 }
 
 TEST_F(PoolAccountTest, TheSameTokenChangesNothing) {
@@ -53,26 +50,28 @@ TEST_F(PoolAccountTest, TheSameTokenChangesNothing) {
   EXPECT_TRUE(state().stats);
 }
 
-TEST_F(PoolAccountTest, ClearingTheTokenForgetsTheAccountAndStopsPolling) {
+TEST_F(PoolAccountTest, ClearingTheTokenForgetsTheAccount) {
   startWithFigures();
   store->loadHistory();
-  executor.advance(200s);
-  ASSERT_TRUE(defaults.data("balance.braiinsHistory"));
-  const auto lastUpdate = state().lastUpdate;
-  transport.clearSent();
+  executor.advance(100s);
+  ASSERT_TRUE(defaults.data(historyKey));
   store->setToken(" ");
-  executor.advance(24h);
+  executor.runUntilIdle();
   EXPECT_THAT(keychain.items, IsEmpty());
   EXPECT_EQ(state().stats, std::nullopt);
-  EXPECT_THAT(state().workers, IsEmpty());
   EXPECT_THAT(state().history, IsEmpty());
   EXPECT_EQ(state().historyStatus, std::nullopt);
-  EXPECT_EQ(defaults.data("balance.braiinsHistory"), std::nullopt);
-  EXPECT_EQ(state().lastUpdate, lastUpdate);
-  EXPECT_THAT(transport.sent(), IsEmpty());
+  EXPECT_EQ(defaults.data(historyKey), std::nullopt);
+  EXPECT_TRUE(state().lastUpdate);
+}
+
+TEST_F(PoolAccountTest, AsksNothingWithoutAToken) {
+  startWithFigures();
+  store->setToken("");
+  transport.clearSent();
   store->loadHistory();
   store->restartPolling();
-  executor.advance(1h);
+  executor.advance(24h);
   EXPECT_THAT(transport.sent(), IsEmpty());
   EXPECT_FALSE(state().isLoadingHistory);
 }
@@ -99,12 +98,27 @@ TEST_F(PoolAccountTest, IsBusyUntilTheWorkersHaveComeOrFailed) {
   transport.on("/workers").fail(HttpFailure::networkConnectionLost).after(5s);
   startAndSettle();
   EXPECT_TRUE(state().stats);
-  EXPECT_TRUE(state().isRefreshing);
   executor.advance(64s);
   EXPECT_TRUE(state().isRefreshing);
   executor.advance(1s);
   EXPECT_FALSE(state().isRefreshing);
   EXPECT_EQ(state().accountStatus, std::nullopt);
+}
+
+TEST_F(PoolAccountTest, AFailureKeepsTheFiguresUnderItsTextUntilTheNextGoodCycle) {
+  startWithFigures();
+  const BalanceState before = state();
+  transport.on("/profile").respond(500).times(1);
+  executor.advance(300s);
+  EXPECT_EQ(state().accountStatus, notLoaded);
+  EXPECT_EQ(state().stats, before.stats);
+  EXPECT_EQ(state().workers, before.workers);
+  EXPECT_EQ(state().lastUpdate, before.lastUpdate);
+  EXPECT_FALSE(state().isRefreshing);
+  EXPECT_EQ(takeChanges(), 2);  // the failure, the prices
+  executor.advance(300s);
+  EXPECT_EQ(state().accountStatus, std::nullopt);
+  EXPECT_GT(state().lastUpdate, before.lastUpdate);
 }
 
 TEST_F(PoolAccountTest, FailingWorkersAndPricesKeepTheLastOnesSilently) {
@@ -134,6 +148,7 @@ TEST_F(PoolAccountTest, LateAnswersOfACancelledCycleAreDropped) {
       {"price.test", {.status = 500, .body = {}}, 2},
   };
   for (const Case& test : cases) {
+    SCOPED_TRACE(std::string(test.url) + " " + std::to_string(test.answer.status));
     keychain.items.clear();
     startWithFigures();
     const auto prices = state().prices;
@@ -144,14 +159,14 @@ TEST_F(PoolAccountTest, LateAnswersOfACancelledCycleAreDropped) {
         })
         .times(1);
     executor.advance(test.changes == 1 ? 261s : 321s);
-    EXPECT_EQ(state().token, "second") << test.url;
-    EXPECT_EQ(state().accountStatus, std::nullopt) << test.url;
-    EXPECT_THAT(state().workers, IsEmpty()) << test.url;
-    EXPECT_EQ(state().prices, prices) << test.url;
-    EXPECT_EQ(takeChanges(), test.changes) << test.url;
+    EXPECT_EQ(state().token, "second");
+    EXPECT_EQ(state().accountStatus, std::nullopt);
+    EXPECT_THAT(state().workers, IsEmpty());
+    EXPECT_EQ(state().prices, prices);
+    EXPECT_EQ(takeChanges(), test.changes);
     EXPECT_EQ(transport.sentTo("fallback.test"), 0U);
     executor.advance(60s);
-    EXPECT_TRUE(state().stats) << test.url;
+    EXPECT_TRUE(state().stats);
   }
 }
 
@@ -165,9 +180,96 @@ TEST_F(PoolAccountTest, ARequestThatSaysItWasCancelledLeavesNoText) {
   EXPECT_EQ(transport.sentTo("/rewards"), 1U);
   EXPECT_EQ(state().accountStatus, std::nullopt);
   EXPECT_EQ(state().historyStatus, std::nullopt);
-  EXPECT_TRUE(state().stats);
-  EXPECT_FALSE(state().isRefreshing);
+  EXPECT_FALSE(state().isRefreshing || state().isLoadingHistory);
+}
+
+TEST_F(PoolAccountTest, AHistoryLoadIsKeptAndReadBack) {
+  startWithFigures();
+  store->loadHistory();
+  EXPECT_TRUE(state().isLoadingHistory);
+  executor.advance(59s);
+  EXPECT_EQ(state().historyStatus, std::nullopt);
+  executor.advance(30s);
+  EXPECT_EQ(state().historyStatus, "Updated 12:03");
   EXPECT_FALSE(state().isLoadingHistory);
+  EXPECT_EQ(takeChanges(), 0);
+  const auto loaded = state().history;
+  ASSERT_EQ(loaded.size(), 1U);
+  EXPECT_EQ(loaded[0].rewardBTC, "0.0001");
+  EXPECT_THAT(defaults.data(historyKey).value(), testing::HasSubstr("816393600"));
+  start();
+  EXPECT_EQ(state().history, loaded);
+  EXPECT_EQ(state().historyStatus, std::nullopt);
+}
+
+TEST_F(PoolAccountTest, AFailedLoadKeepsTheHistoryUnderItsTextUntilTheNextLoad) {
+  startWithFigures();
+  defaults.setData(historyKey, R"([{"date":86400}])");
+  start();
+  executor.advance(100s);
+  transport.on("/rewards").respond(500);
+  store->loadHistory();
+  executor.advance(100s);
+  EXPECT_EQ(state().historyStatus,
+            "The Braiins history could not be loaded. The next try is in 5 minutes.");
+  EXPECT_EQ(state().history.size(), 1U);
+  EXPECT_EQ(defaults.data(historyKey), R"([{"date":86400}])");
+  EXPECT_FALSE(state().isLoadingHistory);
+  store->loadHistory();
+  EXPECT_EQ(state().historyStatus, std::nullopt);
+}
+
+TEST_F(PoolAccountTest, AnAccountWithoutDaysIsAnEmptyHistory) {
+  startWithFigures();
+  transport.on("/rewards").respond(200, R"({"btc":{"daily_rewards":[]}})");
+  transport.on("/hash_rate_daily").respond(200, R"({"btc":[]})");
+  store->loadHistory();
+  executor.advance(200s);
+  EXPECT_EQ(state().historyStatus, "Braiins has no daily entry for this account yet.");
+  EXPECT_EQ(defaults.data(historyKey), "[]");
+}
+
+TEST_F(PoolAccountTest, AHistoryThatCannotBeStoredIsShownAllTheSame) {
+  startWithFigures();
+  defaults.setData(historyKey, "kept");
+  transport.on("/hash_rate_daily")
+      .respond(200, R"({"btc":[{"date":0,"hash_rate_unit":"Ph/s","hash_rate_24h":1e300,)"
+                    R"("total_shares":0}]})");
+  store->loadHistory();
+  executor.advance(100s);
+  EXPECT_EQ(state().history.size(), 2U);
+  EXPECT_EQ(state().historyStatus, "Updated 12:03");
+  EXPECT_EQ(defaults.data(historyKey), "kept");
+}
+
+TEST_F(PoolAccountTest, ATokenEnteredWhileALoadRunsStartsNoSecondLoad) {
+  start();
+  store->setToken("first");
+  executor.advance(65s);
+  ASSERT_EQ(transport.sentTo("/rewards"), 1U);
+  store->setToken("second");
+  executor.advance(1h);
+  EXPECT_EQ(transport.sentTo("/rewards"), 1U);
+  EXPECT_EQ(transport.sentTo("/hash_rate_daily"), 1U);
+  EXPECT_EQ(state().history.size(), 1U);
+  store->loadHistory();
+  executor.advance(1h);
+  EXPECT_EQ(transport.sentTo("/rewards"), 2U) << "a load is over";
+}
+
+TEST_F(PoolAccountTest, AHistoryDoesNotComeBackAfterItsTokenWasCleared) {
+  for (const auto moment : {10s, 30s}) {  // before the load's first request, and after it
+    SCOPED_TRACE(moment.count());
+    startWithFigures();
+    store->loadHistory();
+    executor.advance(moment);
+    store->setToken("");
+    executor.advance(1h);
+    EXPECT_THAT(state().history, IsEmpty());
+    EXPECT_EQ(defaults.data(historyKey), std::nullopt);
+    EXPECT_EQ(state().historyStatus, std::nullopt);
+    EXPECT_FALSE(state().isLoadingHistory);
+  }
 }
 
 }  // namespace

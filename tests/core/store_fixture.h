@@ -11,6 +11,8 @@
 
 namespace orvane::test {
 
+using namespace std::chrono_literals;
+
 /// A store on fakes, and what a story about it asks again and again.
 class StoreTest : public testing::Test, public StoreOnFakes {
  protected:
@@ -24,12 +26,20 @@ class StoreTest : public testing::Test, public StoreOnFakes {
   void startWithFigures() {
     storeToken("first");
     start();
-    executor.advance(std::chrono::seconds(100));
+    executor.advance(100s);
     takeChanges();
   }
 
   /// How often onChange was invoked since the last call.
   int takeChanges() { return std::exchange(changes, 0); }
+  /// What onChange found, each time it was invoked during `story`.
+  [[nodiscard]] std::vector<BalanceState> heardDuring(const std::function<void()>& story) {
+    std::vector<BalanceState> heard;
+    store->onChange = [&] { heard.push_back(state()); };
+    story();
+    store->onChange = nullptr;
+    return heard;
+  }
   /// What `flag` was, one after the other, at the announcements during `story`.
   [[nodiscard]] std::vector<bool> valuesDuring(bool BalanceState::* flag,
                                                const std::function<void()>& story) {

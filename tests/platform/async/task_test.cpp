@@ -1,9 +1,11 @@
+#include <array>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include "platform/async/async_mutex.h"
+#include "platform/async/signal.h"
 #include "platform/async/task_scope.h"
 #include "platform/async/timer.h"
 #include "support/virtual_executor.h"
@@ -21,42 +23,30 @@ class TaskTest : public ::testing::Test {
   TaskScope scope{executor};
 };
 
-Task<void> sleepAndLog(Log& log, std::string name, ExecutorClock::duration duration) {
+Task<void> sleepAndLog(Log& log, std::string name) {
   log.push_back(name + " starts");
-  const SleepEnd end = co_await sleepFor(duration);
+  const SleepEnd end = co_await sleepFor(10s);
   log.push_back(name + (end == SleepEnd::elapsed ? " slept" : " cancelled"));
 }
 
-TEST_F(TaskTest, StartsFromTheQueueAndResumesAtItsMoment) {
-  const TaskHandle handle = scope.spawn(sleepAndLog(log, "a", 10s));
-  EXPECT_TRUE(log.empty());
-  executor.runUntilIdle();
-  EXPECT_EQ(log, Log{"a starts"});
-  executor.advance(9999ms);
-  EXPECT_FALSE(handle.finished());
-  executor.advance(1ms);
-  EXPECT_EQ(log.back(), "a slept");
-  EXPECT_TRUE(handle.finished());
-  EXPECT_TRUE(scope.idle());
-}
-
 TEST_F(TaskTest, CancellingLetsTheOldTaskEndBeforeItsSuccessorBegins) {
-  const TaskHandle old = scope.spawn(sleepAndLog(log, "old", 10s));
+  const TaskHandle old = scope.spawn(sleepAndLog(log, "old"));
   executor.runUntilIdle();
   old.cancel();
-  scope.spawn(sleepAndLog(log, "new", 10s)).cancel();
-  EXPECT_EQ(log, Log{"old starts"});
-  executor.runUntilIdle();
-  EXPECT_EQ(log, (Log{"old starts", "old cancelled", "new starts", "new cancelled"}));
-  EXPECT_EQ(executor.pendingTimers(), 0U);
+  scope.spawn(sleepAndLog(log, "new"));
+  EXPECT_EQ(log, Log{"old starts"}) << "inside the calls";
+  EXPECT_FALSE(old.finished());
+  executor.advance(10s);
+  EXPECT_EQ(log, (Log{"old starts", "old cancelled", "new starts", "new slept"}));
+  EXPECT_TRUE(old.finished() && scope.idle());
 }
 
 TEST_F(TaskTest, DestroyingTheScopeReleasesTimersAndResumesNothing) {
   {
     TaskScope shortLived(executor);
-    shortLived.spawn(sleepAndLog(log, "suspended", 10s));
+    shortLived.spawn(sleepAndLog(log, "suspended"));
     executor.runUntilIdle();
-    shortLived.spawn(sleepAndLog(log, "queued", 10s));
+    shortLived.spawn(sleepAndLog(log, "queued"));
   }
   EXPECT_EQ(executor.pendingTimers(), 0U);
   executor.advance(1min);
@@ -121,83 +111,49 @@ Task<int> valueAfter(int value, ExecutorClock::duration duration) {
   co_return end == SleepEnd::elapsed ? value : -value;
 }
 
-Task<void> sumOfChildren(Log& log) {
+Task<void> sumOfChildren(Log& log, bool abandons) {
   const TaskContext context = co_await currentContext();
   ChildTask slow(context, valueAfter(1, 10s));
   ChildTask fast(context, valueAfter(2, 5s));
+  if (abandons) { co_await cancelAndAwaitEnd(slow, fast); }
   const int first = co_await slow.result();
   const int second = co_await fast.result();
   log.push_back(std::to_string(first) + " and " + std::to_string(second));
 }
 
-TEST_F(TaskTest, ChildrenRunSideBySideAndAreCancelledOrDestroyedWithTheirParent) {
-  scope.spawn(sumOfChildren(log));
+TEST_F(TaskTest, ChildrenRunSideBySide) {
+  scope.spawn(sumOfChildren(log, false));
   executor.advance(10s);
-  const TaskHandle parent = scope.spawn(sumOfChildren(log));
+  EXPECT_EQ(log, Log{"1 and 2"});
+}
+
+TEST_F(TaskTest, ChildrenAreCancelledWithOrByTheirParent) {
+  const TaskHandle parent = scope.spawn(sumOfChildren(log, false));
+  scope.spawn(sumOfChildren(log, true));
   executor.runUntilIdle();
   parent.cancel();
   executor.runUntilIdle();
-  EXPECT_EQ(log, (Log{"1 and 2", "-1 and -2"}));
-  {
-    TaskScope shortLived(executor);
-    shortLived.spawn(sumOfChildren(log));
-    executor.runUntilIdle();
-    EXPECT_EQ(executor.pendingTimers(), 2U);
-  }
-  EXPECT_EQ(executor.pendingTimers(), 0U);
+  EXPECT_EQ(log, (Log{"-1 and -2", "-1 and -2"}));
 }
 
-Task<void> abandonChildren(Log& log) {
-  const TaskContext context = co_await currentContext();
-  ChildTask first(context, valueAfter(1, 10s));
-  ChildTask second(context, valueAfter(2, 5s));
-  co_await cancelAndAwaitEnd(first, second);
-  log.push_back("ended");
-}
-
-TEST_F(TaskTest, ParentCanWaitForTheEndOfChildrenItCancelled) {
-  scope.spawn(abandonChildren(log));
-  executor.runUntilIdle();
-  EXPECT_EQ(log, Log{"ended"});
-  EXPECT_EQ(executor.pendingTimers(), 0U);
-}
-
-Task<void> visit(AsyncMutex& mutex, Log& log, std::string name) {
-  const auto lock = co_await mutex.lock();
-  if (!lock) {
-    log.push_back(name + " gave up");
-    co_return;
-  }
-  log.push_back(name + " enters");
-  const SleepEnd end = co_await sleepFor(1s);
-  log.push_back(name + (end == SleepEnd::elapsed ? " leaves" : " is called out"));
-}
-
-TEST_F(TaskTest, MutexLetsTasksThroughInOrderAndSkipsTheCancelled) {
-  AsyncMutex mutex;
-  TaskScope visitors(executor);
-  visitors.spawn(visit(mutex, log, "a"));
-  const TaskHandle b = visitors.spawn(visit(mutex, log, "b"));
-  visitors.spawn(visit(mutex, log, "c"));
-  executor.runUntilIdle();
-  b.cancel();
-  executor.advance(2s);
-  EXPECT_EQ(log, (Log{"a enters", "b gave up", "a leaves", "c enters", "c leaves"}));
+Task<void> enter(AsyncMutex& mutex, std::optional<AsyncMutex::Lock>& inside) {
+  std::optional<AsyncMutex::Lock> turn = co_await mutex.lock();
+  inside.emplace(*std::move(turn));
 }
 
 TEST_F(TaskTest, ATurnGivenToADestroyedTaskPassesOn) {
   AsyncMutex mutex;
-  TaskScope visitors(executor);
+  std::array<std::optional<AsyncMutex::Lock>, 3> inside;
   auto doomed = std::make_unique<TaskScope>(executor);
-  const TaskHandle first = visitors.spawn(visit(mutex, log, "a"));
+  scope.spawn(enter(mutex, inside[0]));
+  doomed->spawn(enter(mutex, inside[1]));
+  scope.spawn(enter(mutex, inside[2]));
   executor.runUntilIdle();
-  doomed->spawn(visit(mutex, log, "b"));
+  EXPECT_TRUE(inside[0] && !inside[1] && !inside[2]);
+  inside[0].reset();
+  doomed.reset();
   executor.runUntilIdle();
-  visitors.spawn(visit(mutex, log, "c"));
-  executor.runUntilIdle();
-  executor.schedule(executor.now() + 1s, [&] { executor.post([&] { doomed.reset(); }); });
-  executor.advance(5s);
-  EXPECT_EQ(log.back(), "c leaves");
+  EXPECT_TRUE(inside[2] && !inside[1]);
 }
 
 Task<void> tryToStartSomething(AsyncMutex& mutex, Log& log) {
@@ -207,10 +163,8 @@ Task<void> tryToStartSomething(AsyncMutex& mutex, Log& log) {
   };
   co_await untilResolved<bool>(std::move(start), false);
   const SleepEnd sleep = co_await sleepFor(0s);
-  if (sleep == SleepEnd::elapsed) { log.emplace_back("slept"); }
   const std::optional<AsyncMutex::Lock> turn = co_await mutex.lock();
-  if (turn) { log.emplace_back("locked"); }
-  log.emplace_back("ended");
+  log.emplace_back(sleep == SleepEnd::elapsed || turn ? "slept or locked" : "ended");
 }
 
 // A request that is begun only to be aborted has been seen by its server.
@@ -221,10 +175,9 @@ TEST_F(TaskTest, ACancelledTaskStartsNothingMore) {
   EXPECT_EQ(log, Log{"ended"});
 }
 
-Task<int> immediate() { co_return 1; }
-
 Task<void> countMany(int& sum) {
   for (int i = 0; i < 200'000; ++i) {
+    const auto immediate = []() -> Task<int> { co_return 1; };
     sum += co_await immediate();
   }
 }
@@ -234,6 +187,34 @@ TEST_F(TaskTest, ManyAwaitsThatCompleteAtOnceDoNotGrowTheStack) {
   scope.spawn(countMany(sum));
   executor.runUntilIdle();
   EXPECT_EQ(sum, 200'000);
+}
+
+TEST_F(TaskTest, ARepeatingTimerGoesOnAndCountsANightAsOneInterval) {
+  int fired = 0;
+  const RepeatingTimer timer(executor, 30s, [&fired] { ++fired; });
+  executor.advance(29s);
+  EXPECT_EQ(fired, 0);
+  executor.advance(61s);
+  EXPECT_EQ(fired, 3);
+  executor.suspend(8h);
+  EXPECT_EQ(fired, 4);
+}
+
+TEST(SignalTest, LetsListenersComeAndGoWhileTheyAreTold) {
+  Signal<int> signal;
+  Log heard;
+  Registration last;
+  Registration later;
+  const Registration first = signal.subscribe([&](int value) {
+    heard.push_back("first " + std::to_string(value));
+    last = {};
+    if (later) { return; }
+    later = signal.subscribe([&](int next) { heard.push_back("later " + std::to_string(next)); });
+  });
+  last = signal.subscribe([&](int) { heard.emplace_back("told after its end"); });
+  signal.send(1);
+  signal.send(2);
+  EXPECT_EQ(heard, (Log{"first 1", "first 2", "later 2"}));
 }
 
 }  // namespace

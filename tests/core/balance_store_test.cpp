@@ -1,0 +1,351 @@
+#include "core/balance_store.h"
+
+#include <span>
+
+#include <malloc.h>
+
+#include "store_fixture.h"
+
+namespace orvane::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class BalanceStoreTest : public StoreTest {
+ protected:
+  /// Locks the keychain and starts; the keychain then waits for the user.
+  void startLocked() {
+    keychain.condition = MemoryKeychain::Condition::locked;
+    startAndSettle();
+    ASSERT_TRUE(keychain.isPrompting());
+  }
+};
+
+TEST_F(BalanceStoreTest, WithoutAnythingStoredAsksNobodyAndAnnouncesNothing) {
+  startAndSettle();
+  executor.advance(24h);
+  EXPECT_THAT(transport.sent(), IsEmpty());
+  EXPECT_EQ(takeChanges(), 0);
+  EXPECT_EQ(store->menuBarTitle(), "");
+}
+
+TEST_F(BalanceStoreTest, WithoutAKeychainIsReadyAtOnce) {
+  keychain.condition = MemoryKeychain::Condition::absent;
+  start();
+  EXPECT_TRUE(state().isReadingToken);
+  executor.runUntilIdle();
+  EXPECT_FALSE(state().isReadingToken);
+}
+
+TEST_F(BalanceStoreTest, BringsTheFiguresOfAStoredTokenBackByThemselves) {
+  storeToken("stored");
+  startAndSettle();
+  EXPECT_FALSE(state().isReadingToken);
+  EXPECT_EQ(store->menuBarTitle(), "203 sats");
+  EXPECT_EQ(takeChanges(), 2);  // the token, the figures
+  executor.advance(61s);
+  EXPECT_EQ(state().workers.size(), 1U);
+  EXPECT_EQ(store->priceText(), "1 BTC = 84.123 €");
+  EXPECT_EQ(takeChanges(), 1);  // the prices
+  EXPECT_EQ(transport.sentTo("/rewards"), 0U);
+}
+
+// Only what the user enters is trimmed.
+TEST_F(BalanceStoreTest, TakesTheStoredTokenAndAddressAsTheyAre) {
+  storeToken(" stored ");
+  defaults.setText("balance.watchedAddress", " address ");
+  startAndSettle();
+  EXPECT_EQ(state().token, " stored ");
+  EXPECT_EQ(transport.sent().back().request.headers[0].value, " stored ");
+  EXPECT_EQ(state().ownAddress, " address ");
+}
+
+TEST_F(BalanceStoreTest, ReadsUnitAndCurrencyByTheirExactNames) {
+  const std::vector<std::tuple<const char*, const char*, bool>> settings{
+      {"btc", "USD", true}, {"sats", "EUR", false}, {"BTC", "usd", false}, {"", "", false}};
+  for (const auto& [unit, currency, areOthers] : settings) {
+    defaults.setText("balance.unit", unit);
+    defaults.setText("balance.preferredFiatCurrency", currency);
+    start();
+    EXPECT_EQ(state().unit == BalanceUnit::btc, areOthers) << unit;
+    EXPECT_EQ(state().preferredFiatCurrency == PreferredFiatCurrency::usd, areOthers) << currency;
+    EXPECT_EQ(defaults.text("balance.unit"), unit) << "written back";
+  }
+}
+
+TEST_F(BalanceStoreTest, KeepsUnitAndCurrencyWithoutTellingTheMenuBar) {
+  start();
+  store->setUnit(BalanceUnit::btc);
+  store->setPreferredFiatCurrency(PreferredFiatCurrency::usd);
+  EXPECT_EQ(defaults.text("balance.unit"), "btc");
+  EXPECT_EQ(defaults.text("balance.preferredFiatCurrency"), "USD");
+  EXPECT_EQ(takeChanges(), 0);
+}
+
+TEST_F(BalanceStoreTest, SortsAStoredHistoryAndLeavesADamagedOneInPlace) {
+  defaults.setData("balance.braiinsHistory", R"([{"date":0},{"date":86400.0},{"date":3}])");
+  start();
+  ASSERT_EQ(state().history.size(), 3U);
+  EXPECT_GT(state().history[0].date, state().history[1].date);
+  EXPECT_GT(state().history[1].date, state().history[2].date);
+
+  defaults.setData("balance.braiinsHistory", "[{]");
+  start();
+  EXPECT_THAT(state().history, IsEmpty());
+  EXPECT_EQ(defaults.data("balance.braiinsHistory"), "[{]");
+}
+
+TEST_F(BalanceStoreTest, AnEnteredAddressDoesNotWaitForALockedKeychain) {
+  defaults.setText("balance.watchedAddress", firstAddress);
+  storeToken("stored");
+  startLocked();
+  EXPECT_TRUE(state().isReadingToken);
+  EXPECT_EQ(store->menuBarTitle(), "100.000 sats");
+  EXPECT_EQ(transport.sentTo("pool.test"), 0U);
+  EXPECT_EQ(transport.sentTo("price.test"), 1U);
+  takeChanges();
+
+  keychain.answerPrompt(true);
+  executor.runUntilIdle();
+  EXPECT_EQ(store->menuBarTitle(), "203 | 100.000 sats");
+  EXPECT_EQ(takeChanges(), 2);
+  EXPECT_EQ(transport.sentTo("explorer.test"), 3U);
+}
+
+TEST_F(BalanceStoreTest, AsksForTheKeychainOnceOnly) {
+  storeToken("stored");
+  storePayoutAddress(firstAddress);
+  startLocked();
+  keychain.answerPrompt(false);
+  executor.advance(24h);
+  EXPECT_FALSE(keychain.isPrompting() || state().isReadingToken);
+  EXPECT_THAT(transport.sent(), IsEmpty());
+
+  startLocked();
+  keychain.answerPrompt(true);
+  executor.runUntilIdle();
+  EXPECT_EQ(state().watchedAddress, firstAddress);
+}
+
+TEST_F(BalanceStoreTest, ATokenEnteredDuringTheReadWins) {
+  storeToken("stored");
+  startLocked();
+  store->setToken("entered");
+  EXPECT_FALSE(state().isReadingToken);
+  executor.runUntilIdle();
+  EXPECT_FALSE(store->writesFinished());
+
+  keychain.answerPrompt(true);
+  executor.advance(1s);
+  EXPECT_EQ(state().token, "entered");
+  EXPECT_EQ(keptToken(), "entered");
+  EXPECT_TRUE(store->writesFinished());
+  EXPECT_EQ(transport.sentTo("/profile"), 1U);
+}
+
+TEST_F(BalanceStoreTest, MayEndAtAnyMoment) {
+  keychain.delay = 1s;
+  transport.on("").respond(500).after(5s);
+  storeToken("stored");
+  storePayoutAddress(firstAddress);
+  for (const auto moment : {0s, 1s, 2s, 4s, 10s, 70s}) {
+    start();
+    store->setToken("entered " + std::to_string(moment.count()));
+    executor.advance(moment);
+    store.reset();
+    executor.advance(1h);
+  }
+  EXPECT_EQ(transport.inFlight(), 0U);
+  EXPECT_EQ(executor.pendingTimers(), 0U);
+}
+
+/// A cycle: the account, a minute later the workers and the prices, then the sleep.
+constexpr auto cycle = BraiinsAccountClient::poolRequestGap + PoolAccount::pollInterval;
+
+/// An account and an address, watched for long.
+class LongRunTest : public StoreTest {
+ protected:
+  LongRunTest() {
+    storeToken("token");
+    defaults.setText("balance.watchedAddress", firstAddress);
+  }
+
+  void expectPacing() const {
+    std::optional<Instant> last;
+    for (const auto& sent : transport.sent()) {
+      if (!sent.request.url.starts_with("https://pool.test/")) { continue; }
+      if (last) { ASSERT_GE(sent.at - *last, BraiinsAccountClient::poolRequestGap); }
+      last = sent.at;
+    }
+  }
+  void expectAtRest(std::size_t sleepingLoops) const {
+    EXPECT_FALSE(state().isRefreshing || state().isRefreshingAddress || state().isLoadingHistory);
+    EXPECT_EQ(transport.inFlight(), 0U);
+    EXPECT_EQ(executor.pendingTimers(), sleepingLoops);
+    EXPECT_TRUE(store->writesFinished());
+  }
+};
+
+// The status of a failure that is over would leave the icon orange until the next change.
+TEST_F(LongRunTest, TheMenuBarIsToldWhenTheOldFailureIsGone) {
+  struct Case {
+    const char* name;
+    std::optional<std::string> BalanceState::* status;
+    std::function<void()> story;
+  };
+  const std::vector<Case> cases{
+      {"another token", &BalanceState::accountStatus, [this] { store->setToken("another"); }},
+      {"new figures", &BalanceState::accountStatus,
+       [this] {
+         store->restartPolling();
+         executor.advance(60s);
+       }},
+      {"another address", &BalanceState::addressStatus,
+       [this] { EXPECT_EQ(store->setOwnAddress(secondAddress), std::nullopt); }},
+      {"a new summary", &BalanceState::addressStatus, [this] { store->restartAddressWatch(); }},
+  };
+  for (const Case& test : cases) {
+    SCOPED_TRACE(test.name);
+    keychain.items.clear();
+    storeToken("token");
+    defaults.setText("balance.watchedAddress", firstAddress);
+    transport.on("/profile").respond(500).times(1);
+    transport.on("/height").respond(500).times(1);
+    startAndSettle();
+    ASSERT_TRUE(state().*test.status);
+    const auto heard = heardDuring([&] {
+      test.story();
+      executor.runUntilIdle();
+    });
+    ASSERT_FALSE(heard.empty());
+    EXPECT_EQ(heard[0].*test.status, std::nullopt);
+  }
+}
+
+TEST_F(LongRunTest, ADayAsksAsOftenAsItShould) {
+  start();
+  executor.advance(288 * cycle - 1s);
+  EXPECT_EQ(transport.sentTo("/profile"), 288U);
+  EXPECT_EQ(transport.sentTo("/workers"), 288U);
+  EXPECT_EQ(transport.sentTo("price.test"), 288U);
+  EXPECT_EQ(transport.sentTo("explorer.test"), 173U * 3);
+  EXPECT_EQ(transport.sentTo("/rewards"), 0U);
+  // The token, and each cycle's figures and prices; each address cycle's summary.
+  EXPECT_EQ(takeChanges(), 1 + 2 * 288 + 173);
+  expectPacing();
+  expectAtRest(2);
+}
+
+TEST_F(LongRunTest, HistoryLoadsAndRestartsKeepToThePoolsPace) {
+  transport.on("/workers").respond(503).after(7s);
+  transport.on("/rewards").stall();
+  start();
+  for (int step = 0; step < 288; ++step) {
+    executor.advance(cycle / 2 + std::chrono::seconds(step % 7));
+    store->loadHistory();
+    if (step % 5 == 0) { store->restartPolling(); }
+    if (step % 50 == 0) { store->setToken("token " + std::to_string(step)); }
+  }
+  store->setToken("");
+  executor.advance(3min);
+  EXPECT_GT(transport.sentTo("/rewards"), 200U);
+  EXPECT_GT(transport.sentTo("/workers"), 50U);
+  expectPacing();
+  expectAtRest(1);
+}
+
+// As many figures come and go in thirty days as in one.
+TEST_F(LongRunTest, HoldsNoMoreMemoryAfterAMonth) {
+  start();
+  const auto passDay = [this] {
+    for (int hour = 0; hour < 24; ++hour) {
+      executor.advance(1h);
+      store->loadHistory();
+    }
+    executor.advance(5min);
+    transport.clearSent();
+    return mallinfo2().uordblks;
+  };
+  passDay();
+  const auto afterADay = passDay();
+  for (int day = 0; day < 28; ++day) {
+    passDay();
+  }
+  EXPECT_LT(passDay(), afterADay + 16'384);
+}
+
+/// The same on a machine that is suspended for a night.
+class SuspendTest : public LongRunTest {
+ protected:
+  /// Lets the program run for a while, then the night pass, and looks at what follows from there.
+  void runThenSleep(ExecutorClock::duration running) {
+    executor.advance(running);
+    before_ = transport.sent().size();
+    takeChanges();
+    executor.suspend(8h);
+    woken_ = executor.now();
+  }
+  /// When requests to these URLs were sent, in seconds since the waking.
+  [[nodiscard]] std::vector<long> sentAfterwards(std::string_view urlPart) const {
+    std::vector<long> moments;
+    for (const auto& sent : std::span(transport.sent()).subspan(before_)) {
+      if (!sent.request.url.contains(urlPart)) { continue; }
+      moments.push_back(std::chrono::floor<std::chrono::seconds>(sent.at - woken_).count());
+    }
+    return moments;
+  }
+
+ private:
+  std::size_t before_ = 0;
+  Instant woken_;
+};
+
+TEST_F(SuspendTest, BothSidesAreFreshAtOnceAndGoOnInTheirUsualPace) {
+  start();
+  runThenSleep(200s);
+  EXPECT_EQ(state().lastUpdate, executor.wallClock());
+  EXPECT_EQ(state().addressLastUpdate, executor.wallClock());
+  EXPECT_EQ(takeChanges(), 2);
+  executor.advance(599s);
+  EXPECT_THAT(sentAfterwards("pool.test"), ElementsAre(0, 60, 360, 420));
+  EXPECT_THAT(sentAfterwards("price.test"), ElementsAre(60, 420));
+  EXPECT_THAT(sentAfterwards("explorer.test"), ElementsAre(0, 0, 0)) << "the next is due at 600";
+}
+
+TEST_F(SuspendTest, CallsThatWaitedForTheirSlotStillTakeTurns) {
+  start();
+  executor.advance(10s);
+  store->loadHistory();  // waits behind the workers
+  runThenSleep(10s);
+  EXPECT_THAT(sentAfterwards("pool.test"), ElementsAre(0)) << "the workers alone";
+  executor.advance(419s);
+  EXPECT_THAT(sentAfterwards("/rewards"), ElementsAre(60));
+  EXPECT_THAT(sentAfterwards("pool.test"), ElementsAre(0, 60, 120, 300, 360));
+}
+
+TEST_F(SuspendTest, AnAnswerThatWasUnderWayEndsItsCycleAndStartsNoOther) {
+  transport.on("/profile").respond(200, "").after(10s).times(1);
+  start();
+  runThenSleep(5s);
+  EXPECT_THAT(sentAfterwards("pool.test"), IsEmpty()) << "the cycle has ended with a failure";
+  EXPECT_TRUE(state().accountStatus);
+  executor.advance(361s);
+  EXPECT_THAT(sentAfterwards("pool.test"), ElementsAre(300, 360));
+}
+
+TEST_F(SuspendTest, ANetworkThatWakesLaterLeavesTheFiguresAndIsAskedInTheNextCycle) {
+  start();
+  executor.advance(100s);
+  transport.on("pool.test").fail(HttpFailure::cannotFindHost).times(1);
+  transport.on("explorer.test").fail(HttpFailure::cannotFindHost).times(3);
+  runThenSleep(0s);
+  EXPECT_TRUE(state().accountStatus && state().addressStatus);
+  EXPECT_TRUE(state().stats && state().addressSummary) << "the evening's figures stay";
+  executor.advance(600s);
+  EXPECT_THAT(sentAfterwards("/profile"), ElementsAre(0, 300));
+  EXPECT_FALSE(state().accountStatus || state().addressStatus);
+}
+
+}  // namespace
+}  // namespace orvane::test
