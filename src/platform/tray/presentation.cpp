@@ -18,8 +18,7 @@ bool isAnyOf(const TrayFacts& facts, std::initializer_list<std::string_view> nam
 bool isXfce(const TrayFacts& facts) { return isAnyOf(facts, {"XFCE"}); }
 bool isMate(const TrayFacts& facts) { return isAnyOf(facts, {"MATE"}); }
 
-/// Xfce's panel is both kinds of host; it squeezes wide images that come over the bus and gives a
-/// docked window the width it asks for.
+/// Xfce's panel is both kinds of host, and better as an old tray.
 bool prefersTrayManager(const TrayFacts& facts) {
   return isXfce(facts) || !facts.notifierWatcher || !facts.notifierHost;
 }

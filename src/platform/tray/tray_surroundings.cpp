@@ -13,8 +13,8 @@ namespace orvane {
 
 namespace {
 
-const auto watcherName = QLatin1String(WatcherRegistration::watcherName);
-const auto watcherPath = QStringLiteral("/StatusNotifierWatcher");
+const auto watcherName = QLatin1String(NotifierItem::watcherName);
+const auto watcherPath = QLatin1String(NotifierItem::watcherPath);
 const QStringList indicatorNames{QStringLiteral("org.ayatana.indicator.application"),
                                  QStringLiteral("com.canonical.indicator.application")};
 

@@ -11,7 +11,7 @@
 #include "platform/async/signal.h"
 #include "platform/bus/desktop_portal.h"
 #include "platform/bus/session_bus.h"
-#include "platform/tray/drawing/status_colors.h"
+#include "platform/tray/drawing/status_drawing.h"
 #include "platform/tray/presentation.h"
 #include "platform/tray/xembed/tray_manager.h"
 

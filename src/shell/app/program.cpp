@@ -16,7 +16,7 @@
 #include "platform/keychain/keychain.h"
 #include "platform/keychain/secret_service_keychain.h"
 #include "platform/notifications/desktop_notification_center.h"
-#include "platform/tray/desktop_status_item.h"
+#include "platform/tray/desktop_status_bar.h"
 #include "shell/app/orvane_app.h"
 #include "shell/views/qt_text.h"
 

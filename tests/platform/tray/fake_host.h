@@ -1,16 +1,46 @@
 #pragma once
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QObject>
-#include <QStringList>
-#include <QVariantMap>
+#include <QDBusArgument>
+#include <QDBusConnectionInterface>
+#include <QDBusPendingCall>
+#include <QDBusVariant>
+#include <QImage>
+#include <QTest>
+#include <QUuid>
+#include <QtEndian>
 #include <memory>
+#include <vector>
+
+#include <gtest/gtest.h>
 
 #include "platform/bus/exported_object.h"
-#include "platform/tray/notifier/menu_export.h"
+#include "platform/tray/notifier/notifier_item.h"
 
 namespace orvane::test {
+
+/// A row of the exported menu, or the menu as a whole, as a host reads it.
+struct HostRow {
+  explicit HostRow(const QDBusArgument& node) {
+    node.beginStructure();
+    node >> id >> properties;
+    node.beginArray();
+    while (!node.atEnd()) {
+      QDBusVariant child;
+      node >> child;
+      children.emplace_back(child.variant().value<QDBusArgument>());
+    }
+    node.endArray();
+    node.endStructure();
+  }
+
+  [[nodiscard]] QString text(const char* property) const {
+    return properties.value(QLatin1String(property)).toString();
+  }
+
+  int id = 0;
+  QVariantMap properties;
+  std::vector<HostRow> children;
+};
 
 /// A StatusNotifierWatcher with a host in one, on a connection of its own: it speaks to the item
 /// as panels do.
@@ -18,36 +48,124 @@ class FakeHost final : public QObject {
   Q_OBJECT
 
  public:
-  FakeHost();
-  ~FakeHost() override;
+  FakeHost() {
+    for (const auto* interface : {itemInterface, menuInterface}) {
+      connection_.connect(QString(), QString(), QLatin1String(interface), QString(), this,
+                          SLOT(hear(QDBusMessage)));
+    }
+  }
+  ~FakeHost() override {
+    watcher_.reset();
+    QDBusConnection::disconnectFromBus(name_);
+  }
 
   /// Comes as a new owner of the watcher's name.
-  void startWatcher();
-  void stopWatcher();
-  void own(const char* name) { connection_.registerService(QLatin1String(name)); }
+  void startWatcher() {
+    const auto add = [this](const QVariantList& arguments) {
+      registered.append(arguments.at(0).toString());
+      return QVariantList();
+    };
+    watcher_ = std::make_unique<ExportedObject>(
+        connection_, QLatin1String(NotifierItem::watcherPath),
+        ObjectSurface{
+            .interface = QLatin1String(NotifierItem::watcherName),
+            .introspection = {},
+            .methods = {{QStringLiteral("RegisterStatusNotifierItem"), {QStringLiteral("s"), add}}},
+            .properties = [this] {
+              return QVariantMap{{QStringLiteral("IsStatusNotifierHostRegistered"), drawsItems_}};
+            }});
+    own(NotifierItem::watcherName);
+  }
+  void stopWatcher() {
+    connection_.unregisterService(QLatin1String(NotifierItem::watcherName));
+    watcher_.reset();
+  }
+  /// The watcher stays, but nobody draws its items any more.
+  void stopDrawing() {
+    drawsItems_ = false;
+    watcher_->sendSignal(QStringLiteral("StatusNotifierHostUnregistered"));
+  }
 
-  /// Calls the item registered last and waits for its reply.
-  QDBusMessage callItem(const char* method, const QVariantList& arguments = {});
-  QDBusMessage callMenu(const char* method, const QVariantList& arguments = {});
-  [[nodiscard]] QVariantMap allProperties(const char* interface = "org.kde.StatusNotifierItem");
-  [[nodiscard]] QVariant property(const char* name);
-  [[nodiscard]] MenuLayoutNode layout();
+  void own(const char* name) { connection_.registerService(QLatin1String(name)); }
+  [[nodiscard]] bool isOwned(const QString& name) const {
+    return connection_.interface()->isServiceRegistered(name);
+  }
+  [[nodiscard]] QDBusConnection& connection() { return connection_; }
+
+  /// These call the item that was registered last and wait for its reply.
+  QDBusMessage callItem(const char* method, const QVariantList& arguments = {}) {
+    return call(NotifierItem::itemPath, itemInterface, method, arguments);
+  }
+  QDBusMessage callMenu(const char* method, const QVariantList& arguments = {}) {
+    return call(NotifierItem::menuPath, menuInterface, method, arguments);
+  }
+  [[nodiscard]] QVariantMap allProperties(const char* interface = itemInterface) {
+    const auto reply =
+        call(NotifierItem::itemPath, propertiesInterface, "GetAll", {QLatin1String(interface)});
+    return qdbus_cast<QVariantMap>(reply.arguments().value(0));
+  }
+  [[nodiscard]] QVariant property(const char* name) {
+    const auto reply = call(NotifierItem::itemPath, propertiesInterface, "Get",
+                            {QLatin1String(itemInterface), QLatin1String(name)});
+    return qvariant_cast<QDBusVariant>(reply.arguments().value(0)).variant();
+  }
+  [[nodiscard]] QString text(const char* name) { return property(name).toString(); }
+  [[nodiscard]] QList<QImage> icons() {
+    QList<QImage> icons;
+    const auto pixmaps = property("IconPixmap").value<QDBusArgument>();
+    for (pixmaps.beginArray(); !pixmaps.atEnd();) {
+      int width = 0;
+      int height = 0;
+      QByteArray bytes;
+      pixmaps.beginStructure();
+      pixmaps >> width >> height >> bytes;
+      pixmaps.endStructure();
+      QImage icon(width, height, QImage::Format_ARGB32);
+      EXPECT_EQ(bytes.size(), icon.sizeInBytes());
+      qFromBigEndian<quint32>(bytes.constData(), bytes.size() / 4, icon.bits());
+      icons.append(icon);
+    }
+    return icons;
+  }
+  [[nodiscard]] HostRow layout(int parent = 0) {
+    const auto reply = callMenu("GetLayout", {parent, -1, QStringList()});
+    return HostRow(reply.arguments().value(1).value<QDBusArgument>());
+  }
   /// The number of the row with this label; 0 when there is none.
-  [[nodiscard]] int rowId(const char* label);
+  [[nodiscard]] int rowId(const char* label) {
+    for (const auto& row : layout().children) {
+      if (row.text("label") == QLatin1String(label)) { return row.id; }
+    }
+    return 0;
+  }
 
   QStringList registered;    ///< in their order
   QStringList signalsHeard;  ///< names of the item's and the menu's signals
 
  private Q_SLOTS:
-  void hear(const QDBusMessage& signal);
+  void hear(const QDBusMessage& signal) { signalsHeard.append(signal.member()); }
 
  private:
-  QDBusMessage call(const char* path, const char* interface, const char* method,
-                    const QVariantList& arguments);
+  static constexpr auto itemInterface = "org.kde.StatusNotifierItem";
+  static constexpr auto menuInterface = "com.canonical.dbusmenu";
+  static constexpr auto propertiesInterface = "org.freedesktop.DBus.Properties";
 
-  QString name_;
-  QDBusConnection connection_;
+  QDBusMessage call(const char* path, const char* interface, const char* method,
+                    const QVariantList& arguments) {
+    auto message =
+        QDBusMessage::createMethodCall(registered.value(registered.size() - 1), QLatin1String(path),
+                                       QLatin1String(interface), QLatin1String(method));
+    message.setArguments(arguments);
+    const QDBusPendingCall pending = connection_.asyncCall(message, 5000);
+    // The item lives in this thread: a blocking call would wait for itself.
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pending.isFinished(); })) << method;
+    return pending.reply();
+  }
+
+  QString name_ = QUuid::createUuid().toString();
+  QDBusConnection connection_ = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name_);
   std::unique_ptr<ExportedObject> watcher_;
+  bool drawsItems_ = true;
 };
 
 }  // namespace orvane::test

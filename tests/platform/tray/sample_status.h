@@ -25,7 +25,7 @@ inline StatusImage sampleImage(const StatusBar& bar, const std::string& text) {
   return image;
 }
 
-/// The rows that the program shows; `chosen` hears the title of the one that was chosen.
+/// Rows like those that the program shows; `chosen` hears the title of the one that was chosen.
 inline Menu sampleMenu(const std::string& balance,
                        const std::function<void(const std::string& title)>& chosen) {
   const auto row = [&](const std::string& title, const std::string& key = {}) {
@@ -37,10 +37,6 @@ inline Menu sampleMenu(const std::string& balance,
                     MenuItem::separator(),
                     row("Open Orvane"),
                     row("Refresh Now", "r"),
-                    MenuItem::separator(),
-                    row("Orvane Help"),
-                    row("About Orvane"),
-                    MenuItem::separator(),
                     row("Quit Orvane", "q")}};
 }
 

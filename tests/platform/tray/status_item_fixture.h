@@ -10,44 +10,57 @@
 
 #include "fake_host.h"
 #include "platform/eventloop/qt_executor.h"
-#include "platform/tray/desktop_status_item.h"
+#include "platform/tray/desktop_status_bar.h"
 #include "sample_status.h"
 
 namespace orvane::test {
 
+/// The session bus of this process can be taken away. Its address stays the same.
+void startBus();
+void stopBus();
+
+/// Whether a pixel has exactly this colour.
+[[nodiscard]] bool hasColor(const QImage& picture, const QColor& color);
+
 /// A status item as the program uses it, and a host that may come for it.
 class StatusItemTest : public ::testing::Test {
  protected:
-  void createItem(std::vector<std::string> desktopNames = {}) {
-    item = std::make_unique<DesktopStatusItem>(
-        executor, std::move(desktopNames),
-        [this](const std::string& token) { log.push_back("token " + token); });
+  void createItem(const char* desktop = "") {
+    qputenv("XDG_CURRENT_DESKTOP", desktop);
+    bar.emplace(executor, [this](const std::string& token) { log.push_back("token " + token); });
+    item = bar->createItem(StatusItem::squareLength);
     item->setAction(
         actionOn(*item, [this] { log.emplace_back("clicked"); }, [this] { return menu; }));
     showText("12,345 sats");
   }
-  void createRegisteredItem(std::vector<std::string> desktopNames = {}) {
+  void createRegisteredItem(const char* desktop = "") {
     host->startWatcher();
-    createItem(std::move(desktopNames));
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !host->registered.isEmpty(); }));
+    createItem(desktop);
+    ASSERT_TRUE(isRegistered());
+  }
+  [[nodiscard]] bool isRegistered() {
+    return QTest::qWaitFor([this] { return !host->registered.isEmpty(); });
   }
   void showText(const std::string& text) {
-    item->setImage(sampleImage(bar, text));
+    item->setImage(sampleImage(*bar, text));
     item->setToolTip("Orvane · Balance " + text);
   }
   [[nodiscard]] Menu sample(const std::string& balance) {
     return sampleMenu(balance, [this](const std::string& title) { log.push_back(title); });
   }
-  [[nodiscard]] bool hears(const char* signal) {
+  /// Whether the host hears this signal after what `act` does; what it heard before is forgotten.
+  [[nodiscard]] bool hears(const char* signal, const std::function<void()>& act) {
+    host->signalsHeard.clear();
+    act();
     return QTest::qWaitFor([&] { return host->signalsHeard.contains(QLatin1String(signal)); });
   }
 
   std::unique_ptr<FakeHost> host = std::make_unique<FakeHost>();
   QtExecutor executor;
-  DesktopStatusBar bar{executor};
   std::vector<std::string> log;
   std::optional<Menu> menu = sample("12,345 sats");
-  std::unique_ptr<DesktopStatusItem> item;
+  std::optional<DesktopStatusBar> bar;
+  std::unique_ptr<StatusItem> item;
 };
 
 }  // namespace orvane::test

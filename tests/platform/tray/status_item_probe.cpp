@@ -8,7 +8,7 @@
 #include <fmt/format.h>
 
 #include "platform/eventloop/qt_executor.h"
-#include "platform/tray/desktop_status_item.h"
+#include "platform/tray/desktop_status_bar.h"
 #include "sample_status.h"
 
 namespace {

@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -5,8 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/tray/drawing/short_figure.h"
 #include "platform/tray/drawing/status_drawing.h"
 #include "platform/tray/presentation.h"
+#include "platform/tray/status_presenter.h"
 
 namespace orvane::test {
 namespace {
@@ -28,6 +31,7 @@ TEST(Presentation, SuitsTheHostThatWillDrawIt) {
       {"GNOME", "", Presentation::labelBesideSymbol},
       {"MATE", "whi", Presentation::wideFile},
       {"MATE", "wht", Presentation::widePixmap},
+      {"MATE", "t", Presentation::dockedWide},
       {"MATE", "", Presentation::widePixmap},
       {"sway", "wh", Presentation::widePixmap},
       {"Hyprland", "w", Presentation::widePixmap},
@@ -57,11 +61,37 @@ TEST(ShortFigure, KeepsTheLeadingDigitsOfTheFirstFigure) {
       {"0.00000001 BTC", ".01µ"},
       {"0.00012345 | 1.00000000 BTC", "123µ"},
       {"0.01234567 BTC", ".012"},
+      {"1.05000000 BTC", "1.05"},
       {"12.34567890 BTC", "12.3"},
       {"", ""},
   };
   for (const auto& [text, expected] : cases) {
     EXPECT_EQ(shortFigure(QString::fromUtf8(text)).toStdString(), expected) << text;
+  }
+}
+
+TEST(ToolTip, HasTheWholeTextUnlessItSaysItAlready) {
+  StatusContent content{.image = StatusImage{}, .toolTip = "Balance 7"};
+  content.image->text = "7 | 1,234 sats";
+  EXPECT_EQ(content.toolTipWithText(), "Balance 7\n7 | 1,234 sats");
+  content.image->text = "7";
+  EXPECT_EQ(content.toolTipWithText(), "Balance 7");
+}
+
+TEST(StatusInk, StandsOutFromThePanel) {
+  StatusImage image;
+  const std::vector<std::tuple<PanelShade, int, int>> panels{{PanelShade::light, 0xf4, 100},
+                                                             {PanelShade::dark, 0x2b, 100},
+                                                             {PanelShade::unknown, 0xff, 70},
+                                                             {PanelShade::unknown, 0x1b, 70}};
+  for (const auto& [shade, panel, least] : panels) {
+    for (const auto color : {StatusColor::systemGreen, StatusColor::systemOrange}) {
+      image.textColor = color;
+      const auto ink = inkFor(image, shade);
+      EXPECT_GE(std::abs(qGray(ink.symbol.rgb()) - panel), least) << panel;
+      EXPECT_GE(std::abs(qGray(ink.text.rgb()) - panel), least) << panel;
+      EXPECT_EQ(ink.text.hue() > 90, color == StatusColor::systemGreen) << panel;
+    }
   }
 }
 

@@ -1,157 +1,104 @@
 #include "platform/tray/drawing/status_drawing.h"
 
+#include <QFont>
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPixmap>
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstdint>
+#include <vector>
 
 #include "platform/desktop/symbols.h"
+#include "platform/tray/drawing/short_figure.h"
 
 namespace orvane {
 
 namespace {
 
-constexpr int longestShortFigure = 5;
-constexpr std::uint64_t satsPerBitcoin = 100'000'000;
+struct Shades {
+  QRgb onLight;
+  QRgb onDark;
+  QRgb onUnknown;  ///< a contrast of at least 3.5 to white and to near-black
 
-struct Magnitude {
-  std::uint64_t factor;
-  char16_t letter;
+  [[nodiscard]] QColor on(PanelShade shade) const {
+    switch (shade) {
+      case PanelShade::light:
+        return QColor(onLight);
+      case PanelShade::dark:
+        return QColor(onDark);
+      case PanelShade::unknown:
+        break;
+    }
+    return QColor(onUnknown);
+  }
 };
-constexpr std::array<Magnitude, 5> magnitudes{{{1'000'000'000'000'000, u'P'},
-                                               {1'000'000'000'000, u'T'},
-                                               {1'000'000'000, u'G'},
-                                               {1'000'000, u'M'},
-                                               {1'000, u'k'}}};
 
-/// All digits of a grouped number in any script; amounts have at most 19.
-std::uint64_t digitsOf(QStringView text) {
-  std::uint64_t number = 0;
-  for (const auto character : text) {
-    const int digit = character.digitValue();
-    if (digit >= 0) { number = number * 10 + static_cast<std::uint64_t>(digit); }
+constexpr Shades templates{.onLight = 0xff2e3436, .onDark = 0xfff2f2f2, .onUnknown = 0xff7f8489};
+constexpr Shades greens{.onLight = 0xff167a33, .onDark = 0xff3ddc68, .onUnknown = 0xff1f9a44};
+constexpr Shades oranges{.onLight = 0xffb45309, .onDark = 0xffffa52e, .onUnknown = 0xffd06a00};
+
+const Shades& shadesOf(StatusColor color) {
+  return color == StatusColor::systemGreen ? greens : oranges;
+}
+
+/// Text in which every digit takes the width of the widest one, so that figures do not jump when
+/// they change. Qt 6.4 cannot ask a font for its tabular digits.
+class TabularText {
+ public:
+  TabularText(const QString& text, double pixelSize) : font_(QGuiApplication::font()) {
+    font_.setPixelSize(std::max(1, static_cast<int>(std::lround(pixelSize))));
+    font_.setWeight(QFont::DemiBold);
+    font_.setKerning(false);
+    layOut(text);
   }
-  return number;
-}
 
-QString withOneDecimal(std::uint64_t tenths) {
-  return QStringLiteral("%1.%2").arg(tenths / 10).arg(tenths % 10);
-}
-
-QString shortWhole(std::uint64_t number) {
-  if (number < 10'000) { return QString::number(number); }
-  for (const auto& [factor, letter] : magnitudes) {
-    if (number < factor) { continue; }
-    const bool isShort = number < 10 * factor;
-    return (isShort ? withOneDecimal(number / (factor / 10)) : QString::number(number / factor)) +
-           QChar(letter);
+  [[nodiscard]] double width() const { return width_; }
+  [[nodiscard]] double height() const { return QFontMetricsF(font_).height(); }
+  /// The height of a digit above the baseline.
+  [[nodiscard]] double digitHeight() const {
+    return -QFontMetricsF(font_).tightBoundingRect(QStringLiteral("0")).top();
   }
-  return {};
-}
 
-QString padded(std::uint64_t number, int digits) {
-  return QStringLiteral("%1").arg(number, digits, 10, QLatin1Char('0'));
-}
-
-/// Three digits of an amount in bitcoin, and below a thousandth of one in millionths (µ).
-QString shortBitcoin(std::uint64_t sats) {
-  const auto whole = sats / satsPerBitcoin;
-  const auto fraction = sats % satsPerBitcoin;
-  if (whole >= 100) { return shortWhole(whole); }
-  if (whole >= 10) { return withOneDecimal(sats / (satsPerBitcoin / 10)); }
-  if (whole >= 1) {
-    return QStringLiteral("%1.%2").arg(whole).arg(padded(fraction / 1'000'000, 2));
-  }
-  if (fraction >= 100'000) { return u'.' + padded(fraction / 100'000, 3); }
-  if (fraction >= 1'000) { return QString::number(fraction / 100) + QChar(u'µ'); }
-  if (fraction >= 100) { return withOneDecimal(fraction / 10) + QChar(u'µ'); }
-  if (fraction > 0) { return u'.' + padded(fraction, 2) + QChar(u'µ'); }
-  return QStringLiteral("0");
-}
-
-bool isNegative(QStringView figure) {
-  return figure.contains(u'-') || figure.contains(QChar(0x2212));
-}
-
-}  // namespace
-
-QString shortFigure(const QString& text) {
-  const auto first = QStringView(text).left(text.contains(u'|') ? text.indexOf(u'|') : text.size());
-  const auto sign = isNegative(first) ? QStringLiteral("-") : QString();
-  if (text.endsWith(QStringLiteral(" sats"))) { return sign + shortWhole(digitsOf(first)); }
-  if (text.endsWith(QStringLiteral(" BTC"))) { return sign + shortBitcoin(digitsOf(first)); }
-  return text.section(u' ', 0, 0).left(longestShortFigure);
-}
-
-namespace {
-
-QFont semiboldFont(double pixelSize) {
-  auto font = QGuiApplication::font();
-  font.setPixelSize(std::max(1, static_cast<int>(std::lround(pixelSize))));
-  font.setWeight(QFont::DemiBold);
-  font.setKerning(false);
-  return font;
-}
-
-double widestDigit(const QFontMetricsF& metrics) {
-  double widest = 0;
-  for (const auto digit : QStringView(u"0123456789")) {
-    widest = std::max(widest, metrics.horizontalAdvance(digit));
-  }
-  return widest;
-}
-
-/// A digit, or everything up to the next digit.
-QString nextPiece(QStringView rest) {
-  qsizetype length = 1;
-  if (!rest.front().isDigit()) {
-    while (length < rest.size() && !rest[length].isDigit()) {
-      ++length;
+  void draw(QPainter& painter, const QPointF& baselineStart) const {
+    painter.setFont(font_);
+    for (const auto& [offset, text] : pieces_) {
+      painter.drawText(baselineStart + QPointF(offset, 0), text);
     }
   }
-  return rest.left(length).toString();
-}
 
-}  // namespace
+ private:
+  /// A digit, or everything up to the next digit.
+  struct Piece {
+    double offset;
+    QString text;
+  };
 
-TabularText::TabularText(double pixelSize)
-    : font_(semiboldFont(pixelSize)), digitWidth_(widestDigit(QFontMetricsF(font_))) {}
-
-QSizeF TabularText::size(const QString& text) const {
-  const QFontMetricsF metrics(font_);
-  double width = 0;
-  for (qsizetype at = 0; at < text.size();) {
-    const auto piece = nextPiece(QStringView(text).mid(at));
-    const auto advance = metrics.horizontalAdvance(piece);
-    width += piece.front().isDigit() ? std::max(advance, digitWidth_) : advance;
-    at += piece.size();
+  void layOut(const QString& text) {
+    const QFontMetricsF metrics(font_);
+    double widestDigit = 0;
+    for (const auto digit : QStringView(u"0123456789")) {
+      widestDigit = std::max(widestDigit, metrics.horizontalAdvance(digit));
+    }
+    for (qsizetype at = 0; at < text.size();) {
+      const bool isDigit = text[at].isDigit();
+      auto end = at + 1;
+      while (!isDigit && end < text.size() && !text[end].isDigit()) {
+        ++end;
+      }
+      const auto piece = text.mid(at, end - at);
+      const auto advance = metrics.horizontalAdvance(piece);
+      const auto cell = isDigit ? std::max(advance, widestDigit) : advance;
+      pieces_.push_back({.offset = width_ + (cell - advance) / 2, .text = piece});
+      width_ += cell;
+      at = end;
+    }
   }
-  return {width, metrics.height()};
-}
 
-double TabularText::digitHeight() const {
-  return -QFontMetricsF(font_).tightBoundingRect(QStringLiteral("0")).top();
-}
-
-void TabularText::draw(QPainter& painter, const QPointF& baselineStart, const QString& text) const {
-  const QFontMetricsF metrics(font_);
-  painter.setFont(font_);
-  auto pen = baselineStart;
-  for (qsizetype at = 0; at < text.size();) {
-    const auto piece = nextPiece(QStringView(text).mid(at));
-    const auto advance = metrics.horizontalAdvance(piece);
-    const auto cell = piece.front().isDigit() ? std::max(advance, digitWidth_) : advance;
-    painter.drawText(pen + QPointF((cell - advance) / 2, 0), piece);
-    pen.rx() += cell;
-    at += piece.size();
-  }
-}
-
-namespace {
+  QFont font_;
+  std::vector<Piece> pieces_;
+  double width_ = 0;
+};
 
 constexpr double symbolHeightPerPoint = 14.0 / 13.0;
 constexpr double gapBeforeText = 3;
@@ -174,39 +121,50 @@ int symbolHeightInSquare(int side) {
   return (side - height) % 2 == 0 ? height : height + 1;
 }
 
-/// The largest text that fits; a figure of five characters sets the least size.
-int figurePixelSize(const QString& figure, int side) {
-  const int largest = toPixels(side * 0.56);
-  for (int size = largest; size > 5; --size) {
-    if (TabularText(size).size(figure).width() <= side) { return size; }
+/// The largest that fits; a figure of five characters sets the least size.
+TabularText figureInSquare(const QString& figure, int side) {
+  constexpr int least = 5;
+  for (int size = toPixels(side * 0.56); size > least; --size) {
+    if (TabularText text(figure, size); text.width() <= side) { return text; }
   }
-  return 5;
+  return {figure, least};
 }
 
 }  // namespace
 
-PointSize symbolMeasure(const QString& name, double pointSize) {
+PanelShade shadeOfBackground(const QColor& background) {
+  return qGray(background.rgb()) < 128 ? PanelShade::dark : PanelShade::light;
+}
+
+StatusInk inkFor(const StatusImage& image, PanelShade shade) {
+  const auto& symbolShades = image.symbolColor ? shadesOf(*image.symbolColor) : templates;
+  return {.symbol = symbolShades.on(shade), .text = shadesOf(image.textColor).on(shade)};
+}
+
+PointSize symbolMeasure(const std::string& name, double pointSize) {
   const int height = toPixels(pointSize * symbolHeightPerPoint);
-  return {.width = std::round(height * symbolAspectRatio(name)),
+  return {.width = std::round(height * symbolAspectRatio(QString::fromStdString(name))),
           .height = static_cast<double>(height)};
+}
+
+PointSize textMeasure(const std::string& text, double pixelSize) {
+  const TabularText measured(QString::fromStdString(text), pixelSize);
+  return {.width = measured.width(), .height = measured.height()};
 }
 
 QImage drawWide(const StatusImage& image, int height, const StatusInk& ink) {
   if (image.text.empty() || image.size.height <= 0) { return drawSymbolSquare(image, height, ink); }
   const auto scale = height / image.size.height;
-  const auto text = QString::fromStdString(image.text);
   const auto drawnSymbol =
       symbol(image, toPixels(image.symbolPointSize * symbolHeightPerPoint * scale), ink);
-  const TabularText drawnText(image.textPointSize * scale);
+  const TabularText text(QString::fromStdString(image.text), image.textPointSize * scale);
   const int textStart = drawnSymbol.width() + toPixels(gapBeforeText * scale);
-  const int textWidth = static_cast<int>(std::ceil(drawnText.size(text).width()));
 
-  auto whole = blank(textStart + textWidth, height);
+  auto whole = blank(textStart + static_cast<int>(std::ceil(text.width())), height);
   QPainter painter(&whole);
   painter.drawPixmap(0, (height - drawnSymbol.height()) / 2, drawnSymbol);
   painter.setPen(ink.text);
-  const auto baseline = std::round((height + drawnText.digitHeight()) / 2);
-  drawnText.draw(painter, QPointF(textStart, baseline), text);
+  text.draw(painter, QPointF(textStart, std::round((height + text.digitHeight()) / 2)));
   return whole;
 }
 
@@ -220,17 +178,15 @@ QImage drawSymbolSquare(const StatusImage& image, int side, const StatusInk& ink
 
 QImage drawFigureSquare(const StatusImage& image, int side, const StatusInk& ink) {
   if (image.text.empty()) { return drawSymbolSquare(image, side, ink); }
-  const auto figure = shortFigure(QString::fromStdString(image.text));
-  const TabularText text(figurePixelSize(figure, side));
-  const int figureHeight = toPixels(text.digitHeight());
+  const auto text = figureInSquare(shortFigure(QString::fromStdString(image.text)), side);
   const int gap = std::max(1, side / 22);
-  const auto drawn = symbol(image, side - figureHeight - gap, ink);
+  const auto drawn = symbol(image, side - toPixels(text.digitHeight()) - gap, ink);
 
   auto whole = blank(side, side);
   QPainter painter(&whole);
   painter.drawPixmap((side - drawn.width()) / 2, 0, drawn);
   painter.setPen(ink.text);
-  text.draw(painter, QPointF((side - text.size(figure).width()) / 2, side), figure);
+  text.draw(painter, QPointF((side - text.width()) / 2, side));
   return whole;
 }
 

@@ -1,49 +1,41 @@
 #pragma once
 
-#include <QFont>
+#include <QColor>
 #include <QImage>
-#include <QPainter>
-#include <QPointF>
-#include <QSizeF>
-#include <QString>
+#include <string>
 
-#include "platform/tray/drawing/status_colors.h"
 #include "platform/tray/status_item.h"
 
 namespace orvane {
 
-/// The first figure of a status text in at most five characters, cut off rather than rounded up:
-/// "12,345 sats" is "12k", "0.00012345 | 1.00000000 BTC" is "123µ". A text of another kind gives
-/// its first word.
-[[nodiscard]] QString shortFigure(const QString& text);
+/// How bright the panel is that the status item stands in, as far as that can be known.
+enum class PanelShade { light, dark, unknown };
 
-/// Text in the semibold interface font in which every digit takes the width of the widest one, so
-/// that figures do not jump when they change. Qt 6.4 cannot ask a font for its tabular digits.
-class TabularText {
- public:
-  /// `pixelSize` is the height of the font.
-  explicit TabularText(double pixelSize);
+/// The shade that a panel of this background colour counts as.
+[[nodiscard]] PanelShade shadeOfBackground(const QColor& background);
 
-  [[nodiscard]] QSizeF size(const QString& text) const;
-  /// The height of a digit above the baseline.
-  [[nodiscard]] double digitHeight() const;
-  void draw(QPainter& painter, const QPointF& baselineStart, const QString& text) const;
-
- private:
-  QFont font_;
-  double digitWidth_;
+/// The colours to draw a status image with.
+struct StatusInk {
+  QColor symbol;
+  QColor text;
+  bool operator==(const StatusInk&) const = default;
 };
 
+/// Colours that stand out from the panel; on an unknown panel ones that are readable on light and
+/// dark ones alike. A symbol without a colour takes the panel's own foreground, as far as it is
+/// known.
+[[nodiscard]] StatusInk inkFor(const StatusImage& image, PanelShade shade);
+
 /// The size of a symbol at a point size, in pixels.
-[[nodiscard]] PointSize symbolMeasure(const QString& name, double pointSize);
+[[nodiscard]] PointSize symbolMeasure(const std::string& name, double pointSize);
+/// The size of a text in the semibold interface font of that height, with digits of equal width.
+[[nodiscard]] PointSize textMeasure(const std::string& text, double pixelSize);
 
 /// Symbol and text side by side in an image `height` pixels high and as wide as both need, drawn
 /// for that height. Without a text it is square.
 [[nodiscard]] QImage drawWide(const StatusImage& image, int height, const StatusInk& ink);
-
 /// The symbol in a square of `side` pixels.
 [[nodiscard]] QImage drawSymbolSquare(const StatusImage& image, int side, const StatusInk& ink);
-
 /// The same with a short form of the text beneath the symbol, as large as it goes. Without a text
 /// the symbol has the square for itself.
 [[nodiscard]] QImage drawFigureSquare(const StatusImage& image, int side, const StatusInk& ink);

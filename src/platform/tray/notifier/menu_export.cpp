@@ -1,16 +1,33 @@
 #include "platform/tray/notifier/menu_export.h"
 
+#include <QDBusArgument>
 #include <QDBusMetaType>
+#include <QDBusVariant>
 #include <QGuiApplication>
-#include <QStringList>
-#include <QVariantMap>
 #include <algorithm>
 #include <utility>
 
 namespace orvane {
 
-/// What the exported menu says about itself to those who introspect it.
-inline constexpr const char* menuIntrospection = R"xml(
+// How the exported menu works. A host keeps a copy of the menu and knows its rows by number. The
+// menu has one level: number 0 is the menu as a whole, its rows count from 1.
+//
+// - The copy is kept fresh in two ways. Hosts announce that they are about to show the menu:
+//   LXQt and Plasma call AboutToShow and then send the event "opened", MATE's notification area
+//   sends them the other way round, Xfce calls AboutToShowGroup. Each of them makes us build the
+//   menu again, and the reply says whether the host has to read it anew. Hosts that announce
+//   nothing are told by the signal LayoutUpdated whenever what the status item shows has changed.
+// - Reading (GetLayout) builds the menu as well, so that nobody ever reads an old one.
+// - The revision grows with each difference that a host can see; actions alone are none.
+// - A row that is still there in the next menu keeps its number, and a number is never given out
+//   twice, so that a click into a menu that is open meanwhile means the row that the user saw.
+// - A chosen row arrives as the event "clicked": by EventGroup from Xfce, by Event from the others.
+//   Its action runs after the host has its reply, for it may take the menu off the bus.
+
+namespace {
+
+/// What the menu says about itself to those who introspect it.
+constexpr auto introspection = R"xml(
   <property name="Version" type="u" access="read"/>
   <property name="Status" type="s" access="read"/>
   <property name="TextDirection" type="s" access="read"/>
@@ -62,90 +79,84 @@ inline constexpr const char* menuIntrospection = R"xml(
   </signal>
 )xml";
 
-/// How the menu's rows look on the bus. A list of property names limits what is given; an empty
-/// one asks for all.
+/// (ia{sv})
+struct RowProperties {
+  int id = 0;
+  QVariantMap properties;
+};
 
-/// One row: its label and shortcut, or that it is a separator, and whether it can be chosen.
-[[nodiscard]] QVariantMap rowProperties(const MenuItem& item, const QStringList& names);
-/// The same for the menu as a whole.
-[[nodiscard]] QVariantMap menuProperties(const QStringList& names);
-/// What a property counts as where it is not given.
-[[nodiscard]] QVariant defaultProperty(const QString& name);
-
-/// The part of the layout from `parent` (zero: the whole menu) downwards; `depth` zero leaves the
-/// children out, any other depth takes all of them, for there is one level only. An unknown parent
-/// gives a node without anything.
-[[nodiscard]] MenuLayoutNode menuLayout(const MenuModel& model, int parent, int depth,
-                                        const QStringList& names);
-
-/// The properties of the rows with these numbers, of all rows when there are none. Unknown numbers
-/// are left out.
-[[nodiscard]] MenuRowPropertiesList groupProperties(const MenuModel& model, const QList<int>& ids,
-                                                    const QStringList& names);
-
-QDBusArgument& operator<<(QDBusArgument& argument, const MenuLayoutNode& node) {
-  argument.beginStructure();
-  argument << node.id << node.properties << node.children;
-  argument.endStructure();
-  return argument;
-}
-
-const QDBusArgument& operator>>(const QDBusArgument& argument, MenuLayoutNode& node) {
-  argument.beginStructure();
-  argument >> node.id >> node.properties >> node.children;
-  argument.endStructure();
-  return argument;  // NOLINT(bugprone-return-const-ref-from-parameter): as Qt asks for it
-}
-
-QDBusArgument& operator<<(QDBusArgument& argument, const MenuRowProperties& row) {
+QDBusArgument& operator<<(QDBusArgument& argument, const RowProperties& row) {
   argument.beginStructure();
   argument << row.id << row.properties;
   argument.endStructure();
   return argument;
 }
 
-const QDBusArgument& operator>>(const QDBusArgument& argument, MenuRowProperties& row) {
-  argument.beginStructure();
-  argument >> row.id >> row.properties;
-  argument.endStructure();
+/// Asked for by Qt; these rows are only sent.
+const QDBusArgument& operator>>(const QDBusArgument& argument, RowProperties& /*row*/) {
   return argument;  // NOLINT(bugprone-return-const-ref-from-parameter): as Qt asks for it
 }
 
-QDBusArgument& operator<<(QDBusArgument& argument, const MenuEvent& event) {
-  argument.beginStructure();
-  argument << event.id << event.name << event.data << event.timestamp;
-  argument.endStructure();
-  return argument;
-}
-
-const QDBusArgument& operator>>(const QDBusArgument& argument, MenuEvent& event) {
-  argument.beginStructure();
-  argument >> event.id >> event.name >> event.data >> event.timestamp;
-  argument.endStructure();
-  return argument;  // NOLINT(bugprone-return-const-ref-from-parameter): as Qt asks for it
-}
-
-void registerMenuTypes() {
-  qDBusRegisterMetaType<MenuLayoutNode>();
-  qDBusRegisterMetaType<MenuRowProperties>();
-  qDBusRegisterMetaType<MenuRowPropertiesList>();
-  qDBusRegisterMetaType<MenuEvent>();
-  qDBusRegisterMetaType<MenuEvents>();
-  qDBusRegisterMetaType<MenuShortcut>();
-  qDBusRegisterMetaType<QList<QDBusVariant>>();
-  qDBusRegisterMetaType<QList<int>>();
-}
-
-namespace {
+/// The keys of a shortcut, one list a chord: aas.
+using Shortcut = QList<QStringList>;
 
 bool looksLike(const MenuItem& a, const MenuItem& b) {
   return a.title == b.title && a.enabled == b.enabled && a.keyEquivalent == b.keyEquivalent;
 }
 
+QVariantMap rowProperties(const MenuItem& item) {
+  if (item.isSeparator()) { return {{QStringLiteral("type"), QStringLiteral("separator")}}; }
+  // An underscore would otherwise underline the letter after it.
+  const auto label = QString::fromStdString(item.title).replace(u'_', QStringLiteral("__"));
+  QVariantMap properties{{QStringLiteral("label"), label}};
+  if (!item.enabled) { properties.insert(QStringLiteral("enabled"), false); }
+  if (!item.keyEquivalent.empty()) {
+    const auto key = QString::fromStdString(item.keyEquivalent).toUpper();
+    properties.insert(QStringLiteral("shortcut"),
+                      QVariant::fromValue(Shortcut{{QStringLiteral("Control"), key}}));
+  }
+  return properties;
+}
+
+/// What a property counts as where it is not given.
+QVariant defaultProperty(const QString& name) {
+  if (name == QStringLiteral("enabled") || name == QStringLiteral("visible")) { return true; }
+  if (name == QStringLiteral("type")) { return QStringLiteral("standard"); }
+  return QString();
+}
+
+QVariantMap surfaceProperties() {
+  const bool isRightToLeft = QGuiApplication::layoutDirection() == Qt::RightToLeft;
+  return {{QStringLiteral("Version"), 3U},
+          {QStringLiteral("Status"), QStringLiteral("normal")},
+          {QStringLiteral("TextDirection"),
+           isRightToLeft ? QStringLiteral("rtl") : QStringLiteral("ltr")},
+          {QStringLiteral("IconThemePath"), QStringList()}};
+}
+
 }  // namespace
 
-bool MenuModel::replace(Menu menu) {
-  auto old = std::exchange(rows_, {});
+MenuExport::MenuExport(const QDBusConnection& connection, const QString& path, Executor& executor,
+                       Source source)
+    : executor_(executor), source_(std::move(source)), object_(connection, path, surface()) {
+  qDBusRegisterMetaType<RowProperties>();
+  qDBusRegisterMetaType<QList<RowProperties>>();
+  qDBusRegisterMetaType<Shortcut>();
+}
+
+void MenuExport::contentMayHaveChanged() {
+  if (wasRead_) { rebuild(); }
+}
+
+bool MenuExport::rebuild() {
+  const bool differs = takeRows(source_().value_or(Menu{}));
+  if (differs) { ++revision_; }
+  if (differs && wasRead_) { object_.sendSignal(QStringLiteral("LayoutUpdated"), {revision_, 0}); }
+  return differs;
+}
+
+bool MenuExport::takeRows(Menu menu) {
+  const auto old = std::exchange(rows_, {});
   bool differs = old.size() != menu.items.size();
   auto candidates = old;
   for (auto& item : menu.items) {
@@ -163,127 +174,109 @@ bool MenuModel::replace(Menu menu) {
     differs = differs || old[at].id != id || !looksLike(old[at].item, item);
     rows_.push_back({.id = id, .item = std::move(item)});
   }
-  if (differs) { ++revision_; }
   return differs;
 }
 
-const MenuItem* MenuModel::find(int id) const {
+const MenuItem* MenuExport::find(int id) const {
   const auto found = std::ranges::find(rows_, id, &Row::id);
   return found == rows_.end() ? nullptr : &found->item;
 }
 
-namespace {
-
-/// An underscore would otherwise underline the letter after it.
-QString label(const std::string& title) {
-  return QString::fromStdString(title).replace(u'_', QStringLiteral("__"));
-}
-
-QVariant shortcut(const std::string& keyEquivalent) {
-  const auto key = QString::fromStdString(keyEquivalent).toUpper();
-  return QVariant::fromValue(MenuShortcut{{QStringLiteral("Control"), key}});
-}
-
-QVariantMap limited(QVariantMap properties, const QStringList& names) {
-  if (names.isEmpty()) { return properties; }
-  properties.removeIf([&](const auto& property) { return !names.contains(property.key()); });
+/// Those of them that are named; no names ask for all.
+QVariantMap MenuExport::propertiesOf(int id, const QStringList& names) const {
+  QVariantMap properties;
+  if (const auto* const item = find(id)) {
+    properties = rowProperties(*item);
+  } else if (id == 0) {
+    properties.insert(QStringLiteral("children-display"), QStringLiteral("submenu"));
+  }
+  properties.removeIf(
+      [&](const auto& property) { return !names.isEmpty() && !names.contains(property.key()); });
   return properties;
 }
 
-QVariantMap allRowProperties(const MenuItem& item) {
-  if (item.isSeparator()) { return {{QStringLiteral("type"), QStringLiteral("separator")}}; }
-  QVariantMap properties{{QStringLiteral("label"), label(item.title)}};
-  if (!item.enabled) { properties.insert(QStringLiteral("enabled"), false); }
-  if (!item.keyEquivalent.empty()) {
-    properties.insert(QStringLiteral("shortcut"), shortcut(item.keyEquivalent));
+/// (ia{sv}av): a row, or the menu as a whole with its rows as children.
+QVariant MenuExport::layoutNode(int id, bool withChildren, const QStringList& names) const {
+  QDBusArgument node;
+  node.beginStructure();
+  node << id << propertiesOf(id, names);
+  node.beginArray(QMetaType::fromType<QDBusVariant>());
+  for (const auto& row : rows_) {
+    if (withChildren) { node << QDBusVariant(layoutNode(row.id, false, names)); }
   }
-  return properties;
+  node.endArray();
+  node.endStructure();
+  return QVariant::fromValue(node);
 }
 
-MenuLayoutNode rowNode(const MenuModel::Row& row, const QStringList& names) {
-  return {.id = row.id, .properties = rowProperties(row.item, names), .children = {}};
-}
-
-}  // namespace
-
-QVariantMap rowProperties(const MenuItem& item, const QStringList& names) {
-  return limited(allRowProperties(item), names);
-}
-
-QVariantMap menuProperties(const QStringList& names) {
-  return limited({{QStringLiteral("children-display"), QStringLiteral("submenu")}}, names);
-}
-
-QVariant defaultProperty(const QString& name) {
-  if (name == QStringLiteral("enabled") || name == QStringLiteral("visible")) { return true; }
-  if (name == QStringLiteral("type")) { return QStringLiteral("standard"); }
-  return QString();
-}
-
-MenuLayoutNode menuLayout(const MenuModel& model, int parent, int depth, const QStringList& names) {
-  if (const auto* item = model.find(parent)) {
-    return {.id = parent, .properties = rowProperties(*item, names), .children = {}};
+bool MenuExport::handleEvent(int id, const QString& name) {
+  if (id == 0) {
+    if (name == QStringLiteral("opened")) { rebuild(); }
+    return true;
   }
-  MenuLayoutNode node{.id = parent, .properties = {}, .children = {}};
-  if (parent != 0) { return node; }
-  node.properties = menuProperties(names);
-  if (depth == 0) { return node; }
-  for (const auto& row : model.rows()) {
-    node.children.append(QDBusVariant(QVariant::fromValue(rowNode(row, names))));
+  const auto* const item = find(id);
+  if (!item) { return false; }
+  if (name == QStringLiteral("clicked") && item->enabled && item->action) {
+    executor_.post(item->action);
   }
-  return node;
+  return true;
 }
 
-MenuRowPropertiesList groupProperties(const MenuModel& model, const QList<int>& ids,
-                                      const QStringList& names) {
-  MenuRowPropertiesList list;
-  if (ids.isEmpty() || ids.contains(0)) {
-    list.append({.id = 0, .properties = menuProperties(names)});
-  }
-  for (const auto& row : model.rows()) {
-    if (!ids.isEmpty() && !ids.contains(row.id)) { continue; }
-    list.append({.id = row.id, .properties = rowProperties(row.item, names)});
-  }
-  return list;
+ObjectSurface MenuExport::surface() {
+  const auto call = [this](QVariantList (MenuExport::*member)(const QVariantList&)) {
+    return std::bind_front(member, this);
+  };
+  return {
+      .interface = QStringLiteral("com.canonical.dbusmenu"),
+      .introspection = QLatin1String(introspection),
+      .methods =
+          {{QStringLiteral("GetLayout"), {QStringLiteral("iias"), call(&MenuExport::getLayout)}},
+           {QStringLiteral("GetGroupProperties"),
+            {QStringLiteral("aias"), call(&MenuExport::getGroupProperties)}},
+           {QStringLiteral("GetProperty"), {QStringLiteral("is"), call(&MenuExport::getProperty)}},
+           {QStringLiteral("AboutToShow"), {QStringLiteral("i"), call(&MenuExport::aboutToShow)}},
+           {QStringLiteral("AboutToShowGroup"),
+            {QStringLiteral("ai"), call(&MenuExport::aboutToShowGroup)}},
+           {QStringLiteral("Event"), {QStringLiteral("isvu"), call(&MenuExport::event)}},
+           {QStringLiteral("EventGroup"),
+            {QStringLiteral("a(isvu)"), call(&MenuExport::eventGroup)}}},
+      .properties = surfaceProperties};
 }
 
-namespace {
-
-QVariantMap surfaceProperties() {
-  return {{QStringLiteral("Version"), 3U},
-          {QStringLiteral("Status"), QStringLiteral("normal")},
-          {QStringLiteral("TextDirection"), QGuiApplication::layoutDirection() == Qt::RightToLeft
-                                                ? QStringLiteral("rtl")
-                                                : QStringLiteral("ltr")},
-          {QStringLiteral("IconThemePath"), QStringList()}};
-}
-
-}  // namespace
-
-MenuExport::MenuExport(const QDBusConnection& connection, const QString& path, Executor& executor,
-                       Source source)
-    : executor_(executor), source_(std::move(source)), object_(connection, path, surface()) {}
-
-void MenuExport::contentMayHaveChanged() {
-  if (wasRead_) { rebuild(); }
-}
-
-bool MenuExport::rebuild() {
-  const bool changed = model_.replace(source_().value_or(Menu{}));
-  if (changed && wasRead_) {
-    object_.sendSignal(QStringLiteral("LayoutUpdated"), {model_.revision(), 0});
-  }
-  return changed;
-}
-
-QVariantList MenuExport::layout(const QVariantList& arguments) {
+/// The parent, the depth, names of properties. A depth of zero leaves the children out; any other
+/// takes them all, for there is one level only.
+QVariantList MenuExport::getLayout(const QVariantList& arguments) {
   // A host that reads without announcing the menu first gets today's menu all the same. It may read
   // again for the signal of this change, and finds nothing new then.
   rebuild();
   wasRead_ = true;
-  const auto node = menuLayout(model_, arguments.at(0).toInt(), arguments.at(1).toInt(),
-                               arguments.at(2).toStringList());
-  return {model_.revision(), QVariant::fromValue(node)};
+  const auto parent = arguments.at(0).toInt();
+  const bool withChildren = parent == 0 && arguments.at(1).toInt() != 0;
+  return {revision_, layoutNode(parent, withChildren, arguments.at(2).toStringList())};
+}
+
+/// The rows' numbers, all rows when there are none; names of properties.
+QVariantList MenuExport::getGroupProperties(const QVariantList& arguments) {
+  const auto ids = qdbus_cast<QList<int>>(arguments.at(0));
+  const auto names = arguments.at(1).toStringList();
+  QList<RowProperties> list;
+  const auto add = [&](int id) {
+    if (ids.isEmpty() || ids.contains(id)) {
+      list.append({.id = id, .properties = propertiesOf(id, names)});
+    }
+  };
+  add(0);
+  for (const auto& row : rows_) {
+    add(row.id);
+  }
+  return {QVariant::fromValue(list)};
+}
+
+QVariantList MenuExport::getProperty(const QVariantList& arguments) {
+  const auto name = arguments.at(1).toString();
+  const auto properties = propertiesOf(arguments.at(0).toInt(), {name});
+  const auto value = properties.value(name, defaultProperty(name));
+  return {QVariant::fromValue(QDBusVariant(value))};
 }
 
 QVariantList MenuExport::aboutToShow(const QVariantList& arguments) {
@@ -295,71 +288,32 @@ QVariantList MenuExport::aboutToShowGroup(const QVariantList& arguments) {
   QList<int> missing;
   for (const int id : qdbus_cast<QList<int>>(arguments.at(0))) {
     if (id == 0 && rebuild()) { changed.append(id); }
-    if (id != 0 && !model_.find(id)) { missing.append(id); }
+    if (id != 0 && !find(id)) { missing.append(id); }
   }
   return {QVariant::fromValue(changed), QVariant::fromValue(missing)};
 }
 
+QVariantList MenuExport::event(const QVariantList& arguments) {
+  handleEvent(arguments.at(0).toInt(), arguments.at(1).toString());
+  return {};
+}
+
 QVariantList MenuExport::eventGroup(const QVariantList& arguments) {
   QList<int> missing;
-  for (const auto& event : qdbus_cast<MenuEvents>(arguments.at(0))) {
-    if (!handleEvent(event.id, event.name)) { missing.append(event.id); }
+  const auto events = arguments.at(0).value<QDBusArgument>();
+  events.beginArray();
+  while (!events.atEnd()) {
+    int id = 0;
+    QString name;
+    QDBusVariant data;
+    uint timestamp = 0;
+    events.beginStructure();
+    events >> id >> name >> data >> timestamp;
+    events.endStructure();
+    if (!handleEvent(id, name)) { missing.append(id); }
   }
+  events.endArray();
   return {QVariant::fromValue(missing)};
-}
-
-bool MenuExport::handleEvent(int id, const QString& name) {
-  if (id == 0) {
-    if (name == QStringLiteral("opened")) { rebuild(); }
-    return true;
-  }
-  const auto* const item = model_.find(id);
-  if (!item) { return false; }
-  if (name == QStringLiteral("clicked") && item->enabled && item->action) {
-    executor_.post(item->action);
-  }
-  return true;
-}
-
-QVariantList MenuExport::property(const QVariantList& arguments) const {
-  const auto name = arguments.at(1).toString();
-  const auto node = menuLayout(model_, arguments.at(0).toInt(), 0, {name});
-  const auto value = node.properties.value(name, defaultProperty(name));
-  return {QVariant::fromValue(QDBusVariant(value))};
-}
-
-ObjectSurface MenuExport::surface() {
-  const auto call = [this](QVariantList (MenuExport::*member)(const QVariantList&)) {
-    return [this, member](const QVariantList& arguments) { return (this->*member)(arguments); };
-  };
-  return {.interface = QStringLiteral("com.canonical.dbusmenu"),
-          .introspection = QLatin1String(menuIntrospection),
-          .methods = {{QStringLiteral("GetLayout"),
-                       {QStringLiteral("iias"), call(&MenuExport::layout)}},
-                      {QStringLiteral("AboutToShow"),
-                       {QStringLiteral("i"), call(&MenuExport::aboutToShow)}},
-                      {QStringLiteral("AboutToShowGroup"),
-                       {QStringLiteral("ai"), call(&MenuExport::aboutToShowGroup)}},
-                      {QStringLiteral("EventGroup"),
-                       {QStringLiteral("a(isvu)"), call(&MenuExport::eventGroup)}},
-                      {QStringLiteral("Event"),
-                       {QStringLiteral("isvu"),
-                        [this](const QVariantList& arguments) {
-                          handleEvent(arguments.at(0).toInt(), arguments.at(1).toString());
-                          return QVariantList();
-                        }}},
-                      {QStringLiteral("GetProperty"),
-                       {QStringLiteral("is"),
-                        [this](const QVariantList& arguments) { return property(arguments); }}},
-                      {QStringLiteral("GetGroupProperties"),
-                       {QStringLiteral("aias"),
-                        [this](const QVariantList& arguments) {
-                          const auto list =
-                              groupProperties(model_, qdbus_cast<QList<int>>(arguments.at(0)),
-                                              arguments.at(1).toStringList());
-                          return QVariantList{QVariant::fromValue(list)};
-                        }}}},
-          .properties = surfaceProperties};
 }
 
 }  // namespace orvane

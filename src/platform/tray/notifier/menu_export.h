@@ -1,12 +1,9 @@
 #pragma once
 
-#include <QDBusArgument>
 #include <QDBusConnection>
-#include <QDBusVariant>
-#include <QList>
-#include <QMetaType>
+#include <QString>
 #include <QStringList>
-#include <QVariantMap>
+#include <QVariant>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -17,65 +14,6 @@
 #include "platform/desktop/menu.h"
 
 namespace orvane {
-
-/// (ia{sv}av): a row, or the menu as a whole with its rows as children.
-struct MenuLayoutNode {
-  int id = 0;
-  QVariantMap properties;
-  QList<QDBusVariant> children;
-};
-
-/// (ia{sv})
-struct MenuRowProperties {
-  int id = 0;
-  QVariantMap properties;
-};
-using MenuRowPropertiesList = QList<MenuRowProperties>;
-
-/// (isvu)
-struct MenuEvent {
-  int id = 0;
-  QString name;
-  QDBusVariant data;
-  uint timestamp = 0;
-};
-using MenuEvents = QList<MenuEvent>;
-
-/// The keys of a shortcut, one list a chord: aas.
-using MenuShortcut = QList<QStringList>;
-
-QDBusArgument& operator<<(QDBusArgument& argument, const MenuLayoutNode& node);
-const QDBusArgument& operator>>(const QDBusArgument& argument, MenuLayoutNode& node);
-QDBusArgument& operator<<(QDBusArgument& argument, const MenuRowProperties& row);
-const QDBusArgument& operator>>(const QDBusArgument& argument, MenuRowProperties& row);
-QDBusArgument& operator<<(QDBusArgument& argument, const MenuEvent& event);
-const QDBusArgument& operator>>(const QDBusArgument& argument, MenuEvent& event);
-
-/// Must have run before one of these travels over the bus; repeating it is harmless.
-void registerMenuTypes();
-
-/// The menu as hosts last saw it. A row that is still there in the next menu keeps its number, so
-/// that a click into a menu that is open meanwhile means the row that the user saw.
-class MenuModel {
- public:
-  struct Row {
-    int id;  ///< above zero, which stands for the menu as a whole
-    MenuItem item;
-  };
-
-  /// Takes the rows of `menu`; true when a host would see a difference.
-  bool replace(Menu menu);
-
-  /// Grows with every difference.
-  [[nodiscard]] std::uint32_t revision() const { return revision_; }
-  [[nodiscard]] const std::vector<Row>& rows() const { return rows_; }
-  [[nodiscard]] const MenuItem* find(int id) const;
-
- private:
-  std::uint32_t revision_ = 1;
-  int lastId_ = 0;
-  std::vector<Row> rows_;
-};
 
 /// The item's menu on the session bus (com.canonical.dbusmenu). It is built afresh whenever a host
 /// is about to show it. Actions run after the host has its reply.
@@ -94,27 +32,37 @@ class MenuExport final {
   void contentMayHaveChanged();
 
  private:
-  [[nodiscard]] ObjectSurface surface();
+  struct Row {
+    int id;  ///< above zero, which stands for the menu as a whole
+    MenuItem item;
+  };
+
+  /// Both give true when a host sees a difference.
   bool rebuild();
-  QVariantList layout(const QVariantList& arguments);
+  bool takeRows(Menu menu);
+  [[nodiscard]] const MenuItem* find(int id) const;
+  [[nodiscard]] QVariantMap propertiesOf(int id, const QStringList& names) const;
+  [[nodiscard]] QVariant layoutNode(int id, bool withChildren, const QStringList& names) const;
+  /// False when there is no such row.
+  bool handleEvent(int id, const QString& name);
+
+  // What hosts call: the arguments of the call, and the values of its reply.
+  [[nodiscard]] ObjectSurface surface();
+  QVariantList getLayout(const QVariantList& arguments);
+  QVariantList getGroupProperties(const QVariantList& arguments);
+  QVariantList getProperty(const QVariantList& arguments);
   QVariantList aboutToShow(const QVariantList& arguments);
   QVariantList aboutToShowGroup(const QVariantList& arguments);
+  QVariantList event(const QVariantList& arguments);
   QVariantList eventGroup(const QVariantList& arguments);
-  [[nodiscard]] QVariantList property(const QVariantList& arguments) const;
-  bool handleEvent(int id, const QString& name);
 
   Executor& executor_;
   Source source_;
-  MenuModel model_;
+  std::vector<Row> rows_;
+  int lastId_ = 0;
+  std::uint32_t revision_ = 1;
   bool wasRead_ = false;
   ExportedObject object_;
 };
 
 }  // namespace orvane
-
-Q_DECLARE_METATYPE(orvane::MenuLayoutNode)
-Q_DECLARE_METATYPE(orvane::MenuRowProperties)
-Q_DECLARE_METATYPE(orvane::MenuRowPropertiesList)
-Q_DECLARE_METATYPE(orvane::MenuEvent)
-Q_DECLARE_METATYPE(orvane::MenuEvents)
-Q_DECLARE_METATYPE(orvane::MenuShortcut)

@@ -1,6 +1,8 @@
 #include "platform/tray/notifier/notifier_item.h"
 
+#include <QByteArray>
 #include <QCoreApplication>
+#include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
@@ -9,8 +11,10 @@
 
 namespace orvane {
 
-/// What the StatusNotifierItem says about itself to those who introspect it.
-inline constexpr const char* notifierIntrospection = R"xml(
+namespace {
+
+/// What the item says about itself to those who introspect it.
+constexpr auto introspection = R"xml(
   <property name="Category" type="s" access="read"/>
   <property name="Id" type="s" access="read"/>
   <property name="Title" type="s" access="read"/>
@@ -56,109 +60,97 @@ inline constexpr const char* notifierIntrospection = R"xml(
   </signal>
 )xml";
 
-NotifierPixmap notifierPixmap(const QImage& image) {
-  const auto pixels = image.convertToFormat(QImage::Format_ARGB32);
-  NotifierPixmap pixmap{.width = pixels.width(), .height = pixels.height(), .bytes = {}};
-  const auto lineSize = static_cast<qsizetype>(pixels.width()) * 4;
-  pixmap.bytes.resize(lineSize * pixels.height());
-  for (int line = 0; line < pixels.height(); ++line) {
-    qToBigEndian<quint32>(pixels.constScanLine(line), pixels.width(),
-                          pixmap.bytes.data() + line * lineSize);
-  }
-  return pixmap;
-}
+/// One size of an icon, (iiay): ARGB32 in network byte order, not premultiplied.
+struct Pixmap {
+  int width = 0;
+  int height = 0;
+  QByteArray bytes;
+};
+using Pixmaps = QList<Pixmap>;
 
-QDBusArgument& operator<<(QDBusArgument& argument, const NotifierPixmap& pixmap) {
+QDBusArgument& operator<<(QDBusArgument& argument, const Pixmap& pixmap) {
   argument.beginStructure();
   argument << pixmap.width << pixmap.height << pixmap.bytes;
   argument.endStructure();
   return argument;
 }
 
-const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierPixmap& pixmap) {
-  argument.beginStructure();
-  argument >> pixmap.width >> pixmap.height >> pixmap.bytes;
-  argument.endStructure();
+/// Asked for by Qt; pixmaps are only sent.
+const QDBusArgument& operator>>(const QDBusArgument& argument, Pixmap& /*pixmap*/) {
   return argument;  // NOLINT(bugprone-return-const-ref-from-parameter): as Qt asks for it
 }
 
-QDBusArgument& operator<<(QDBusArgument& argument, const NotifierToolTip& toolTip) {
-  argument.beginStructure();
-  argument << toolTip.iconName << toolTip.icon << toolTip.title << toolTip.description;
-  argument.endStructure();
-  return argument;
+Pixmap pixmapOf(const QImage& image) {
+  const auto pixels = image.convertToFormat(QImage::Format_ARGB32);
+  const auto lineSize = static_cast<qsizetype>(pixels.width()) * 4;
+  QByteArray bytes(lineSize * pixels.height(), Qt::Uninitialized);
+  for (int line = 0; line < pixels.height(); ++line) {
+    qToBigEndian<quint32>(pixels.constScanLine(line), pixels.width(),
+                          bytes.data() + line * lineSize);
+  }
+  return {.width = pixels.width(), .height = pixels.height(), .bytes = bytes};
 }
 
-const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierToolTip& toolTip) {
-  argument.beginStructure();
-  argument >> toolTip.iconName >> toolTip.icon >> toolTip.title >> toolTip.description;
-  argument.endStructure();
-  return argument;  // NOLINT(bugprone-return-const-ref-from-parameter): as Qt asks for it
+QVariant iconValue(const QList<QImage>& images) {
+  Pixmaps pixmaps;
+  for (const auto& image : images) {
+    pixmaps.append(pixmapOf(image));
+  }
+  return QVariant::fromValue(pixmaps);
 }
 
-void registerNotifierTypes() {
-  qDBusRegisterMetaType<NotifierPixmap>();
-  qDBusRegisterMetaType<NotifierPixmaps>();
-  qDBusRegisterMetaType<NotifierToolTip>();
+/// (sa(iiay)ss): icon name, icon, title, description.
+QVariant toolTipValue(const QString& title) {
+  QDBusArgument toolTip;
+  toolTip.beginStructure();
+  toolTip << QString() << Pixmaps() << title << QString();
+  toolTip.endStructure();
+  return QVariant::fromValue(toolTip);
 }
-
-namespace {
-
-QString watcher() { return QLatin1String(WatcherRegistration::watcherName); }
-
-}  // namespace
-
-WatcherRegistration::WatcherRegistration(const QDBusConnection& connection, QString itemName)
-    : connection_(connection),
-      itemName_(std::move(itemName)),
-      owners_(watcher(), connection, QDBusServiceWatcher::WatchForRegistration) {
-  connect(&owners_, &QDBusServiceWatcher::serviceRegistered, this,
-          &WatcherRegistration::registerItem);
-  // After the subscription: a watcher that comes now is told twice rather than never. A call
-  // without a watcher fails and changes nothing.
-  registerItem();
-}
-
-void WatcherRegistration::registerItem() {
-  auto call =
-      QDBusMessage::createMethodCall(watcher(), QStringLiteral("/StatusNotifierWatcher"), watcher(),
-                                     QStringLiteral("RegisterStatusNotifierItem"));
-  call << itemName_;
-  call.setAutoStartService(false);
-  connection_.call(call, QDBus::NoBlock);
-}
-
-namespace {
 
 QString ownBusName() {
   return QStringLiteral("org.kde.StatusNotifierItem-%1-1").arg(QCoreApplication::applicationPid());
 }
 
-bool sameIcon(const NotifierState& a, const NotifierState& b) {
-  return a.iconName == b.iconName && a.iconPixmaps == b.iconPixmaps;
-}
-
 }  // namespace
 
-NotifierItem::NotifierItem(const QDBusConnection& connection, NotifierRequests requests,
+NotifierItem::NotifierItem(const QDBusConnection& connection, StatusRequests requests,
                            NotifierState state)
     : connection_(connection),
       busName_(ownBusName()),
       requests_(std::move(requests)),
       state_(std::move(state)),
-      object_(connection, QLatin1String(itemPath), surface()) {
+      object_(connection, QLatin1String(itemPath), surface()),
+      watchers_(QLatin1String(watcherName), connection, QDBusServiceWatcher::WatchForRegistration) {
+  qDBusRegisterMetaType<Pixmap>();
+  qDBusRegisterMetaType<Pixmaps>();
   connection_.registerService(busName_);
-  registration_.emplace(connection_, busName_);
+  QObject::connect(&watchers_, &QDBusServiceWatcher::serviceRegistered, &watchers_,
+                   [this] { registerItem(); });
+  // After the subscription: a watcher that comes now is told twice rather than never. A call
+  // without a watcher fails and changes nothing.
+  registerItem();
 }
 
 NotifierItem::~NotifierItem() { connection_.unregisterService(busName_); }
+
+void NotifierItem::registerItem() {
+  const auto watcher = QLatin1String(watcherName);
+  auto call = QDBusMessage::createMethodCall(watcher, QLatin1String(watcherPath), watcher,
+                                             QStringLiteral("RegisterStatusNotifierItem"));
+  call << busName_;
+  call.setAutoStartService(false);
+  connection_.call(call, QDBus::NoBlock);
+}
 
 void NotifierItem::setState(NotifierState state) {
   const auto old = std::exchange(state_, std::move(state));
   if (old.iconThemePath != state_.iconThemePath) {
     object_.sendSignal(QStringLiteral("NewIconThemePath"), {state_.iconThemePath});
   }
-  if (!sameIcon(old, state_)) { object_.sendSignal(QStringLiteral("NewIcon")); }
+  if (old.iconName != state_.iconName || old.icons != state_.icons) {
+    object_.sendSignal(QStringLiteral("NewIcon"));
+  }
   if (old.title != state_.title) { object_.sendSignal(QStringLiteral("NewTitle")); }
   if (old.toolTip != state_.toolTip) { object_.sendSignal(QStringLiteral("NewToolTip")); }
   if (old.label != state_.label) {
@@ -168,7 +160,6 @@ void NotifierItem::setState(NotifierState state) {
 }
 
 QVariantMap NotifierItem::properties() const {
-  const auto noPixmaps = QVariant::fromValue(NotifierPixmaps());
   QVariantMap values{
       {QStringLiteral("Category"), QStringLiteral("ApplicationStatus")},
       {QStringLiteral("Id"), QStringLiteral("orvane")},
@@ -176,13 +167,13 @@ QVariantMap NotifierItem::properties() const {
       {QStringLiteral("Status"), QStringLiteral("Active")},
       {QStringLiteral("IconName"), state_.iconName},
       {QStringLiteral("IconThemePath"), state_.iconThemePath},
-      {QStringLiteral("IconPixmap"), QVariant::fromValue(state_.iconPixmaps)},
+      {QStringLiteral("IconPixmap"), iconValue(state_.icons)},
       {QStringLiteral("OverlayIconName"), QString()},
-      {QStringLiteral("OverlayIconPixmap"), noPixmaps},
+      {QStringLiteral("OverlayIconPixmap"), iconValue({})},
       {QStringLiteral("AttentionIconName"), QString()},
-      {QStringLiteral("AttentionIconPixmap"), noPixmaps},
+      {QStringLiteral("AttentionIconPixmap"), iconValue({})},
       {QStringLiteral("AttentionMovieName"), QString()},
-      {QStringLiteral("ToolTip"), QVariant::fromValue(state_.toolTip)},
+      {QStringLiteral("ToolTip"), toolTipValue(state_.toolTip)},
       {QStringLiteral("WindowId"), 0},
       {QStringLiteral("ItemIsMenu"), false},
       {QStringLiteral("Menu"), QVariant::fromValue(QDBusObjectPath(QLatin1String(menuPath)))}};
@@ -198,17 +189,17 @@ ObjectSurface NotifierItem::surface() {
   // A middle click and the wheel have no meaning here; hosts that send them get their reply.
   const auto nothing = [](const QVariantList&) { return QVariantList(); };
   return {.interface = QStringLiteral("org.kde.StatusNotifierItem"),
-          .introspection = QLatin1String(notifierIntrospection),
+          .introspection = QLatin1String(introspection),
           .methods = {{QStringLiteral("Activate"),
                        {QStringLiteral("ii"),
                         [this](const QVariantList&) {
-                          requests_.activate();
+                          requests_.click();
                           return QVariantList();
                         }}},
                       {QStringLiteral("ContextMenu"),
                        {QStringLiteral("ii"),
                         [this](const QVariantList& arguments) {
-                          requests_.contextMenu(arguments.at(0).toInt(), arguments.at(1).toInt());
+                          requests_.popUpMenu({arguments.at(0).toInt(), arguments.at(1).toInt()});
                           return QVariantList();
                         }}},
                       {QStringLiteral("ProvideXdgActivationToken"),

@@ -13,15 +13,15 @@ constexpr auto dockingPatience = 3s;
 
 }  // namespace
 
-DockedPresenter::DockedPresenter(DockedWindow::Shape shape, TrayManager& manager,
+DockedPresenter::DockedPresenter(Presentation presentation, TrayManager& manager,
                                  Executor& executor, StatusRequests requests,
                                  std::function<void()> failed)
-    : shape_(shape),
+    : shape_(presentation == Presentation::dockedWide ? DockedWindow::Shape::wide
+                                                      : DockedWindow::Shape::square),
       manager_(manager),
       executor_(executor),
       requests_(std::move(requests)),
-      failed_(std::move(failed)),
-      popup_(executor) {
+      failed_(std::move(failed)) {
   managerObserver_ = manager_.observe([this] { dock(); });
   takenObserver_ = manager_.observeTaken([this](xcb_window_t icon) {
     // Shown earlier, it would stand on the screen for a moment.
@@ -48,9 +48,7 @@ void DockedPresenter::dock() {
       executor_,
       DockedWindow::Look{
           .shape = shape_, .alpha = manager_.wantsAlpha(), .foreground = manager_.foreground()},
-      requests_.click, [this](QPoint position) {
-        if (const auto menu = requests_.menu()) { popup_.popUp(*menu, position); }
-      });
+      requests_);
   window_->setContent(*content_);
   manager_.requestDock(windowId());
   check_.emplace(executor_, dockingPatience, [this] {

@@ -6,7 +6,7 @@
 
 #include "platform/async/executor.h"
 #include "platform/async/timer.h"
-#include "platform/tray/popup_menu.h"
+#include "platform/tray/presentation.h"
 #include "platform/tray/status_presenter.h"
 #include "platform/tray/xembed/docked_window.h"
 #include "platform/tray/xembed/tray_manager.h"
@@ -18,7 +18,7 @@ namespace orvane {
 class DockedPresenter final : public StatusPresenter {
  public:
   /// `failed` is called when the tray has not taken the window in after a while.
-  DockedPresenter(DockedWindow::Shape shape, TrayManager& manager, Executor& executor,
+  DockedPresenter(Presentation presentation, TrayManager& manager, Executor& executor,
                   StatusRequests requests, std::function<void()> failed);
 
   void show(const StatusContent& content) override;
@@ -32,7 +32,6 @@ class DockedPresenter final : public StatusPresenter {
   Executor& executor_;
   StatusRequests requests_;
   std::function<void()> failed_;
-  PopupMenu popup_;
   std::optional<StatusContent> content_;
   std::unique_ptr<DockedWindow> window_;
   std::optional<OneShotTimer> check_;

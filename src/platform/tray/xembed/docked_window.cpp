@@ -1,6 +1,5 @@
 #include "platform/tray/xembed/docked_window.h"
 
-#include <QImage>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QRect>
@@ -9,71 +8,9 @@
 #include <cmath>
 #include <utility>
 
-#include "platform/tray/drawing/status_drawing.h"
 #include "platform/x11/x11_display.h"
 
 namespace orvane {
-
-/// What a window in a panel would show if panels let anything shine through: trays with and
-/// without a compositing manager paint black behind a transparent window as a rule. It is put
-/// together from the panel's pixels right above and below the window, or left and right of one
-/// that fills the panel's height. Null when there is nothing to read, for example before the
-/// window is on the screen. In device pixels.
-[[nodiscard]] QImage panelBackground(xcb_window_t window);
-
-/// An image that runs from a line above it to one below, or from a column left of it to one right;
-/// one of the two may be missing.
-[[nodiscard]] QImage blendBetween(const QImage& near, const QImage& far, const QSize& size);
-
-namespace {
-
-/// The panel around a window: its outermost parent below the root.
-xcb_window_t outermostParent(const X11Display& display, xcb_window_t window) {
-  const auto root = display.root();
-  for (auto parent = display.parentOf(window); parent != root; parent = display.parentOf(window)) {
-    if (parent == XCB_WINDOW_NONE) { return XCB_WINDOW_NONE; }
-    window = parent;
-  }
-  return window;
-}
-
-}  // namespace
-
-QImage blendBetween(const QImage& near, const QImage& far, const QSize& size) {
-  if (near.isNull() && far.isNull()) { return {}; }
-  QImage whole(size, QImage::Format_RGB32);
-  QPainter painter(&whole);
-  painter.drawImage(whole.rect(), near.isNull() ? far : near);
-  if (near.isNull() || far.isNull()) { return whole; }
-
-  const bool isVertical = near.height() == 1;
-  const int steps = isVertical ? size.height() : size.width();
-  for (int step = 0; step < steps; ++step) {
-    const QRect line =
-        isVertical ? QRect(0, step, size.width(), 1) : QRect(step, 0, 1, size.height());
-    painter.setOpacity((step + 1.0) / (steps + 1.0));
-    painter.drawImage(line, far);
-  }
-  return whole;
-}
-
-QImage panelBackground(xcb_window_t window) {
-  const auto display = X11Display::ofApplication();
-  if (!display) { return {}; }
-  const auto panel = outermostParent(*display, window);
-  if (panel == XCB_WINDOW_NONE || panel == window) { return {}; }
-  const auto panelArea = display->areaOf(panel);
-  const auto area = display->areaOf(window);
-  const auto read = [&](const QRect& edge) {
-    return panelArea.contains(edge) ? display->picture(edge) : QImage();
-  };
-  const auto above = read(QRect(area.x(), area.y() - 1, area.width(), 1));
-  const auto below = read(QRect(area.x(), area.bottom() + 1, area.width(), 1));
-  if (!above.isNull() || !below.isNull()) { return blendBetween(above, below, area.size()); }
-  const auto left = read(QRect(area.x() - 1, area.y(), 1, area.height()));
-  const auto right = read(QRect(area.right() + 1, area.y(), 1, area.height()));
-  return blendBetween(left, right, area.size());
-}
 
 namespace {
 
@@ -94,15 +31,66 @@ QColor average(const QImage& image) {
   return image.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixelColor(0, 0);
 }
 
+/// The panel around a window: its outermost parent below the root.
+xcb_window_t outermostParent(const X11Display& display, xcb_window_t window) {
+  const auto root = display.root();
+  for (auto parent = display.parentOf(window); parent != root; parent = display.parentOf(window)) {
+    if (parent == XCB_WINDOW_NONE) { return XCB_WINDOW_NONE; }
+    window = parent;
+  }
+  return window;
+}
+
+/// An image that runs from a line above it to one below, or from a column left of it to one right;
+/// one of the two may be missing.
+QImage blendBetween(const QImage& near, const QImage& far, const QSize& size) {
+  if (near.isNull() && far.isNull()) { return {}; }
+  QImage whole(size, QImage::Format_RGB32);
+  QPainter painter(&whole);
+  painter.drawImage(whole.rect(), near.isNull() ? far : near);
+  if (near.isNull() || far.isNull()) { return whole; }
+
+  const bool isVertical = near.height() == 1;
+  const int steps = isVertical ? size.height() : size.width();
+  for (int step = 0; step < steps; ++step) {
+    const QRect line =
+        isVertical ? QRect(0, step, size.width(), 1) : QRect(step, 0, 1, size.height());
+    painter.setOpacity((step + 1.0) / (steps + 1.0));
+    painter.drawImage(line, far);
+  }
+  return whole;
+}
+
+/// What a window in a panel would show if panels let anything shine through: trays with and
+/// without a compositing manager paint black behind a transparent window as a rule. It is put
+/// together from the panel's pixels right above and below the window, or left and right of one
+/// that fills the panel's height. Null when there is nothing to read, for example before the
+/// window is on the screen. In device pixels.
+QImage panelBackground(xcb_window_t window) {
+  const auto display = X11Display::ofApplication();
+  if (!display) { return {}; }
+  const auto panel = outermostParent(*display, window);
+  if (panel == XCB_WINDOW_NONE || panel == window) { return {}; }
+  const auto panelArea = display->areaOf(panel);
+  const auto area = display->areaOf(window);
+  const auto read = [&](const QRect& edge) {
+    return panelArea.contains(edge) ? display->picture(edge) : QImage();
+  };
+  const auto above = read(QRect(area.x(), area.y() - 1, area.width(), 1));
+  const auto below = read(QRect(area.x(), area.bottom() + 1, area.width(), 1));
+  if (!above.isNull() || !below.isNull()) { return blendBetween(above, below, area.size()); }
+  const auto left = read(QRect(area.x() - 1, area.y(), 1, area.height()));
+  const auto right = read(QRect(area.right() + 1, area.y(), 1, area.height()));
+  return blendBetween(left, right, area.size());
+}
+
 }  // namespace
 
-DockedWindow::DockedWindow(Executor& executor, Look look, std::function<void()> click,
-                           std::function<void(QPoint)> menu)
+DockedWindow::DockedWindow(Executor& executor, Look look, StatusRequests requests)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::X11BypassWindowManagerHint),
       executor_(executor),
       look_(look),
-      click_(std::move(click)),
-      menu_(std::move(menu)) {
+      requests_(std::move(requests)) {
   setObjectName(QStringLiteral("statusItem"));
   setAttribute(Qt::WA_QuitOnClose, false);
   setAttribute(Qt::WA_AlwaysShowToolTips);
@@ -113,7 +101,7 @@ DockedWindow::DockedWindow(Executor& executor, Look look, std::function<void()> 
 
 void DockedWindow::setContent(const StatusContent& content) {
   content_ = content;
-  setToolTip(QString::fromStdString(look_.shape == Shape::square ? toolTipWithText(content)
+  setToolTip(QString::fromStdString(look_.shape == Shape::square ? content.toolTipWithText()
                                                                  : content.toolTip));
   const auto name =
       content.image ? QString::fromStdString(content.image->accessibilityDescription) : QString();
@@ -188,13 +176,14 @@ void DockedWindow::resizeEvent(QResizeEvent* /*event*/) {
 }
 
 void DockedWindow::moveEvent(QMoveEvent* /*event*/) { readBackgroundSoon(); }
-
 void DockedWindow::showEvent(QShowEvent* /*event*/) { readBackgroundSoon(); }
 
 void DockedWindow::mouseReleaseEvent(QMouseEvent* event) {
   if (!rect().contains(event->position().toPoint())) { return; }
-  if (event->button() == Qt::LeftButton) { click_(); }
-  if (event->button() == Qt::RightButton) { menu_(event->globalPosition().toPoint()); }
+  if (event->button() == Qt::LeftButton) { requests_.click(); }
+  if (event->button() == Qt::RightButton) {
+    requests_.popUpMenu(event->globalPosition().toPoint());
+  }
 }
 
 }  // namespace orvane

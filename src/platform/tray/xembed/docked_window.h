@@ -1,8 +1,8 @@
 #pragma once
 
+#include <QColor>
 #include <QImage>
 #include <QWidget>
-#include <functional>
 #include <optional>
 
 #include "platform/async/executor.h"
@@ -24,8 +24,7 @@ class DockedWindow final : public QWidget {
     std::optional<QColor> foreground;  ///< of the panel's texts, where it is known
   };
 
-  DockedWindow(Executor& executor, Look look, std::function<void()> click,
-               std::function<void(QPoint)> menu);
+  DockedWindow(Executor& executor, Look look, StatusRequests requests);
 
   void setContent(const StatusContent& content);
 
@@ -46,8 +45,7 @@ class DockedWindow final : public QWidget {
 
   Executor& executor_;
   Look look_;
-  std::function<void()> click_;
-  std::function<void(QPoint)> menu_;
+  StatusRequests requests_;
   StatusContent content_;
   QImage background_;
   QImage drawn_;
