@@ -1,10 +1,12 @@
 #include "platform/bus/session_bus.h"
 
 #include <QDBusPendingCall>
+#include <QDBusPendingCallWatcher>
 #include <QStringList>
 #include <QUuid>
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 #include "platform/async/completion.h"
 

@@ -2,14 +2,12 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QObject>
 #include <QString>
 #include <QVariantList>
 #include <chrono>
 #include <functional>
 #include <optional>
-#include <utility>
 
 #include "platform/async/executor.h"
 #include "platform/async/signal.h"
@@ -86,17 +84,5 @@ void callOnBus(const SessionBus& bus, const QDBusMessage& call, QObject* receive
 /// for each of the two questions.
 [[nodiscard]] Task<bool> isServicePresent(const SessionBus& bus, QString name,
                                           std::chrono::milliseconds deadline = usualBusDeadline);
-
-/// Sends the call and runs `handle` with its reply or failure, unless `receiver` is gone by then.
-template <class Handle>
-void callAsync(const QDBusConnection& connection, const QDBusMessage& call, QObject* receiver,
-               Handle handle) {
-  auto* const pending = new QDBusPendingCallWatcher(connection.asyncCall(call), receiver);
-  QObject::connect(pending, &QDBusPendingCallWatcher::finished, receiver,
-                   [handle = std::move(handle)](QDBusPendingCallWatcher* finished) {
-                     finished->deleteLater();
-                     handle(*finished);
-                   });
-}
 
 }  // namespace orvane

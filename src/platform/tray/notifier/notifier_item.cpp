@@ -3,7 +3,6 @@
 #include <QByteArray>
 #include <QCoreApplication>
 #include <QDBusArgument>
-#include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
 #include <QtEndian>
@@ -108,38 +107,30 @@ QVariant toolTipValue(const QString& title) {
   return QVariant::fromValue(toolTip);
 }
 
-QString ownBusName() {
-  return QStringLiteral("org.kde.StatusNotifierItem-%1-1").arg(QCoreApplication::applicationPid());
-}
-
 }  // namespace
 
-NotifierItem::NotifierItem(const QDBusConnection& connection, StatusRequests requests,
-                           NotifierState state)
-    : connection_(connection),
-      busName_(ownBusName()),
+NotifierItem::NotifierItem(SessionBus& bus, StatusRequests requests, NotifierState state)
+    : connection_(bus.connection()),
+      busName_(QStringLiteral("org.kde.StatusNotifierItem-%1-1")
+                   .arg(QCoreApplication::applicationPid())),
       requests_(std::move(requests)),
       state_(std::move(state)),
-      object_(connection, QLatin1String(itemPath), surface()),
-      watchers_(QLatin1String(watcherName), connection, QDBusServiceWatcher::WatchForRegistration) {
+      object_(connection_, QLatin1String(itemPath), surface()),
+      watcher_(bus, QLatin1String(watcherName), [this](bool isThere) {
+        if (isThere) { registerItem(); }
+      }) {
   qDBusRegisterMetaType<Pixmap>();
   qDBusRegisterMetaType<Pixmaps>();
   connection_.registerService(busName_);
-  QObject::connect(&watchers_, &QDBusServiceWatcher::serviceRegistered, &watchers_,
-                   [this] { registerItem(); });
-  // After the subscription: a watcher that comes now is told twice rather than never. A call
-  // without a watcher fails and changes nothing.
-  registerItem();
 }
 
 NotifierItem::~NotifierItem() { connection_.unregisterService(busName_); }
 
 void NotifierItem::registerItem() {
-  const auto watcher = QLatin1String(watcherName);
-  auto call = QDBusMessage::createMethodCall(watcher, QLatin1String(watcherPath), watcher,
-                                             QStringLiteral("RegisterStatusNotifierItem"));
+  const auto watcher = watcher_.name();
+  auto call = callWithoutStarting(watcher, QLatin1String(watcherPath), watcher,
+                                  QStringLiteral("RegisterStatusNotifierItem"));
   call << busName_;
-  call.setAutoStartService(false);
   connection_.call(call, QDBus::NoBlock);
 }
 

@@ -1,14 +1,15 @@
 #pragma once
 
 #include <QDBusConnection>
-#include <QDBusServiceWatcher>
 #include <QImage>
 #include <QList>
 #include <QString>
 #include <QVariantMap>
 #include <optional>
 
+#include "platform/bus/bus_watch.h"
 #include "platform/bus/exported_object.h"
+#include "platform/bus/session_bus.h"
 #include "platform/tray/status_presenter.h"
 
 namespace orvane {
@@ -33,7 +34,8 @@ class NotifierItem final {
   static constexpr const char* itemPath = "/StatusNotifierItem";
   static constexpr const char* menuPath = "/MenuBar";
 
-  NotifierItem(const QDBusConnection& connection, StatusRequests requests, NotifierState state);
+  /// While the bus is open.
+  NotifierItem(SessionBus& bus, StatusRequests requests, NotifierState state);
   ~NotifierItem();
   NotifierItem(const NotifierItem&) = delete;
   NotifierItem& operator=(const NotifierItem&) = delete;
@@ -51,7 +53,7 @@ class NotifierItem final {
   StatusRequests requests_;
   NotifierState state_;
   ExportedObject object_;
-  QDBusServiceWatcher watchers_;
+  BusName watcher_;
 };
 
 }  // namespace orvane

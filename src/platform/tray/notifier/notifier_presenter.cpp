@@ -118,7 +118,7 @@ void NotifierPresenter::appear() {
   // The menu first: a host may ask for it as soon as it hears of the item.
   menu_.emplace(bus_.connection(), QLatin1String(NotifierItem::menuPath), executor_,
                 requests_.menu);
-  item_.emplace(bus_.connection(), requests_, state_);
+  item_.emplace(bus_, requests_, state_);
 }
 
 NotifierState NotifierPresenter::stateFor(const StatusContent& content) {
