@@ -87,18 +87,5 @@ TEST_F(MenuExportTest, AChosenRowActsAndAFigureOrAGoneRowDoesNot) {
   EXPECT_EQ(log, Lines{"Quit Orvane"});
 }
 
-TEST_F(MenuExportTest, PropertiesAreToldForAllRowsOrForOne) {
-  const int open = host->rowId("Open Orvane");
-  const auto all = reply("GetGroupProperties", {QVariant::fromValue(QList<int>()), QStringList()})
-                       .value<QDBusArgument>();
-  EXPECT_EQ(all.currentSignature(), QStringLiteral("a(ia{sv})"));
-  const std::vector<std::pair<const char*, QVariant>> properties{
-      {"label", "Open Orvane"}, {"enabled", true}, {"type", "standard"}};
-  for (const auto& [name, value] : properties) {
-    const auto told = reply("GetProperty", {open, QLatin1String(name)});
-    EXPECT_EQ(qvariant_cast<QDBusVariant>(told).variant(), value) << name;
-  }
-}
-
 }  // namespace
 }  // namespace orvane::test

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QMenu>
 
+#include "desktop_session.h"
 #include "platform/tray/drawing/status_drawing.h"
 #include "status_item_fixture.h"
 
@@ -65,8 +66,8 @@ TEST_F(NotifierTest, RegistersWithALateWatcherAndAgainWithItsSuccessor) {
 TEST_F(NotifierTest, ComesBackWhenTheBusDoes) {
   createRegisteredItem();
   host.reset();
-  stopBus();
-  startBus();
+  privateBus().stop();
+  privateBus().start();
   host = std::make_unique<FakeHost>();
   host->startWatcher();
   ASSERT_TRUE(isRegistered());
@@ -108,7 +109,7 @@ WindowId i 0
 TEST_F(NotifierTest, AnnouncesExactlyWhatDiffers) {
   createRegisteredItem();
   // The tool tip is the last to be announced.
-  ASSERT_TRUE(hears("NewToolTip", [this] { showText("1,234 sats"); }));
+  ASSERT_TRUE(hears("NewToolTip", [this] { item->setImage(sampleImage(*bar, "1,234 sats")); }));
   EXPECT_EQ(host->signalsHeard, (QStringList{"NewIcon", "NewTitle", "NewToolTip"}));
   ASSERT_TRUE(hears("NewToolTip", [this] {
     showText("1,234 sats");

@@ -15,12 +15,15 @@
 
 namespace orvane::test {
 
-/// The session bus of this process can be taken away. Its address stays the same.
-void startBus();
-void stopBus();
-
 /// Whether a pixel has exactly this colour.
-[[nodiscard]] bool hasColor(const QImage& picture, const QColor& color);
+[[nodiscard]] inline bool hasColor(const QImage& picture, const QColor& color) {
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      if (picture.pixelColor(x, y) == color) { return true; }
+    }
+  }
+  return false;
+}
 
 /// A status item as the program uses it, and a host that may come for it.
 class StatusItemTest : public ::testing::Test {
