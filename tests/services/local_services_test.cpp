@@ -39,8 +39,8 @@ TEST(LocalServicesEndTest, IsQuickThoughConnectionsAreSilentIdleOrUnspoken) {
 TEST_F(LocalServicesTest, LinesOfTheLogTellWhatWasSentAndHowItWasAnswered) {
   clientOf(services_, Service::pool).Get(profileTarget, {{"X-Twice", "1"}, {"X-Twice", "\xff"}});
   services_.fault({.service = Service::price, .kind = FaultKind::hangUp});
-  EXPECT_EQ(statusOf(Service::price, priceTarget), 0);
-  EXPECT_EQ(statusOf(Service::pool, "/"), 404);
+  EXPECT_FALSE(get(Service::price, priceTarget));
+  EXPECT_EQ(get(Service::pool, "/")->status, 404);
 
   std::ifstream file(services_.caFile().parent_path() / "requests.log");
   std::vector<json> lines;
@@ -68,13 +68,13 @@ TEST_F(LocalServicesTest, AFaultHitsSoManyRequestsOfItsServiceAndPath) {
   services_.fault({.service = Service::explorer, .path = "/txs", .count = 2, .status = 429});
   for (const auto& [suffix, status] : {std::pair("", 200), std::pair("/txs", 429),
                                        std::pair("/txs", 429), std::pair("/txs", 200)}) {
-    EXPECT_EQ(statusOf(Service::explorer, sampleTarget + suffix), status);
+    EXPECT_EQ(get(Service::explorer, sampleTarget + suffix)->status, status);
   }
   EXPECT_EQ(post("/fault", R"({"service": "price", "kind": "status", "status": 503})"), 200);
-  EXPECT_EQ(statusOf(Service::price, priceTarget), 503);
-  EXPECT_EQ(statusOf(Service::explorer, tipTarget), 200) << "of another service";
+  EXPECT_EQ(get(Service::price, priceTarget)->status, 503);
+  EXPECT_EQ(get(Service::explorer, tipTarget)->status, 200) << "of another service";
   EXPECT_EQ(control_.Delete("/faults")->status, 200);
-  EXPECT_EQ(statusOf(Service::price, priceTarget), 200);
+  EXPECT_EQ(get(Service::price, priceTarget)->status, 200);
 }
 
 TEST_F(LocalServicesTest, FaultsOfTheContentSpoilIt) {
@@ -93,7 +93,7 @@ TEST_F(LocalServicesTest, RedirectLeadsToTheOtherOriginWhichAnswersEverything) {
   EXPECT_EQ(result->status, 302);
   EXPECT_EQ(result->get_header_value("Location"),
             "https://" + services_.host(Service::other) + profileTarget);
-  EXPECT_EQ(statusOf(Service::other, profileTarget, ""), 200);
+  EXPECT_EQ(get(Service::other, profileTarget, "")->status, 200);
   EXPECT_EQ(at(Service::other, tipTarget), 976'400);
 }
 

@@ -33,16 +33,13 @@ inline httplib::Client clientOf(const LocalServices& services, Service service) 
 /// The services in a calendar of their own, so that no test depends on the day it runs on.
 class ServicesTest : public ::testing::Test {
  protected:
-  /// The status of the answer; 0 when there is none.
-  int statusOf(Service service, const std::string& target,
-               const std::string& token = std::string(services::sampleToken)) {
-    const auto result = clientOf(services_, service).Get(target, {{"Pool-Auth-Token", token}});
-    return result ? result->status : 0;
+  httplib::Result get(Service service, const std::string& target,
+                      const std::string& token = std::string(services::sampleToken)) {
+    return clientOf(services_, service).Get(target, {{"Pool-Auth-Token", token}});
   }
   /// The document that was answered; discarded where it is none.
   json at(Service service, const std::string& target) {
-    const httplib::Headers headers{{"Pool-Auth-Token", std::string(services::sampleToken)}};
-    const auto result = clientOf(services_, service).Get(target, headers);
+    const auto result = get(service, target);
     return json::parse(result ? result->body : "", nullptr, false);
   }
 
