@@ -1,6 +1,7 @@
 #pragma once
 
 #include <charconv>
+#include <memory>
 #include <optional>
 #include <string_view>
 #include <system_error>
