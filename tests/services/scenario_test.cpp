@@ -50,7 +50,8 @@ using DocumentsTest = ServicesTest;
 
 TEST_F(DocumentsTest, WorkersShowEveryStateAndUnit) {
   std::set<std::string> words;
-  for (const json& worker : at(Service::pool, workersTarget)["btc"]["workers"]) {
+  const json document = at(Service::pool, workersTarget);
+  for (const json& worker : document["btc"]["workers"]) {
     words.insert(worker.value("state", "none"));
     words.insert(worker.value("hash_rate_unit", "none"));
   }
