@@ -1,32 +1,23 @@
 #include "address/address_summary.h"
 
-#include <limits>
 #include <utility>
 
-namespace orvane {
+#include "platform/decimal/amounts.h"
 
-std::int64_t confirmations(std::int64_t tipHeight, std::optional<std::int64_t> blockHeight) {
-  if (!blockHeight || *blockHeight > tipHeight) { return 0; }
-  constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
-  // The heights of a malformed answer may lie further apart than a signed number can tell.
-  const std::uint64_t blocksOnTop =
-      static_cast<std::uint64_t>(tipHeight) - static_cast<std::uint64_t>(*blockHeight);
-  return blocksOnTop < static_cast<std::uint64_t>(most) ? static_cast<std::int64_t>(blocksOnTop) + 1
-                                                        : most;
-}
+namespace orvane {
 
 namespace {
 
 /// Holds any sum of as many amounts as fit into memory, whatever their order and sign.
 __extension__ using WideAmount = __int128;
 
-std::expected<std::int64_t, ExplorerError> narrowed(WideAmount amount) {
+ExplorerResult<std::int64_t> narrowed(WideAmount amount) {
   const auto sats = static_cast<std::int64_t>(amount);
   if (sats != amount) { return std::unexpected(ExplorerError{ExplorerError::Kind::decoding}); }
   return sats;
 }
 
-std::expected<std::int64_t, ExplorerError> balance(const AddressStats::Stats& stats) {
+ExplorerResult<std::int64_t> balance(const AddressStats::Stats& stats) {
   return narrowed(WideAmount{stats.funded_txo_sum} - stats.spent_txo_sum);
 }
 
@@ -40,10 +31,14 @@ WideAmount paidTo(std::string_view address, const std::vector<Transaction::Outpu
 
 }  // namespace
 
-std::expected<std::optional<WatchedAddressTransaction>, ExplorerError> incomingTransaction(
+std::int64_t confirmations(std::int64_t tipHeight, std::optional<std::int64_t> blockHeight) {
+  if (!blockHeight || *blockHeight > tipHeight) { return 0; }
+  return saturatingSum(saturatingDifference(tipHeight, *blockHeight), 1);
+}
+
+ExplorerResult<std::optional<WatchedAddressTransaction>> incomingTransaction(
     const Transaction& transaction, std::string_view address) {
-  const std::expected<std::int64_t, ExplorerError> sats =
-      narrowed(paidTo(address, transaction.vout));
+  const ExplorerResult<std::int64_t> sats = narrowed(paidTo(address, transaction.vout));
   if (!sats) { return std::unexpected(sats.error()); }
   if (*sats < 1) { return std::nullopt; }
   const Transaction::Status& status = transaction.status;
@@ -54,14 +49,14 @@ std::expected<std::optional<WatchedAddressTransaction>, ExplorerError> incomingT
       .blockHeight = status.confirmed ? status.block_height : std::nullopt};
 }
 
-std::expected<WatchedAddressSummary, ExplorerError> buildSummary(
-    const AddressStats& totals, const std::vector<Transaction>& transactions,
-    std::int64_t tipHeight, std::string_view address) {
-  const auto confirmed = balance(totals.chain_stats);
-  const auto pending = balance(totals.mempool_stats);
-  if (!confirmed || !pending) {
-    return std::unexpected(confirmed ? pending.error() : confirmed.error());
-  }
+ExplorerResult<WatchedAddressSummary> buildSummary(const AddressStats& totals,
+                                                   const std::vector<Transaction>& transactions,
+                                                   std::int64_t tipHeight,
+                                                   std::string_view address) {
+  const ExplorerResult<std::int64_t> confirmed = balance(totals.chain_stats);
+  if (!confirmed) { return std::unexpected(confirmed.error()); }
+  const ExplorerResult<std::int64_t> pending = balance(totals.mempool_stats);
+  if (!pending) { return std::unexpected(pending.error()); }
   WatchedAddressSummary summary{
       .confirmedSats = *confirmed, .pendingSats = *pending, .tipHeight = tipHeight, .incoming = {}};
   for (const Transaction& transaction : transactions) {

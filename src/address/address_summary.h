@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <expected>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -45,11 +44,11 @@ struct WatchedAddressSummary {
 
 /// What the transaction paid to `address` (compared letter by letter), whoever sent it; nothing
 /// when that is less than one satoshi.
-[[nodiscard]] std::expected<std::optional<WatchedAddressTransaction>, ExplorerError>
-incomingTransaction(const Transaction& transaction, std::string_view address);
+[[nodiscard]] ExplorerResult<std::optional<WatchedAddressTransaction>> incomingTransaction(
+    const Transaction& transaction, std::string_view address);
 
 /// The summary of one refresh, in one pass over the transactions, which keep their order.
-[[nodiscard]] std::expected<WatchedAddressSummary, ExplorerError> buildSummary(
+[[nodiscard]] ExplorerResult<WatchedAddressSummary> buildSummary(
     const AddressStats& totals, const std::vector<Transaction>& transactions,
     std::int64_t tipHeight, std::string_view address);
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <expected>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -25,6 +26,9 @@ struct ExplorerError {
 
   bool operator==(const ExplorerError&) const = default;
 };
+
+template <class T>
+using ExplorerResult = std::expected<T, ExplorerError>;
 
 /// The explorer's JSON documents, with the members that are read of them, under the API's own
 /// names.

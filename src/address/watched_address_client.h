@@ -1,6 +1,5 @@
 #pragma once
 
-#include <expected>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,21 +21,19 @@ class WatchedAddressClient {
 
   /// Three requests side by side: totals, transactions, tip. Their failures count in this order,
   /// and no request outlives the call.
-  [[nodiscard]] Task<std::expected<WatchedAddressSummary, ExplorerError>> summary(
-      std::string address);
+  [[nodiscard]] Task<ExplorerResult<WatchedAddressSummary>> summary(std::string address);
 
-  [[nodiscard]] Task<std::expected<AddressStats, ExplorerError>> fetchAddressStats(
+  [[nodiscard]] Task<ExplorerResult<AddressStats>> fetchAddressStats(std::string_view address);
+  [[nodiscard]] Task<ExplorerResult<std::vector<Transaction>>> fetchTransactions(
       std::string_view address);
-  [[nodiscard]] Task<std::expected<std::vector<Transaction>, ExplorerError>> fetchTransactions(
-      std::string_view address);
-  [[nodiscard]] Task<std::expected<std::string, ExplorerError>> fetchTipHeightText();
+  [[nodiscard]] Task<ExplorerResult<std::string>> fetchTipHeightText();
 
  private:
   /// The body of the answer to one GET; `path` begins with "/".
-  [[nodiscard]] Task<std::expected<std::string, ExplorerError>> fetchData(std::string path);
-  [[nodiscard]] Task<std::expected<std::string, ExplorerError>> fetchText(std::string path);
+  [[nodiscard]] Task<ExplorerResult<std::string>> fetchData(std::string path);
+  [[nodiscard]] Task<ExplorerResult<std::string>> fetchText(std::string path);
   template <class Record>
-  [[nodiscard]] Task<std::expected<Record, ExplorerError>> fetchJSON(
+  [[nodiscard]] Task<ExplorerResult<Record>> fetchJSON(
       std::string path, std::optional<Record> (*decode)(std::string_view body));
 
   HttpTransport& transport_;

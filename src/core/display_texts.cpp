@@ -5,7 +5,7 @@
 
 #include <fmt/format.h>
 
-#include "pool/pool_figures.h"
+#include "platform/decimal/amounts.h"
 #include "prices/bitcoin_prices.h"
 
 namespace orvane {

@@ -8,7 +8,7 @@
 
 #include "core/balance_state.h"
 #include "platform/text/locale_format.h"
-#include "pool/pool_error.h"
+#include "pool/braiins_account_client.h"
 
 namespace orvane {
 

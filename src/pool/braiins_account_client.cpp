@@ -7,8 +7,6 @@
 #include <fmt/format.h>
 
 #include "platform/async/timer.h"
-#include "pool/account.h"
-#include "pool/history.h"
 #include "pool/pool_documents.h"
 
 namespace orvane {
@@ -33,83 +31,54 @@ std::string utcDateText(WallTime time) {
                      static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()));
 }
 
-PoolError poolError(HttpFailure httpFailure) {
-  switch (httpFailure) {
-    case HttpFailure::cancelled:
-      return {.kind = Kind::cancelled};
-    case HttpFailure::invalidUrl:
-      return {.kind = Kind::badURL};
-    case HttpFailure::notConnectedToInternet:
-    case HttpFailure::networkConnectionLost:
-    case HttpFailure::cannotFindHost:
-    case HttpFailure::cannotConnectToHost:
-    case HttpFailure::timedOut:
-    case HttpFailure::other:
-      break;
-  }
-  return {.kind = Kind::transport, .failure = httpFailure};
-}
-
-std::expected<std::string, PoolError> bodyOf(HttpResult result) {
-  if (!result) { return std::unexpected(poolError(result.error())); }
-  if (result->status == 401 || result->status == 403) {
-    return failure(Kind::userAuthenticationRequired);
-  }
-  if (!result->isSuccess()) { return failure(Kind::badServerResponse); }
-  return std::move(result->body);
-}
-
 }  // namespace
 
 BraiinsAccountClient::BraiinsAccountClient(Executor& executor, HttpTransport& transport,
                                            std::string poolHost)
     : executor_(executor), transport_(transport), poolBaseURL_("https://" + std::move(poolHost)) {}
 
-Task<std::expected<BraiinsAccountStats, PoolError>> BraiinsAccountClient::fetchStats() {
-  const std::expected<std::string, PoolError> body =
-      co_await fetchPoolData(poolBaseURL_ + "/accounts/profile/json/btc/");
-  if (!body) { co_return std::unexpected(body.error()); }
-  const std::optional<BraiinsProfileResponse> response = decodeProfile(*body);
-  if (!response) { co_return failure(Kind::decoding); }
+Task<PoolResult<BraiinsAccountStats>> BraiinsAccountClient::fetchStats() {
+  const PoolResult<std::string> body = co_await fetchPoolData("/accounts/profile/json/btc/");
+  const PoolResult<BraiinsProfileResponse> response = decoded(body, &decodeProfile);
+  if (!response) { co_return std::unexpected(response.error()); }
   co_return accountStats(*response);
 }
 
-Task<std::expected<std::vector<BraiinsWorkerStatus>, PoolError>>
-BraiinsAccountClient::fetchWorkers() {
-  const std::expected<std::string, PoolError> body =
-      co_await fetchPoolData(poolBaseURL_ + "/accounts/workers/json/btc/");
-  if (!body) { co_return std::unexpected(body.error()); }
-  std::optional<BraiinsWorkersResponse> response = decodeWorkers(*body);
-  if (!response) { co_return failure(Kind::decoding); }
-  co_return workerStatuses(std::move(*response));
+Task<PoolResult<std::vector<BraiinsWorkerStatus>>> BraiinsAccountClient::fetchWorkers() {
+  const PoolResult<std::string> body = co_await fetchPoolData("/accounts/workers/json/btc/");
+  PoolResult<BraiinsWorkersResponse> response = decoded(body, &decodeWorkers);
+  if (!response) { co_return std::unexpected(response.error()); }
+  co_return workerStatuses(*std::move(response));
 }
 
-Task<std::expected<std::vector<BraiinsHistoryDay>, PoolError>>
-BraiinsAccountClient::fetchHistory() {
+Task<PoolResult<std::vector<BraiinsHistoryDay>>> BraiinsAccountClient::fetchHistory() {
   const std::string today = utcDateText(executor_.wallClock());
-  const std::expected<std::string, PoolError> rewards = co_await fetchPoolData(
-      poolBaseURL_ + "/accounts/rewards/json/btc?from=2000-01-01&to=" + today);
+  const PoolResult<std::string> rewards =
+      co_await fetchPoolData("/accounts/rewards/json/btc?from=2000-01-01&to=" + today);
   if (!rewards) { co_return std::unexpected(rewards.error()); }
-  const std::expected<std::string, PoolError> hashrate =
-      co_await fetchPoolData(poolBaseURL_ + "/accounts/hash_rate_daily/json/group/btc");
+  const PoolResult<std::string> hashrate =
+      co_await fetchPoolData("/accounts/hash_rate_daily/json/group/btc");
   std::optional<std::string_view> hashrateBody;
   if (hashrate) { hashrateBody = *hashrate; }
-  co_return buildHistoryDays(*rewards, hashrateBody);
+  std::optional<std::vector<BraiinsHistoryDay>> days = buildHistoryDays(*rewards, hashrateBody);
+  if (!days) { co_return failure(Kind::decoding); }
+  co_return *std::move(days);
 }
 
-Task<std::expected<std::string, PoolError>> BraiinsAccountClient::fetchPoolData(std::string url) {
+Task<PoolResult<std::string>> BraiinsAccountClient::fetchPoolData(std::string path) {
   if (!isSendable(token)) { co_return failure(Kind::userAuthenticationRequired); }
-  const std::expected<void, PoolError> claimed = co_await claimSlot();
+  const PoolResult<void> claimed = co_await claimSlot();
   if (!claimed) { co_return std::unexpected(claimed.error()); }
-  HttpRequest request{.url = std::move(url), .idleTimeout = idleTimeout};
+  HttpRequest request{.url = poolBaseURL_ + path, .idleTimeout = idleTimeout};
   request.headers.push_back({.name = "Pool-Auth-Token", .value = token});
   HttpResult result = co_await transport_.get(std::move(request));
-  co_return bodyOf(std::move(result));
+  if (result && (result->status == 401 || result->status == 403)) {
+    co_return failure(Kind::userAuthenticationRequired);
+  }
+  co_return bodyOf<PoolError>(std::move(result));
 }
 
-// Calls hold the mutex only while they wait, so the next one begins to wait as soon as this one's
-// request leaves.
-Task<std::expected<void, PoolError>> BraiinsAccountClient::claimSlot() {
+Task<PoolResult<void>> BraiinsAccountClient::claimSlot() {
   const TaskContext context = co_await currentContext();
   const std::optional<AsyncMutex::Lock> turn = co_await slot_.lock();
   if (!turn) { co_return failure(Kind::cancelled); }
@@ -120,7 +89,7 @@ Task<std::expected<void, PoolError>> BraiinsAccountClient::claimSlot() {
   // The token may have been taken away during the wait.
   if (!isSendable(token)) { co_return failure(Kind::userAuthenticationRequired); }
   nextRequestAt_ = executor_.now() + poolRequestGap;
-  co_return std::expected<void, PoolError>();
+  co_return PoolResult<void>();
 }
 
 }  // namespace orvane

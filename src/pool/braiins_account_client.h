@@ -11,13 +11,35 @@
 #include "platform/http/http_transport.h"
 #include "pool/account.h"
 #include "pool/history.h"
-#include "pool/pool_error.h"
 
 namespace orvane {
+
+/// Why a pool request gave no figures. Texts for people are made by the store.
+struct PoolError {
+  enum class Kind {
+    badURL,
+    userAuthenticationRequired,
+    badServerResponse,
+    transport,
+    decoding,
+    cancelled,  ///< the calling task was cancelled: waiting for its slot or in flight
+  };
+  Kind kind;
+  HttpFailure failure = HttpFailure::other;  ///< for `transport`
+
+  bool operator==(const PoolError&) const = default;
+};
+
+template <class T>
+using PoolResult = std::expected<T, PoolError>;
 
 /// The one way to the pool's account API. At least `poolRequestGap` lies between any two of its
 /// requests: a call that comes early waits for its slot, first come, first served. One client
 /// exists per process, so all pool requests share the pacing.
+///
+/// Calls queue for a mutex and hold it only while they wait for the slot, so the next one begins to
+/// wait as soon as this one's request leaves. The slot is claimed before the request is sent: a
+/// failure holds back the next one as an answer does, a cancelled wait does not.
 class BraiinsAccountClient {
  public:
   static constexpr std::chrono::seconds poolRequestGap{60};
@@ -30,18 +52,18 @@ class BraiinsAccountClient {
   /// with `userAuthenticationRequired`, at once and without using a slot.
   std::string token;
 
-  [[nodiscard]] Task<std::expected<BraiinsAccountStats, PoolError>> fetchStats();
+  [[nodiscard]] Task<PoolResult<BraiinsAccountStats>> fetchStats();
   /// In display order.
-  [[nodiscard]] Task<std::expected<std::vector<BraiinsWorkerStatus>, PoolError>> fetchWorkers();
+  [[nodiscard]] Task<PoolResult<std::vector<BraiinsWorkerStatus>>> fetchWorkers();
   /// Two requests, rewards and hash rates; newest day first. Without the second the days carry
   /// rewards only.
-  [[nodiscard]] Task<std::expected<std::vector<BraiinsHistoryDay>, PoolError>> fetchHistory();
+  [[nodiscard]] Task<PoolResult<std::vector<BraiinsHistoryDay>>> fetchHistory();
 
  private:
-  /// One paced request; its body.
-  [[nodiscard]] Task<std::expected<std::string, PoolError>> fetchPoolData(std::string url);
+  /// The body of the answer to one paced request; `path` begins with "/".
+  [[nodiscard]] Task<PoolResult<std::string>> fetchPoolData(std::string path);
   /// Waits until a request may be sent and claims that moment. A failed claim uses no slot.
-  [[nodiscard]] Task<std::expected<void, PoolError>> claimSlot();
+  [[nodiscard]] Task<PoolResult<void>> claimSlot();
 
   Executor& executor_;
   HttpTransport& transport_;

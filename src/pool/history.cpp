@@ -9,6 +9,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "platform/decimal/amounts.h"
 #include "platform/json/json_reader.h"
 #include "platform/text/unicode.h"
 #include "pool/pool_documents.h"
@@ -17,6 +18,12 @@
 namespace orvane {
 
 namespace {
+
+using std::chrono::seconds;
+using std::chrono::sys_seconds;
+
+using HashrateDays = std::vector<BraiinsDailyHashrateResponse::Day>;
+using DaysByTime = std::map<sys_seconds, BraiinsHistoryDay, std::greater<sys_seconds>>;
 
 std::optional<double> meanHashRate(std::span<const BraiinsHistoryDay> days) {
   double sum = 0;
@@ -40,27 +47,6 @@ Decimal sumOfRewards(std::span<const BraiinsHistoryDay> days) {
   return bitcoins * satsPerBTC;
 }
 
-}  // namespace
-
-BraiinsHistorySummary::BraiinsHistorySummary(std::span<const BraiinsHistoryDay> days)
-    : dayCount(static_cast<std::int64_t>(days.size())),
-      averageHashRate(meanHashRate(days)),
-      totalRewardSats(sumOfRewards(days)) {
-  for (const BraiinsHistoryDay& day : days) {
-    totalShares = saturatingSum(totalShares, day.shares.value_or(0));
-  }
-}
-
-namespace {
-
-using HashrateDays = std::vector<BraiinsDailyHashrateResponse::Day>;
-using DaysByTime =
-    std::map<std::chrono::sys_seconds, BraiinsHistoryDay, std::greater<std::chrono::sys_seconds>>;
-
-std::chrono::sys_seconds timeOf(std::int64_t secondsSince1970) {
-  return std::chrono::sys_seconds(std::chrono::seconds(secondsSince1970));
-}
-
 HashrateDays hashrateDays(std::optional<std::string_view> body) {
   std::optional<BraiinsDailyHashrateResponse> response;
   if (body) { response = decodeDailyHashrate(*body); }
@@ -68,53 +54,25 @@ HashrateDays hashrateDays(std::optional<std::string_view> body) {
 }
 
 void addReward(DaysByTime& days, BraiinsRewardsResponse::Reward reward) {
-  const std::chrono::sys_seconds time = timeOf(reward.date);
+  const sys_seconds time{seconds(reward.date)};
   days.insert_or_assign(
       time, BraiinsHistoryDay{.date = time, .rewardBTC = std::move(reward.totalReward)});
 }
 
 void addHashrate(DaysByTime& days, const BraiinsDailyHashrateResponse::Day& hashrate) {
-  const std::chrono::sys_seconds time = timeOf(hashrate.date);
+  const sys_seconds time{seconds(hashrate.date)};
   BraiinsHistoryDay& day = days[time];
   day.date = time;
   day.averageHashRate = hashrate.hashRate24h * hashRateUnitFactor(hashrate.hashRateUnit);
   day.shares = sharesFromPoolFigure(hashrate.totalShares);
 }
 
-bool hasReward(const BraiinsHistoryDay& day) {
-  return Decimal::parse(day.rewardBTC.value_or("0")).value_or(0) > Decimal(0);
-}
-
 bool isWorthKeeping(const BraiinsHistoryDay& day) {
-  return day.averageHashRate.value_or(0) > 0 || day.shares.value_or(0) >= 1 || hasReward(day);
+  return day.averageHashRate.value_or(0) > 0 || day.shares.value_or(0) >= 1 ||
+         Decimal::parse(day.rewardBTC.value_or("0")).value_or(0) > Decimal(0);
 }
 
-}  // namespace
-
-std::expected<std::vector<BraiinsHistoryDay>, PoolError> buildHistoryDays(
-    std::string_view rewardsBody, std::optional<std::string_view> dailyHashrateBody) {
-  std::optional<BraiinsRewardsResponse> rewards = decodeRewards(rewardsBody);
-  if (!rewards) { return std::unexpected(PoolError{.kind = PoolError::Kind::decoding}); }
-  DaysByTime days;
-  for (BraiinsRewardsResponse::Reward& reward : rewards->btc.dailyRewards) {
-    addReward(days, std::move(reward));
-  }
-  for (const BraiinsDailyHashrateResponse::Day& hashrate : hashrateDays(dailyHashrateBody)) {
-    addHashrate(days, hashrate);
-  }
-  std::vector<BraiinsHistoryDay> kept;
-  kept.reserve(days.size());
-  for (auto& [time, day] : days) {
-    if (isWorthKeeping(day)) { kept.push_back(std::move(day)); }
-  }
-  return kept;
-}
-
-namespace {
-
-using std::chrono::seconds;
-using std::chrono::sys_seconds;
-
+// The stored form counts from 2001.
 constexpr std::int64_t from1970To2001 = 978'307'200;
 
 bool isEncodable(const BraiinsHistoryDay& day) {
@@ -124,7 +82,7 @@ bool isEncodable(const BraiinsHistoryDay& day) {
 
 nlohmann::json encodeDay(const BraiinsHistoryDay& day) {
   nlohmann::json object;
-  object["date"] = saturatingSum(day.date.time_since_epoch().count(), -from1970To2001);
+  object["date"] = saturatingDifference(day.date.time_since_epoch().count(), from1970To2001);
   if (day.averageHashRate) { object["averageHashRate"] = *day.averageHashRate; }
   if (day.shares) { object["shares"] = *day.shares; }
   if (day.rewardBTC) { object["rewardBTC"] = *day.rewardBTC; }
@@ -154,6 +112,34 @@ std::vector<BraiinsHistoryDay> readDays(JsonValue value, JsonMatch& match) {
 }
 
 }  // namespace
+
+BraiinsHistorySummary::BraiinsHistorySummary(std::span<const BraiinsHistoryDay> days)
+    : dayCount(static_cast<std::int64_t>(days.size())),
+      averageHashRate(meanHashRate(days)),
+      totalRewardSats(sumOfRewards(days)) {
+  for (const BraiinsHistoryDay& day : days) {
+    totalShares = saturatingSum(totalShares, day.shares.value_or(0));
+  }
+}
+
+std::optional<std::vector<BraiinsHistoryDay>> buildHistoryDays(
+    std::string_view rewardsBody, std::optional<std::string_view> dailyHashrateBody) {
+  std::optional<BraiinsRewardsResponse> rewards = decodeRewards(rewardsBody);
+  if (!rewards) { return std::nullopt; }
+  DaysByTime days;
+  for (BraiinsRewardsResponse::Reward& reward : rewards->btc.dailyRewards) {
+    addReward(days, std::move(reward));
+  }
+  for (const BraiinsDailyHashrateResponse::Day& hashrate : hashrateDays(dailyHashrateBody)) {
+    addHashrate(days, hashrate);
+  }
+  std::vector<BraiinsHistoryDay> kept;
+  kept.reserve(days.size());
+  for (auto& [time, day] : days) {
+    if (isWorthKeeping(day)) { kept.push_back(std::move(day)); }
+  }
+  return kept;
+}
 
 std::optional<std::string> encodeHistory(std::span<const BraiinsHistoryDay> days) {
   if (!std::ranges::all_of(days, isEncodable)) { return std::nullopt; }

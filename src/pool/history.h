@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <cstdint>
-#include <expected>
 #include <optional>
 #include <span>
 #include <string>
@@ -10,7 +9,6 @@
 #include <vector>
 
 #include "platform/decimal/decimal.h"
-#include "pool/pool_error.h"
 
 namespace orvane {
 
@@ -38,9 +36,9 @@ struct BraiinsHistorySummary {
 /// Joins the pool's two history documents into days, newest first; days on which nothing was
 /// earned and nothing was mined are left out. Rewards and hash rates belong to the same day only
 /// when their timestamps are equal; a later entry replaces an earlier one of the same timestamp.
-/// Fails with `decoding` when the rewards body does not decode. A hash rate body that is missing or
-/// does not decode is no failure: the days then carry rewards only.
-[[nodiscard]] std::expected<std::vector<BraiinsHistoryDay>, PoolError> buildHistoryDays(
+/// Nothing when the rewards body does not decode. A hash rate body that is missing or does not
+/// decode is no failure: the days then carry rewards only.
+[[nodiscard]] std::optional<std::vector<BraiinsHistoryDay>> buildHistoryDays(
     std::string_view rewardsBody, std::optional<std::string_view> dailyHashrateBody);
 
 /// The persisted form of a history, which the store keeps in the user's settings: a JSON array of

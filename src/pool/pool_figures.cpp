@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "platform/decimal/amounts.h"
 #include "platform/decimal/decimal.h"
 #include "platform/text/unicode.h"
 

@@ -1,33 +1,11 @@
 #pragma once
 
 #include <cstdint>
-#include <limits>
 #include <string_view>
 
 namespace orvane {
 
-/// Arithmetic that stops at the ends of the signed 64-bit range.
-
-/// `value` without its fraction; it is not NaN.
-[[nodiscard]] inline std::int64_t saturatedToInt64(double value) {
-  using Range = std::numeric_limits<std::int64_t>;
-  // The upper end is no double; its successor is.
-  constexpr double beyondMaximum = 0x1p63;
-  if (value >= beyondMaximum) { return Range::max(); }
-  if (value <= -beyondMaximum) { return Range::min(); }
-  return static_cast<std::int64_t>(value);
-}
-
-[[nodiscard]] inline std::int64_t saturatingSum(std::int64_t a, std::int64_t b) {
-  using Range = std::numeric_limits<std::int64_t>;
-  std::int64_t sum = 0;
-  if (!__builtin_add_overflow(a, b, &sum)) { return sum; }
-  return b < 0 ? Range::min() : Range::max();
-}
-
 /// How the pool writes its figures.
-
-inline constexpr std::int64_t satsPerBTC = 100'000'000;
 
 /// Hashes per second in one `unit`, for example 1e9 for "Gh/s"; up to petahashes, with letters in
 /// either case, and with or without the slash. White space around the unit does not count. Any

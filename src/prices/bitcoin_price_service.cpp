@@ -3,8 +3,6 @@
 #include <clocale>
 #include <cstdlib>
 #include <memory>
-#include <optional>
-#include <string_view>
 #include <type_traits>
 #include <utility>
 
@@ -15,6 +13,15 @@
 namespace orvane {
 
 namespace {
+
+using Kind = PriceError::Kind;
+
+constexpr std::string_view whiteSpace = " \t\n\v\f\r";
+
+struct FreeLocale {
+  void operator()(locale_t locale) const { freelocale(locale); }
+};
+using Locale = std::unique_ptr<std::remove_pointer_t<locale_t>, FreeLocale>;
 
 CurrentPriceResponse readCurrentPrice(JsonValue root, JsonMatch& match) {
   const JsonObjectReader document(root, match);
@@ -37,6 +44,34 @@ CoinbasePriceResponse readCoinbasePrice(JsonValue root, JsonMatch& match) {
   return response;
 }
 
+std::optional<double> rate(const CoinbasePriceResponse& response, PreferredFiatCurrency currency) {
+  const auto found = response.data.rates.find(rawValue(currency));
+  return found == response.data.rates.end() ? std::nullopt : parsePriceText(found->second);
+}
+
+PriceResult pricesFromCoinGecko(const CurrentPriceResponse& response) {
+  return CurrentBitcoinPrices{.eur = response.bitcoin.eur, .usd = response.bitcoin.usd};
+}
+
+PriceResult pricesFromCoinbase(const CoinbasePriceResponse& response) {
+  const std::optional<double> eur = rate(response, PreferredFiatCurrency::eur);
+  const std::optional<double> usd = rate(response, PreferredFiatCurrency::usd);
+  if (!eur || !usd) { return std::unexpected(PriceError{.kind = Kind::cannotParseResponse}); }
+  return CurrentBitcoinPrices{.eur = *eur, .usd = *usd};
+}
+
+template <class Document>
+Task<PriceResult> fetch(HttpTransport& transport, std::string url,
+                        std::optional<Document> (*decode)(std::string_view body),
+                        PriceResult (*pricesFrom)(const Document& response)) {
+  HttpRequest request{.url = std::move(url)};
+  HttpResult result = co_await transport.get(std::move(request));
+  const std::expected<std::string, PriceError> body = bodyOf<PriceError>(std::move(result));
+  const std::expected<Document, PriceError> response = decoded(body, decode);
+  if (!response) { co_return std::unexpected(response.error()); }
+  co_return pricesFrom(*response);
+}
+
 }  // namespace
 
 std::optional<CurrentPriceResponse> decodeCurrentPrice(std::string_view body) {
@@ -47,17 +82,6 @@ std::optional<CoinbasePriceResponse> decodeCoinbasePrice(std::string_view body) 
   return decodeJson(body, readCoinbasePrice);
 }
 
-namespace {
-
-constexpr std::string_view whiteSpace = " \t\n\v\f\r";
-
-struct FreeLocale {
-  void operator()(locale_t locale) const { freelocale(locale); }
-};
-using Locale = std::unique_ptr<std::remove_pointer_t<locale_t>, FreeLocale>;
-
-}  // namespace
-
 std::optional<double> parsePriceText(const std::string& text) {
   const Locale cLocale(newlocale(LC_ALL_MASK, "C", nullptr));
   if (!cLocale || text.empty() || whiteSpace.contains(text.front())) { return std::nullopt; }
@@ -67,52 +91,6 @@ std::optional<double> parsePriceText(const std::string& text) {
   if (end != text.c_str() + text.size()) { return std::nullopt; }
   return value;
 }
-
-namespace {
-
-using Kind = PriceError::Kind;
-
-std::unexpected<PriceError> failure(Kind kind) { return std::unexpected(PriceError{.kind = kind}); }
-
-std::expected<std::string, PriceError> bodyOf(HttpResult result) {
-  if (!result && result.error() == HttpFailure::cancelled) { return failure(Kind::cancelled); }
-  if (!result) {
-    return std::unexpected(PriceError{.kind = Kind::transport, .failure = result.error()});
-  }
-  if (!result->isSuccess()) { return failure(Kind::badServerResponse); }
-  return std::move(result->body);
-}
-
-std::optional<double> rate(const CoinbasePriceResponse& response, std::string_view currency) {
-  const auto found = response.data.rates.find(currency);
-  return found == response.data.rates.end() ? std::nullopt : parsePriceText(found->second);
-}
-
-PriceResult pricesFromCoinGecko(std::string_view body) {
-  const std::optional<CurrentPriceResponse> response = decodeCurrentPrice(body);
-  if (!response) { return failure(Kind::decoding); }
-  return CurrentBitcoinPrices{.eur = response->bitcoin.eur, .usd = response->bitcoin.usd};
-}
-
-PriceResult pricesFromCoinbase(std::string_view body) {
-  const std::optional<CoinbasePriceResponse> response = decodeCoinbasePrice(body);
-  if (!response) { return failure(Kind::decoding); }
-  const std::optional<double> eur = rate(*response, rawValue(PreferredFiatCurrency::eur));
-  const std::optional<double> usd = rate(*response, rawValue(PreferredFiatCurrency::usd));
-  if (!eur || !usd) { return failure(Kind::cannotParseResponse); }
-  return CurrentBitcoinPrices{.eur = *eur, .usd = *usd};
-}
-
-Task<PriceResult> fetch(HttpTransport& transport, std::string url,
-                        PriceResult (*pricesFrom)(std::string_view body)) {
-  HttpRequest request{.url = std::move(url)};
-  HttpResult result = co_await transport.get(std::move(request));
-  const std::expected<std::string, PriceError> body = bodyOf(std::move(result));
-  if (!body) { co_return std::unexpected(body.error()); }
-  co_return pricesFrom(*body);
-}
-
-}  // namespace
 
 BitcoinPriceService::BitcoinPriceService(HttpTransport& transport, std::string primaryHost,
                                          std::string fallbackHost)
@@ -129,12 +107,12 @@ Task<PriceResult> BitcoinPriceService::current() {
 Task<PriceResult> BitcoinPriceService::fetchFromCoinGecko() {
   return fetch(transport_,
                "https://" + primaryHost_ + "/api/v3/simple/price?ids=bitcoin&vs_currencies=eur,usd",
-               pricesFromCoinGecko);
+               decodeCurrentPrice, pricesFromCoinGecko);
 }
 
 Task<PriceResult> BitcoinPriceService::fetchFromCoinbase() {
   return fetch(transport_, "https://" + fallbackHost_ + "/v2/exchange-rates?currency=BTC",
-               pricesFromCoinbase);
+               decodeCoinbasePrice, pricesFromCoinbase);
 }
 
 }  // namespace orvane

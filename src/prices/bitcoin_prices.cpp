@@ -4,51 +4,40 @@
 
 #include <fmt/format.h>
 
+#include "platform/decimal/amounts.h"
+
 namespace orvane {
 
-std::string_view rawValue(PreferredFiatCurrency currency) {
+namespace {
+
+struct Currency {
+  std::string_view rawValue;
+  std::string_view symbol;
+  double CurrentBitcoinPrices::* price;
+};
+
+Currency currencyOf(PreferredFiatCurrency currency) {
   switch (currency) {
     case PreferredFiatCurrency::eur:
-      return "EUR";
+      return {.rawValue = "EUR", .symbol = "€", .price = &CurrentBitcoinPrices::eur};
     case PreferredFiatCurrency::usd:
-      return "USD";
+      return {.rawValue = "USD", .symbol = "$", .price = &CurrentBitcoinPrices::usd};
   }
   return {};
 }
+
+}  // namespace
+
+std::string_view rawValue(PreferredFiatCurrency currency) { return currencyOf(currency).rawValue; }
+std::string_view symbol(PreferredFiatCurrency currency) { return currencyOf(currency).symbol; }
 
 std::optional<PreferredFiatCurrency> fiatCurrencyFromRawValue(std::string_view text) {
   const auto* const found = std::ranges::find(allFiatCurrencies, text, rawValue);
   return found == allFiatCurrencies.end() ? std::nullopt : std::optional(*found);
 }
 
-std::string_view symbol(PreferredFiatCurrency currency) {
-  switch (currency) {
-    case PreferredFiatCurrency::eur:
-      return "€";
-    case PreferredFiatCurrency::usd:
-      return "$";
-  }
-  return {};
-}
-
-namespace {
-
-constexpr double satsPerBTC = 100'000'000;
-
-double price(const CurrentBitcoinPrices& prices, PreferredFiatCurrency currency) {
-  switch (currency) {
-    case PreferredFiatCurrency::eur:
-      return prices.eur;
-    case PreferredFiatCurrency::usd:
-      return prices.usd;
-  }
-  return 0;
-}
-
-}  // namespace
-
 double fiatValue(double sats, const CurrentBitcoinPrices& prices, PreferredFiatCurrency currency) {
-  return sats / satsPerBTC * price(prices, currency);
+  return sats / satsPerBTC * prices.*currencyOf(currency).price;
 }
 
 std::string fiatValueText(const LocaleFormat& format, PreferredFiatCurrency currency, double sats,
@@ -60,7 +49,8 @@ std::string fiatValueText(const LocaleFormat& format, PreferredFiatCurrency curr
 
 std::string rateText(const LocaleFormat& format, PreferredFiatCurrency currency,
                      const CurrentBitcoinPrices& prices) {
-  return fmt::format("1 BTC = {} {}", format.fixed(price(prices, currency), 0), symbol(currency));
+  const double price = prices.*currencyOf(currency).price;
+  return fmt::format("1 BTC = {} {}", format.fixed(price, 0), symbol(currency));
 }
 
 }  // namespace orvane

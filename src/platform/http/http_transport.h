@@ -2,7 +2,10 @@
 
 #include <chrono>
 #include <expected>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/async/task.h"
@@ -26,8 +29,6 @@ struct HttpRequest {
 struct HttpResponse {
   int status = 0;
   std::string body;
-
-  [[nodiscard]] bool isSuccess() const { return status >= 200 && status <= 299; }
 };
 
 /// Why an exchange brought no answer. A status of any kind is an answer, not a failure.
@@ -53,5 +54,39 @@ class HttpTransport {
 
   [[nodiscard]] virtual Task<HttpResult> get(HttpRequest request) = 0;
 };
+
+/// The way from an exchange to what a client of a web API gives, the same for all of them. `Error`
+/// is the client's own: a struct of a `kind` and, for its kind `transport`, a `failure`. One whose
+/// kinds have no `badURL` counts an invalid URL among the failures of the transport.
+template <class Error>
+[[nodiscard]] Error errorOf(HttpFailure failure) {
+  using Kind = Error::Kind;
+  if (failure == HttpFailure::cancelled) { return {.kind = Kind::cancelled}; }
+  if constexpr (requires { Kind::badURL; }) {
+    if (failure == HttpFailure::invalidUrl) { return {.kind = Kind::badURL}; }
+  }
+  return {.kind = Kind::transport, .failure = failure};
+}
+
+/// The body of an answer with a status of 200 to 299.
+template <class Error>
+[[nodiscard]] std::expected<std::string, Error> bodyOf(HttpResult result) {
+  if (!result) { return std::unexpected(errorOf<Error>(result.error())); }
+  if (result->status < 200 || result->status > 299) {
+    return std::unexpected(Error{.kind = Error::Kind::badServerResponse});
+  }
+  return std::move(result->body);
+}
+
+/// The document that the body is.
+template <class Document, class Error>
+[[nodiscard]] std::expected<Document, Error> decoded(
+    const std::expected<std::string, Error>& body,
+    std::optional<Document> (*decode)(std::string_view body)) {
+  if (!body) { return std::unexpected(body.error()); }
+  std::optional<Document> document = decode(*body);
+  if (!document) { return std::unexpected(Error{.kind = Error::Kind::decoding}); }
+  return *std::move(document);
+}
 
 }  // namespace orvane

@@ -7,7 +7,7 @@
 #include <fmt/format.h>
 
 #include "core/display_texts.h"
-#include "pool/pool_figures.h"
+#include "platform/decimal/amounts.h"
 
 namespace orvane {
 
@@ -52,7 +52,7 @@ std::string averageText(const std::optional<double>& hashRate) {
 
 std::string rewardText(const LocaleFormat& format, const std::optional<std::string>& rewardBTC) {
   const auto bitcoins = rewardBTC ? Decimal::parse(*rewardBTC) : std::nullopt;
-  return bitcoins ? historySatsText(format, *bitcoins * Decimal(satsPerBTC)) : unknownFigure;
+  return bitcoins ? historySatsText(format, *bitcoins * satsPerBTC) : unknownFigure;
 }
 
 }  // namespace
