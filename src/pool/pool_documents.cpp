@@ -6,16 +6,6 @@ namespace orvane {
 
 namespace {
 
-template <class Value>
-NamedValues<Value> readNamed(JsonValue object, JsonMatch& match, JsonRead<Value> read) {
-  NamedValues<Value> values;
-  for (const JsonMember member : objectMembers(object, match)) {
-    // The pool tends to send names in order: the hint spares the search then.
-    values.insert_or_assign(values.end(), std::string(member.name), read(member.value, match));
-  }
-  return values;
-}
-
 BraiinsProfileResponse readProfile(JsonValue root, JsonMatch& match) {
   const JsonObjectReader document(root, match);
   const JsonObjectReader profile(document.value("btc"), match);
@@ -38,11 +28,11 @@ BraiinsWorkersResponse::Worker readWorker(JsonValue value, JsonMatch& match) {
 
 BraiinsWorkersResponse::BTC readWorkersOfCurrency(JsonValue value, JsonMatch& match) {
   const JsonObjectReader currency(value, match);
-  return {.workers = readNamed(currency.value("workers"), match, readWorker)};
+  return {.workers = readJsonMap(currency.value("workers"), match, readWorker)};
 }
 
 BraiinsWorkersResponse readWorkers(JsonValue root, JsonMatch& match) {
-  return {.values = readNamed(root, match, readWorkersOfCurrency)};
+  return {.values = readJsonMap(root, match, readWorkersOfCurrency)};
 }
 
 BraiinsRewardsResponse::Reward readReward(JsonValue value, JsonMatch& match) {
@@ -70,7 +60,7 @@ std::vector<BraiinsDailyHashrateResponse::Day> readDaysOfGroup(JsonValue value, 
 }
 
 BraiinsDailyHashrateResponse readDailyHashrate(JsonValue root, JsonMatch& match) {
-  return {.values = readNamed(root, match, readDaysOfGroup)};
+  return {.values = readJsonMap(root, match, readDaysOfGroup)};
 }
 
 }  // namespace

@@ -29,19 +29,16 @@ CurrentPriceResponse readCurrentPrice(JsonValue root, JsonMatch& match) {
   return {.bitcoin = {.eur = bitcoin.number("eur"), .usd = bitcoin.number("usd")}};
 }
 
+std::string readRate(JsonValue value, JsonMatch& match) {
+  const std::optional<std::string_view> text = value.text();
+  if (!text) { match.fail(); }
+  return std::string(text.value_or(std::string_view()));
+}
+
 CoinbasePriceResponse readCoinbasePrice(JsonValue root, JsonMatch& match) {
   const JsonObjectReader document(root, match);
   const JsonObjectReader data(document.value("data"), match);
-  CoinbasePriceResponse response;
-  for (const JsonMember rate : objectMembers(data.value("rates"), match)) {
-    const std::optional<std::string_view> text = rate.value.text();
-    if (!text) {
-      match.fail();
-      break;
-    }
-    response.data.rates.insert_or_assign(std::string(rate.name), std::string(*text));
-  }
-  return response;
+  return {.data = {.rates = readJsonMap(data.value("rates"), match, readRate)}};
 }
 
 std::optional<double> rate(const CoinbasePriceResponse& response, PreferredFiatCurrency currency) {

@@ -9,6 +9,7 @@ namespace orvane {
 namespace {
 
 constexpr int httpsPort = 443;
+constexpr int firstErrorStatus = 400;
 constexpr std::array followedStatuses{301, 302, 303, 307, 308};
 
 // A user name would travel as an Authorization header that nobody asked for.
@@ -32,29 +33,6 @@ bool canBeSent(const HttpHeader& header) {
   return !header.name.empty() && std::ranges::all_of(header.name, isTokenCharacter) &&
          header.value.find_first_of("\r\n\0"sv) == std::string::npos;
 }
-
-}  // namespace
-
-std::optional<QUrl> httpsUrl(const std::string& text) {
-  QUrl url = QUrl::fromEncoded(QByteArray::fromStdString(text), QUrl::StrictMode);
-  return isPlainHttps(url) ? std::optional(std::move(url)) : std::nullopt;
-}
-
-bool canBeSent(const std::vector<HttpHeader>& headers) {
-  return std::ranges::all_of(headers, [](const HttpHeader& header) { return canBeSent(header); });
-}
-
-std::optional<QUrl> allowedRedirect(int status, const QUrl& url, const QUrl& location,
-                                    bool hasOwnHeaders) {
-  const bool isFollowed = std::ranges::find(followedStatuses, status) != followedStatuses.end();
-  if (!isFollowed || location.isEmpty()) { return std::nullopt; }
-  QUrl target = url.resolved(location);
-  if (!isPlainHttps(target)) { return std::nullopt; }
-  if (hasOwnHeaders && !isSameOrigin(url, target)) { return std::nullopt; }
-  return target;
-}
-
-namespace {
 
 // Below these values are the failures of connections to hosts and proxies.
 bool mayStandForAStatus(QNetworkReply::NetworkError error) {
@@ -88,10 +66,29 @@ HttpFailure failureOf(QNetworkReply::NetworkError error) {
 
 }  // namespace
 
+std::optional<QUrl> httpsUrl(const std::string& text) {
+  QUrl url = QUrl::fromEncoded(QByteArray::fromStdString(text), QUrl::StrictMode);
+  return isPlainHttps(url) ? std::optional(std::move(url)) : std::nullopt;
+}
+
+bool canBeSent(const std::vector<HttpHeader>& headers) {
+  return std::ranges::all_of(headers, [](const HttpHeader& header) { return canBeSent(header); });
+}
+
+std::optional<QUrl> allowedRedirect(int status, const QUrl& url, const QUrl& location,
+                                    bool hasOwnHeaders) {
+  const bool isFollowed = std::ranges::find(followedStatuses, status) != followedStatuses.end();
+  if (!isFollowed || location.isEmpty()) { return std::nullopt; }
+  QUrl target = url.resolved(location);
+  if (!isPlainHttps(target)) { return std::nullopt; }
+  if (hasOwnHeaders && !isSameOrigin(url, target)) { return std::nullopt; }
+  return target;
+}
+
 std::optional<HttpFailure> exchangeFailure(QNetworkReply::NetworkError error, int status) {
-  constexpr int firstErrorStatus = 400;
-  if (status == 0 && error == QNetworkReply::NoError) { return HttpFailure::other; }
-  if (error == QNetworkReply::NoError) { return std::nullopt; }
+  if (error == QNetworkReply::NoError) {
+    return status == 0 ? std::optional(HttpFailure::other) : std::nullopt;
+  }
   if (status >= firstErrorStatus && mayStandForAStatus(error)) { return std::nullopt; }
   return failureOf(error);
 }

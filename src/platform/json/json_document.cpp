@@ -2,11 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <limits>
-#include <optional>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -48,9 +45,6 @@ struct JsonTree {
     return std::string_view(pool).substr(span.offset, span.length);
   }
 };
-
-/// Nothing when `text` is not a JSON text in the sense of JsonDocument.
-[[nodiscard]] std::optional<JsonTree> parseJsonTree(std::string_view text);
 
 namespace {
 
@@ -171,27 +165,21 @@ class TreeBuilder final : public nlohmann::json_sax<nlohmann::json> {
 
 }  // namespace
 
-std::optional<JsonTree> parseJsonTree(std::string_view text) {
-  // The parser takes a NUL for the end of the text; in JSON it is nowhere allowed.
-  if (text.size() > maximumTextSize || text.contains('\0')) { return std::nullopt; }
-  JsonTree tree;
-  // Fits the documents of our sources: large ones grow no block more than once or twice.
-  tree.nodes.reserve(text.size() / 16 + 1);
-  tree.pool.reserve(text.size() / 2);
-  TreeBuilder builder(tree);
-  if (!nlohmann::json::sax_parse(text.begin(), text.end(), &builder)) { return std::nullopt; }
-  return tree;
-}
-
 JsonDocument::JsonDocument(std::unique_ptr<JsonTree> tree) : tree_(std::move(tree)) {}
 JsonDocument::JsonDocument(JsonDocument&&) noexcept = default;
 JsonDocument& JsonDocument::operator=(JsonDocument&&) noexcept = default;
 JsonDocument::~JsonDocument() = default;
 
 std::optional<JsonDocument> JsonDocument::parse(std::string_view text) {
-  std::optional<JsonTree> tree = parseJsonTree(text);
-  if (!tree) { return std::nullopt; }
-  return JsonDocument(std::make_unique<JsonTree>(std::move(*tree)));
+  // The parser takes a NUL for the end of the text; in JSON it is nowhere allowed.
+  if (text.size() > maximumTextSize || text.contains('\0')) { return std::nullopt; }
+  auto tree = std::make_unique<JsonTree>();
+  // Fits the documents of our sources: large ones grow no block more than once or twice.
+  tree->nodes.reserve(text.size() / 16 + 1);
+  tree->pool.reserve(text.size() / 2);
+  TreeBuilder builder(*tree);
+  if (!nlohmann::json::sax_parse(text.begin(), text.end(), &builder)) { return std::nullopt; }
+  return JsonDocument(std::move(tree));
 }
 
 JsonValue JsonDocument::root() const { return {tree_.get(), 0}; }

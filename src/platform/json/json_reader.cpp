@@ -24,10 +24,6 @@ T readRequired(const std::optional<JsonValue>& member, JsonMatch& match,
   return value.value_or(T{});
 }
 
-std::optional<std::string> copied(std::optional<std::string_view> view) {
-  return view ? std::optional<std::string>(*view) : std::nullopt;
-}
-
 }  // namespace
 
 JsonObjectReader::JsonObjectReader(JsonValue object, JsonMatch& match)
@@ -36,57 +32,31 @@ JsonObjectReader::JsonObjectReader(JsonValue object, JsonMatch& match)
 }
 
 std::string JsonObjectReader::text(std::string_view name) const {
-  return std::string(readRequired(find(name), match_, &JsonValue::text));
+  return std::string(readRequired(object_.last(name), match_, &JsonValue::text));
 }
-
 double JsonObjectReader::number(std::string_view name) const {
-  return readRequired(find(name), match_, &JsonValue::number);
+  return readRequired(object_.last(name), match_, &JsonValue::number);
 }
-
 std::int64_t JsonObjectReader::integer(std::string_view name) const {
-  return readRequired(find(name), match_, &JsonValue::integer);
+  return readRequired(object_.last(name), match_, &JsonValue::integer);
 }
-
 bool JsonObjectReader::boolean(std::string_view name) const {
-  return readRequired(find(name), match_, &JsonValue::boolean);
+  return readRequired(object_.last(name), match_, &JsonValue::boolean);
 }
-
 JsonValue JsonObjectReader::value(std::string_view name) const {
-  const JsonValue member = find(name).value_or(JsonValue::null());
+  const JsonValue member = object_.last(name).value_or(JsonValue::null());
   if (member.isNull()) { match_.fail(); }
   return member;
 }
 
 std::optional<std::string> JsonObjectReader::optionalText(std::string_view name) const {
-  return copied(optionalTextView(name));
+  return std::optional<std::string>(readOptional(object_.last(name), match_, &JsonValue::text));
 }
-
-std::optional<std::string_view> JsonObjectReader::optionalTextView(std::string_view name) const {
-  return readOptional(find(name), match_, &JsonValue::text);
-}
-
 std::optional<double> JsonObjectReader::optionalNumber(std::string_view name) const {
-  return readOptional(find(name), match_, &JsonValue::number);
+  return readOptional(object_.last(name), match_, &JsonValue::number);
 }
-
 std::optional<std::int64_t> JsonObjectReader::optionalInteger(std::string_view name) const {
-  return readOptional(find(name), match_, &JsonValue::integer);
-}
-
-std::optional<JsonValue> JsonObjectReader::find(std::string_view name) const {
-  return object_.last(name);
-}
-
-JsonValue arrayElements(JsonValue value, JsonMatch& match) {
-  if (value.isArray()) { return value; }
-  match.fail();
-  return JsonValue::null();
-}
-
-JsonValue objectMembers(JsonValue value, JsonMatch& match) {
-  if (value.isObject()) { return value; }
-  match.fail();
-  return JsonValue::null();
+  return readOptional(object_.last(name), match_, &JsonValue::integer);
 }
 
 }  // namespace orvane

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -38,24 +40,13 @@ class JsonObjectReader {
   [[nodiscard]] JsonValue value(std::string_view name) const;
 
   [[nodiscard]] std::optional<std::string> optionalText(std::string_view name) const;
-  /// As `optionalText`, without a copy; valid while the document lives.
-  [[nodiscard]] std::optional<std::string_view> optionalTextView(std::string_view name) const;
   [[nodiscard]] std::optional<double> optionalNumber(std::string_view name) const;
   [[nodiscard]] std::optional<std::int64_t> optionalInteger(std::string_view name) const;
 
  private:
-  [[nodiscard]] std::optional<JsonValue> find(std::string_view name) const;
-
   JsonValue object_;
   JsonMatch& match_;
 };
-
-/// The elements of `value` when it is an array; fails the match when it is not. Use as
-/// `for (JsonMember element : arrayElements(value, match))`.
-[[nodiscard]] JsonValue arrayElements(JsonValue value, JsonMatch& match);
-
-/// The same for the members of an object that is a map from names to values.
-[[nodiscard]] JsonValue objectMembers(JsonValue value, JsonMatch& match);
 
 /// Reads one record out of a value; fails the match when the value is not as the record says.
 template <class Record>
@@ -77,10 +68,26 @@ template <class Record>
 template <class Record>
 [[nodiscard]] std::vector<Record> readJsonArray(JsonValue array, JsonMatch& match,
                                                 JsonRead<Record> read) {
+  if (!array.isArray()) { match.fail(); }
   std::vector<Record> records;
   records.reserve(array.size());
-  for (const JsonMember element : arrayElements(array, match)) {
+  for (const JsonMember element : array) {
     records.push_back(read(element.value, match));
+  }
+  return records;
+}
+
+/// The records of an object whose names the document chooses; fails the match when `object` is
+/// none. Every record must match; of those with the same name the last one counts.
+template <class Record>
+[[nodiscard]] std::map<std::string, Record, std::less<>> readJsonMap(JsonValue object,
+                                                                     JsonMatch& match,
+                                                                     JsonRead<Record> read) {
+  if (!object.isObject()) { match.fail(); }
+  std::map<std::string, Record, std::less<>> records;
+  for (const JsonMember member : object) {
+    // Names tend to come in order: the hint spares the search then.
+    records.insert_or_assign(records.end(), std::string(member.name), read(member.value, match));
   }
   return records;
 }

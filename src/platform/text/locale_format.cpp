@@ -16,6 +16,13 @@ namespace orvane {
 
 namespace {
 
+using icu::number::LocalizedNumberFormatter;
+using icu::number::NumberFormatter;
+using icu::number::Precision;
+
+// Nobody shows more; a double has no more than 17 digits to show.
+constexpr int mostDigits = 17;
+
 /// The first of the variables that is set and not empty.
 std::string firstSet(std::initializer_list<const char*> variables) {
   for (const char* const variable : variables) {
@@ -24,22 +31,6 @@ std::string firstSet(std::initializer_list<const char*> variables) {
   }
   return {};
 }
-
-}  // namespace
-
-LocaleNames LocaleNames::fromEnvironment() {
-  return {.numbers = firstSet({"LC_ALL", "LC_NUMERIC", "LANG"}),
-          .dates = firstSet({"LC_ALL", "LC_TIME", "LANG"})};
-}
-
-namespace {
-
-using icu::number::LocalizedNumberFormatter;
-using icu::number::NumberFormatter;
-using icu::number::Precision;
-
-// Nobody shows more; a double has no more than 17 digits to show.
-constexpr int mostDigits = 17;
 
 struct ScriptModifier {
   std::string_view modifier;
@@ -111,6 +102,11 @@ LocalizedNumberFormatter fixedFormatter(const icu::Locale& locale, int digits) {
 }
 
 }  // namespace
+
+LocaleNames LocaleNames::fromEnvironment() {
+  return {.numbers = firstSet({"LC_ALL", "LC_NUMERIC", "LANG"}),
+          .dates = firstSet({"LC_ALL", "LC_TIME", "LANG"})};
+}
 
 struct LocaleFormat::Formatters {
   LocalizedNumberFormatter integer;

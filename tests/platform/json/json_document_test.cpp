@@ -2,9 +2,7 @@
 
 #include <cstdint>
 #include <limits>
-#include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -17,14 +15,29 @@ namespace {
 using namespace std::string_literals;
 
 TEST(JsonDocumentTest, RefusesWhatIsNotOneWholeValueOfValidText) {
-  for (const auto* const text :
-       {"", "{", "[1,]", "{\"a\":1,}", "'a'", "1 2", "{}}", "NaN", "01", "1e400", "-1e400",
-        "// c\n1", "\"\\ud800\"", "\"\xff\"", "[1]\xc3", "{\"\xed\xa0\x80\":1}"}) {
+  for (const std::string& text : {""s,
+                                  "{"s,
+                                  "[1,]"s,
+                                  "{\"a\":1,}"s,
+                                  "'a'"s,
+                                  "1 2"s,
+                                  "{}}"s,
+                                  "NaN"s,
+                                  "01"s,
+                                  "1e400"s,
+                                  "-1e400"s,
+                                  "// c\n1"s,
+                                  "\"\n\""s,
+                                  "\"\\ud800\""s,
+                                  "\"\xff\""s,
+                                  "[1]\xc3"s,
+                                  "{\"\xed\xa0\x80\":1}"s,
+                                  "{}\0"s,
+                                  "\0{}"s,
+                                  "[1,\0 2]"s}) {
     EXPECT_FALSE(JsonDocument::parse(text)) << text;
   }
-  for (const std::string& withNul : {"{}\0"s, "\0{}"s, "[1,\0 2]"s}) {
-    EXPECT_FALSE(JsonDocument::parse(withNul));
-  }
+  EXPECT_TRUE(JsonDocument::parse("\xEF\xBB\xBF{}"));
 }
 
 TEST(JsonDocumentTest, BoundsTheDepthWithoutTroubleForTheStack) {
@@ -33,7 +46,7 @@ TEST(JsonDocumentTest, BoundsTheDepthWithoutTroubleForTheStack) {
   EXPECT_FALSE(JsonDocument::parse(std::string(100'000, '[') + std::string(100'000, ']')));
 }
 
-TEST(JsonDocumentTest, ReadsTextsWithEscapesAndEmbeddedNulAndKeepsThem) {
+TEST(JsonDocumentTest, KeepsTextsWithTheirEscapesAndNul) {
   std::string text = R"({"name": "\u00e9 é \ud83d\ude00 \u0000|"})";
   const std::optional<JsonDocument> document = JsonDocument::parse(text);
   text.assign(text.size(), 'x');
@@ -44,36 +57,31 @@ TEST(JsonDocumentTest, ReadsTextsWithEscapesAndEmbeddedNulAndKeepsThem) {
 struct NumberCase {
   std::string_view text;
   double number;
-  std::optional<std::int64_t> integer;
+  std::optional<std::int64_t> integer = {};
 };
 
 void expectNumbers() {
-  constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
-  constexpr std::int64_t smallest = std::numeric_limits<std::int64_t>::min();
-  const std::vector<NumberCase> cases{
-      {.text = "0", .number = 0, .integer = 0},
+  using Range = std::numeric_limits<std::int64_t>;
+  constexpr NumberCase cases[]{
       {.text = "-0", .number = 0, .integer = 0},
       {.text = "-0.0", .number = 0, .integer = 0},
       {.text = "-7", .number = -7, .integer = -7},
       {.text = "1700000000.0", .number = 1.7e9, .integer = 1'700'000'000},
       {.text = "-2.5E1", .number = -25, .integer = -25},
-      {.text = "1.5", .number = 1.5, .integer = {}},
+      {.text = "1.5", .number = 1.5},
       {.text = "9007199254740993", .number = 9007199254740992, .integer = 9007199254740993},
-      {.text = "9223372036854775807", .number = 0x1p63, .integer = largest},
-      {.text = "9223372036854775808", .number = 0x1p63, .integer = {}},
-      {.text = "9223372036854775808.0", .number = 0x1p63, .integer = {}},
-      {.text = "18446744073709551616", .number = 0x1p64, .integer = {}},
-      {.text = "-9223372036854775808", .number = -0x1p63, .integer = smallest},
-      {.text = "-9223372036854775809", .number = -0x1p63, .integer = {}},
+      {.text = "9223372036854775807", .number = 0x1p63, .integer = Range::max()},
+      {.text = "9223372036854775808", .number = 0x1p63},
+      {.text = "9223372036854775808.0", .number = 0x1p63},
+      {.text = "18446744073709551616", .number = 0x1p64},
+      {.text = "-9223372036854775808", .number = -0x1p63, .integer = Range::min()},
+      {.text = "-9223372036854775809", .number = -0x1p63},
   };
-  for (const char* const locale : {"de_DE.UTF-8", "C"}) {
-    std::setlocale(LC_ALL, locale);  // the first is not on every machine
-    for (const NumberCase& test : cases) {
-      const std::optional<JsonDocument> document = JsonDocument::parse(test.text);
-      ASSERT_TRUE(document) << test.text;
-      EXPECT_EQ(document->root().number(), test.number) << test.text;
-      EXPECT_EQ(document->root().integer(), test.integer) << test.text;
-    }
+  for (const NumberCase& test : cases) {
+    const std::optional<JsonDocument> document = JsonDocument::parse(test.text);
+    ASSERT_TRUE(document) << test.text;
+    EXPECT_EQ(document->root().number(), test.number) << test.text;
+    EXPECT_EQ(document->root().integer(), test.integer) << test.text;
   }
 }
 
@@ -90,9 +98,7 @@ TEST(JsonDocumentTest, GivesNothingForAnotherType) {
       JsonDocument::parse(R"([null, true, 1, 1.5, "1", [1], {"a": 1}])");
   ASSERT_TRUE(document);
   std::string types;
-  for (const JsonMember element : document->root()) {
-    const JsonValue value = element.value;
-    EXPECT_TRUE(element.name.empty());
+  for (const auto& [name, value] : document->root()) {
     types += value.isNull() ? 'n' : '-';
     types += value.boolean() ? 'b' : '-';
     types += value.integer() ? 'i' : '-';
