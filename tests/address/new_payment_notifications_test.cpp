@@ -1,12 +1,6 @@
 #include "address/new_payment_notifications.h"
 
-#include <chrono>
-#include <memory>
-#include <string>
-#include <vector>
-
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "support/fake_notification_center.h"
 #include "support/memory_defaults.h"
@@ -85,8 +79,7 @@ TEST_F(NewPaymentNotificationsTest, OneThatFailsDoesNotStopTheNext) {
   accept({});
   center.refused = {"address-a"};
   accept({payment("a"), payment("b")});
-  ASSERT_EQ(center.shown().size(), 1U);
-  EXPECT_EQ(center.shown()[0].identifier, "address-b");
+  EXPECT_EQ(center.shown().at(0).identifier, "address-b");
 }
 
 TEST_F(NewPaymentNotificationsTest, WhatWasRefusedIsNotAnnouncedLater) {

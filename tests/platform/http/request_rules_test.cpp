@@ -63,5 +63,34 @@ TEST(RequestRulesTest, RedirectsLeadWhereHttpsAndTheHeadersMayGo) {
   }
 }
 
+/// An error whose kinds have no `badURL`.
+struct PlainError {
+  enum class Kind { transport, badServerResponse, decoding, cancelled };
+  Kind kind;
+  HttpFailure failure = HttpFailure::other;
+
+  bool operator==(const PlainError&) const = default;
+};
+
+TEST(AnswerTest, IsABodyOrTheCallersFailure) {
+  using Kind = PlainError::Kind;
+  using Body = std::expected<std::string, PlainError>;
+  const auto answer = [](int status) { return HttpResponse{.status = status, .body = "b"}; };
+  const std::pair<HttpResult, Body> cases[]{
+      {answer(200), "b"},
+      {answer(299), "b"},
+      {answer(199), std::unexpected(PlainError{Kind::badServerResponse})},
+      {answer(300), std::unexpected(PlainError{Kind::badServerResponse})},
+      {std::unexpected(HttpFailure::cancelled), std::unexpected(PlainError{Kind::cancelled})},
+      {std::unexpected(HttpFailure::invalidUrl),
+       std::unexpected(PlainError{Kind::transport, HttpFailure::invalidUrl})},
+      {std::unexpected(HttpFailure::timedOut),
+       std::unexpected(PlainError{Kind::transport, HttpFailure::timedOut})},
+  };
+  for (const auto& [result, body] : cases) {
+    EXPECT_EQ(bodyOf<PlainError>(result), body) << (result ? result->status : 0);
+  }
+}
+
 }  // namespace
 }  // namespace orvane::test

@@ -18,27 +18,17 @@ constexpr Read reads[]{
     [](const auto& reader) { (void)reader.optionalInteger("m"); },
 };
 
-struct MemberCase {
-  std::string_view text;
-  /// A column for each of the reads: "+" matches, "-" fails the document.
-  std::string_view matches;
-};
-
 TEST(JsonReaderTest, FailsTheDocumentForMissingAndMistypedMembers) {
-  constexpr MemberCase cases[]{
-      {.text = R"({"M": "x"})", .matches = "-----+++"},
-      {.text = R"({"m": null})", .matches = "-----+++"},
-      {.text = R"({"m": ""})", .matches = "+---++--"},
-      {.text = R"({"m": 1})", .matches = "-++-+-++"},
-      {.text = R"({"m": 1.5})", .matches = "-+--+-+-"},
-      {.text = R"({"m": true})", .matches = "---++---"},
-      {.text = R"({"m": [1]})", .matches = "----+---"},
-      {.text = R"({"m": 1, "m": "last"})", .matches = "+---++--"},
-      {.text = R"([{"m": 1}])", .matches = "--------"},
-      {.text = "null", .matches = "--------"},
+  // A column for each of the reads: "+" matches, "-" fails the document.
+  const std::pair<std::string_view, std::string_view> cases[]{
+      {R"({"M": "x"})", "-----+++"}, {R"({"m": null})", "-----+++"},
+      {R"({"m": ""})", "+---++--"},  {R"({"m": 1})", "-++-+-++"},
+      {R"({"m": 1.5})", "-+--+-+-"}, {R"({"m": true})", "---++---"},
+      {R"({"m": [1]})", "----+---"}, {R"({"m": 1, "m": "last"})", "+---++--"},
+      {R"([{"m": 1}])", "--------"}, {"null", "--------"},
   };
-  for (const MemberCase& test : cases) {
-    const std::optional<JsonDocument> document = JsonDocument::parse(test.text);
+  for (const auto& [text, matches] : cases) {
+    const std::optional<JsonDocument> document = JsonDocument::parse(text);
     ASSERT_TRUE(document);
     std::string outcome;
     for (const Read& read : reads) {
@@ -46,7 +36,7 @@ TEST(JsonReaderTest, FailsTheDocumentForMissingAndMistypedMembers) {
       read(JsonObjectReader(document->root(), match));
       outcome += match.failed() ? '-' : '+';
     }
-    EXPECT_EQ(outcome, test.matches) << test.text;
+    EXPECT_EQ(outcome, matches) << text;
   }
 }
 

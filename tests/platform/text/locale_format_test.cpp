@@ -3,7 +3,6 @@
 #include <cstdlib>
 #include <limits>
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -11,7 +10,9 @@ namespace orvane::test {
 namespace {
 
 using namespace std::chrono;
-using namespace std::string_literals;
+
+// The zone of this machine: ICU looks once.
+const int zoneIsSet = ::setenv("TZ", "America/New_York", 1);
 
 constexpr sys_seconds afternoon = sys_days{2025y / November / 15} + 14h + 5min;
 
@@ -19,23 +20,22 @@ LocaleFormat format(const std::string& locale, const std::string& timeZone = "UT
   return LocaleFormat({.numbers = locale, .dates = locale, .timeZone = timeZone});
 }
 
-struct LocaleCase {
-  std::string locale;
-  std::string integer;
-  std::string fixed;
-  std::string shortTime;
-  std::string mediumDate;
-};
-
 TEST(LocaleFormatTest, FollowsTheLocale) {
-  const std::vector<LocaleCase> cases{
+  struct Case {
+    std::string locale;
+    std::string integer;
+    std::string fixed;
+    std::string shortTime;
+    std::string mediumDate;
+  };
+  const Case cases[]{
       {"en_US", "-1,234,567", "1,234.50", "2:05\u202fPM", "Nov 15, 2025"},
       {"de_DE", "-1.234.567", "1.234,50", "14:05", "15.11.2025"},
       {"ar_EG", "\u061c-١٬٢٣٤٬٥٦٧", "١٬٢٣٤٫٥٠", "٢:٠٥ م", "١٥\u200f/١١\u200f/٢٠٢٥"},
       // Days in UTC are days of the Gregorian calendar also where another one is in use.
       {"th_TH", "-1,234,567", "1,234.50", "14:05", "15 พ.ย. 2025"},
   };
-  for (const LocaleCase& test : cases) {
+  for (const Case& test : cases) {
     const LocaleFormat locale = format(test.locale);
     EXPECT_EQ(locale.integer(-1'234'567), test.integer) << test.locale;
     EXPECT_EQ(locale.fixed(1234.5, 2), test.fixed) << test.locale;
@@ -58,39 +58,34 @@ TEST(LocaleFormatTest, UnderstandsTheNamesOfTheEnvironment) {
   EXPECT_FALSE(format("no such locale; 100% not").integer(1).empty());
 }
 
-struct NumberCase {
-  double value;
-  int digits;
-  std::string text;
-};
-
 TEST(LocaleFormatTest, RoundsHalvesAwayFromZeroAndSurvivesTheExtremes) {
   using Limits = std::numeric_limits<double>;
-  const std::vector<NumberCase> cases{{0.5, 0, "1"},
-                                      {-2.5, 0, "-3"},
-                                      {0.125, 2, "0.13"},
-                                      {999.9999, 2, "1,000.00"},
-                                      {1234.5, -1, "1,235"},
-                                      {0.5, 400, "0.50000000000000000"},
-                                      {-Limits::infinity(), 2, "-∞"},
-                                      {Limits::quiet_NaN(), 2, "NaN"}};
+  struct Case {
+    double value;
+    int digits;
+    std::string text;
+  };
+  const Case cases[]{{0.5, 0, "1"},
+                     {-2.5, 0, "-3"},
+                     {0.125, 2, "0.13"},
+                     {999.9999, 2, "1,000.00"},
+                     {1234.5, -1, "1,235"},
+                     {0.5, 400, "0.50000000000000000"},
+                     {-Limits::infinity(), 2, "-∞"},
+                     {Limits::quiet_NaN(), 2, "NaN"}};
   const LocaleFormat english = format("en_US");
-  for (const NumberCase& test : cases) {
+  for (const Case& test : cases) {
     EXPECT_EQ(english.fixed(test.value, test.digits), test.text);
   }
   EXPECT_EQ(english.integer(std::numeric_limits<std::int64_t>::min()),
             "-9,223,372,036,854,775,808");
-  EXPECT_EQ(english.fixed(std::numeric_limits<double>::infinity(), 2), "∞");
-  EXPECT_EQ(english.fixed(-std::numeric_limits<double>::infinity(), 2), "-∞");
-  EXPECT_EQ(english.fixed(std::numeric_limits<double>::quiet_NaN(), 2), "NaN");
-  EXPECT_FALSE(english.fixed(std::numeric_limits<double>::max(), 400).empty());
 }
 
 // A pool's timestamps may be any 64-bit number; the calendars of other locales meet them, too.
 TEST(LocaleFormatTest, HasATextForEveryMoment) {
   for (const char* const name : {"en_US", "ar_SA", "fa_IR", "th_TH"}) {
     const LocaleFormat locale = format(name, "America/New_York");
-    for (const sys_seconds time : {sys_seconds::min(), sys_seconds(-1s), sys_seconds::max()}) {
+    for (const sys_seconds time : {sys_seconds::min(), sys_seconds::max()}) {
       EXPECT_FALSE(locale.mediumDateUtc(time).empty()) << name;
       EXPECT_FALSE(locale.mediumDateShortTime(time).empty()) << name;
     }
@@ -99,6 +94,8 @@ TEST(LocaleFormatTest, HasATextForEveryMoment) {
 }
 
 TEST(LocaleFormatTest, ShowsTimesInTheUsersZoneAndDaysInUtc) {
+  ASSERT_EQ(zoneIsSet, 0);
+  EXPECT_EQ(format("de_DE", "").shortTime(afternoon), "09:05") << "the system's own zone";
   const LocaleFormat berlin = format("de_DE", "Europe/Berlin");
   EXPECT_EQ(berlin.shortTime(afternoon), "15:05");
   const sys_seconds late = sys_days{2025y / November / 15} + 23h + 59min;
@@ -107,20 +104,26 @@ TEST(LocaleFormatTest, ShowsTimesInTheUsersZoneAndDaysInUtc) {
 }
 
 TEST(LocaleNamesTest, GoFromTheStrongestVariableToTheWeakestPastEmptyOnes) {
-  const auto expectAfter = [](const char* name, const char* value, LocaleNames expected) {
-    ::setenv(name, value, 1);
-    EXPECT_EQ(LocaleNames::fromEnvironment().numbers, expected.numbers) << name;
-    EXPECT_EQ(LocaleNames::fromEnvironment().dates, expected.dates) << name;
-  };
-  for (const char* const name : {"LC_ALL", "LC_NUMERIC", "LC_TIME"}) {
+  for (const char* const name : {"LC_ALL", "LC_NUMERIC", "LC_TIME", "LANG"}) {
     ::setenv(name, "", 1);
   }
-  ::unsetenv("LANG");
-  EXPECT_EQ(LocaleNames::fromEnvironment().numbers, "");
-  expectAfter("LANG", "fr_FR", {.numbers = "fr_FR", .dates = "fr_FR"});
-  expectAfter("LC_NUMERIC", "de_DE", {.numbers = "de_DE", .dates = "fr_FR"});
-  expectAfter("LC_TIME", "hi_IN", {.numbers = "de_DE", .dates = "hi_IN"});
-  expectAfter("LC_ALL", "en_US", {.numbers = "en_US", .dates = "en_US"});
+  struct Case {
+    const char* variable;
+    const char* value;
+    std::string numbers;
+    std::string dates;
+  };
+  const Case cases[]{{"LANG", "", "", ""},
+                     {"LANG", "fr_FR", "fr_FR", "fr_FR"},
+                     {"LC_NUMERIC", "de_DE", "de_DE", "fr_FR"},
+                     {"LC_TIME", "hi_IN", "de_DE", "hi_IN"},
+                     {"LC_ALL", "en_US", "en_US", "en_US"}};
+  for (const Case& test : cases) {
+    ::setenv(test.variable, test.value, 1);
+    const LocaleNames names = LocaleNames::fromEnvironment();
+    EXPECT_EQ(names.numbers, test.numbers) << test.variable;
+    EXPECT_EQ(names.dates, test.dates) << test.variable;
+  }
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "platform/text/unicode.h"
 
-#include <vector>
-
 #include <gtest/gtest.h>
 
 namespace orvane::test {
@@ -15,7 +13,7 @@ struct TextCase {
 };
 
 TEST(UnicodeTest, TrimsEveryWhiteSpaceOfUnicodeAndNothingElse) {
-  const std::vector<TextCase> cases{
+  const TextCase cases[]{
       {" \t\r\n\v\f", ""},
       {"  a b  ", "a b"},
       {"\u0085\u2028a\u00a0\u3000", "a"},
@@ -44,24 +42,19 @@ TEST(UnicodeTest, TellsValidUtf8) {
 }
 
 TEST(UnicodeTest, ReplacesInvalidSequences) {
-  const std::vector<TextCase> cases{{"850000", "850000"},
-                                    {"\xff"
-                                     "1",
-                                     "\ufffd"
-                                     "1"},
-                                    {"1\xe2\x82", "1\ufffd"},
-                                    {"\xc0\x80", "\ufffd\ufffd"}};
+  const TextCase cases[]{{"850000", "850000"},
+                         {"\xff|", "\ufffd|"},
+                         {"1\xe2\x82", "1\ufffd"},
+                         {"\xc0\x80", "\ufffd\ufffd"}};
   for (const TextCase& test : cases) {
-    EXPECT_EQ(isValidUtf8(test.text), test.text == test.expected);
     EXPECT_EQ(decodedLossily(test.text), test.expected);
   }
 }
 
 TEST(UnicodeTest, EscapesEverythingButLettersMarksAndNumbers) {
-  const std::vector<TextCase> cases{
-      {"bc1qAZaz09", "bc1qAZaz09"},       {"a/b?c=d&e", "a%2Fb%3Fc%3Dd%26e"},
-      {"a-b_c.d~e", "a%2Db%5Fc%2Ed%7Ee"}, {"é٣e\u0301", "é٣e\u0301"},
-      {"€\0"s, "%E2%82%AC%00"},           {"a b\xff", "a b\xff"}};
+  const TextCase cases[]{{"bc1qAZaz09", "bc1qAZaz09"},       {"a/b?c=d&e", "a%2Fb%3Fc%3Dd%26e"},
+                         {"a-b_c.d~e", "a%2Db%5Fc%2Ed%7Ee"}, {"é٣e\u0301", "é٣e\u0301"},
+                         {"€\0"s, "%E2%82%AC%00"},           {"a b\xff", "a b\xff"}};
   for (const TextCase& test : cases) {
     EXPECT_EQ(percentEscaped(test.text), test.expected);
   }

@@ -1,0 +1,286 @@
+#include "platform/http/qt_http_transport.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <mutex>
+
+#include <gmock/gmock.h>
+
+#include "platform/eventloop/real_time.h"
+#include "services/local_services.h"
+#include "services/server/certificate_authority.h"
+#include "services/server/http_server.h"
+#include "services/working_directory.h"
+
+namespace orvane::test {
+namespace {
+
+using namespace std::chrono_literals;
+using services::Connection;
+using services::FaultKind;
+using services::LocalServices;
+using services::Outcome;
+using services::Request;
+using services::Service;
+
+constexpr auto profileTarget = "/accounts/profile/json/btc/";
+
+/// An HTTPS server that sends the bytes a test hands it, and remembers what it was asked.
+class OddServer {
+ public:
+  using Answer = std::function<std::string(const Request&)>;
+
+  explicit OddServer(Answer answer, Outcome afterwards = Outcome::keep)
+      : answer_(std::move(answer)), afterwards_(afterwards) {
+    std::ofstream(caFile()) << authority_.certificatePem();
+  }
+
+  [[nodiscard]] std::string caFile() const { return directory_.path() / "ca.pem"; }
+  [[nodiscard]] std::string origin() const {
+    return "https://localhost:" + std::to_string(server_.port());
+  }
+  [[nodiscard]] std::vector<Request> requests() const {
+    const std::lock_guard lock(mutex_);
+    return requests_;
+  }
+
+ private:
+  Outcome handle(const Request& request, Connection& connection) {
+    {
+      const std::lock_guard lock(mutex_);
+      requests_.push_back(request);
+    }
+    return connection.write(answer_(request)) ? afterwards_ : Outcome::cut;
+  }
+
+  Answer answer_;
+  Outcome afterwards_;
+  mutable std::mutex mutex_;
+  std::vector<Request> requests_;
+  services::WorkingDirectory directory_{{}};
+  services::CertificateAuthority authority_;
+  services::HttpServer server_{0, authority_.makeServerContext(),
+                               [this](const Request& request, Connection& connection) {
+                                 return handle(request, connection);
+                               }};
+};
+
+/// The real transport in front of the local services.
+class QtHttpTransportTest : public RealTimeTest {
+ protected:
+  [[nodiscard]] HttpRequest tipRequest() const {
+    return {.url = "https://" + local.host(Service::explorer) + "/api/blocks/tip/height",
+            .idleTimeout = 20s};
+  }
+  [[nodiscard]] HttpRequest profileRequest() const {
+    return {.url = "https://" + local.host(Service::pool) + profileTarget,
+            .headers = {{"Pool-Auth-Token", std::string(services::sampleToken)}},
+            .idleTimeout = 20s};
+  }
+
+  HttpResult get(HttpRequest request) { return run(transport.get(std::move(request))); }
+  HttpResult getFrom(const OddServer& server) {
+    QtHttpTransport odd({.extraCaFile = server.caFile()});
+    return run(odd.get({.url = server.origin(), .idleTimeout = 20s}));
+  }
+  static void expectFailure(const HttpResult& result, HttpFailure failure) {
+    ASSERT_FALSE(result) << "status " << result->status;
+    EXPECT_EQ(result.error(), failure);
+  }
+
+  LocalServices local;
+  QtHttpTransport transport{{.extraCaFile = local.caFile()}};
+};
+
+TEST_F(QtHttpTransportTest, TheRequestHasOneHeaderBeyondTheStacks) {
+  const HttpResult result = get(profileRequest());
+  EXPECT_EQ(result.value().status, 200);
+  EXPECT_THAT(result->body, testing::EndsWith("}"));
+  ASSERT_EQ(local.requests().size(), 1U);
+  const auto request = local.requests().front();
+  EXPECT_EQ(request.method, "GET");
+  EXPECT_EQ(request.target, profileTarget);
+  std::vector<std::string> names;
+  for (const services::Header& header : request.headers) {
+    names.push_back(header.name);
+  }
+  EXPECT_THAT(names,
+              testing::UnorderedElementsAre("Accept-Encoding", "Accept-Language", "Connection",
+                                            "Host", "Pool-Auth-Token", "User-Agent"));
+}
+
+TEST_F(QtHttpTransportTest, EveryStatusIsAnAnswer) {
+  for (const int status : {204, 401, 407, 409, 429, 500, 503, 599}) {
+    local.clearFaults();
+    local.fault({.service = Service::explorer, .status = status});
+    EXPECT_EQ(get(tipRequest()).value_or(HttpResponse{}).status, status);
+  }
+  EXPECT_EQ(local.requests().size(), 8U);
+}
+
+TEST_F(QtHttpTransportTest, RedirectsKeepTheHeadersWithinTheOriginAndLeaveItOnlyWithoutThem) {
+  local.fault({.service = Service::pool, .kind = FaultKind::redirectWithin, .count = 1});
+  EXPECT_EQ(get(profileRequest()).value().status, 200);
+  EXPECT_EQ(local.requests().back().target, std::string("/moved") + profileTarget);
+
+  local.fault({.service = Service::pool, .kind = FaultKind::redirect});
+  EXPECT_EQ(get(profileRequest()).value().status, 302);
+  EXPECT_TRUE(local.requests(Service::other).empty());
+
+  local.fault({.service = Service::explorer, .kind = FaultKind::redirect});
+  EXPECT_EQ(get(tipRequest()).value().status, 200);
+  EXPECT_EQ(local.requests(Service::other).size(), 1U);
+}
+
+std::string emptyAnswer(const std::string& statusAndHeaders) {
+  return "HTTP/1.1 " + statusAndHeaders + "\r\nContent-Length: 0\r\n\r\n";
+}
+
+TEST_F(QtHttpTransportTest, RedirectsEndSomewhereAndACookieIsNeverSentBack) {
+  const OddServer server(
+      [](const Request&) { return emptyAnswer("302 Found\r\nSet-Cookie: a=b\r\nLocation: /on"); });
+  EXPECT_EQ(getFrom(server).value().status, 302);
+  EXPECT_EQ(server.requests().size(), 6U);
+  for (const Request& request : server.requests()) {
+    EXPECT_EQ(request.header("Cookie"), nullptr);
+  }
+}
+
+TEST_F(QtHttpTransportTest, AChallengeIsAnAnswerAndNotAnsweredItself) {
+  for (const std::string scheme : {"Basic realm=\"x\"", "Negotiate", "NTLM"}) {
+    const OddServer server([&](const Request&) {
+      return emptyAnswer("401 Unauthorized\r\nWWW-Authenticate: " + scheme);
+    });
+    EXPECT_EQ(getFrom(server).value().status, 401) << scheme;
+    EXPECT_EQ(server.requests().size(), 1U) << scheme;
+  }
+}
+
+TEST_F(QtHttpTransportTest, ALostConnectionIsALossAndTheRequestIsSentOnce) {
+  // Before the first byte of the answer, and in the middle of its body.
+  for (const FaultKind kind : {FaultKind::hangUp, FaultKind::drop}) {
+    for (int round = 0; round < 3; ++round) {
+      local.fault({.service = Service::pool, .kind = kind});
+      const std::size_t before = local.requests().size();
+      expectFailure(get(profileRequest()), HttpFailure::networkConnectionLost);
+      letPass(5ms);
+      EXPECT_EQ(local.requests().size() - before, 1U) << faultName(kind);
+      local.clearFaults();
+    }
+  }
+  for (const std::string beginning :
+       {"HTTP/1.1 20", "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n10\r\n0123"}) {
+    const OddServer server([&](const Request&) { return beginning; }, Outcome::cut);
+    expectFailure(getFrom(server), HttpFailure::networkConnectionLost);
+    EXPECT_EQ(server.requests().size(), 1U) << beginning;
+  }
+}
+
+TEST_F(QtHttpTransportTest, ConnectionsAreNotKeptSoNoneCanBeStale) {
+  ASSERT_TRUE(get(tipRequest()));
+  local.fault({.service = Service::explorer, .kind = FaultKind::refuse});  // ends open connections
+  expectFailure(get(tipRequest()), HttpFailure::cannotConnectToHost);
+  local.clearFaults();
+  EXPECT_TRUE(get(tipRequest()));
+}
+
+TEST_F(QtHttpTransportTest, SilenceEndsAtTheIdleTimeOutAndAnEndlessDripAtTheLongestExchange) {
+  QtHttpTransport impatient({.extraCaFile = local.caFile(), .longestExchange = 1s});
+  HttpRequest request = tipRequest();
+  request.idleTimeout = 1s;
+  local.fault({.service = Service::explorer, .kind = FaultKind::silence, .count = 1});
+  const auto time = timeOf([&] { expectFailure(get(request), HttpFailure::timedOut); });
+  EXPECT_GE(time, 1s);
+  EXPECT_LT(time, 15s);
+
+  local.fault({.service = Service::explorer, .kind = FaultKind::slow, .interval = 250ms});
+  expectFailure(run(impatient.get(request)), HttpFailure::timedOut);
+  EXPECT_EQ(get(request).value().body.size(), 6U) << "what drips is not idle";
+}
+
+TEST_F(QtHttpTransportTest, TheLargestBodyIsWhole) {
+  constexpr std::size_t limit = 32UL * 1024 * 1024;
+  for (const std::size_t size : {limit, limit + 1}) {
+    const OddServer server([size](const Request&) {
+      return "HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(size) + "\r\n\r\n" +
+             std::string(size, 'a');
+    });
+    EXPECT_EQ(getFrom(server).value_or(HttpResponse{}).body.size(), size == limit ? size : 0);
+  }
+}
+
+TEST_F(QtHttpTransportTest, WhatIsNotTrustedOrCannotBeSentFailsAndSendsNoRequest) {
+  QtHttpTransport distrustful;
+  expectFailure(run(distrustful.get(profileRequest())), HttpFailure::other);
+  QtHttpTransport withoutFile({.extraCaFile = "/nonexistent/ca.pem"});
+  expectFailure(run(withoutFile.get(profileRequest())), HttpFailure::other);
+
+  HttpRequest request = profileRequest();
+  const std::string host = local.host(Service::pool);
+  request.url = "https://[::ffff:127.0.0.1]" + host.substr(host.find(':'));
+  expectFailure(get(request), HttpFailure::other);  // the same machine by another name
+  request = profileRequest();
+  request.headers[0].value += "\r\nX-Smuggled: 1";
+  expectFailure(get(request), HttpFailure::other);
+  request = profileRequest();
+  request.url.replace(0, 5, "http");
+  expectFailure(get(request), HttpFailure::invalidUrl);
+  EXPECT_TRUE(local.requests().empty());
+}
+
+TEST_F(QtHttpTransportTest, CancellingAbortsTheRequestAtOnce) {
+  local.fault({.service = Service::explorer, .kind = FaultKind::silence});
+  std::optional<HttpResult> result;
+  QEventLoop loop;
+  TaskScope scope(*executor);
+  const TaskHandle task =
+      scope.spawn(detail::keepResult(transport.get(tipRequest()), result, loop));
+  ASSERT_TRUE(letPassUntil([&] { return !local.requests().empty(); }));
+  const auto time = timeOf([&] {
+    task.cancel();
+    loop.exec();
+  });
+  expectFailure(result.value(), HttpFailure::cancelled);
+  EXPECT_LT(time, 5s) << "the time-out is 20 seconds";
+}
+
+TEST_F(QtHttpTransportTest, DestructionInTheMiddleOfAnythingIsClean) {
+  local.fault({.service = Service::explorer, .kind = FaultKind::slow, .interval = 1ms});
+  for (const auto delay : {0ms, 1ms, 2ms, 3ms, 5ms, 8ms, 13ms}) {
+    std::optional<HttpResult> result;
+    QEventLoop loop;
+    const auto time = timeOf([&] {
+      TaskScope scope(*executor);
+      scope.spawn(detail::keepResult(transport.get(tipRequest()), result, loop));
+      letPass(delay);
+    });
+    EXPECT_LT(time, 4s) << "Qt waits five seconds for a thread that does not end";
+    EXPECT_FALSE(result && !*result) << "an end that nobody saw";
+  }
+}
+
+TEST_F(QtHttpTransportTest, TheSystemsProxyIsAskedForATunnelAndSeesNoHeaders) {
+  std::mutex mutex;
+  std::vector<Request> seen;
+  const services::HttpServer proxy(0, nullptr, [&](const Request& request, Connection& connection) {
+    const std::lock_guard lock(mutex);
+    seen.push_back(request);
+    static_cast<void>(connection.write(emptyAnswer("403 Forbidden")));
+    return Outcome::finish;
+  });
+  ::setenv("https_proxy", ("http://127.0.0.1:" + std::to_string(proxy.port())).c_str(), 1);
+  ::setenv("no_proxy", "", 1);
+  EXPECT_FALSE(get(profileRequest()));
+  ::unsetenv("https_proxy");
+  ::unsetenv("no_proxy");
+
+  EXPECT_TRUE(local.requests().empty());
+  const std::lock_guard lock(mutex);
+  ASSERT_EQ(seen.size(), 1U);
+  EXPECT_EQ(seen.front().method, "CONNECT");
+  EXPECT_EQ(seen.front().target, local.host(Service::pool));
+  EXPECT_EQ(seen.front().header("Pool-Auth-Token"), nullptr);
+}
+
+}  // namespace
+}  // namespace orvane::test
