@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "platform/text/unicode.h"
-#include "pool/pool_figures.h"
 
 namespace orvane {
 

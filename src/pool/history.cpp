@@ -13,7 +13,6 @@
 #include "platform/json/json_reader.h"
 #include "platform/text/unicode.h"
 #include "pool/pool_documents.h"
-#include "pool/pool_figures.h"
 
 namespace orvane {
 

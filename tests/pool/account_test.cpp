@@ -4,8 +4,6 @@
 
 #include <gmock/gmock.h>
 
-#include "pool/pool_figures.h"
-
 namespace orvane::test {
 namespace {
 
