@@ -64,22 +64,13 @@ TEST(ColorScheme, FollowsThePortalWhileTheProgramRuns) {
   }
 }
 
-TEST(ColorScheme, LeavesThePaletteAloneWithoutAPortalAndOtherwiseGivesWhatIsPreferred) {
+TEST(ColorScheme, LeavesThePaletteAloneWithoutAPortal) {
   const auto before = QApplication::palette();
   QtExecutor executor;
   SessionBus bus(executor);
   const ColorScheme scheme(bus);
   QTest::qWait(50);
   EXPECT_EQ(QApplication::palette(), before);
-}
-
-TEST(ColorScheme, GivesADesktopThatIsDarkByItselfWhatTheUserPrefers) {
-  ColorScheme::apply(ColorPreference::dark);
-  EXPECT_TRUE(isDark());
-  ColorScheme::apply(ColorPreference::none);
-  EXPECT_FALSE(isDark());
-  ColorScheme::apply(ColorPreference::light);
-  EXPECT_FALSE(isDark());
 }
 
 }  // namespace

@@ -63,8 +63,11 @@ class SessionInstanceTest : public testing::Test {
 };
 
 TEST_F(SessionInstanceTest, IsShownByASecondStartWhichHandsItsPermissionOver) {
-  EXPECT_EQ(secondStart("DESKTOP_STARTUP_ID", "panel_TIME42"), InstanceRole::handedOver);
-  EXPECT_THAT(heard, ElementsAre("activate panel_TIME42"));
+  for (const auto* const variable : {"DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"}) {
+    heard.clear();
+    EXPECT_EQ(secondStart(variable, "panel_TIME42"), InstanceRole::handedOver) << variable;
+    EXPECT_THAT(heard, ElementsAre("activate panel_TIME42")) << variable;
+  }
 }
 
 TEST_F(SessionInstanceTest, HoldsNoSecondStartUpWhenItHangsOrEndsOrNobodyIsReached) {

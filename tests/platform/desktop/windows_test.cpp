@@ -72,5 +72,29 @@ TEST_F(WindowsTest, TellWhenTheyAreMinimisedByWhomeverAndComeBackWhole) {
   ASSERT_TRUE(QTest::qWaitFor([this] { return window.isKeyWindow(); }));
 }
 
+TEST_F(WindowsTest, TakeTheFocusFromAnotherProgramForAPermissionToDoSo) {
+  bringUp();
+  QProcess other;
+  other.start(QStringLiteral("xlogo"), QStringList());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !window.isKeyWindow(); })) << "xlogo takes no focus";
+  application.setActivationToken("panel-1-host_TIME1");
+  application.activateIgnoringOtherApps();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window.isKeyWindow(); }));
+  other.kill();
+  other.waitForFinished();
+}
+
+TEST(StartupTime, IsReadFromTheEndOfAStartupId) {
+  struct Case {
+    const char* token;
+    unsigned time;
+  };
+  for (const auto& [token, time] :
+       {Case{"", 0}, Case{"panel-12-host_TIME4711", 4711}, Case{"_TIME_TIME7", 7},
+        Case{"wayland-token", 0}, Case{"x_TIME", 0}, Case{"x_TIME99999999999", 0}}) {
+    EXPECT_EQ(startupTime(token), time) << token;
+  }
+}
+
 }  // namespace
 }  // namespace orvane::test

@@ -1,7 +1,6 @@
 #include "shell/app/app_fixture.h"
 
 #include <QLabel>
-#include <QRadioButton>
 #include <algorithm>
 
 namespace orvane::test {
@@ -30,21 +29,6 @@ void AppTest::pass(ExecutorClock::duration time) {
   settle();
 }
 
-DesktopWindow* AppTest::window(const std::string& title) const {
-  const auto windows = desktop.windows();
-  const auto found =
-      std::ranges::find(windows, title, [](const auto* known) { return known->title(); });
-  return found == windows.end() ? nullptr : *found;
-}
-
-QWidget& AppTest::widget(const std::string& title) const {
-  return QtDesktopApplication::widgetOf(*window(title));
-}
-
-bool AppTest::isOnScreen(const std::string& title) const {
-  return window(title) && window(title)->isVisible();
-}
-
 void AppTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
   QTest::keyClick(QApplication::activeWindow()->windowHandle(), key, modifiers);
   settle();
@@ -57,25 +41,19 @@ QPushButton* AppTest::button(const QString& text, const QString& name) const {
   return nullptr;
 }
 
-bool AppTest::showsText(const QString& text) const {
-  return std::ranges::any_of(widget("Orvane").findChildren<QLabel*>(), [&text](const auto* label) {
+bool AppTest::showsText(const QString& text, const std::string& title) const {
+  return std::ranges::any_of(widget(title).findChildren<QLabel*>(), [&text](const auto* label) {
     return label->isVisible() && label->text() == text;
   });
 }
 
-std::vector<std::string> AppTest::statusMenuTitles() {
+const std::vector<MenuItem>& AppTest::statusMenu() {
   statusBar.item.action(DesktopEvent{.type = DesktopEvent::Type::rightMouseUp});
-  std::vector<std::string> titles;
-  for (const auto& item : statusBar.item.poppedUp->items) {
-    titles.push_back(item.title);
-  }
-  return titles;
+  return statusBar.item.poppedUp->items;
 }
 
 MenuItem AppTest::statusMenuItem(const std::string& title) {
-  statusBar.item.action(DesktopEvent{.type = DesktopEvent::Type::rightMouseUp});
-  const auto& items = statusBar.item.poppedUp->items;
-  return *std::ranges::find(items, title, &MenuItem::title);
+  return *std::ranges::find(statusMenu(), title, &MenuItem::title);
 }
 
 }  // namespace orvane::test

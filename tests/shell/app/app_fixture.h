@@ -25,9 +25,13 @@ class AppTest : public StoreTest {
   void settle();
   void pass(ExecutorClock::duration time);
 
-  [[nodiscard]] DesktopWindow* window(const std::string& title) const;
-  [[nodiscard]] QWidget& widget(const std::string& title) const;
-  [[nodiscard]] bool isOnScreen(const std::string& title) const;
+  [[nodiscard]] QWidget& widget(const std::string& title) const {
+    return QtDesktopApplication::widgetOf(*desktop.windowTitled(title));
+  }
+  [[nodiscard]] bool isOnScreen(const std::string& title) const {
+    const auto* const window = desktop.windowTitled(title);
+    return window && window->isVisible();
+  }
   /// Presses a key in the window that has the focus.
   void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
 
@@ -40,11 +44,11 @@ class AppTest : public StoreTest {
     return nullptr;
   }
   /// The button that shows `text` and belongs to the field `name`.
-  [[nodiscard]] QPushButton* button(const QString& text, const QString& name) const;
-  [[nodiscard]] bool showsText(const QString& text) const;
+  [[nodiscard]] QPushButton* button(const QString& text, const QString& name = {}) const;
+  [[nodiscard]] bool showsText(const QString& text, const std::string& title = "Orvane") const;
 
   /// The status menu as a right click brings it up.
-  [[nodiscard]] std::vector<std::string> statusMenuTitles();
+  [[nodiscard]] const std::vector<MenuItem>& statusMenu();
   [[nodiscard]] MenuItem statusMenuItem(const std::string& title);
   [[nodiscard]] const FakeStatusItemState& statusItem() const { return statusBar.item; }
 

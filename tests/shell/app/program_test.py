@@ -1,63 +1,34 @@
 """Uses the program from its first start to its second: program_test.py program services."""
 
-import json
 import os
 import pathlib
+import re
+import signal
 import subprocess
-import sys
 import tempfile
 
 import pyatspi
 
-from screen_reader import ScreenReader, wait_for
+from program import (ADDRESS_FIELD, POOL_BALANCE, TOKEN_FIELD, WATCHED_ADDRESS, Program, Service,
+                     output_of, running_services, wait_for, xdotool)
 
-PROGRAM, SERVICES = sys.argv[1:3]
 TOKEN = "a-token-that-must-not-be-found"
-POOL_BALANCE = "Braiins Pool balance"
 REJECTION = "This is not a Bitcoin mainnet address. It starts with bc1, 1 or 3."
+SATS = r"\d{1,3}(,\d{3})+ sats"
 FIRST_TEXTS = [
-    "Braiins Pool balance", "sats", "BTC", "No API token", "Today", "Hashrate 60 min",
-    "Shares 24 h", "—",
-    "Paste a read-only Braiins API token below to start.", "Settings", "Braiins API token",
+    POOL_BALANCE, "sats", "BTC", "No API token", "Today", "Hashrate 60 min", "Shares 24 h", "—",
+    "Paste a read-only Braiins API token below to start.", "Settings", TOKEN_FIELD,
     "Create a read-only token in Braiins Pool → Settings → Access Profiles. It is stored in your "
     "iCloud Keychain, shared with Hashwick on this Mac, and used only to load this account's "
-    "balance, rewards, workers and history.", "Bitcoin address to watch", "Preferred currency",
+    "balance, rewards, workers and history.", ADDRESS_FIELD, "Preferred currency",
     "for the value of the balance and rewards at the current Bitcoin price.", "Close"]
 
 
-def output_of(*command):
-    return subprocess.run(command, capture_output=True, text=True, check=False).stdout
-
-
-class Program:
-    """One run of the program."""
-
-    def __init__(self, services):
-        hosts = [f"localhost:{services[name]}" for name in ("pool", "explorer", "price", "fallback")]
-        self.command = [PROGRAM, *hosts, services["ca"]]
-        self.process = subprocess.Popen(self.command)
-        self.reader = ScreenReader(self.process)
-
-    def start_again(self):
-        """Another start, which hands over to this one."""
-        return subprocess.run(self.command, timeout=20, check=False).returncode
-
-    def windows(self):
-        found = output_of("xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid),
-                          "--name", "Orvane")
-        return found.split()
-
-    def end(self):
-        return self.process.wait(timeout=20)
-
-
 def token_is_entered_and_kept(program):
-    reader = program.reader
     for text in FIRST_TEXTS:
-        reader.wait_for(text)
-    reader.write("Braiins API token", f" {TOKEN} ")
-    reader.press("Save", "Braiins API token")
-    reader.wait_for_figure(POOL_BALANCE, r"[\d,]+ sats")
+        program.wait_for(re.escape(text))
+    program.save(TOKEN_FIELD, f" {TOKEN} ")
+    program.wait_for(SATS, POOL_BALANCE)
     search = ("secret-tool", "search", "--all", "service", "com.quorvex.hashwick.pool")
     # The figure does not wait for the keyring.
     items = wait_for("the token in the keyring", lambda: output_of(*search))
@@ -71,111 +42,98 @@ def token_is_entered_and_kept(program):
 
 
 def unit_is_switched(program):
-    reader = program.reader
-    reader.press("BTC")
-    reader.wait_for_figure(POOL_BALANCE, r"\d+\.\d{8} BTC")
-    reader.press("sats")
-    reader.wait_for_figure(POOL_BALANCE, r"[\d,]+ sats")
+    program.press("BTC")
+    program.wait_for(r"\d+\.\d{8} BTC", POOL_BALANCE)
+    program.press("sats")
+    program.wait_for(SATS, POOL_BALANCE)
 
 
 def address_is_refused_and_accepted(program, address):
-    reader = program.reader
-    reader.write("Bitcoin address to watch", "bc1-not-an-address")
-    reader.press("Save", "Bitcoin address to watch")
-    reader.wait_for(REJECTION)
-    assert reader.read("Bitcoin address to watch") == "bc1-not-an-address"
-    reader.write("Bitcoin address to watch", f"  {address} ")
-    reader.press("Save", "Bitcoin address to watch")
-    reader.wait_for(address)
-    reader.wait_for_figure("Watched address", r"[\d,]+ sats")
-    assert reader.find(REJECTION) is None
-    assert any(name.endswith(" of 100 confirmations") for name in reader.names()), reader.names()
+    program.save(ADDRESS_FIELD, "bc1-not-an-address")
+    program.wait_for(re.escape(REJECTION))
+    assert program.read(ADDRESS_FIELD) == "bc1-not-an-address"
+    program.save(ADDRESS_FIELD, f"  {address} ")
+    program.wait_for(address)
+    program.wait_for(SATS, WATCHED_ADDRESS)
+    assert program.find(re.escape(REJECTION)) is None
+    assert program.find(r".* of 100 confirmations"), program.names()
 
 
 def workers_and_history_arrive(program):
-    reader = program.reader
-    reader.wait_for_text(r"\d of 9 OK")
-    reader.wait_for_text(r"\d+ days")
-    table = reader.find("Daily history", role=pyatspi.ROLE_TABLE).queryTable()
+    program.wait_for(r"\d of 9 OK")
+    program.wait_for(r"\d+ days")
+    table = program.find("Daily history", role=pyatspi.ROLE_TABLE).queryTable()
     assert table.nRows > 300, table.nRows
     headers = [table.getColumnDescription(column) for column in range(table.nColumns)]
     assert headers == ["DATE", "AVG HASHRATE", "ACCEPTED SHARES", "CONFIRMED REWARD"], headers
 
 
 def window_is_closed_and_brought_back(program):
-    program.reader.press("Close")
-    wait_for("no window", lambda: not program.windows())
+    program.close_to_tray()
     assert program.process.poll() is None
     assert program.start_again() == 0
     wait_for("the window again", program.windows)
-    subprocess.run(["xdotool", "key", "--clearmodifiers", "Escape"], check=True)
+    xdotool("key", "--clearmodifiers", "Escape")
     wait_for("no window after Escape", lambda: not program.windows())
     assert program.start_again() == 0
     wait_for("the window once more", program.windows)
 
 
 def token_is_nowhere_in_clear():
+    assert pathlib.Path(os.environ["XDG_CONFIG_HOME"], "orvane", "settings.sqlite").is_file()
     roots = [os.environ[name] for name in ("HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME",
                                            "XDG_CACHE_HOME", "XDG_STATE_HOME", "XDG_RUNTIME_DIR")]
-    files = [path for root in roots for path in pathlib.Path(root).rglob("*") if path.is_file()]
-    assert any(path.name == "settings.sqlite" for path in files), files
-    for path in files:
-        assert TOKEN.encode() not in path.read_bytes(), path
+    for path in (path for root in roots for path in pathlib.Path(root).rglob("*")):
+        assert not path.is_file() or TOKEN.encode() not in path.read_bytes(), path
 
 
 def figures_come_back_by_themselves(program, address):
-    reader = program.reader
-    reader.wait_for_figure(POOL_BALANCE, r"[\d,]+ sats")
-    reader.wait_for_text(r"\d+ days")
-    reader.wait_for(address)
+    # This time the user's numbers are German ones.
+    program.wait_for(r"\d{1,3}(\.\d{3})+ sats", POOL_BALANCE)
+    program.wait_for(r"\d+ days")
+    program.wait_for(address)
     # The field keeps silent; there is nothing to save as long as it holds what is kept.
-    assert reader.read("Braiins API token") == ""
-    save = reader.find("Save", "Braiins API token")
-    assert not save.getState().contains(pyatspi.STATE_SENSITIVE)
-    assert reader.find("Remove", "Braiins API token")
+    assert program.read(TOKEN_FIELD) == ""
+    assert not program.is_enabled("Save", TOKEN_FIELD)
+    assert program.find("Remove", TOKEN_FIELD)
 
 
-def close_by_window_manager(program):
-    window = program.windows()[0]
-    subprocess.run(["xdotool", "windowactivate", "--sync", window, "key", "alt+F4"], check=True)
+def brightness(window):
+    return float(output_of("convert", f"x:{window}", "-format", "%[fx:mean]", "info:"))
 
 
 def tell_the_story(services):
-    program = Program(services)
-    try:
+    with Program(services) as program:
         token_is_entered_and_kept(program)
         unit_is_switched(program)
         address_is_refused_and_accepted(program, services["address"])
         workers_and_history_arrive(program)
         window_is_closed_and_brought_back(program)
-        subprocess.run(["xdotool", "key", "--clearmodifiers", "ctrl+q"], check=True)
+        light = brightness(program.windows()[0])
+        xdotool("key", "--clearmodifiers", "ctrl+q")
         assert program.end() == 0
         token_is_nowhere_in_clear()
-        program = Program(services)
+    with Service("portal"), Program(services, LC_ALL="de_DE.UTF-8") as program:
         figures_come_back_by_themselves(program, services["address"])
-        close_by_window_manager(program)
+        window = program.windows()[0]
+        wait_for("a dark window", lambda: brightness(window) < light / 2)
+        xdotool("windowactivate", "--sync", window, "key", "alt+F4")
         assert program.end() == 0
-        program = Program(services)
+    with Program(services) as program:
         wait_for("the window", program.windows)
-        program.process.terminate()
-        assert program.end() == 0
-    finally:
-        program.process.kill()
+        assert program.end(signal.SIGTERM) == 0
 
 
 def main():
-    with tempfile.TemporaryDirectory() as folder:
+    with tempfile.TemporaryDirectory() as folder, \
+            running_services("--token", TOKEN) as services:
         mark = pathlib.Path(folder, "ready")
         manager = subprocess.Popen(["openbox", "--sm-disable", "--startup", f"touch {mark}"],
                                    stderr=subprocess.DEVNULL)
-        server = subprocess.Popen([SERVICES, "--directory", folder, "--token", TOKEN],
-                                  stdout=subprocess.PIPE, text=True)
         try:
-            services = json.loads(server.stdout.readline())
             wait_for("openbox", mark.exists)
             tell_the_story(services)
         finally:
-            server.terminate()
             manager.terminate()
 
 

@@ -1,7 +1,9 @@
-"""Plays a service of the desktop: session_service.py watcher|notifications
+"""Plays a service of the desktop: session_service.py watcher|notifications|portal
 
-Prints a line for every call that counts. It ends, as a crashed one would, when it is killed."""
+Prints its name once it has it, and a line for every call that counts. It ends, as a crashed one
+would, when it is killed. The portal prefers dark; SIGUSR1 clicks on the last notification."""
 
+import signal
 import sys
 
 from gi.repository import Gio, GLib
@@ -24,22 +26,28 @@ NOTIFICATIONS = """<node><interface name="org.freedesktop.Notifications">
     <arg type="u" direction="out"/>
   </method>
 </interface></node>"""
-SERVICES = {"watcher": ("org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher", WATCHER),
-            "notifications": ("org.freedesktop.Notifications", "/org/freedesktop/Notifications",
-                              NOTIFICATIONS)}
+PORTAL = """<node><interface name="org.freedesktop.portal.Settings">
+  <method name="Read"><arg type="s" direction="in"/><arg type="s" direction="in"/>
+    <arg type="v" direction="out"/></method>
+</interface></node>"""
+SERVICES = {
+    "watcher": ("org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher", WATCHER),
+    "notifications": ("org.freedesktop.Notifications", "/org/freedesktop/Notifications",
+                      NOTIFICATIONS),
+    "portal": ("org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop", PORTAL)}
 ANSWERS = {"RegisterStatusNotifierItem": None,
-           "GetCapabilities": GLib.Variant("(as)", (["body"],)),
+           "GetCapabilities": GLib.Variant("(as)", (["body", "actions"],)),
            "GetServerInformation": GLib.Variant("(ssss)", ("test", "test", "1", "1.2")),
-           "Notify": GLib.Variant("(u)", (1,))}
+           "Notify": GLib.Variant("(u)", (1,)),
+           "Read": GLib.Variant("(v)", (GLib.Variant("v", GLib.Variant("u", 1)),))}
 PROPERTIES = {"IsStatusNotifierHostRegistered": GLib.Variant("b", True),
               "ProtocolVersion": GLib.Variant("i", 0)}
+SUBJECT = {"RegisterStatusNotifierItem": 0, "Notify": 3}  # which argument tells them apart
 
 
 def answer(_bus, _sender, _path, _interface, method, arguments, invocation):
-    if method == "RegisterStatusNotifierItem":
-        print(arguments[0], flush=True)
-    elif method == "Notify":
-        print(arguments[3], flush=True)
+    if method in SUBJECT:
+        print(arguments[SUBJECT[method]], flush=True)
     invocation.return_value(ANSWERS[method])
 
 
@@ -47,9 +55,16 @@ def read(_bus, _sender, _path, _interface, name):
     return PROPERTIES[name]
 
 
+def click():
+    connection.emit_signal(None, path, name, "ActionInvoked", GLib.Variant("(us)", (1, "default")))
+    return True
+
+
 name, path, description = SERVICES[sys.argv[1]]
 connection = Gio.bus_get_sync(Gio.BusType.SESSION)
 interface = Gio.DBusNodeInfo.new_for_xml(description).interfaces[0]
 connection.register_object(path, interface, answer, read, None)
-Gio.bus_own_name_on_connection(connection, name, Gio.BusNameOwnerFlags.NONE, None, None)
+Gio.bus_own_name_on_connection(connection, name, Gio.BusNameOwnerFlags.NONE,
+                               lambda _connection, name: print(name, flush=True), None)
+GLib.unix_signal_add(GLib.PRIORITY_DEFAULT, signal.SIGUSR1, click)
 GLib.MainLoop().run()

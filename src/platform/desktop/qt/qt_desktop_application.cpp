@@ -17,7 +17,7 @@ QtDesktopApplication::QtDesktopApplication()
 
 DesktopWindow& QtDesktopApplication::addWindow(std::unique_ptr<QWidget> widget) {
   return *windows_.emplace_back(std::make_unique<QtDesktopWindow>(
-      std::move(widget), [this](QtDesktopWindow& window) { frontWindow_ = &window.widget(); }));
+      std::move(widget), [this](QtDesktopWindow& window) { frontWindow_ = &window; }));
 }
 
 QWidget& QtDesktopApplication::widgetOf(DesktopWindow& window) {
@@ -46,9 +46,8 @@ std::optional<DesktopEvent> QtDesktopApplication::currentEvent() const {
 }
 
 void QtDesktopApplication::activateIgnoringOtherApps() {
-  auto* const window = frontWindow_.data();
-  if (window && window->isVisible()) {
-    activateWindow(*window, std::exchange(activationToken_, std::string()));
+  if (frontWindow_ && frontWindow_->widget().isVisible()) {
+    frontWindow_->activate(std::exchange(activationToken_, std::string()));
   }
 }
 

@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "platform/desktop/desktop_application.h"
-#include "platform/desktop/qt/activation.h"
 #include "platform/desktop/qt/key_dispatch.h"
 #include "platform/desktop/qt/qt_desktop_window.h"
 
@@ -58,7 +57,7 @@ class QtDesktopApplication final : public QObject, public DesktopApplication {
 
   std::vector<std::unique_ptr<QtDesktopWindow>> windows_;
   KeyDispatch keys_;
-  QPointer<QWidget> frontWindow_;
+  QPointer<QtDesktopWindow> frontWindow_;
   std::string activationToken_;
   ActivationPolicy policy_ = ActivationPolicy::regular;
   std::function<void()> onTerminate_;

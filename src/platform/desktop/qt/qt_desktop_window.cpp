@@ -3,11 +3,19 @@
 #include <QApplication>
 #include <QEvent>
 #include <QWindow>
+#include <charconv>
+#include <string_view>
 #include <utility>
+
+#include "platform/x11/x11_display.h"
 
 namespace orvane {
 
 namespace {
+
+/// "A direct act of the user": window managers follow it where they would refuse a window that
+/// raises itself.
+constexpr std::uint32_t actOfTheUser = 2;
 
 /// For a moment after a window is hidden Qt still takes it for the one with the focus, and then
 /// overlooks that the focus comes back to it.
@@ -30,6 +38,21 @@ QtDesktopWindow::QtDesktopWindow(std::unique_ptr<QWidget> widget,
 }
 
 QtDesktopWindow::~QtDesktopWindow() { widget_->removeEventFilter(this); }
+
+void QtDesktopWindow::activate(const std::string& token) {
+  const auto display = X11Display::ofApplication();
+  // Where the compositor hands out permissions, Qt takes them from the environment.
+  if (!display && !token.empty()) {
+    qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(token));
+  }
+  widget_->raise();
+  widget_->activateWindow();
+  if (!display) { return; }
+  const auto id = static_cast<xcb_window_t>(widget_->winId());
+  display->sendToWindowManager(id, "_NET_ACTIVE_WINDOW", {actOfTheUser, startupTime(token)});
+  if (!token.empty()) { display->endStartupSequence(id, token); }
+  display->flush();
+}
 
 std::string QtDesktopWindow::title() const { return widget_->windowTitle().toStdString(); }
 
@@ -114,6 +137,15 @@ void QtDesktopWindow::handleStateChange() {
     if (delegate) { delegate->windowDidDeminiaturize(*this); }
     notifications_.send(WindowNotification::didDeminiaturize);
   }
+}
+
+unsigned startupTime(const std::string& token) {
+  constexpr std::string_view mark = "_TIME";
+  const auto found = token.rfind(mark);
+  unsigned time = 0;
+  if (found == std::string::npos) { return time; }
+  std::from_chars(token.data() + found + mark.size(), token.data() + token.size(), time);
+  return time;
 }
 
 }  // namespace orvane

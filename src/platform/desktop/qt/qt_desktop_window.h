@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "platform/desktop/desktop_application.h"
 
@@ -24,6 +25,10 @@ class QtDesktopWindow final : public QObject, public DesktopWindow {
   ~QtDesktopWindow() override;
 
   [[nodiscard]] QWidget& widget() const { return *widget_; }
+
+  /// Brings the window in front of other programs' windows and gives it the keyboard. `token` is
+  /// what the program that the user acted in handed on for this purpose; empty: none.
+  void activate(const std::string& token);
 
   [[nodiscard]] std::string title() const override;
   [[nodiscard]] int level() const override { return normalLevel; }
@@ -57,5 +62,8 @@ class QtDesktopWindow final : public QObject, public DesktopWindow {
   std::optional<QRect> placeWhenHidden_;
   QPointer<QWidget> focusWhenHidden_;
 };
+
+/// The X11 time in a startup id ("host-12-name_TIME4711"); 0 when it has none.
+[[nodiscard]] unsigned startupTime(const std::string& token);
 
 }  // namespace orvane

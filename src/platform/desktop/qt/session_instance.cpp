@@ -4,6 +4,8 @@
 #include <QDBusReply>
 #include <utility>
 
+#include "platform/bus/session_bus.h"
+
 namespace orvane {
 
 namespace {
@@ -18,15 +20,8 @@ const QString interfaceName = QStringLiteral("org.freedesktop.Application");
 
 QString objectPath(QString id) { return u'/' + id.replace(u'.', u'/').replace(u'-', u'_'); }
 
-QDBusMessage busCall(const QString& method) {
-  return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
-                                        QStringLiteral("/org/freedesktop/DBus"),
-                                        QStringLiteral("org.freedesktop.DBus"), method);
-}
-
 uint requestName(const QDBusConnection& bus, const QString& name) {
-  auto request = busCall(QStringLiteral("RequestName"));
-  request << name << doNotQueue;
+  const auto request = callOfBusItself(QStringLiteral("RequestName"), {name, doNotQueue});
   const QDBusReply<uint> reply = bus.call(request, QDBus::Block, busTimeout);
   return reply.isValid() ? reply.value() : 0;
 }
@@ -77,9 +72,7 @@ InstanceRole SessionInstance::claim() {
 }
 
 void SessionInstance::release() {
-  auto request = busCall(QStringLiteral("ReleaseName"));
-  request << id_;
-  bus_.asyncCall(request);
+  bus_.asyncCall(callOfBusItself(QStringLiteral("ReleaseName"), {id_}));
 }
 
 void SessionInstance::setRequests(ApplicationRequests requests) { requests_ = std::move(requests); }

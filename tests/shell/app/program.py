@@ -1,0 +1,154 @@
+"""The program and the services it talks to, met as a user, a desktop and a screen reader do."""
+
+import contextlib
+import json
+import os
+import re
+import select
+import subprocess
+import sys
+import tempfile
+import time
+
+import pyatspi
+
+PROGRAM, SERVICES = sys.argv[1:3]
+POOL_BALANCE, WATCHED_ADDRESS = "Braiins Pool balance", "Watched address"
+TOKEN_FIELD, ADDRESS_FIELD = "Braiins API token", "Bitcoin address to watch"
+
+
+def wait_for(what, condition, seconds=40):
+    """Returns the first true value of condition(); fails after a while."""
+    deadline = time.monotonic() + seconds
+    while True:
+        try:
+            value = condition()
+        except Exception:  # the tree changes while it is read
+            value = None
+        if value:
+            return value
+        if time.monotonic() > deadline:
+            raise AssertionError(f"not seen in {seconds} s: {what}")
+        time.sleep(0.05)
+
+
+def output_of(*command):
+    return subprocess.run(command, capture_output=True, text=True, check=False).stdout
+
+
+def xdotool(*command):
+    subprocess.run(["xdotool", *command], check=True)
+
+
+@contextlib.contextmanager
+def running_services(*options):
+    with tempfile.TemporaryDirectory() as folder:
+        server = subprocess.Popen([SERVICES, "--directory", folder, *options],
+                                  stdout=subprocess.PIPE, text=True)
+        try:
+            yield json.loads(server.stdout.readline())
+        finally:
+            server.terminate()
+
+
+class Program:
+    """One run of the program, and its windows as a screen reader reads and operates them."""
+
+    def __init__(self, services, **environment):
+        hosts = [f"localhost:{services[name]}" for name in ("pool", "explorer", "price", "fallback")]
+        self.command = [PROGRAM, *hosts, services["ca"]]
+        self.process = subprocess.Popen(self.command, env=os.environ | environment)
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.process.kill()
+        self.process.wait()
+
+    def start_again(self):
+        """Another start, which hands over to this one."""
+        return subprocess.run(self.command, timeout=20, check=False).returncode
+
+    def end(self, number=None):
+        if number is not None:
+            self.process.send_signal(number)
+        return self.process.wait(timeout=20)
+
+    def windows(self):
+        return output_of("xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid),
+                         "--name", "Orvane").split()
+
+    def close_to_tray(self):
+        self.press("Close")
+        wait_for("no window", lambda: not self.windows())
+
+    def nodes(self):
+        """Everything that is on screen."""
+        waiting = [application for application in pyatspi.Registry.getDesktop(0)
+                   if application and application.get_process_id() == self.process.pid]
+        while waiting:
+            node = waiting.pop(0)
+            if node is None or not (node.getRole() == pyatspi.ROLE_APPLICATION or
+                                    node.getState().contains(pyatspi.STATE_VISIBLE)):
+                continue
+            yield node
+            # The cells of a long table are read one by one.
+            if node.getRole() not in (pyatspi.ROLE_TABLE, pyatspi.ROLE_TREE_TABLE):
+                waiting[:0] = list(node)
+
+    def names(self):
+        return [node.name for node in self.nodes() if node.name]
+
+    def find(self, name, description=None, role=None):
+        """Whose whole name matches. A figure is described by what it is the figure of."""
+        for node in self.nodes():
+            if re.fullmatch(name, node.name) and description in (None, node.description) and \
+                    role in (None, node.getRole()):
+                return node
+        return None
+
+    def wait_for(self, name, description=None):
+        try:
+            return wait_for(f"{name} {description}", lambda: self.find(name, description))
+        except AssertionError as missing:
+            raise AssertionError(f"{missing}; there are {self.names()}") from None
+
+    def is_enabled(self, name, description=None):
+        return self.find(name, description).getState().contains(pyatspi.STATE_SENSITIVE)
+
+    def press(self, name, description=None):
+        action = self.wait_for(name, description).queryAction()
+        # The first action of a widget may be to take the focus.
+        names = [action.getName(i).lower() for i in range(action.nActions)]
+        action.doAction(next(i for i, each in enumerate(names) if each in ("press", "toggle")))
+
+    def save(self, field, text):
+        self.wait_for(field).queryEditableText().setTextContents(text)
+        self.press("Save", field)
+
+    def read(self, field):
+        text = self.wait_for(field).queryText()
+        return text.getText(0, text.characterCount)
+
+
+class Service:
+    """A service of the desktop that a test can take away."""
+
+    def __init__(self, kind):
+        script = os.path.join(os.path.dirname(os.path.abspath(__file__)), "session_service.py")
+        self.process = subprocess.Popen([sys.executable, script, kind], stdout=subprocess.PIPE,
+                                        text=True)
+        self.name = self.next_line()
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.process.kill()
+        self.process.wait()
+
+    def next_line(self):
+        """What the service prints next: its name once it has it, then its calls."""
+        assert select.select([self.process.stdout], [], [], 20)[0], "was not called"
+        return self.process.stdout.readline().strip()
