@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -25,12 +26,13 @@ inline std::string outputOf(const std::string& command) {
 /// then stays when this object ends.
 class StartableService {
  public:
-  StartableService(const std::string& name, const std::string& command)
-      : file_(std::string(std::getenv("XDG_DATA_HOME")) + "/dbus-1/services/" + name + ".service") {
+  StartableService(const QString& name, const QString& command)
+      : file_(std::string(std::getenv("XDG_DATA_HOME")) + "/dbus-1/services/" + name.toStdString() +
+              ".service") {
     // The bus of a test session is older than its display.
-    std::ofstream(file_) << "[D-BUS Service]\nName=" << name
+    std::ofstream(file_) << "[D-BUS Service]\nName=" << name.toStdString()
                          << "\nExec=/usr/bin/env DISPLAY=" << std::getenv("DISPLAY") << ' '
-                         << command << '\n';
+                         << command.toStdString() << '\n';
     reload();
   }
   StartableService(const StartableService&) = delete;

@@ -1,4 +1,5 @@
-#include <gtest/gtest.h>
+// What callers may rely on, whichever keychain they are given: the desktop's own service, in a
+// session of the test's, or the stand-in that other tests build on.
 
 #include "platform/eventloop/real_time.h"
 #include "platform/keychain/secret_service_keychain.h"
@@ -8,110 +9,98 @@
 namespace orvane::test {
 namespace {
 
-/// The desktop's own service, in a session of the test's.
-class RealSubject : public RealTime {
- public:
-  SessionBus bus{*executor};
-  SecretServiceKeychain keychain{bus};
-};
+enum class Subject { service, memory };
 
-/// The stand-in that other tests build on.
-class MemorySubject {
- public:
+class KeychainContractTest : public testing::TestWithParam<Subject> {
+ protected:
   template <class T>
   T run(Task<T> task) {
-    return runTask(*executor, std::move(task));
+    return GetParam() == Subject::service ? realTime.run(std::move(task))
+                                          : runTask(virtualTime, std::move(task));
   }
-  std::unique_ptr<VirtualExecutor> executor = std::make_unique<VirtualExecutor>();
-  MemoryKeychain keychain;
-};
-
-/// What callers may rely on, whichever keychain they are given.
-template <class Subject>
-class KeychainContractTest : public ::testing::Test {
- protected:
   std::optional<KeychainItem> read(const KeychainQuery& query) {
-    return subject.run(keychain.copyMatching(query, KeychainPrompt::never));
+    return run(keychain.copyMatching(query, KeychainPrompt::never));
   }
   KeychainStatus add(const KeychainQuery& query, const std::string& data) {
-    return subject.run(keychain.add(query, data, KeychainPrompt::never));
+    return run(keychain.add(query, data, KeychainPrompt::never));
   }
   KeychainStatus update(const KeychainQuery& query, const std::string& data) {
-    return subject.run(keychain.update(query, data, KeychainPrompt::never));
+    return run(keychain.update(query, data, KeychainPrompt::never));
   }
   KeychainStatus remove(const KeychainQuery& query) {
-    return subject.run(keychain.remove(query, KeychainPrompt::never));
+    return run(keychain.remove(query, KeychainPrompt::never));
+  }
+  [[nodiscard]] KeychainQuery inGroup(const char* group) const {
+    return {.service = token.service, .account = token.account, .accessGroup = group};
   }
 
-  Subject subject;
-  Keychain& keychain = subject.keychain;
+  RealTime realTime;
+  SessionBus bus{*realTime.executor};
+  SecretServiceKeychain service{bus};
+  VirtualExecutor virtualTime;
+  MemoryKeychain memory;
+  Keychain& keychain = GetParam() == Subject::service ? static_cast<Keychain&>(service) : memory;
   // The service keeps what earlier tests left.
-  KeychainQuery token{.service = ::testing::UnitTest::GetInstance()->current_test_info()->name(),
+  KeychainQuery token{.service = testing::UnitTest::GetInstance()->current_test_info()->name(),
                       .account = "token"};
 };
 
-using Subjects = ::testing::Types<RealSubject, MemorySubject>;
-TYPED_TEST_SUITE(KeychainContractTest, Subjects, );
+INSTANTIATE_TEST_SUITE_P(Keychains, KeychainContractTest,
+                         testing::Values(Subject::service, Subject::memory), [](const auto& each) {
+                           return each.param == Subject::service ? "Service" : "Memory";
+                         });
 
-KeychainQuery inGroup(KeychainQuery query, std::string group) {
-  query.accessGroup = std::move(group);
-  return query;
-}
-
-TYPED_TEST(KeychainContractTest, AnAddedItemIsFoundByServiceAndAccountTogether) {
-  EXPECT_FALSE(this->read(this->token));
-  EXPECT_EQ(this->add(this->token, "secret"), KeychainStatus::success);
-  const auto item = this->read(this->token);
+TEST_P(KeychainContractTest, AnAddedItemIsFoundByServiceAndAccountTogether) {
+  EXPECT_FALSE(read(token));
+  EXPECT_EQ(add(token, "secret"), KeychainStatus::success);
+  const auto item = read(token);
   ASSERT_TRUE(item);
   EXPECT_EQ(item->data, "secret");
   EXPECT_EQ(item->accessGroup, std::nullopt);
-  EXPECT_FALSE(this->read({.service = this->token.service, .account = "other"}));
-  EXPECT_FALSE(this->read({.service = "other", .account = this->token.account}));
+  EXPECT_FALSE(read({.service = token.service, .account = "other"}));
+  EXPECT_FALSE(read({.service = "other", .account = token.account}));
 }
 
-TYPED_TEST(KeychainContractTest, DataAreBytesAndNotText) {
+TEST_P(KeychainContractTest, DataAreBytesAndNotText) {
   const std::string bytes("\xff\0\xc3(\n", 5);
-  EXPECT_EQ(this->add(this->token, bytes), KeychainStatus::success);
-  EXPECT_EQ(this->read(this->token)->data, bytes);
-  EXPECT_EQ(this->update(this->token, "grüße"), KeychainStatus::success);
-  EXPECT_EQ(this->read(this->token)->data, "grüße");
+  EXPECT_EQ(add(token, bytes), KeychainStatus::success);
+  EXPECT_EQ(read(token)->data, bytes);
+  EXPECT_EQ(update(token, "grüße"), KeychainStatus::success);
+  EXPECT_EQ(read(token)->data, "grüße");
 }
 
-TYPED_TEST(KeychainContractTest, UpdateReplacesAndNeverAdds) {
-  EXPECT_EQ(this->update(this->token, "new"), KeychainStatus::itemNotFound);
-  EXPECT_FALSE(this->read(this->token));
-  this->add(inGroup(this->token, "a"), "old");
-  EXPECT_EQ(this->update(inGroup(this->token, "b"), "new"), KeychainStatus::itemNotFound);
-  EXPECT_EQ(this->update(this->token, "new"), KeychainStatus::success);
-  const auto item = this->read(this->token);
-  ASSERT_TRUE(item);
-  EXPECT_EQ(item->data, "new");
-  EXPECT_EQ(item->accessGroup, "a") << "the group is kept";
+TEST_P(KeychainContractTest, UpdateReplacesAndNeverAdds) {
+  EXPECT_EQ(update(token, "new"), KeychainStatus::itemNotFound);
+  EXPECT_FALSE(read(token));
+  add(inGroup("a"), "old");
+  EXPECT_EQ(update(inGroup("b"), "new"), KeychainStatus::itemNotFound);
+  EXPECT_EQ(update(token, "new"), KeychainStatus::success);
+  EXPECT_EQ(read(token)->data, "new");
+  EXPECT_EQ(read(token)->accessGroup, "a") << "the group is kept";
 }
 
-TYPED_TEST(KeychainContractTest, AddingWhatExistsChangesNothing) {
-  this->add(inGroup(this->token, "a"), "first");
-  EXPECT_EQ(this->add(inGroup(this->token, "a"), "second"), KeychainStatus::failed);
-  EXPECT_EQ(this->read(this->token)->data, "first");
-  EXPECT_EQ(this->add(inGroup(this->token, "b"), "of another group"), KeychainStatus::success);
-  EXPECT_EQ(this->read(inGroup(this->token, "a"))->data, "first");
-  EXPECT_EQ(this->read(inGroup(this->token, "b"))->data, "of another group");
+TEST_P(KeychainContractTest, AddingWhatExistsChangesNothing) {
+  add(inGroup("a"), "first");
+  EXPECT_EQ(add(inGroup("a"), "second"), KeychainStatus::failed);
+  EXPECT_EQ(read(token)->data, "first");
+  EXPECT_EQ(add(inGroup("b"), "of another group"), KeychainStatus::success);
+  EXPECT_EQ(read(inGroup("a"))->data, "first");
+  EXPECT_EQ(read(inGroup("b"))->data, "of another group");
 }
 
-TYPED_TEST(KeychainContractTest, RemoveTakesEveryMatchAndNothingElse) {
-  EXPECT_EQ(this->remove(this->token), KeychainStatus::itemNotFound);
+TEST_P(KeychainContractTest, RemoveTakesEveryMatchAndNothingElse) {
+  EXPECT_EQ(remove(token), KeychainStatus::itemNotFound);
   for (const char* group : {"a", "b", "c"}) {
-    this->add(inGroup(this->token, group), group);
+    add(inGroup(group), group);
   }
-  const KeychainQuery neighbour{.service = this->token.service, .account = "neighbour"};
-  this->add(neighbour, "stays");
-
-  EXPECT_EQ(this->remove(inGroup(this->token, "b")), KeychainStatus::success);
-  EXPECT_FALSE(this->read(inGroup(this->token, "b")));
-  EXPECT_TRUE(this->read(inGroup(this->token, "a")));
-  EXPECT_EQ(this->remove(this->token), KeychainStatus::success);
-  EXPECT_FALSE(this->read(this->token));
-  EXPECT_TRUE(this->read(neighbour));
+  const KeychainQuery neighbour{.service = token.service, .account = "neighbour"};
+  add(neighbour, "stays");
+  EXPECT_EQ(remove(inGroup("b")), KeychainStatus::success);
+  EXPECT_FALSE(read(inGroup("b")));
+  EXPECT_TRUE(read(inGroup("a")));
+  EXPECT_EQ(remove(token), KeychainStatus::success);
+  EXPECT_FALSE(read(token));
+  EXPECT_TRUE(read(neighbour));
 }
 
 template <class T>
@@ -119,27 +108,21 @@ Task<T> cancelledAtOnce(Task<T> task) {
   const TaskContext context = co_await currentContext();
   std::stop_source stopped;
   stopped.request_stop();
-  const TaskContext cancelled{context.executor, stopped.get_token()};
-  ChildTask<T> child(cancelled, std::move(task));
+  ChildTask<T> child({context.executor, stopped.get_token()}, std::move(task));
   T result = co_await child.result();
   co_return result;
 }
 
-TYPED_TEST(KeychainContractTest, ACancelledCallHasFailedAndChangedNothing) {
-  const auto status = [this](Task<KeychainStatus> task) {
-    return this->subject.run(cancelledAtOnce(std::move(task)));
-  };
-  EXPECT_EQ(status(this->keychain.add(this->token, "secret", KeychainPrompt::never)),
-            KeychainStatus::failed);
-  EXPECT_FALSE(this->read(this->token));
-  this->add(this->token, "secret");
-  EXPECT_EQ(status(this->keychain.update(this->token, "new", KeychainPrompt::never)),
-            KeychainStatus::failed);
-  EXPECT_EQ(status(this->keychain.remove(this->token, KeychainPrompt::never)),
-            KeychainStatus::failed);
-  EXPECT_EQ(this->read(this->token)->data, "secret");
-  EXPECT_FALSE(this->subject.run(
-      cancelledAtOnce(this->keychain.copyMatching(this->token, KeychainPrompt::never))));
+TEST_P(KeychainContractTest, ACancelledCallHasFailedAndChangedNothing) {
+  const auto cancelled = [this](auto task) { return run(cancelledAtOnce(std::move(task))); };
+  const auto never = KeychainPrompt::never;
+  EXPECT_EQ(cancelled(keychain.add(token, "secret", never)), KeychainStatus::failed);
+  EXPECT_FALSE(read(token));
+  add(token, "secret");
+  EXPECT_EQ(cancelled(keychain.update(token, "new", never)), KeychainStatus::failed);
+  EXPECT_EQ(cancelled(keychain.remove(token, never)), KeychainStatus::failed);
+  EXPECT_EQ(read(token)->data, "secret");
+  EXPECT_FALSE(cancelled(keychain.copyMatching(token, never)));
 }
 
 }  // namespace

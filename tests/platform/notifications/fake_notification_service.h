@@ -5,7 +5,10 @@
 #include <QObject>
 #include <QStringList>
 #include <QVariantMap>
+#include <utility>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 namespace orvane::test {
 
@@ -19,7 +22,6 @@ struct Notified {
   QStringList actions;
   QVariantMap hints;
   int expires = 0;
-  uint number = 0;
 };
 
 /// A desktop's notification service that remembers what it was given. It owns the service's name
@@ -29,10 +31,16 @@ class FakeNotificationService final : public QObject, protected QDBusContext {
   Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
 
  public:
-  explicit FakeNotificationService(QStringList capabilities = {}, uint firstNumber = 1);
-  ~FakeNotificationService() override;
+  explicit FakeNotificationService(QStringList capabilities = {})
+      : capabilities_(std::move(capabilities)) {
+    connection_.registerObject("/org/freedesktop/Notifications", this,
+                               QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals);
+    EXPECT_TRUE(connection_.registerService("org.freedesktop.Notifications")) << "another one runs";
+  }
+  ~FakeNotificationService() override { QDBusConnection::disconnectFromBus("fake service"); }
 
   std::vector<Notified> notified;
+  uint nextNumber = 1;
   int capabilitiesAsked = 0;
   bool refuses = false;  ///< Notify answers with an error
   bool answers = true;   ///< otherwise a call waits for ever
@@ -40,18 +48,29 @@ class FakeNotificationService final : public QObject, protected QDBusContext {
   void click(uint number, const QString& action) { Q_EMIT ActionInvoked(number, action); }
 
  public Q_SLOTS:
-  QStringList GetCapabilities();
+  QStringList GetCapabilities() {
+    ++capabilitiesAsked;
+    return capabilities_;
+  }
   uint Notify(const QString& application, uint replaces, const QString& icon,
               const QString& summary, const QString& body, const QStringList& actions,
-              const QVariantMap& hints, int expires);
+              const QVariantMap& hints, int expires) {
+    if (refuses) {
+      sendErrorReply(QDBusError::LimitsExceeded);
+      return 0;
+    }
+    setDelayedReply(!answers);
+    notified.push_back({application, replaces, icon, summary, body, actions, hints, expires});
+    return replaces == 0 ? nextNumber++ : replaces;
+  }
 
  Q_SIGNALS:
   void ActionInvoked(uint number, const QString& action);
 
  private:
-  QDBusConnection connection_;
   QStringList capabilities_;
-  uint nextNumber_;
+  QDBusConnection connection_ =
+      QDBusConnection::connectToBus(QDBusConnection::SessionBus, "fake service");
 };
 
 }  // namespace orvane::test

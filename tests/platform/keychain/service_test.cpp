@@ -1,0 +1,232 @@
+// A Secret Service that is missing, silent, locked, or gone while it asks the user.
+
+#include <QDBusConnectionInterface>
+#include <QProcess>
+#include <csignal>
+
+#include "platform/eventloop/real_time.h"
+#include "platform/keychain/secret_service_keychain.h"
+#include "support/session_tools.h"
+
+namespace orvane::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Well below the usual deadline, and enough for a machine with other things to do.
+constexpr auto atOnce = 3s;
+
+const QString serviceName = "org.freedesktop.secrets";
+constexpr auto attributes = "service keyring account token synchronizable true";
+const QString daemonOptions = "--foreground --unlock --components=secrets";
+
+/// A program of the session that ends with this object.
+class Program {
+ public:
+  Program(const QString& name, const QStringList& arguments, const char* input = "") {
+    process_.setProcessEnvironment(QProcessEnvironment::systemEnvironment());
+    process_.start(name, arguments);
+    process_.write(input);
+    process_.closeWriteChannel();
+    process_.waitForStarted();
+  }
+  ~Program() { end(); }
+  void end() {
+    process_.kill();
+    process_.waitForFinished();
+  }
+  void stop() const { ::kill(static_cast<pid_t>(process_.processId()), SIGSTOP); }
+
+ private:
+  QProcess process_;
+};
+
+/// The keyring daemon, with its password given at the start.
+class Daemon : public Program {
+ public:
+  Daemon(RealTime& time, SessionBus& bus)
+      : Program("gnome-keyring-daemon", daemonOptions.split(' '), "password") {
+    EXPECT_TRUE(time.letPassUntil([&] { return time.run(isServicePresent(bus, serviceName)); }));
+  }
+};
+
+/// The desktop's own dialog for keyring passwords, and a user in front of it.
+class Prompter : public Program {
+ public:
+  Prompter() : Program("/usr/libexec/gcr-prompter", {}) {
+    // Who asks for a prompt before the prompter has its name is refused.
+    outputOf("gdbus wait --session --timeout 20 org.gnome.keyring.SystemPrompter");
+  }
+  [[nodiscard]] static std::string window() {
+    const auto ids = outputOf("xdotool search --onlyvisible --class gcr-prompter 2>/dev/null");
+    return ids.substr(0, ids.find('\n'));
+  }
+  /// Types into the dialog, and Return, unless it is gone; it may not listen at first.
+  static bool isClosedWith(const std::string& keys) {
+    const std::string dialog = window();
+    if (dialog.empty()) { return true; }
+    outputOf("xdotool windowfocus " + dialog + " key ctrl+a " + keys +
+             " 2>/dev/null; xdotool key Return");
+    return false;
+  }
+};
+
+/// A session in which no service runs until a test starts one.
+class ServiceTest : public RealTimeTest {
+ protected:
+  void expectEveryCallInVain(Keychain& asked, KeychainPrompt prompt) {
+    EXPECT_FALSE(run(asked.copyMatching(query, prompt)));
+    EXPECT_EQ(run(asked.update(query, "x", prompt)), KeychainStatus::failed);
+    EXPECT_EQ(run(asked.add(fresh, "x", prompt)), KeychainStatus::failed);
+    EXPECT_EQ(run(asked.remove(query, prompt)), KeychainStatus::failed);
+  }
+
+  SessionBus bus{*executor};
+  SecretServiceKeychain keychain{bus};
+  KeychainQuery query{.service = "keyring", .account = "token"};
+  KeychainQuery fresh{.service = "keyring", .account = "fresh"};
+};
+
+TEST_F(ServiceTest, WithoutAServiceEveryCallEndsAtOnce) {
+  const auto time = timeOf([this] {
+    expectEveryCallInVain(keychain, KeychainPrompt::never);
+    expectEveryCallInVain(keychain, KeychainPrompt::allowed);
+  });
+  EXPECT_LT(time, atOnce);
+}
+
+TEST_F(ServiceTest, AServiceThatIsStartedOnDemandIsThere) {
+  const StartableService service(
+      serviceName, "sh -c 'printf password | gnome-keyring-daemon " + daemonOptions + "'");
+  EXPECT_EQ(run(keychain.add(query, "secret", KeychainPrompt::never)), KeychainStatus::success);
+  EXPECT_EQ(run(keychain.remove(query, KeychainPrompt::never)), KeychainStatus::success);
+  ::kill(static_cast<pid_t>(bus.connection().interface()->servicePid(serviceName)), SIGKILL);
+}
+
+TEST_F(ServiceTest, AServiceThatNeverAnswersIsWaitedForNoLongerThanTheDeadline) {
+  const Daemon service(*this, bus);
+  service.stop();
+  SecretServiceKeychain impatient(bus, 100ms);
+  const auto time = timeOf([&] { expectEveryCallInVain(impatient, KeychainPrompt::never); });
+  EXPECT_GE(time, 400ms) << "four calls that wait";
+  EXPECT_LT(time, atOnce);
+}
+
+TEST_F(ServiceTest, AServiceMayGoAndComeBack) {
+  auto daemon = std::make_unique<Daemon>(*this, bus);
+  EXPECT_EQ(run(keychain.add(query, "secret", KeychainPrompt::never)), KeychainStatus::success);
+  daemon.reset();
+  const auto time = timeOf([this] { expectEveryCallInVain(keychain, KeychainPrompt::allowed); });
+  EXPECT_LT(time, atOnce);
+  daemon = std::make_unique<Daemon>(*this, bus);
+  const auto item = run(keychain.copyMatching(query, KeychainPrompt::never));
+  ASSERT_TRUE(item);
+  EXPECT_EQ(item->data, "secret");
+  EXPECT_EQ(run(keychain.remove(query, KeychainPrompt::never)), KeychainStatus::success);
+}
+
+/// A keyring with one item, locked.
+class LockedTest : public ServiceTest {
+ protected:
+  LockedTest() {
+    storeWithSecretTool(attributes, "secret");
+    lock();
+  }
+  static void lock() {
+    outputOf(
+        "dbus-send --session --print-reply --dest=org.freedesktop.secrets /org/freedesktop/secrets "
+        "org.freedesktop.Secret.Service.Lock "
+        "array:objpath:/org/freedesktop/secrets/collection/login");
+  }
+
+  Daemon daemon{*this, bus};
+};
+
+TEST_F(LockedTest, CallsThatMayNotAskAreInVainAtOnceAndAskNobody) {
+  const Prompter prompter;
+  const auto time = timeOf([this] { expectEveryCallInVain(keychain, KeychainPrompt::never); });
+  EXPECT_LT(time, atOnce);
+  letPass(300ms);  // a dialog would be there by now
+  EXPECT_EQ(Prompter::window(), "");
+}
+
+TEST_F(LockedTest, WithoutAPrompterPromptingCallsAreInVain) {
+  expectEveryCallInVain(keychain, KeychainPrompt::allowed);
+}
+
+class PromptTest : public LockedTest {
+ protected:
+  /// Begins a call that may prompt and waits for the dialog.
+  template <class T>
+  void begin(Task<T> task, std::optional<T>& result) {
+    call = scope.spawn(detail::keepResult(std::move(task), result, ended));
+    ASSERT_TRUE(letPassUntil([] { return !Prompter::window().empty(); }));
+  }
+  void beginToRead() { begin(keychain.copyMatching(query, KeychainPrompt::allowed), item); }
+  /// The status of a write once the user has answered the dialog with `keys`.
+  std::optional<KeychainStatus> statusOf(Task<KeychainStatus> write, const std::string& keys) {
+    std::optional<KeychainStatus> status;
+    begin(std::move(write), status);
+    answer(keys);
+    return status;
+  }
+  void answer(const std::string& keys) {
+    EXPECT_TRUE(letPassUntil([&keys] { return Prompter::isClosedWith(keys); }));
+    EXPECT_TRUE(letPassUntil([this] { return call.finished(); }));
+  }
+
+  Prompter prompter;
+  std::optional<std::optional<KeychainItem>> item;
+  QEventLoop ended;
+  TaskHandle call;
+  TaskScope scope{*executor};
+};
+
+TEST_F(PromptTest, CancellingEndsTheReadAtOnceAndHarmsNoService) {
+  beginToRead();
+  call.cancel();
+  letPass(50ms);
+  EXPECT_TRUE(call.finished());
+  EXPECT_FALSE(item.value());
+  answer("key Escape");
+  EXPECT_TRUE(run(isServicePresent(bus, serviceName)));
+}
+
+TEST_F(PromptTest, TheReadWaitsForTheUserLongerThanForTheServiceAndGivesTheItem) {
+  SecretServiceKeychain impatient(bus, 300ms);
+  begin(impatient.copyMatching(query, KeychainPrompt::allowed), item);
+  letPass(400ms);
+  EXPECT_FALSE(call.finished());
+  answer("type password");
+  ASSERT_TRUE(item.value());
+  EXPECT_EQ(item.value()->data, "secret");
+}
+
+TEST_F(PromptTest, AddingAsksForTheCollectionAndChangingForTheItems) {
+  const auto unlocking = [this](Task<KeychainStatus> write) {
+    lock();
+    return statusOf(std::move(write), "type password");
+  };
+  EXPECT_EQ(unlocking(keychain.add(fresh, "x", KeychainPrompt::allowed)), KeychainStatus::success);
+  EXPECT_EQ(unlocking(keychain.update(fresh, "y", KeychainPrompt::allowed)),
+            KeychainStatus::success);
+  EXPECT_EQ(unlocking(keychain.remove(fresh, KeychainPrompt::allowed)), KeychainStatus::success);
+  EXPECT_EQ(run(keychain.remove(fresh, KeychainPrompt::never)), KeychainStatus::itemNotFound);
+}
+
+TEST_F(PromptTest, ARefusedWriteHasFailedAndIsNotAskedAgain) {
+  EXPECT_EQ(statusOf(keychain.update(query, "x", KeychainPrompt::allowed), "key Escape"),
+            KeychainStatus::failed);
+  letPass(300ms);
+  EXPECT_EQ(Prompter::window(), "");
+}
+
+TEST_F(PromptTest, AServiceThatEndsWhileItAsksHoldsNobodyUp) {
+  beginToRead();
+  daemon.end();
+  EXPECT_TRUE(letPassUntil([this] { return call.finished(); }));
+  EXPECT_FALSE(item.value());
+}
+
+}  // namespace
+}  // namespace orvane::test
