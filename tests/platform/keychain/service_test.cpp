@@ -80,6 +80,9 @@ class ServiceTest : public RealTimeTest {
     EXPECT_EQ(run(asked.add(fresh, "x", prompt)), KeychainStatus::failed);
     EXPECT_EQ(run(asked.remove(query, prompt)), KeychainStatus::failed);
   }
+  void kill(const QString& name) const {
+    ::kill(static_cast<pid_t>(bus.connection().interface()->servicePid(name)), SIGKILL);
+  }
 
   SessionBus bus{*executor};
   SecretServiceKeychain keychain{bus};
@@ -100,7 +103,7 @@ TEST_F(ServiceTest, AServiceThatIsStartedOnDemandIsThere) {
       serviceName, "sh -c 'printf password | gnome-keyring-daemon " + daemonOptions + "'");
   EXPECT_EQ(run(keychain.add(query, "secret", KeychainPrompt::never)), KeychainStatus::success);
   EXPECT_EQ(run(keychain.remove(query, KeychainPrompt::never)), KeychainStatus::success);
-  ::kill(static_cast<pid_t>(bus.connection().interface()->servicePid(serviceName)), SIGKILL);
+  kill(serviceName);
 }
 
 TEST_F(ServiceTest, AServiceThatNeverAnswersIsWaitedForNoLongerThanTheDeadline) {
@@ -226,6 +229,17 @@ TEST_F(PromptTest, AServiceThatEndsWhileItAsksHoldsNobodyUp) {
   daemon.end();
   EXPECT_TRUE(letPassUntil([this] { return call.finished(); }));
   EXPECT_FALSE(item.value());
+}
+
+// Takes the session's bus away, so it comes last.
+using BusTest = ServiceTest;
+
+TEST_F(BusTest, TheEndOfTheBusIsNotTheProgramsEnd) {
+  const Daemon service(*this, bus);
+  EXPECT_EQ(run(keychain.remove(fresh, KeychainPrompt::never)), KeychainStatus::itemNotFound);
+  kill("org.freedesktop.DBus");
+  EXPECT_TRUE(letPassUntil([this] { return !bus.isOpen(); }));
+  expectEveryCallInVain(keychain, KeychainPrompt::allowed);
 }
 
 }  // namespace
