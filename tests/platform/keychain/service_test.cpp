@@ -81,7 +81,9 @@ class ServiceTest : public RealTimeTest {
     EXPECT_EQ(run(asked.remove(query, prompt)), KeychainStatus::failed);
   }
   void kill(const QString& name) const {
-    ::kill(static_cast<pid_t>(bus.connection().interface()->servicePid(name)), SIGKILL);
+    const auto process = static_cast<pid_t>(bus.connection().interface()->servicePid(name));
+    ASSERT_GT(process, 0) << "nobody has the name";
+    ::kill(process, SIGKILL);
   }
 
   SessionBus bus{*executor};
