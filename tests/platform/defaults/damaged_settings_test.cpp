@@ -1,17 +1,7 @@
-#include <filesystem>
-#include <string>
-#include <vector>
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "settings_fixture.h"
-#include "surroundings.h"
 
 namespace orvane::test {
 namespace {
-
-namespace fs = std::filesystem;
 
 /// Files in the settings' place, and what becomes of them.
 class DamagedSettingsTest : public SettingsFileTest {
@@ -50,30 +40,30 @@ TEST_F(DamagedSettingsTest, AreSetAsideAsTheyWereAndEveryOneIsKept) {
   }
   std::string unreadableIndex = sound;  // which only a look at the whole structure meets
   unreadableIndex.replace(2 * 4096, 100, 100, '\x5a');
-  const std::vector<std::string> contents{
-      "no database",
-      std::string(100, '\0'),
-      "X" + sound.substr(1),
-      scrambled,
-      unreadableIndex,
-      sound.substr(0, 100),
-      sound.substr(0, sound.size() / 2),
-      sound.substr(0, sound.size() - 4096),
-      databaseOf("CREATE TABLE settings (key, type, value)"),
-      databaseOf("CREATE TABLE bookmarks (url); PRAGMA application_id = 252006674"),
-      databaseOf("PRAGMA application_id = 1330796110; PRAGMA user_version = 1"),
-      databaseOf("CREATE TABLE settings (key, value); PRAGMA application_id = 1330796110;"
-                 "PRAGMA user_version = 1"),
-      databaseOf("CREATE TABLE settings (key TEXT PRIMARY KEY, type, value);"
-                 "PRAGMA application_id = 1330796110; PRAGMA user_version = 2"),
+  const std::string ours = "PRAGMA application_id = 1330796110; PRAGMA user_version = ";
+  const std::vector<std::pair<const char*, std::string>> contents{
+      {"a text", "no database"},
+      {"zeros", std::string(100, '\0')},
+      {"another first byte", "X" + sound.substr(1)},
+      {"scrambled", scrambled},
+      {"an unreadable index", unreadableIndex},
+      {"the header alone", sound.substr(0, 100)},
+      {"half of it", sound.substr(0, sound.size() / 2)},
+      {"all but a page", sound.substr(0, sound.size() - 4096)},
+      {"a table of nobody's", databaseOf("CREATE TABLE settings (key, type, value)")},
+      {"another program's", databaseOf("CREATE TABLE bookmarks (url);"
+                                       "PRAGMA application_id = 252006674")},
+      {"ours without a table", databaseOf(ours + "1")},
+      {"ours without a column", databaseOf("CREATE TABLE settings (key, value);" + ours + "1")},
+      {"a later version's", databaseOf("CREATE TABLE settings (key, type, value);" + ours + "2")},
   };
   for (std::size_t index = 0; index < contents.size(); ++index) {
-    replaceFile(contents[index]);
+    replaceFile(contents[index].second);
     startAndWrite();
-    EXPECT_EQ(files().size(), index + 2) << "content " << index;
+    EXPECT_EQ(files().size(), index + 2) << contents[index].first;
   }
   for (std::size_t index = 0; index < contents.size(); ++index) {
-    EXPECT_EQ(contentOf(asideFile(index + 1)), contents[index]) << "content " << index;
+    EXPECT_EQ(contentOf(asideFile(index + 1)), contents[index].second) << contents[index].first;
   }
 }
 

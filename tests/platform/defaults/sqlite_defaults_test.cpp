@@ -1,29 +1,62 @@
 #include "platform/defaults/sqlite_defaults.h"
 
+#include <array>
 #include <chrono>
-#include <filesystem>
-#include <string>
-#include <vector>
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 
 #include "settings_fixture.h"
-#include "surroundings.h"
+#include "support/memory_defaults.h"
 
 namespace orvane::test {
 namespace {
 
-namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 using namespace std::string_literals;
 using testing::ElementsAre;
 using testing::Optional;
 
+/// Which of the four types each key reads as.
+std::string readableTypes(const UserDefaults& defaults, const std::vector<std::string>& keys) {
+  std::string readable;
+  for (const std::string& key : keys) {
+    readable += defaults.text(key) ? '+' : '-';
+    readable += defaults.data(key) ? '+' : '-';
+    readable += defaults.boolean(key) ? '+' : '-';
+    readable += defaults.texts(key) ? "+ " : "- ";
+  }
+  return readable;
+}
+
+/// The contract of UserDefaults, held by the real settings and by the fake alike.
+void expectContract(UserDefaults& defaults) {
+  defaults.setText("text", "1");
+  defaults.setData("data", "1");
+  defaults.setBoolean("boolean", true);
+  defaults.setTexts("texts", {"1"});
+  EXPECT_EQ(readableTypes(defaults, {"text", "data", "boolean", "texts", "TEXT", ""}),
+            "+--- -+-- --+- ---+ ---- ---- ")
+      << "a value reads as its own type only";
+  defaults.setTexts("boolean", {});
+  defaults.setData("text", "2");
+  EXPECT_EQ(readableTypes(defaults, {"boolean", "text"}), "---+ -+-- ") << "the last write counts";
+  EXPECT_EQ(defaults.data("text"), "2");
+  defaults.remove("text");
+  defaults.remove("never written");
+  EXPECT_EQ(readableTypes(defaults, {"text", "texts"}), "---- ---+ ");
+  defaults.setText("text", "again");
+  EXPECT_EQ(defaults.text("text"), "again");
+}
+
 class SqliteDefaultsTest : public SettingsFileTest {};
 
-constexpr auto writing = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+TEST_F(SqliteDefaultsTest, HoldTheContractAsTheFakeDoes) {
+  SqliteDefaults settings(file);
+  expectContract(settings);
+  MemoryDefaults fake;
+  expectContract(fake);
+}
 
 TEST_F(SqliteDefaultsTest, EverythingIsThereAfterARestart) {
   {
@@ -70,11 +103,8 @@ TEST_F(SqliteDefaultsTest, ValuesThatMakeNoSenseAreMissing) {
       " ('d', 'texts', 'no list'), ('e', 'texts', '[\"x\", 5]'), ('f', 'texts', '{}'),"
       " ('g', 'date', 'today')");
   SqliteDefaults defaults(file);
-  for (const char* const key : {"a", "b", "c", "d", "e", "f", "g"}) {
-    EXPECT_FALSE(defaults.text(key) || defaults.data(key) || defaults.boolean(key) ||
-                 defaults.texts(key))
-        << key;
-  }
+  EXPECT_EQ(readableTypes(defaults, {"a", "b", "c", "d", "e", "f", "g"}),
+            "---- ---- ---- ---- ---- ---- ---- ");
   defaults.setText("a", "now it does");
   EXPECT_EQ(SqliteDefaults(file).text("a"), "now it does");
 }
@@ -120,6 +150,8 @@ TEST_F(SqliteDefaultsTest, ChangesLiveInMemoryWhereNothingCanBeWritten) {
 }
 
 TEST_F(SqliteDefaultsTest, ReadsWhatItMayNotWrite) {
+  constexpr auto writing =
+      fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
   for (const fs::path& readOnly : {file, file.parent_path()}) {
     { SqliteDefaults(file).setText("a", "old"); }
     for (fs::path path = file; path != folder.path().parent_path(); path = path.parent_path()) {
@@ -142,25 +174,21 @@ TEST_F(SqliteDefaultsTest, AFullDiskLosesNothingOldAndIsNoDamage) {
   fs::create_directories(file.parent_path());
   {
     const FullDisk fullDisk(0);
-    SqliteDefaults defaults(file);
-    defaults.setText("a", "value");
-    EXPECT_EQ(defaults.text("a"), "value");
+    SqliteDefaults(file).setText("a", "value");
   }
   { SqliteDefaults(file).setText("a", "old"); }
-  const std::string large(1'000'000, 'x');
   {
     SqliteDefaults defaults(file);
     {
       const FullDisk fullDisk(100'000);
-      defaults.setData("large", large);
+      defaults.setData("large", std::string(1'000'000, 'x'));
       defaults.setText("a", "new");
-      EXPECT_EQ(defaults.data("large"), large);
       EXPECT_EQ(SqliteDefaults(file).text("a"), "old");
     }
     defaults.setText("b", "there is room again");
-    EXPECT_EQ(SqliteDefaults(file).text("a"), "new");
   }
-  EXPECT_EQ(SqliteDefaults(file).data("large"), large);
+  EXPECT_EQ(SqliteDefaults(file).text("a"), "new");
+  EXPECT_EQ(SqliteDefaults(file).data("large"), std::string(1'000'000, 'x'));
   EXPECT_THAT(files(), ElementsAre("settings.sqlite"));
 }
 
@@ -171,6 +199,48 @@ TEST_F(SqliteDefaultsTest, FollowsALinkAndTakesAnyName) {
   { SqliteDefaults(file).setText("a", "value"); }
   EXPECT_TRUE(fs::is_symlink(file));
   EXPECT_EQ(SqliteDefaults(target).text("a"), "value");
+}
+
+/// Writes number after number, each to two keys, reporting each that is written, for ever.
+[[noreturn]] void writeForEver(const fs::path& file, int number, int report) {
+  for (SqliteDefaults defaults(file);; ++number) {
+    const std::string text = std::to_string(number);
+    defaults.setTexts("copies", std::vector<std::string>(1 + number % 300, text));
+    defaults.setText("number", text);
+    if (::write(report, &number, sizeof number) != sizeof number) { ::_exit(1); }
+  }
+}
+
+/// Lets a process write and kills it after `reports` numbers; the last one that it reported.
+int lastReportOfKilledProcess(const fs::path& file, int start, int reports) {
+  std::array<int, 2> channel{};
+  EXPECT_EQ(::pipe(channel.data()), 0);
+  const pid_t child = ::fork();
+  if (child == 0) { writeForEver(file, start, channel[1]); }
+  ::close(channel[1]);
+  int last = 0;
+  for (int number = 0; ::read(channel[0], &number, sizeof number) == sizeof number;) {
+    last = number;
+    if (--reports == 0) { ::kill(child, SIGKILL); }
+  }
+  ::close(channel[0]);
+  ::waitpid(child, nullptr, 0);
+  return last;
+}
+
+TEST_F(SqliteDefaultsTest, AKilledProcessLeavesEveryFinishedWriteAndNoHalfOne) {
+  int last = 0;
+  for (int round = 0; round < 20; ++round) {
+    last = lastReportOfKilledProcess(file, last + 1, 1 + round * 7);
+    const SqliteDefaults defaults(file);
+    const int number = std::stoi(defaults.text("number").value());
+    EXPECT_TRUE(number == last || number == last + 1) << number << " after " << last;
+    const std::vector<std::string> copies = defaults.texts("copies").value();
+    last = std::stoi(copies.front());
+    EXPECT_TRUE(last == number || last == number + 1) << last << " after " << number;
+    EXPECT_EQ(copies, std::vector<std::string>(1 + last % 300, copies.front()));
+  }
+  EXPECT_THAT(files(), ElementsAre("settings.sqlite"));
 }
 
 }  // namespace

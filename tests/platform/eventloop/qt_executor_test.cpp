@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/async/timer.h"
 #include "platform/eventloop/real_time.h"
 
 namespace orvane::test {
@@ -40,14 +39,13 @@ TEST_F(QtExecutorTest, CountsTheTimeSpentSuspended) {
 
 TEST_F(QtExecutorTest, PostsRunInTheirOrderAndNeverInsideTheCall) {
   executor->post([this] {
-    log.push_back("a");
     executor->post(note("c"));
-    log.push_back("a ends");
+    log.push_back("a");
   });
   executor->post(note("b"));
   EXPECT_TRUE(log.empty());
   letPass(1ms);
-  EXPECT_EQ(log, (Log{"a", "a ends", "b", "c"}));
+  EXPECT_EQ(log, (Log{"a", "b", "c"}));
 }
 
 TEST_F(QtExecutorTest, TimersRunInTheOrderOfTheirMomentsEachAfterWhatTheOneBeforeSetInMotion) {
@@ -56,37 +54,27 @@ TEST_F(QtExecutorTest, TimersRunInTheOrderOfTheirMomentsEachAfterWhatTheOneBefor
   executor->schedule(now + 2ms, note("second"));
   executor->schedule(now + 2ms, [&] { ran = executor->now(); });
   executor->schedule(now + 1ms, [this] {
-    log.push_back("first");
-    executor->post([this] {
-      log.push_back("post");
-      executor->post(note("post of the post"));
-    });
+    executor->post([this] { executor->post(note("post of the first's post")); });
   });
   executor->schedule(now - 1h, note("past"));
   executor->schedule(Instant{}, note("at the clock's beginning"));
   while (executor->now() < now + 3ms) {  // all are due when the loop looks next
   }
   letPass(1ms);
-  EXPECT_EQ(log, (Log{"past", "at the clock's beginning", "first", "post", "post of the post",
-                      "second"}));
+  EXPECT_EQ(log, (Log{"past", "at the clock's beginning", "post of the first's post", "second"}));
   EXPECT_GE(ran, now + 2ms);
 }
 
 TEST_F(QtExecutorTest, CancelledTimersDoNotRunAndLeaveTheNextOneItsMoment) {
   const Instant now = executor->now();
   Executor::TimerId dueTogether = 0;
-  Executor::TimerId itself = 0;
   executor->cancel(executor->schedule(now, note("cancelled before")));
-  itself = executor->schedule(now, [&] {
-    log.push_back("cancels");
-    executor->cancel(dueTogether);
-    executor->cancel(itself);
-    executor->cancel(12345);
-  });
+  executor->schedule(now, [&] { executor->cancel(dueTogether); });
   dueTogether = executor->schedule(now, note("cancelled by the timer before it"));
+  executor->cancel(12345);
   executor->schedule(now + 1ms, note("next"));
   letPass(5ms);
-  EXPECT_EQ(log, (Log{"cancels", "next"}));
+  EXPECT_EQ(log, Log{"next"});
 }
 
 TEST_F(QtExecutorTest, NestedEventLoopRunsWhatIsLeft) {
@@ -103,9 +91,6 @@ TEST_F(QtExecutorTest, NestedEventLoopRunsWhatIsLeft) {
 struct CallsBackWhenDestroyed {
   QtExecutor& executor;
   Executor::TimerId timer = 0;
-  explicit CallsBackWhenDestroyed(QtExecutor& given) : executor(given) {}
-  CallsBackWhenDestroyed(const CallsBackWhenDestroyed&) = delete;
-  CallsBackWhenDestroyed& operator=(const CallsBackWhenDestroyed&) = delete;
   ~CallsBackWhenDestroyed() {
     executor.cancel(timer);
     executor.post([] { FAIL() << "ran after the executor's end"; });
@@ -113,7 +98,7 @@ struct CallsBackWhenDestroyed {
 };
 
 TEST_F(QtExecutorTest, DestructionDropsWhatIsPendingAndLetsItCallBack) {
-  auto guard = std::make_shared<CallsBackWhenDestroyed>(*executor);
+  std::shared_ptr<CallsBackWhenDestroyed> guard(new CallsBackWhenDestroyed{*executor});
   const std::weak_ptr<CallsBackWhenDestroyed> watched = guard;
   executor->post([guard] { FAIL() << "ran after the executor's end"; });
   guard->timer = executor->schedule(Instant{}, [guard] { FAIL(); });
