@@ -1,10 +1,6 @@
 #pragma once
 
 #include <chrono>
-#include <expected>
-#include <optional>
-#include <string>
-#include <string_view>
 
 #include "address/new_payment_notifications.h"
 #include "address/watched_address_client.h"

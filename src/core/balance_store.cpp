@@ -29,12 +29,6 @@ Registration BalanceStore::observe(std::function<void()> listener) {
   return fields_.observe(std::move(listener));
 }
 
-void BalanceStore::setToken(std::string_view text) { pool_.setToken(text); }
-
-std::optional<std::string> BalanceStore::setOwnAddress(std::string_view text) {
-  return address_.setOwnAddress(text);
-}
-
 void BalanceStore::setUnit(Unit unit) {
   fields_.set(&BalanceState::unit, unit);
   settings_.setUnit(unit);
@@ -45,26 +39,24 @@ void BalanceStore::setPreferredFiatCurrency(PreferredFiatCurrency currency) {
   settings_.setPreferredFiatCurrency(currency);
 }
 
+void BalanceStore::setToken(std::string_view text) { pool_.setToken(text); }
 void BalanceStore::loadHistory() { pool_.loadHistory(); }
-
 void BalanceStore::restartPolling() { pool_.restartPolling(); }
-
 void BalanceStore::restartAddressWatch() { address_.restartAddressWatch(); }
-
-std::string BalanceStore::amountNumberText(std::int64_t sats) const {
-  return orvane::amountNumberText(state(), format_, sats);
-}
-
-std::string BalanceStore::amountText(std::int64_t sats) const {
-  return orvane::amountText(state(), format_, sats);
+std::optional<std::string> BalanceStore::setOwnAddress(std::string_view text) {
+  return address_.setOwnAddress(text);
 }
 
 std::string BalanceStore::menuBarTitle() const { return orvane::menuBarTitle(state(), format_); }
-
+std::string BalanceStore::amountNumberText(std::int64_t sats) const {
+  return orvane::amountNumberText(state(), format_, sats);
+}
+std::string BalanceStore::amountText(std::int64_t sats) const {
+  return orvane::amountText(state(), format_, sats);
+}
 std::optional<std::string> BalanceStore::fiatText(double sats) const {
   return orvane::fiatText(state(), format_, sats);
 }
-
 std::optional<std::string> BalanceStore::priceText() const {
   return orvane::priceText(state(), format_);
 }

@@ -1,18 +1,9 @@
 #pragma once
 
-#include <cstdint>
-#include <functional>
-#include <optional>
-#include <string>
-#include <string_view>
-
 #include "core/address_watch.h"
 #include "core/balance_platform.h"
 #include "core/balance_state.h"
-#include "core/keychain_items.h"
 #include "core/pool_account.h"
-#include "core/refresh_cycle.h"
-#include "core/stored_settings.h"
 
 namespace orvane {
 

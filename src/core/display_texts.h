@@ -1,9 +1,6 @@
 #pragma once
 
 #include <chrono>
-#include <cstdint>
-#include <optional>
-#include <string>
 #include <string_view>
 
 #include "core/balance_state.h"

@@ -1,12 +1,10 @@
 #pragma once
 
 #include <optional>
-#include <string>
 #include <vector>
 
 #include "platform/async/async_mutex.h"
 #include "platform/async/executor.h"
-#include "platform/async/task.h"
 #include "platform/async/task_scope.h"
 #include "platform/keychain/keychain.h"
 

@@ -1,10 +1,6 @@
 #pragma once
 
 #include <chrono>
-#include <expected>
-#include <string>
-#include <string_view>
-#include <vector>
 
 #include "core/balance_platform.h"
 #include "core/balance_state.h"

@@ -10,14 +10,10 @@ namespace orvane {
 
 namespace {
 
-namespace key {
-
-constexpr std::string_view unit = "balance.unit";
-constexpr std::string_view preferredFiatCurrency = "balance.preferredFiatCurrency";
-constexpr std::string_view ownAddress = "balance.watchedAddress";
-constexpr std::string_view history = "balance.braiinsHistory";
-
-}  // namespace key
+constexpr std::string_view unitKey = "balance.unit";
+constexpr std::string_view preferredFiatCurrencyKey = "balance.preferredFiatCurrency";
+constexpr std::string_view ownAddressKey = "balance.watchedAddress";
+constexpr std::string_view historyKey = "balance.braiinsHistory";
 
 constexpr std::string_view rawSats = "sats";
 constexpr std::string_view rawBtc = "btc";
@@ -25,44 +21,39 @@ constexpr std::string_view rawBtc = "btc";
 }  // namespace
 
 BalanceUnit StoredSettings::unit() const {
-  return defaults_.text(key::unit) == rawBtc ? BalanceUnit::btc : BalanceUnit::sats;
+  return defaults_.text(unitKey) == rawBtc ? BalanceUnit::btc : BalanceUnit::sats;
 }
-
 void StoredSettings::setUnit(BalanceUnit unit) {
-  defaults_.setText(key::unit, unit == BalanceUnit::btc ? rawBtc : rawSats);
+  defaults_.setText(unitKey, unit == BalanceUnit::btc ? rawBtc : rawSats);
 }
 
 PreferredFiatCurrency StoredSettings::preferredFiatCurrency() const {
-  const std::string stored = defaults_.text(key::preferredFiatCurrency).value_or("");
+  const std::string stored = defaults_.text(preferredFiatCurrencyKey).value_or("");
   return fiatCurrencyFromRawValue(stored).value_or(PreferredFiatCurrency::eur);
 }
-
 void StoredSettings::setPreferredFiatCurrency(PreferredFiatCurrency currency) {
-  defaults_.setText(key::preferredFiatCurrency, rawValue(currency));
+  defaults_.setText(preferredFiatCurrencyKey, rawValue(currency));
 }
 
 std::string StoredSettings::ownAddress() const {
-  return defaults_.text(key::ownAddress).value_or("");
+  return defaults_.text(ownAddressKey).value_or("");
 }
-
 void StoredSettings::setOwnAddress(std::string_view address) {
-  defaults_.setText(key::ownAddress, address);
+  defaults_.setText(ownAddressKey, address);
 }
 
 std::vector<BraiinsHistoryDay> StoredSettings::history() const {
-  const std::optional<std::string> stored = defaults_.data(key::history);
+  const std::optional<std::string> stored = defaults_.data(historyKey);
   if (!stored) { return {}; }
   auto days = decodeHistory(*stored).value_or(std::vector<BraiinsHistoryDay>());
   std::ranges::sort(days, std::greater(), &BraiinsHistoryDay::date);
   return days;
 }
-
 void StoredSettings::setHistory(std::span<const BraiinsHistoryDay> days) {
   if (const std::optional<std::string> encoded = encodeHistory(days)) {
-    defaults_.setData(key::history, *encoded);
+    defaults_.setData(historyKey, *encoded);
   }
 }
-
-void StoredSettings::removeHistory() { defaults_.remove(key::history); }
+void StoredSettings::removeHistory() { defaults_.remove(historyKey); }
 
 }  // namespace orvane

@@ -1,9 +1,7 @@
 #pragma once
 
 #include <span>
-#include <string>
 #include <string_view>
-#include <vector>
 
 #include "core/balance_state.h"
 #include "platform/defaults/user_defaults.h"

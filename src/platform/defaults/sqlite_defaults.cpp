@@ -153,17 +153,14 @@ std::optional<std::string> SqliteDefaults::text(std::string_view key) const {
   const auto* const value = find<SettingText>(key);
   return value ? std::optional(value->text) : std::nullopt;
 }
-
 std::optional<std::string> SqliteDefaults::data(std::string_view key) const {
   const auto* const value = find<SettingData>(key);
   return value ? std::optional(value->bytes) : std::nullopt;
 }
-
 std::optional<bool> SqliteDefaults::boolean(std::string_view key) const {
   const auto* const value = find<bool>(key);
   return value ? std::optional(*value) : std::nullopt;
 }
-
 std::optional<std::vector<std::string>> SqliteDefaults::texts(std::string_view key) const {
   const auto* const value = find<SettingTexts>(key);
   return value ? std::optional(*value) : std::nullopt;
@@ -172,13 +169,10 @@ std::optional<std::vector<std::string>> SqliteDefaults::texts(std::string_view k
 void SqliteDefaults::setText(std::string_view key, std::string_view value) {
   set(key, SettingText{std::string(value)});
 }
-
 void SqliteDefaults::setData(std::string_view key, std::string_view bytes) {
   set(key, SettingData{std::string(bytes)});
 }
-
 void SqliteDefaults::setBoolean(std::string_view key, bool value) { set(key, value); }
-
 void SqliteDefaults::setTexts(std::string_view key, const std::vector<std::string>& values) {
   set(key, values);
 }
