@@ -2,8 +2,6 @@
 
 #include <span>
 
-#include <malloc.h>
-
 #include "store_fixture.h"
 
 namespace orvane::test {
@@ -54,10 +52,11 @@ TEST_F(BalanceStoreTest, BringsTheFiguresOfAStoredTokenBackByThemselves) {
 // Only what the user enters is trimmed.
 TEST_F(BalanceStoreTest, TakesTheStoredTokenAndAddressAsTheyAre) {
   storeToken(" stored ");
-  defaults.setText("balance.watchedAddress", " address ");
   startAndSettle();
   EXPECT_EQ(state().token, " stored ");
-  EXPECT_EQ(transport.sent().back().request.headers[0].value, " stored ");
+  EXPECT_EQ(transport.sent().at(0).request.headers.at(0).value, " stored ");
+  defaults.setText("balance.watchedAddress", " address ");
+  start();
   EXPECT_EQ(state().ownAddress, " address ");
 }
 
@@ -189,37 +188,29 @@ class LongRunTest : public StoreTest {
 
 // The status of a failure that is over would leave the icon orange until the next change.
 TEST_F(LongRunTest, TheMenuBarIsToldWhenTheOldFailureIsGone) {
-  struct Case {
-    const char* name;
-    std::optional<std::string> BalanceState::* status;
-    std::function<void()> story;
+  const auto account = &BalanceState::accountStatus;
+  const auto address = &BalanceState::addressStatus;
+  const std::vector<std::tuple<const char*, decltype(account), std::function<void()>>> cases{
+      {"another token", account, [this] { store->setToken("another"); }},
+      {"new figures", account, [this] { executor.advance(300s); }},
+      {"another address", address, [this] { (void)store->setOwnAddress(secondAddress); }},
+      {"a new summary", address, [this] { store->restartAddressWatch(); }},
   };
-  const std::vector<Case> cases{
-      {"another token", &BalanceState::accountStatus, [this] { store->setToken("another"); }},
-      {"new figures", &BalanceState::accountStatus,
-       [this] {
-         store->restartPolling();
-         executor.advance(60s);
-       }},
-      {"another address", &BalanceState::addressStatus,
-       [this] { EXPECT_EQ(store->setOwnAddress(secondAddress), std::nullopt); }},
-      {"a new summary", &BalanceState::addressStatus, [this] { store->restartAddressWatch(); }},
-  };
-  for (const Case& test : cases) {
-    SCOPED_TRACE(test.name);
-    keychain.items.clear();
-    storeToken("token");
+  for (const auto& [name, status, story] : cases) {
     defaults.setText("balance.watchedAddress", firstAddress);
     transport.on("/profile").respond(500).times(1);
     transport.on("/height").respond(500).times(1);
     startAndSettle();
-    ASSERT_TRUE(state().*test.status);
+    ASSERT_TRUE(state().*status) << name;
+    executor.advance(60s);  // the prices have come
     const auto heard = heardDuring([&] {
-      test.story();
+      story();
       executor.runUntilIdle();
     });
-    ASSERT_FALSE(heard.empty());
-    EXPECT_EQ(heard[0].*test.status, std::nullopt);
+    ASSERT_FALSE(heard.empty()) << name;
+    EXPECT_EQ(heard[0].*status, std::nullopt) << name;
+    keychain.items.clear();
+    storeToken("token");
   }
 }
 
@@ -253,26 +244,6 @@ TEST_F(LongRunTest, HistoryLoadsAndRestartsKeepToThePoolsPace) {
   EXPECT_GT(transport.sentTo("/workers"), 50U);
   expectPacing();
   expectAtRest(1);
-}
-
-// As many figures come and go in thirty days as in one.
-TEST_F(LongRunTest, HoldsNoMoreMemoryAfterAMonth) {
-  start();
-  const auto passDay = [this] {
-    for (int hour = 0; hour < 24; ++hour) {
-      executor.advance(1h);
-      store->loadHistory();
-    }
-    executor.advance(5min);
-    transport.clearSent();
-    return mallinfo2().uordblks;
-  };
-  passDay();
-  const auto afterADay = passDay();
-  for (int day = 0; day < 28; ++day) {
-    passDay();
-  }
-  EXPECT_LT(passDay(), afterADay + 16'384);
 }
 
 /// The same on a machine that is suspended for a night.
@@ -322,29 +293,6 @@ TEST_F(SuspendTest, CallsThatWaitedForTheirSlotStillTakeTurns) {
   executor.advance(419s);
   EXPECT_THAT(sentAfterwards("/rewards"), ElementsAre(60));
   EXPECT_THAT(sentAfterwards("pool.test"), ElementsAre(0, 60, 120, 300, 360));
-}
-
-TEST_F(SuspendTest, AnAnswerThatWasUnderWayEndsItsCycleAndStartsNoOther) {
-  transport.on("/profile").respond(200, "").after(10s).times(1);
-  start();
-  runThenSleep(5s);
-  EXPECT_THAT(sentAfterwards("pool.test"), IsEmpty()) << "the cycle has ended with a failure";
-  EXPECT_TRUE(state().accountStatus);
-  executor.advance(361s);
-  EXPECT_THAT(sentAfterwards("pool.test"), ElementsAre(300, 360));
-}
-
-TEST_F(SuspendTest, ANetworkThatWakesLaterLeavesTheFiguresAndIsAskedInTheNextCycle) {
-  start();
-  executor.advance(100s);
-  transport.on("pool.test").fail(HttpFailure::cannotFindHost).times(1);
-  transport.on("explorer.test").fail(HttpFailure::cannotFindHost).times(3);
-  runThenSleep(0s);
-  EXPECT_TRUE(state().accountStatus && state().addressStatus);
-  EXPECT_TRUE(state().stats && state().addressSummary) << "the evening's figures stay";
-  executor.advance(600s);
-  EXPECT_THAT(sentAfterwards("/profile"), ElementsAre(0, 300));
-  EXPECT_FALSE(state().accountStatus || state().addressStatus);
 }
 
 }  // namespace

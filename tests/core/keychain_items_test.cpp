@@ -58,6 +58,7 @@ TEST(SharedAccessGroupTest, IsTheFirstOneWithTheSharedSuffix) {
 }
 
 TEST_F(KeychainItemsTest, SaveAddsReplacesAndWithNothingRemoves) {
+  const auto own = item("own", "TEAM.own");
   struct Case {
     const char* name;
     Items before;
@@ -66,15 +67,10 @@ TEST_F(KeychainItemsTest, SaveAddsReplacesAndWithNothingRemoves) {
     Items after;
   };
   const std::vector<Case> cases{
-      {"adds", {}, shared, "new", {item("new")}},
-      {"adds beside another group's",
-       {item("own", "TEAM.own")},
-       shared,
-       "new",
-       {item("own", "TEAM.own"), item("new")}},
+      {"adds", {own}, shared, "new", {own, item("new")}},
       {"adds where the system puts it", {}, withoutGroup, "new", {item("new", "TEAM.default")}},
       {"replaces", {item("old")}, shared, "new", {item("new")}},
-      {"removes from every group", {item("old"), item("own", "TEAM.own")}, shared, "", {}},
+      {"removes from every group", {item("old"), own}, shared, "", {}},
   };
   keychain.defaultGroup = "TEAM.default";
   for (const Case& test : cases) {

@@ -203,10 +203,8 @@ TEST_F(PoolAccountTest, AHistoryLoadIsKeptAndReadBack) {
 }
 
 TEST_F(PoolAccountTest, AFailedLoadKeepsTheHistoryUnderItsTextUntilTheNextLoad) {
-  startWithFigures();
   defaults.setData(historyKey, R"([{"date":86400}])");
-  start();
-  executor.advance(100s);
+  startWithFigures();
   transport.on("/rewards").respond(500);
   store->loadHistory();
   executor.advance(100s);
