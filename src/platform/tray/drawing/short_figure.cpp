@@ -3,12 +3,13 @@
 #include <array>
 #include <cstdint>
 
+#include "platform/decimal/amounts.h"
+
 namespace orvane {
 
 namespace {
 
 constexpr int longestShortFigure = 5;
-constexpr std::uint64_t satsPerBitcoin = 100'000'000;
 
 struct Magnitude {
   std::uint64_t factor;
@@ -51,10 +52,10 @@ QString shortWhole(std::uint64_t number) {
 
 /// Three digits of an amount in bitcoin, and below a thousandth of one in millionths (µ).
 QString shortBitcoin(std::uint64_t sats) {
-  const auto whole = sats / satsPerBitcoin;
-  const auto fraction = sats % satsPerBitcoin;
+  const auto whole = sats / satsPerBTC;
+  const auto fraction = sats % satsPerBTC;
   if (whole >= 100) { return shortWhole(whole); }
-  if (whole >= 10) { return withOneDecimal(sats / (satsPerBitcoin / 10)); }
+  if (whole >= 10) { return withOneDecimal(sats / (satsPerBTC / 10)); }
   if (whole >= 1) {
     return QStringLiteral("%1.%2").arg(whole).arg(padded(fraction / 1'000'000, 2));
   }
