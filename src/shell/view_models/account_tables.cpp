@@ -10,7 +10,6 @@
 #include "platform/decimal/amounts.h"
 
 namespace orvane {
-
 namespace {
 
 /// The part of a Stratum login after its first "."; the whole when there is no such part.

@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 namespace orvane {
-
 namespace {
 
 std::vector<std::string> helpParagraphs() {

@@ -3,9 +3,9 @@
 #include <fmt/format.h>
 
 #include "core/display_texts.h"
+#include "platform/text/unicode.h"
 
 namespace orvane {
-
 namespace {
 
 /// The value of `sats` in money, as it stands beside an amount.
@@ -60,6 +60,10 @@ std::vector<BlockRewardLine> blockRewardLines(const BalanceState& state,
   return lines;
 }
 
+SettingsFieldState fieldState(std::string_view stored, std::string_view draft) {
+  return {.canSave = trimmed(draft) != stored, .canRemove = !stored.empty()};
+}
+
 }  // namespace
 
 WindowLayout windowLayout(const BalanceState& state) {
@@ -98,6 +102,25 @@ AddressCard addressCard(const BalanceState& state, const LocaleFormat& format) {
        .value = amountText(state, format, state.addressSummary->pendingSats)},
       {.title = "Block rewards", .value = rewards == 0 ? "None" : format.integer(rewards)}};
   return card;
+}
+
+SettingsFieldState tokenFieldState(const BalanceState& state, std::string_view draft) {
+  return fieldState(state.token, draft);
+}
+
+SettingsFieldState addressFieldState(const BalanceState& state, std::string_view draft) {
+  return fieldState(state.ownAddress, draft);
+}
+
+const char* addressPlaceholder(const BalanceState& state) {
+  return state.addressIsFromMiner
+             ? "Another Bitcoin address to watch instead"
+             : "Bitcoin address to watch, e.g. your solo-mining payout address";
+}
+
+AccountLink accountLink(std::string_view webHost) {
+  return {.text = fmt::format("Open the account at {}", webHost),
+          .url = fmt::format("https://{}/", webHost)};
 }
 
 }  // namespace orvane

@@ -2,12 +2,15 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/balance_state.h"
 #include "platform/text/locale_format.h"
 
 namespace orvane {
+
+/// What the main window shows beside its tables: its parts, the cards and the settings' fields.
 
 /// Which parts of the main window show, and the least size they ask for in logical pixels.
 struct WindowLayout {
@@ -16,7 +19,6 @@ struct WindowLayout {
   bool showsAccountColumn = false;  ///< workers and history
   int minimumWidth = 0;
   int minimumHeight = 0;
-
   bool operator==(const WindowLayout&) const = default;
 };
 [[nodiscard]] WindowLayout windowLayout(const BalanceState& state);
@@ -29,7 +31,6 @@ struct Metric {
   std::string title;
   std::string value;
   std::string fiatValue = {};  ///< "≈ 3.47 €"; empty: none
-
   bool operator==(const Metric&) const = default;
 };
 
@@ -38,7 +39,6 @@ struct BalanceFigure {
   std::string text;
   bool isPlaceholder = false;
   std::string fiatValue = {};  ///< as in Metric
-
   bool operator==(const BalanceFigure&) const = default;
 };
 
@@ -46,7 +46,6 @@ struct BalanceFigure {
 struct BlockRewardLine {
   std::string text;
   bool isSpendable = false;
-
   bool operator==(const BlockRewardLine&) const = default;
 };
 
@@ -54,7 +53,6 @@ struct BlockRewardLine {
 struct StatusLine {
   std::string text;
   bool isWarning = false;
-
   bool operator==(const StatusLine&) const = default;
 };
 
@@ -62,7 +60,6 @@ struct StatusLine {
 struct RefreshButtonState {
   bool isVisible = true;
   bool isBusy = false;
-
   bool operator==(const RefreshButtonState&) const = default;
 };
 
@@ -86,5 +83,28 @@ struct AddressCard {
   RefreshButtonState refresh;
 };
 [[nodiscard]] AddressCard addressCard(const BalanceState& state, const LocaleFormat& format);
+
+/// A field whose text the user may save or remove.
+struct SettingsFieldState {
+  bool canSave = false;
+  bool canRemove = false;
+  bool operator==(const SettingsFieldState&) const = default;
+};
+/// The two fields as they stand, with `draft` typed into them: only a draft that says something new
+/// can be saved, only what is stored can be removed.
+[[nodiscard]] SettingsFieldState tokenFieldState(const BalanceState& state, std::string_view draft);
+[[nodiscard]] SettingsFieldState addressFieldState(const BalanceState& state,
+                                                   std::string_view draft);
+
+/// What the empty address field says.
+[[nodiscard]] const char* addressPlaceholder(const BalanceState& state);
+
+/// Where the user manages the pool account.
+struct AccountLink {
+  std::string text;
+  std::string url;
+};
+/// `webHost`: "host[:port]" of the pool's web site.
+[[nodiscard]] AccountLink accountLink(std::string_view webHost);
 
 }  // namespace orvane

@@ -9,7 +9,6 @@
 #include "shell/views/frames.h"
 #include "shell/views/labels.h"
 #include "shell/views/qt_text.h"
-#include "shell/views/theme.h"
 
 namespace orvane {
 

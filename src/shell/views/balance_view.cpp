@@ -13,7 +13,6 @@
 #include "shell/views/workers_section.h"
 
 namespace orvane {
-
 namespace {
 
 /// What a window's title bar and borders take of the screen, before there is a window to ask.

@@ -25,7 +25,6 @@ class CoalescedUpdate final : public QObject {
  public:
   /// `view` outlives this object.
   CoalescedUpdate(QWidget& view, std::function<void()> update);
-
   void request();
 
  protected:

@@ -12,7 +12,6 @@
 #include "shell/views/theme.h"
 
 namespace orvane {
-
 namespace {
 
 constexpr int symbolSize = theme::symbolSize + 4;

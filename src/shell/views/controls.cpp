@@ -11,7 +11,6 @@
 #include "shell/views/theme.h"
 
 namespace orvane {
-
 namespace {
 
 constexpr int stepsPerTurn = 12;

@@ -23,7 +23,6 @@ class RefreshButton final : public QPushButton {
  public:
   /// `subject`: what is refreshed, for screen readers.
   RefreshButton(const QString& subject, std::function<void()> onPress, QWidget* parent = nullptr);
-
   void showState(const RefreshButtonState& state);
   /// Whether the indicator is being redrawn from time to time.
   [[nodiscard]] bool isMoving() const { return timer_.isActive(); }
@@ -54,7 +53,6 @@ class SegmentedPicker final : public QWidget {
   /// `onChoose` is called with the index of the choice that the user made, and only then.
   SegmentedPicker(const QString& accessibleName, const QStringList& choices,
                   const std::function<void(std::size_t)>& onChoose, QWidget* parent = nullptr);
-
   void showChoice(std::size_t index);
 
  protected:

@@ -9,7 +9,6 @@
 #include "shell/views/theme.h"
 
 namespace orvane {
-
 namespace {
 
 QRect insetCell(const QRect& cell) {

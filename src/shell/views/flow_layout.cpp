@@ -28,7 +28,6 @@ FlowLayout::FlowLayout(Align align, int horizontalSpacing, int verticalSpacing, 
 FlowLayout::~FlowLayout() = default;
 
 void FlowLayout::addItem(QLayoutItem* item) { items_.emplace_back(item); }
-
 int FlowLayout::count() const { return static_cast<int>(items_.size()); }
 
 QLayoutItem* FlowLayout::itemAt(int index) const {

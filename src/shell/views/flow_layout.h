@@ -11,10 +11,8 @@ namespace orvane {
 class FlowLayout final : public QLayout {
  public:
   enum class Align { top, baseline };
-
   FlowLayout(Align align, int horizontalSpacing, int verticalSpacing, QWidget* parent = nullptr);
   ~FlowLayout() override;
-
   void addItem(QLayoutItem* item) override;
   [[nodiscard]] int count() const override;
   [[nodiscard]] QLayoutItem* itemAt(int index) const override;

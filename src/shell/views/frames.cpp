@@ -8,7 +8,6 @@
 #include "shell/views/flow_layout.h"
 
 namespace orvane {
-
 namespace {
 
 void drawRoundedFrame(QWidget& widget, int radius, const QColor& fill, const QColor& outline) {

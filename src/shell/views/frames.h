@@ -65,7 +65,6 @@ void useThinScrollBars(QAbstractScrollArea& area);
 class ColumnArea final : public QScrollArea {
  public:
   explicit ColumnArea(const QString& accessibleName, int spacing, QWidget* parent = nullptr);
-
   [[nodiscard]] QVBoxLayout* column() const { return column_; }
 
  private:
@@ -76,7 +75,6 @@ class ColumnArea final : public QScrollArea {
 class SectionHeader final : public QWidget {
  public:
   explicit SectionHeader(const QString& title, QWidget* parent = nullptr);
-
   void showSubtitle(std::string_view subtitle) { subtitle_->showTextOrHide(subtitle); }
   void addControl(QWidget* control) { row_->addWidget(control); }
 

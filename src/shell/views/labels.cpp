@@ -10,7 +10,6 @@
 #include "shell/views/qt_text.h"
 
 namespace orvane {
-
 namespace {
 
 /// The share of its size down to which a figure may shrink.

@@ -45,7 +45,6 @@ class TextLabel : public QLabel {
 class FigureLabel final : public TextLabel {
  public:
   using TextLabel::TextLabel;
-
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -75,7 +74,6 @@ class LinkLabel final : public QLabel {
 class SymbolLabel final : public QWidget {
  public:
   explicit SymbolLabel(QWidget* parent = nullptr);
-
   void showSymbol(const QString& name, theme::TextColor color);
 
  protected:

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "shell/view_models/settings_fields.h"
+#include "shell/view_models/window_contents.h"
 #include "shell/views/qt_text.h"
 
 namespace orvane {

@@ -8,7 +8,6 @@
 #include "shell/views/figure_table.h"
 
 namespace orvane {
-
 namespace {
 
 enum Column { worker, state, rate5m, rate60m, rate24h, columnTotal };
