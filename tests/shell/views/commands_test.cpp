@@ -1,7 +1,6 @@
 #include <QDesktopServices>
 #include <QLineEdit>
 #include <QMenu>
-#include <QTest>
 #include <QUrl>
 
 #include "shell/views/about_and_help.h"

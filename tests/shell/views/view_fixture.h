@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTest>
 #include <memory>
 #include <vector>
 
@@ -28,6 +29,7 @@ class ViewTest : public testing::Test {
             .commands = {{{.title = "Orvane Help", .action = [this] { ++helpCommands; }}}}},
         [this] { ++closes; });
     view->show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));  // keys go to no other window
     settle();
   }
   void show(const BalanceState& figures) { show(Sample{.name = {}, .figures = figures}); }
