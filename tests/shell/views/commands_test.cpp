@@ -111,6 +111,14 @@ TEST_F(CommandsTest, SaveKeepsAFieldsTextAndRemoveForgetsIt) {
   }
 }
 
+TEST_F(CommandsTest, AnAcceptedAddressStandsInItsFieldAsItIsKept) {
+  show(BalanceState{});
+  auto& edit = *find<QLineEdit>("Bitcoin address to watch");
+  edit.setText(u' ' + QString::fromLatin1(secondAddress) + u' ');
+  Q_EMIT edit.returnPressed();
+  EXPECT_EQ(edit.text(), QString::fromLatin1(secondAddress));
+}
+
 TEST_F(CommandsTest, ARefusedAddressIsExplainedInRed) {
   show(BalanceState{});
   find<QLineEdit>("Bitcoin address to watch")->setText(QStringLiteral("bc1-typo"));
