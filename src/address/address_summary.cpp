@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/decimal/amounts.h"
+#include "platform/decimal/decimal.h"
 
 namespace orvane {
 

@@ -5,7 +5,7 @@
 
 #include <fmt/format.h>
 
-#include "platform/decimal/amounts.h"
+#include "platform/decimal/decimal.h"
 #include "prices/bitcoin_prices.h"
 
 namespace orvane {

@@ -9,7 +9,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "platform/decimal/amounts.h"
+#include "platform/decimal/decimal.h"
 #include "platform/json/json_reader.h"
 #include "platform/text/unicode.h"
 #include "pool/pool_documents.h"

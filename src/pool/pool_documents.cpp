@@ -3,7 +3,6 @@
 #include <array>
 #include <cmath>
 
-#include "platform/decimal/amounts.h"
 #include "platform/decimal/decimal.h"
 #include "platform/json/json_reader.h"
 #include "platform/text/unicode.h"

@@ -4,7 +4,7 @@
 
 #include <fmt/format.h>
 
-#include "platform/decimal/amounts.h"
+#include "platform/decimal/decimal.h"
 
 namespace orvane {
 

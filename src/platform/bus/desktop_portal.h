@@ -5,7 +5,6 @@
 #include <QString>
 #include <functional>
 
-#include "platform/bus/bus_watch.h"
 #include "platform/bus/session_bus.h"
 
 namespace orvane {

@@ -8,7 +8,6 @@
 #include <optional>
 #include <string>
 
-#include "platform/bus/bus_watch.h"
 #include "platform/bus/session_bus.h"
 #include "platform/notifications/notification_center.h"
 

@@ -12,7 +12,6 @@
 #include "platform/desktop/symbols.h"
 #include "platform/tray/notifier/notifier_presenter.h"
 #include "platform/tray/presentation.h"
-#include "platform/tray/status_presenter.h"
 #include "platform/tray/tray_surroundings.h"
 #include "platform/tray/xembed/docked_presenter.h"
 

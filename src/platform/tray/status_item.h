@@ -5,8 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/desktop/desktop_event.h"
-#include "platform/desktop/menu.h"
+#include "platform/desktop/desktop_application.h"
 
 namespace orvane {
 

@@ -6,7 +6,6 @@
 
 #include "platform/async/executor.h"
 #include "platform/async/signal.h"
-#include "platform/bus/bus_watch.h"
 #include "platform/bus/desktop_portal.h"
 #include "platform/bus/session_bus.h"
 #include "platform/tray/drawing/status_drawing.h"

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "core/balance_store.h"
-#include "platform/desktop/broadcast_center.h"
+#include "platform/async/signal.h"
 #include "platform/desktop/desktop_application.h"
 #include "platform/text/locale_format.h"
 #include "shell/app/balance_menu_actions.h"

@@ -6,9 +6,8 @@
 #include <utility>
 
 #include "core/balance_store.h"
-#include "platform/desktop/broadcast_center.h"
+#include "platform/async/signal.h"
 #include "platform/desktop/desktop_application.h"
-#include "platform/desktop/menu.h"
 #include "shell/app/scenes.h"
 
 namespace orvane {

@@ -8,8 +8,8 @@
 
 #include "core/balance_store.h"
 #include "platform/async/executor.h"
+#include "platform/async/signal.h"
 #include "platform/async/timer.h"
-#include "platform/desktop/broadcast_center.h"
 #include "platform/desktop/qt/qt_desktop_application.h"
 #include "platform/tray/status_item.h"
 #include "shell/app/balance_app_delegate.h"

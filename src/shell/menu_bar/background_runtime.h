@@ -9,7 +9,6 @@
 #include "platform/async/signal.h"
 #include "platform/async/timer.h"
 #include "platform/defaults/user_defaults.h"
-#include "platform/desktop/broadcast_center.h"
 #include "platform/desktop/desktop_application.h"
 #include "platform/tray/status_item.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "core/balance_state.h"
-#include "platform/desktop/menu.h"
+#include "platform/desktop/desktop_application.h"
 
 namespace orvane {
 

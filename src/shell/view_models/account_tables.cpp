@@ -7,7 +7,7 @@
 #include <fmt/format.h>
 
 #include "core/display_texts.h"
-#include "platform/decimal/amounts.h"
+#include "platform/decimal/decimal.h"
 
 namespace orvane {
 namespace {

@@ -7,7 +7,7 @@
 
 #include "core/balance_store.h"
 #include "platform/async/signal.h"
-#include "platform/desktop/menu.h"
+#include "platform/desktop/desktop_application.h"
 #include "platform/text/locale_format.h"
 #include "shell/views/frames.h"
 

@@ -4,7 +4,7 @@
 #include "shell/view_models/window_contents.h"
 #include "shell/views/controls.h"
 #include "shell/views/frames.h"
-#include "shell/views/metric_row.h"
+#include "shell/views/labels.h"
 
 namespace orvane {
 

@@ -6,7 +6,7 @@
 
 #include "shell/view_models/account_tables.h"
 #include "shell/views/figure_table.h"
-#include "shell/views/metric_row.h"
+#include "shell/views/labels.h"
 
 namespace orvane {
 

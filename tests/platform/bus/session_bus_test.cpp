@@ -1,6 +1,7 @@
+#include "platform/bus/session_bus.h"
+
 #include <gmock/gmock.h>
 
-#include "platform/bus/bus_watch.h"
 #include "platform/tray/desktop_session.h"
 #include "support/run_task.h"
 #include "support/session_tools.h"

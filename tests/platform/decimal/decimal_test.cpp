@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/decimal/amounts.h"
 #include "support/comma_locale.h"
 
 namespace orvane::test {

@@ -9,7 +9,6 @@
 #include "platform/tray/drawing/short_figure.h"
 #include "platform/tray/drawing/status_drawing.h"
 #include "platform/tray/presentation.h"
-#include "platform/tray/status_presenter.h"
 
 namespace orvane::test {
 namespace {

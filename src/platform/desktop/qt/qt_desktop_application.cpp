@@ -1,12 +1,82 @@
 #include "platform/desktop/qt/qt_desktop_application.h"
 
 #include <QApplication>
+#include <QChar>
 #include <QEvent>
+#include <QKeyEvent>
+#include <QString>
 #include <QTimer>
 #include <algorithm>
 #include <utility>
 
 namespace orvane {
+
+namespace {
+
+/// Shift and the like say something only together with another key.
+bool isModifierKey(int key) {
+  return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr;
+}
+
+std::string charactersIgnoringModifiers(const QKeyEvent& event) {
+  // With Control held the text is a control character, and the key alone says which letter it is.
+  constexpr int firstPrintable = Qt::Key_Space;
+  constexpr int lastPrintable = Qt::Key_ydiaeresis;
+  if (event.key() >= firstPrintable && event.key() <= lastPrintable) {
+    return QString(QChar(static_cast<char16_t>(event.key())).toLower()).toStdString();
+  }
+  return event.text().toStdString();
+}
+
+/// A key press in the desktop's terms. Control is the modifier that shortcuts use.
+DesktopEvent keyDownEvent(const QKeyEvent& event) {
+  const auto modifiers = event.modifiers();
+  return {.type = DesktopEvent::Type::keyDown,
+          .modifiers = {.shift = modifiers.testFlag(Qt::ShiftModifier),
+                        .control = modifiers.testFlag(Qt::ControlModifier),
+                        .option = modifiers.testFlag(Qt::AltModifier),
+                        .meta = modifiers.testFlag(Qt::MetaModifier)},
+          .keyCode = event.key() == Qt::Key_Escape ? DesktopEvent::escapeKeyCode : std::uint16_t{0},
+          .charactersIgnoringModifiers = charactersIgnoringModifiers(event)};
+}
+
+}  // namespace
+
+KeyDispatch::KeyDispatch(WindowKeys windowKeys) : windowKeys_(std::move(windowKeys)) {
+  QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool KeyDispatch::eventFilter(QObject* watched, QEvent* event) {
+  const auto type = event->type();
+  if (type != QEvent::ShortcutOverride && type != QEvent::KeyPress) { return false; }
+  // Widgets get the key only after their window has.
+  if (!watched->isWindowType() || QApplication::activePopupWidget()) { return false; }
+  auto& keyEvent = static_cast<QKeyEvent&>(*event);
+  if (isModifierKey(keyEvent.key())) { return false; }
+  // A press arrives twice, first to let a field claim it before the shortcuts; it is asked about
+  // once.
+  bool swallowed = false;
+  if (type == QEvent::ShortcutOverride) {
+    swallowed = answer(keyEvent);
+    answered_ = Answer{.key = keyEvent.key(), .swallowed = swallowed};
+  } else {
+    const auto answered = std::exchange(answered_, std::nullopt);
+    swallowed =
+        answered && answered->key == keyEvent.key() ? answered->swallowed : answer(keyEvent);
+  }
+  if (swallowed) { keyEvent.accept(); }
+  return swallowed;
+}
+
+bool KeyDispatch::answer(const QKeyEvent& key) {
+  const auto event = keyDownEvent(key);
+  const auto before = std::exchange(currentEvent_, event);
+  const bool swallowed = monitors_.untilTrue([&event](const auto& monitor) {
+    return monitor(event) == KeyDecision::swallow;
+  }) || windowKeys_(event);
+  currentEvent_ = before;
+  return swallowed;
+}
 
 QtDesktopApplication::QtDesktopApplication()
     : keys_([this](const DesktopEvent& event) { return handleWindowKey(event); }),

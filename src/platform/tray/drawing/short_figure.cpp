@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdint>
 
-#include "platform/decimal/amounts.h"
+#include "platform/decimal/decimal.h"
 
 namespace orvane {
 

@@ -11,7 +11,7 @@
 
 #include "platform/async/executor.h"
 #include "platform/bus/exported_object.h"
-#include "platform/desktop/menu.h"
+#include "platform/desktop/desktop_application.h"
 
 namespace orvane {
 

@@ -7,10 +7,9 @@
 #include <QVariantMap>
 #include <optional>
 
-#include "platform/bus/bus_watch.h"
 #include "platform/bus/exported_object.h"
 #include "platform/bus/session_bus.h"
-#include "platform/tray/status_presenter.h"
+#include "platform/tray/presentation.h"
 
 namespace orvane {
 

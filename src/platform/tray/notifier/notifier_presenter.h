@@ -8,7 +8,6 @@
 #include "platform/tray/notifier/menu_export.h"
 #include "platform/tray/notifier/notifier_item.h"
 #include "platform/tray/presentation.h"
-#include "platform/tray/status_presenter.h"
 
 namespace orvane {
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QColor>
+#include <QImage>
+#include <QWidget>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -7,11 +10,50 @@
 #include "platform/async/executor.h"
 #include "platform/async/timer.h"
 #include "platform/tray/presentation.h"
-#include "platform/tray/status_presenter.h"
-#include "platform/tray/xembed/docked_window.h"
 #include "platform/tray/xembed/tray_manager.h"
 
 namespace orvane {
+
+/// The status item as a window that an old system tray takes in. It takes the height that the tray
+/// gives it and asks for the width that its image needs.
+class DockedWindow final : public QWidget {
+  Q_OBJECT
+
+ public:
+  enum class Shape { square, wide };
+  struct Look {
+    Shape shape;
+    bool alpha;                        ///< the tray wants it transparent by its alpha channel
+    std::optional<QColor> foreground;  ///< of the panel's texts, where it is known
+  };
+
+  DockedWindow(Executor& executor, Look look, StatusRequests requests);
+
+  void setContent(const StatusContent& content);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+
+ private:
+  void redraw();
+  void askForWidth();
+  [[nodiscard]] int iconHeight() const;
+  [[nodiscard]] PanelShade shade() const;
+  void readBackgroundSoon();
+  void readBackground();
+
+  Executor& executor_;
+  Look look_;
+  StatusRequests requests_;
+  StatusContent content_;
+  QImage background_;
+  QImage drawn_;
+  std::optional<OneShotTimer> readingBackground_;
+};
 
 /// The status item in an old system tray, with tool tip and menu of our own. It docks again when
 /// the tray is replaced.
