@@ -86,8 +86,8 @@ void DesktopNotificationCenter::noticeAction(uint number, const QString& action)
   if (isOurs && action == defaultAction && activated_) { activated_(); }
 }
 
-Task<BusReply> DesktopNotificationCenter::call(QDBusMessage message) {
-  return callOnBus(bus_, std::move(message), deadline_);
+Task<BusReply> DesktopNotificationCenter::call(const QDBusMessage& message) {
+  return callOnBus(bus_, message, deadline_);
 }
 
 Task<QStringList> DesktopNotificationCenter::capabilities() {

@@ -40,7 +40,7 @@ class DesktopNotificationCenter final : public NotificationCenter {
   };
 
   void noticeAction(uint number, const QString& action);
-  [[nodiscard]] Task<BusReply> call(QDBusMessage message);
+  [[nodiscard]] Task<BusReply> call(const QDBusMessage& message);
   [[nodiscard]] Task<QStringList> capabilities();
   [[nodiscard]] uint numberOf(const std::string& identifier) const;
   void remember(std::string identifier, uint number);

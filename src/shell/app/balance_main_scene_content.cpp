@@ -45,7 +45,8 @@ std::function<std::optional<Menu>()> statusMenu(const BalanceMainScene& scene) {
 }  // namespace
 
 BalanceMainSceneContent::BalanceMainSceneContent(BalanceMainScene scene,
-                                                 BalanceViewSettings settings, QWidget* parent)
+                                                 const BalanceViewSettings& settings,
+                                                 QWidget* parent)
     : QWidget(parent),
       scene_(std::move(scene)),
       openWindowObserver_(
@@ -55,7 +56,7 @@ BalanceMainSceneContent::BalanceMainSceneContent(BalanceMainScene scene,
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(
-      new BalanceView(*scene_.store, scene_.format, std::move(settings),
+      new BalanceView(*scene_.store, scene_.format, settings,
                       weakly(scene_.backgroundRuntime, &BackgroundRuntime::hideMainWindow), this));
 }
 

@@ -32,7 +32,7 @@ class BalanceMainSceneContent final : public QWidget {
   Q_OBJECT
 
  public:
-  BalanceMainSceneContent(BalanceMainScene scene, BalanceViewSettings settings,
+  BalanceMainSceneContent(BalanceMainScene scene, const BalanceViewSettings& settings,
                           QWidget* parent = nullptr);
 
  protected:

@@ -26,8 +26,7 @@ std::function<void()> weakly(const std::weak_ptr<BackgroundRuntime>& runtime,
 
 std::shared_ptr<BackgroundRuntime> BackgroundRuntime::create(BackgroundRuntimeOptions options,
                                                              BackgroundRuntimePlatform platform) {
-  return std::shared_ptr<BackgroundRuntime>(
-      new BackgroundRuntime(std::move(options), std::move(platform)));
+  return std::shared_ptr<BackgroundRuntime>(new BackgroundRuntime(std::move(options), platform));
 }
 
 BackgroundRuntime::BackgroundRuntime(BackgroundRuntimeOptions options,
