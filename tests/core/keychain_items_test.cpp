@@ -1,14 +1,11 @@
 #include "core/keychain_items.h"
 
-#include <gmock/gmock.h>
-
-#include "support/memory_keychain.h"
+#include "store_fixture.h"
 #include "support/run_task.h"
 
 namespace orvane::test {
 namespace {
 
-using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using Condition = MemoryKeychain::Condition;
@@ -16,13 +13,9 @@ using Items = std::vector<MemoryKeychain::Item>;
 
 constexpr const char* service = "com.example.service";
 constexpr const char* account = "token";
-constexpr const char* sharedGroup = "TEAM.com.quorvex.hashwick.shared";
 
 MemoryKeychain::Item item(std::string data, std::optional<std::string> group = sharedGroup) {
-  return {.service = service,
-          .account = account,
-          .data = std::move(data),
-          .accessGroup = std::move(group)};
+  return {service, account, std::move(data), std::move(group)};
 }
 
 Task<void> readAndIgnore(KeychainItems& items, KeychainPrompt prompt) {
@@ -50,14 +43,13 @@ class KeychainItemsTest : public testing::Test {
 };
 
 TEST(SharedAccessGroupTest, IsTheFirstOneWithTheSharedSuffix) {
-  EXPECT_EQ(sharedAccessGroup({}), std::nullopt);
   EXPECT_EQ(sharedAccessGroup({"TEAM.own", "com.quorvex.hashwick.shared"}), std::nullopt);
   EXPECT_EQ(sharedAccessGroup({sharedGroup + std::string(".old")}), std::nullopt);
   EXPECT_EQ(sharedAccessGroup({"TEAM.own", sharedGroup, "B.com.quorvex.hashwick.shared"}),
             sharedGroup);
 }
 
-TEST_F(KeychainItemsTest, SaveAddsReplacesAndWithNothingRemoves) {
+TEST_F(KeychainItemsTest, ASaveAddsReplacesOrRemovesUnlessTheUserLeavesItLocked) {
   const auto own = item("own", "TEAM.own");
   struct Case {
     const char* name;
@@ -65,26 +57,35 @@ TEST_F(KeychainItemsTest, SaveAddsReplacesAndWithNothingRemoves) {
     KeychainItems& saver;
     std::string text;
     Items after;
+    std::optional<bool> unlocks = {};  ///< the keychain is locked, and the user does or does not
   };
   const std::vector<Case> cases{
       {"adds", {own}, shared, "new", {own, item("new")}},
-      {"adds where the system puts it", {}, withoutGroup, "new", {item("new", "TEAM.default")}},
+      {"adds where the system puts it", {}, withoutGroup, "new", {item("new", std::nullopt)}},
       {"replaces", {item("old")}, shared, "new", {item("new")}},
       {"removes from every group", {item("old"), own}, shared, "", {}},
+      {"refused", {item("old")}, shared, "new", {item("old")}, false},
+      {"removal refused", {item("old")}, shared, "", {item("old")}, false},
+      {"unlocked and replaced", {item("old")}, shared, "new", {item("new")}, true},
+      {"unlocked and added", {}, shared, "new", {item("new")}, true},
   };
-  keychain.defaultGroup = "TEAM.default";
   for (const Case& test : cases) {
+    SCOPED_TRACE(test.name);
+    keychain.condition = test.unlocks ? Condition::locked : Condition::working;
     keychain.items = test.before;
     save(test.saver, test.text);
-    EXPECT_EQ(keychain.items, test.after) << test.name;
+    ASSERT_EQ(keychain.isPrompting(), test.unlocks.has_value());
+    EXPECT_EQ(test.saver.writesFinished(), !test.unlocks);
+    if (test.unlocks) { keychain.answerPrompt(*test.unlocks); }
+    settle();
+    EXPECT_TRUE(!keychain.isPrompting() && test.saver.writesFinished());
+    EXPECT_EQ(keychain.items, test.after);
   }
 }
 
 TEST_F(KeychainItemsTest, ReadMovesOnlyATextOfAnotherGroupAndOnlyIntoASharedOne) {
   const auto bystander = item("another", "TEAM.other");
   const auto bytes = item("\xff\xfe", "TEAM.own");
-  auto local = item("text");
-  local.synchronizable = false;
   struct Case {
     const char* name;
     Items before;
@@ -96,7 +97,6 @@ TEST_F(KeychainItemsTest, ReadMovesOnlyATextOfAnotherGroupAndOnlyIntoASharedOne)
       {"moves one", {item("a", "TEAM.own"), bystander}, shared, "a", {bystander, item("a")}},
       {"no group", {item("a", std::nullopt)}, shared, "a", {item("a", std::nullopt)}},
       {"no shared group", {item("a", "TEAM.own")}, withoutGroup, "a", {item("a", "TEAM.own")}},
-      {"of this machine alone", {local}, shared, std::nullopt, {local}},
       {"no text", {bytes}, shared, std::nullopt, {bytes}},
   };
   for (const Case& test : cases) {
@@ -106,45 +106,12 @@ TEST_F(KeychainItemsTest, ReadMovesOnlyATextOfAnotherGroupAndOnlyIntoASharedOne)
   }
 }
 
-TEST_F(KeychainItemsTest, FailuresAreSilent) {
-  keychain.items = {item("text")};
-  for (const auto condition : {Condition::broken, Condition::absent}) {
-    keychain.condition = condition;
-    EXPECT_EQ(read(shared), std::nullopt);
-    save(shared, "other");
-    save(shared, "");
-    EXPECT_THAT(keychain.items, ElementsAre(item("text")));
-    EXPECT_TRUE(shared.writesFinished());
-  }
-}
-
-TEST_F(KeychainItemsTest, ASaveIsTheUsersAndAsksToUnlockOnce) {
-  struct Case {
-    const char* name;
-    Items before;
-    std::string text;
-    bool unlocks;
-    Items after;
-  };
-  const std::vector<Case> cases{
-      {"refused", {item("old")}, "new", false, {item("old")}},
-      {"removal refused", {item("old")}, "", false, {item("old")}},
-      {"replaced", {item("old")}, "new", true, {item("new")}},
-      {"added", {}, "new", true, {item("new")}},
-  };
-  for (const Case& test : cases) {
-    SCOPED_TRACE(test.name);
-    keychain.condition = Condition::locked;
-    keychain.items = test.before;
-    save(shared, test.text);
-    ASSERT_TRUE(keychain.isPrompting());
-    EXPECT_FALSE(shared.writesFinished());
-    keychain.answerPrompt(test.unlocks);
-    settle();
-    EXPECT_FALSE(keychain.isPrompting());
-    EXPECT_TRUE(shared.writesFinished());
-    EXPECT_EQ(keychain.items, test.after);
-  }
+TEST_F(KeychainItemsTest, WithoutAKeychainNothingIsReadOrStored) {
+  keychain.condition = Condition::absent;
+  EXPECT_EQ(read(shared), std::nullopt);
+  save(shared, "text");
+  EXPECT_THAT(keychain.items, IsEmpty());
+  EXPECT_TRUE(shared.writesFinished());
 }
 
 TEST_F(KeychainItemsTest, AMoveAsksNobodyWhenTheKeychainIsLockedInItsMiddle) {

@@ -42,13 +42,11 @@ class FakeWindow final : public DesktopWindow {
   }
   void orderOut() override {
     record("order out");
-    visible_ = false;
-    key_ = false;
+    visible_ = key_ = false;
   }
   void makeKeyAndOrderFront() override {
     record("order front");
-    visible_ = true;
-    key_ = true;
+    visible_ = key_ = true;
     notifications_.send(WindowNotification::didBecomeKey);
   }
   void performClose() override {
@@ -56,8 +54,7 @@ class FakeWindow final : public DesktopWindow {
     const auto delegate = delegate_.lock();
     if (delegate && !delegate->windowShouldClose(*this)) { return; }
     notifications_.send(WindowNotification::willClose);
-    visible_ = false;
-    key_ = false;
+    visible_ = key_ = false;
   }
   void setDelegate(std::weak_ptr<WindowDelegate> delegate) override {
     delegate_ = std::move(delegate);
@@ -117,10 +114,7 @@ class FakeApplication final : public DesktopApplication {
   }
   [[nodiscard]] std::size_t installedMonitors() const {
     std::size_t installed = 0;
-    monitors_.untilTrue([&installed](const auto& /*monitor*/) {
-      ++installed;
-      return false;
-    });
+    monitors_.untilTrue([&installed](const auto& /*monitor*/) { return ++installed == 0; });
     return installed;
   }
 
@@ -177,8 +171,8 @@ class FakeStatusBar final : public StatusBar {
   }
   [[nodiscard]] std::optional<PointSize> symbolSize(const std::string& name,
                                                     double /*pointSize*/) const override {
-    if (std::ranges::find(symbols, name) == symbols.end()) { return std::nullopt; }
-    return symbolMeasure;
+    const bool isKnown = std::ranges::find(symbols, name) != symbols.end();
+    return isKnown ? std::optional(symbolMeasure) : std::nullopt;
   }
   [[nodiscard]] PointSize textSize(const std::string& text, double /*pointSize*/) const override {
     return {.width = 6.25 * static_cast<double>(text.size()), .height = textHeight};

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <algorithm>
 #include <set>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "platform/async/timer.h"
@@ -15,45 +13,30 @@ namespace orvane::test {
 class FakeNotificationCenter final : public NotificationCenter {
  public:
   bool grantsAuthorization = true;
-  /// The identifiers that `add` does not take.
-  std::set<std::string> refused;
-  /// How long each of its answers takes.
-  ExecutorClock::duration delay{};
+  std::set<std::string> refused;    ///< the identifiers that `add` does not take
+  ExecutorClock::duration delay{};  ///< how long each of its answers takes
 
   /// How often it was asked for authorization.
   [[nodiscard]] int authorizationRequests() const { return authorizationRequests_; }
   /// Every request that it was given, refused ones among them, in the order of arrival.
   [[nodiscard]] const std::vector<NotificationRequest>& received() const { return received_; }
-  /// What the user sees: one notification for each identifier.
+  /// Those that it took.
   [[nodiscard]] const std::vector<NotificationRequest>& shown() const { return shown_; }
 
   [[nodiscard]] Task<bool> requestAuthorization() override {
     ++authorizationRequests_;
-    const bool answered = co_await answerAfterDelay();
-    co_return answered ? grantsAuthorization : false;
+    const SleepEnd end = co_await sleepFor(delay);
+    co_return end == SleepEnd::elapsed&& grantsAuthorization;
   }
-
   [[nodiscard]] Task<bool> add(NotificationRequest request) override {
     received_.push_back(request);
-    const bool answered = co_await answerAfterDelay();
-    if (!answered || refused.contains(request.identifier)) { co_return false; }
-    const auto replaced =
-        std::ranges::find(shown_, request.identifier, &NotificationRequest::identifier);
-    if (replaced == shown_.end()) {
-      shown_.push_back(std::move(request));
-    } else {
-      *replaced = std::move(request);
-    }
+    const SleepEnd end = co_await sleepFor(delay);
+    if (end != SleepEnd::elapsed || refused.contains(request.identifier)) { co_return false; }
+    shown_.push_back(std::move(request));
     co_return true;
   }
 
  private:
-  /// False when the task that asked was cancelled meanwhile.
-  [[nodiscard]] Task<bool> answerAfterDelay() const {
-    const SleepEnd end = co_await sleepFor(delay);
-    co_return end == SleepEnd::elapsed;
-  }
-
   int authorizationRequests_ = 0;
   std::vector<NotificationRequest> received_;
   std::vector<NotificationRequest> shown_;

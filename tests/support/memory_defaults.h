@@ -49,10 +49,8 @@ class MemoryDefaults final : public UserDefaults {
   template <class T>
   [[nodiscard]] std::optional<T> get(std::string_view key) const {
     const auto found = values_.find(std::string(key));
-    if (found == values_.end() || !std::holds_alternative<T>(found->second)) {
-      return std::nullopt;
-    }
-    return std::get<T>(found->second);
+    const T* const value = found == values_.end() ? nullptr : std::get_if<T>(&found->second);
+    return value == nullptr ? std::nullopt : std::optional(*value);
   }
   void set(std::string_view key, Value value) {
     values_.insert_or_assign(std::string(key), std::move(value));

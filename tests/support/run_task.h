@@ -4,7 +4,6 @@
 #include <stdexcept>
 #include <utility>
 
-#include "platform/async/task.h"
 #include "platform/async/task_scope.h"
 #include "support/virtual_executor.h"
 
@@ -23,23 +22,18 @@ Task<void> storeResult(Task<T> task, std::optional<T>& result) {
 /// Runs `task` to its end, letting as much virtual time pass as it needs and no more. Fails the
 /// test (by an exception) when the task waits for something that no timer will bring, or goes on
 /// for more than 100,000 timers.
-inline void runTask(VirtualExecutor& executor, Task<void> task) {
+template <class T>
+T runTask(VirtualExecutor& executor, Task<T> task) {
+  std::optional<T> result;
   TaskScope scope(executor);
-  const TaskHandle handle = scope.spawn(std::move(task));
+  scope.spawn(detail::storeResult(std::move(task), result));
   executor.runUntilIdle();
-  for (int timersLeft = 100'000; !handle.finished(); --timersLeft) {
+  for (int timersLeft = 100'000; !result; --timersLeft) {
     if (timersLeft == 0 || !executor.runNextTimer()) {
       throw std::runtime_error("the task does not end");
     }
   }
-}
-
-/// The same for a task with a result.
-template <class T>
-T runTask(VirtualExecutor& executor, Task<T> task) {
-  std::optional<T> result;
-  runTask(executor, detail::storeResult(std::move(task), result));
-  return std::move(*result);
+  return *std::move(result);
 }
 
 }  // namespace orvane::test

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <deque>
 #include <functional>
 #include <optional>
@@ -9,7 +8,6 @@
 #include <vector>
 
 #include "platform/async/completion.h"
-#include "platform/async/executor.h"
 #include "platform/http/http_transport.h"
 
 namespace orvane::test {
@@ -37,11 +35,13 @@ class ScriptedTransport final : public HttpTransport {
   class Script {
    public:
     Script& respond(int status, std::string body = {});
-    Script& fail(HttpFailure failure);
+    Script& fail(HttpFailure failure) {
+      return respondBy([failure](const HttpRequest&) { return std::unexpected(failure); });
+    }
     /// Answers with what `answer` makes of the request when the answer is due.
     Script& respondBy(Answer answer);
     /// The request stays under way until it is cancelled.
-    Script& neverAnswer();
+    Script& neverAnswer() { return respondBy(nullptr); }
     /// Nothing arrives: the request fails with `timedOut` after its own idle time-out.
     Script& stall();
 
@@ -51,62 +51,54 @@ class ScriptedTransport final : public HttpTransport {
 
    private:
     friend class ScriptedTransport;
-    enum class Due { afterDelay, afterIdleTimeout, never };
     struct Step {
-      Answer answer;
-      Due due = Due::afterDelay;
-      ExecutorClock::duration delay{};
+      Answer answer;  ///< none: never
+      std::optional<ExecutorClock::duration> delay = ExecutorClock::duration::zero();
       std::optional<std::size_t> times = {};
     };
 
     Script(std::string urlPart, bool atEnd) : urlPart_(std::move(urlPart)), atEnd_(atEnd) {}
-    [[nodiscard]] bool matches(std::string_view url) const;
-    /// Uses up one answer; nothing when all are.
-    std::optional<Step> next();
+    /// Uses up one answer; nothing when all are, or for another URL.
+    std::optional<Step> next(std::string_view url);
 
     std::string urlPart_;
     bool atEnd_;
     std::deque<Step> steps_;
   };
 
-  enum class Outcome { underWay, answered, failed, aborted };
-
   struct Sent {
     HttpRequest request;
     Instant at;  ///< by the executor's clock
-    Outcome outcome = Outcome::underWay;
   };
 
   explicit ScriptedTransport(Executor& executor) : executor_(executor) {}
 
   /// Starts a script for the URLs that contain `urlPart`; the empty text means all.
-  Script& on(std::string urlPart);
+  Script& on(std::string urlPart) { return add(Script(std::move(urlPart), false)); }
   /// Starts a script for the URLs that end with `ending`: "/address/a" but not "/address/a/txs".
-  Script& onEnding(std::string ending);
+  Script& onEnding(std::string ending) { return add(Script(std::move(ending), true)); }
 
   /// Every request, in the order of sending. A request whose task was cancelled before it could
   /// be sent is not among them.
   [[nodiscard]] const std::vector<Sent>& sent() const { return sent_; }
   [[nodiscard]] std::size_t sentTo(std::string_view urlPart) const;
-  [[nodiscard]] std::size_t inFlight() const { return count(Outcome::underWay); }
+  [[nodiscard]] std::size_t inFlight() const { return inFlight_; }
   /// Requests that ended because their task was cancelled or destroyed.
-  [[nodiscard]] std::size_t aborted() const { return count(Outcome::aborted); }
-  /// Forgets the requests so far, for a test of several acts. None may be under way.
+  [[nodiscard]] std::size_t aborted() const { return aborted_; }
+  /// Forgets the requests so far, for a test of several acts.
   void clearSent() { sent_.clear(); }
 
   [[nodiscard]] Task<HttpResult> get(HttpRequest request) override;
 
  private:
-  using Abort = CompletionAwaiter<HttpResult>::Abort;
-
-  Abort begin(HttpRequest request, const Completion<HttpResult>& completion);
+  Script& add(Script script) { return scripts_.emplace_front(std::move(script)); }
   Script::Step nextStep(const std::string& url);
-  HttpResult conclude(std::size_t index, const Answer& answer);
-  [[nodiscard]] std::size_t count(Outcome outcome) const;
 
   Executor& executor_;
   std::deque<Script> scripts_;
   std::vector<Sent> sent_;
+  std::size_t inFlight_ = 0;
+  std::size_t aborted_ = 0;
 };
 
 }  // namespace orvane::test

@@ -17,17 +17,12 @@ constexpr const char* dailyHashrateDocument =
 
 constexpr std::string_view explorer = "https://explorer.test/api/address/";
 constexpr const char* poolService = "com.quorvex.hashwick.pool";
-constexpr const char* payoutService = "com.quorvex.hashwick.payout";
-
-std::string btcText(std::int64_t sats) {
-  return fmt::format("{}.{:08}", sats / 100'000'000, sats % 100'000'000);
-}
 
 std::string profileDocument(const BraiinsAccountStats& stats) {
   return fmt::format(R"({{"btc":{{"hash_rate_unit":"h/s","hash_rate_60m":{},"shares_24h":{},)"
-                     R"("today_reward":"{}","current_balance":"{}"}}}})",
+                     R"("today_reward":"{}e-8","current_balance":"{}e-8"}}}})",
                      stats.hashRate60m, static_cast<double>(stats.shares24h) * 1024,
-                     btcText(stats.todayRewardSats), btcText(stats.balanceSats));
+                     stats.todayRewardSats, stats.balanceSats);
 }
 
 std::string workersDocument(const std::vector<BraiinsWorkerStatus>& workers) {
@@ -73,7 +68,7 @@ std::string paymentsDocument(std::string_view address,
 BalanceState smallFigures() {
   BalanceState figures;
   figures.stats = BraiinsAccountStats{.shares24h = 2, .todayRewardSats = 10, .balanceSats = 203};
-  figures.workers = {{.fullName = "pellam.mac", .state = BraiinsWorkerStatus::State::ok}};
+  figures.workers = {{.fullName = "pellam.mac"}};
   figures.prices = CurrentBitcoinPrices{.eur = 84123.4, .usd = 97000.1};
   figures.addressSummary = WatchedAddressSummary{
       .confirmedSats = 100'000, .pendingSats = -20'000, .tipHeight = 850'000, .incoming = {}};
@@ -89,17 +84,14 @@ StoreOnFakes::StoreOnFakes() {
 }
 
 BalancePlatform StoreOnFakes::platform() {
-  return {.executor = executor,
-          .transport = transport,
-          .defaults = defaults,
-          .keychain = keychain,
-          .notifications = notifications,
-          .format = format,
-          .hosts = {.pool = "pool.test",
-                    .explorer = "explorer.test",
-                    .price = "price.test",
-                    .fallbackPrice = "fallback.test"},
-          .accessGroups = {"TEAM.own", sharedGroup}};
+  return {executor,
+          transport,
+          defaults,
+          keychain,
+          notifications,
+          format,
+          {"pool.test", "explorer.test", "price.test", "fallback.test"},
+          {"TEAM.own", sharedGroup}};
 }
 
 void StoreOnFakes::start() {
@@ -133,12 +125,8 @@ void StoreOnFakes::bring(const BalanceState& shown) {
 
 void StoreOnFakes::knowFigures(const BalanceState& shown) {
   const auto answer = [this](const char* url, const std::optional<std::string>& body) {
-    ScriptedTransport::Script& script = transport.on(url);
-    if (body) {
-      script.respond(200, *body);
-    } else {
-      script.neverAnswer();
-    }
+    auto& script = transport.on(url);
+    body ? script.respond(200, *body) : script.neverAnswer();
   };
   answer("https://pool.test/accounts/profile/json/btc/", shown.stats.transform(profileDocument));
   answer("https://pool.test/accounts/workers/json/btc/", workersDocument(shown.workers));
@@ -156,18 +144,16 @@ void StoreOnFakes::knowFigures(const BalanceState& shown) {
 }
 
 void StoreOnFakes::storeToken(std::string token) {
-  keychain.items.push_back({.service = poolService,
-                            .account = "braiins-api-token",
-                            .data = std::move(token),
-                            .accessGroup = sharedGroup});
+  storeItem(poolService, "braiins-api-token", std::move(token));
 }
 
 void StoreOnFakes::storePayoutAddress(std::string address) {
-  std::erase_if(keychain.items, [](const auto& item) { return item.service == payoutService; });
-  keychain.items.push_back({.service = payoutService,
-                            .account = "core-mainnet-payout-address",
-                            .data = std::move(address),
-                            .accessGroup = sharedGroup});
+  storeItem("com.quorvex.hashwick.payout", "core-mainnet-payout-address", std::move(address));
+}
+
+void StoreOnFakes::storeItem(std::string service, std::string account, std::string data) {
+  std::erase_if(keychain.items, [&](const auto& item) { return item.service == service; });
+  keychain.items.push_back({service, account, std::move(data), sharedGroup});
 }
 
 void StoreOnFakes::setPayments(const std::string& address, const std::vector<std::string>& ids) {

@@ -59,6 +59,7 @@ class StoreOnFakes {
   int changes = 0;  ///< how often onChange was invoked
 
  private:
+  void storeItem(std::string service, std::string account, std::string data);
   void knowFigures(const BalanceState& shown);
 };
 

@@ -4,23 +4,6 @@
 
 namespace orvane::test {
 
-using std::chrono::duration_cast;
-using std::chrono::milliseconds;
-
-VirtualExecutor::VirtualExecutor()
-    : startOfCalendar_(std::chrono::sys_days{std::chrono::year{2026} / 11 / 16} +
-                       std::chrono::hours{12}) {}
-
-WallTime VirtualExecutor::wallClock() const {
-  return startOfCalendar_ + duration_cast<milliseconds>(now_.time_since_epoch());
-}
-
-void VirtualExecutor::setWallClock(WallTime time) {
-  startOfCalendar_ = time - duration_cast<milliseconds>(now_.time_since_epoch());
-}
-
-void VirtualExecutor::post(Callback callback) { queue_.push_back(std::move(callback)); }
-
 Executor::TimerId VirtualExecutor::schedule(Instant when, Callback callback) {
   timers_.emplace(std::pair{std::max(when, now_), ++lastTimer_}, std::move(callback));
   return lastTimer_;

@@ -12,12 +12,9 @@ namespace orvane::test {
 /// of callbacks is the real one's.
 class VirtualExecutor final : public Executor {
  public:
-  /// The calendar starts at 2026-11-16T12:00:00 UTC unless the test sets it.
-  VirtualExecutor();
-
   [[nodiscard]] Instant now() const override { return now_; }
-  [[nodiscard]] WallTime wallClock() const override;
-  void post(Callback callback) override;
+  [[nodiscard]] WallTime wallClock() const override { return startOfCalendar_ + sinceStart(); }
+  void post(Callback callback) override { queue_.push_back(std::move(callback)); }
   TimerId schedule(Instant when, Callback callback) override;
   void cancel(TimerId timer) override;
 
@@ -34,12 +31,18 @@ class VirtualExecutor final : public Executor {
   /// moment. False when there is no timer.
   bool runNextTimer();
 
-  void setWallClock(WallTime time);
+  void setWallClock(WallTime time) { startOfCalendar_ = time - sinceStart(); }
   [[nodiscard]] std::size_t pendingTimers() const { return timers_.size(); }
 
  private:
+  [[nodiscard]] std::chrono::milliseconds sinceStart() const {
+    return std::chrono::duration_cast<std::chrono::milliseconds>(now_.time_since_epoch());
+  }
+
   Instant now_{};
-  WallTime startOfCalendar_;
+  /// 2026-11-16T12:00:00 UTC unless the test sets it.
+  WallTime startOfCalendar_ =
+      std::chrono::sys_days{std::chrono::year{2026} / 11 / 16} + std::chrono::hours{12};
   std::deque<Callback> queue_;
   std::map<std::pair<Instant, TimerId>, Callback> timers_;
   TimerId lastTimer_ = 0;
