@@ -2,53 +2,35 @@
 
 #include <gmock/gmock.h>
 
-#include "platform/tray/desktop_session.h"
+#include "support/desktop_session.h"
 #include "support/run_task.h"
-#include "support/session_tools.h"
 
 namespace orvane::test {
 namespace {
 
 using namespace std::chrono_literals;
-using testing::ElementsAre;
 
-const QString serviceName = QStringLiteral("com.example.Service");
+const QString serviceName = "com.example.Service";
 
-/// Somebody else on the bus who owns a name.
-class Owner {
- public:
-  explicit Owner(QString name) : name_(std::move(name)) { connection_.registerService(name_); }
-  Owner(const Owner&) = delete;
-  Owner& operator=(const Owner&) = delete;
-  ~Owner() { QDBusConnection::disconnectFromBus(name_); }
-  void sendSignal() {
-    connection_.send(QDBusMessage::createSignal("/path", "com.example.Interface", "Signal"));
-  }
+/// Somebody else on the bus who owns that name.
+struct Owner {
+  Owner() { connection.registerService(serviceName); }
+  ~Owner() { QDBusConnection::disconnectFromBus("owner"); }
 
- private:
-  QString name_;
-  QDBusConnection connection_ = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name_);
+  QDBusConnection connection = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "owner");
 };
 
 /// Time is virtual, the bus is real and can be taken away.
 class SessionBusTest : public testing::Test {
  protected:
-  bool isPresent(const QString& name) {
-    std::optional<bool> present;
-    TaskScope scope(executor);
-    scope.spawn(detail::storeResult(isServicePresent(bus, name), present));
-    EXPECT_TRUE(letPassUntil([&] { return present.has_value(); }));
-    return present.value_or(false);
-  }
-  template <class Condition>
-  bool letPassUntil(Condition condition) {
+  bool letPassUntil(const std::function<bool()>& condition) {
     return QTest::qWaitFor([&] {
       executor.runUntilIdle();
       return condition();
     });
   }
   void loseBus() {
-    privateBus().stop();
+    desktopSession->stopBus();
     ASSERT_TRUE(letPassUntil([this] { return !bus.isOpen(); }));
   }
 
@@ -56,19 +38,14 @@ class SessionBusTest : public testing::Test {
   SessionBus bus{executor};
 };
 
-TEST_F(SessionBusTest, AServiceIsPresentThatRunsOrThatTheBusCanStart) {
-  const Owner running(serviceName);
-  const StartableService startable("com.example.Startable", "true");
-  EXPECT_TRUE(isPresent(serviceName));
-  EXPECT_TRUE(isPresent(QStringLiteral("com.example.Startable")));
-  EXPECT_FALSE(isPresent(QStringLiteral("com.example.Missing")));
-}
-
 TEST_F(SessionBusTest, AMissingBusHasNoServicesAndIsLookedForAtGrowingIntervals) {
   loseBus();
-  EXPECT_FALSE(isPresent(serviceName));
+  std::optional<bool> isPresent;
+  TaskScope scope(executor);
+  scope.spawn(detail::storeResult(isServicePresent(bus, serviceName), isPresent));
+  EXPECT_TRUE(letPassUntil([&] { return isPresent == false; }));
   executor.advance(2s);
-  privateBus().start();
+  desktopSession->startBus();
   executor.advance(3999ms);
   EXPECT_FALSE(bus.isOpen());
   executor.advance(1ms);
@@ -80,17 +57,17 @@ TEST_F(SessionBusTest, TheOwnerOfANameIsFollowedOverALossOfTheBus) {
   const BusName name(bus, serviceName, [&](bool isOwned) { told.push_back(isOwned); });
   EXPECT_FALSE(name.isKnown());
   ASSERT_TRUE(letPassUntil([&] { return name.isKnown(); }));
-  std::optional<Owner> owner(serviceName);
+  std::optional<Owner> owner(std::in_place);
   ASSERT_TRUE(letPassUntil([&] { return name.isOwned(); }));
   loseBus();
-  privateBus().start();
+  desktopSession->startBus();
   EXPECT_TRUE(name.isKnown());
-  owner.emplace(serviceName);
+  owner.emplace();
   executor.advance(2s);
   ASSERT_TRUE(letPassUntil([&] { return name.isOwned(); }));
   owner.reset();
   ASSERT_TRUE(letPassUntil([&] { return !name.isOwned(); }));
-  EXPECT_THAT(told, ElementsAre(false, true, false, true, false));
+  EXPECT_THAT(told, testing::ElementsAre(false, true, false, true, false));
 }
 
 TEST_F(SessionBusTest, ASignalIsHeardAgainWhenTheBusIsBack) {
@@ -98,9 +75,9 @@ TEST_F(SessionBusTest, ASignalIsHeardAgainWhenTheBusIsBack) {
   const BusSignal signal(bus, "/path", "com.example.Interface", "Signal",
                          [&](const QDBusMessage&) { ++heard; });
   loseBus();
-  privateBus().start();
+  desktopSession->startBus();
   executor.advance(2s);
-  Owner(serviceName).sendSignal();
+  Owner().connection.send(QDBusMessage::createSignal("/path", "com.example.Interface", "Signal"));
   EXPECT_TRUE(letPassUntil([&] { return heard == 1; }));
 }
 

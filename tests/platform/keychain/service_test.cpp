@@ -6,6 +6,7 @@
 
 #include "platform/eventloop/real_time.h"
 #include "platform/keychain/secret_service_keychain.h"
+#include "support/run_task.h"
 #include "support/session_tools.h"
 
 namespace orvane::test {
@@ -16,15 +17,15 @@ using namespace std::chrono_literals;
 /// Well below the usual deadline, and enough for a machine with other things to do.
 constexpr auto atOnce = 3s;
 
+constexpr auto never = KeychainPrompt::never;
+constexpr auto allowed = KeychainPrompt::allowed;
+
 const QString serviceName = "org.freedesktop.secrets";
-constexpr auto attributes = "service keyring account token synchronizable true";
-const QString daemonOptions = "--foreground --unlock --components=secrets";
 
 /// A program of the session that ends with this object.
 class Program {
  public:
   Program(const QString& name, const QStringList& arguments, const char* input = "") {
-    process_.setProcessEnvironment(QProcessEnvironment::systemEnvironment());
     process_.start(name, arguments);
     process_.write(input);
     process_.closeWriteChannel();
@@ -45,7 +46,8 @@ class Program {
 class Daemon : public Program {
  public:
   Daemon(RealTime& time, SessionBus& bus)
-      : Program("gnome-keyring-daemon", daemonOptions.split(' '), "password") {
+      : Program("gnome-keyring-daemon", {"--foreground", "--unlock", "--components=secrets"},
+                "password") {
     EXPECT_TRUE(time.letPassUntil([&] { return time.run(isServicePresent(bus, serviceName)); }));
   }
 };
@@ -58,14 +60,13 @@ class Prompter : public Program {
     outputOf("gdbus wait --session --timeout 20 org.gnome.keyring.SystemPrompter");
   }
   [[nodiscard]] static std::string window() {
-    const auto ids = outputOf("xdotool search --onlyvisible --class gcr-prompter 2>/dev/null");
-    return ids.substr(0, ids.find('\n'));
+    return outputOf("xdotool search --onlyvisible --class gcr-prompter 2>/dev/null | head -n 1");
   }
   /// Types into the dialog, and Return, unless it is gone; it may not listen at first.
   static bool isClosedWith(const std::string& keys) {
     const std::string dialog = window();
     if (dialog.empty()) { return true; }
-    outputOf("xdotool windowfocus " + dialog + " key ctrl+a " + keys +
+    outputOf("xdotool windowfocus " + dialog.substr(0, dialog.find('\n')) + " key ctrl+a " + keys +
              " 2>/dev/null; xdotool key Return");
     return false;
   }
@@ -80,11 +81,6 @@ class ServiceTest : public RealTimeTest {
     EXPECT_EQ(run(asked.add(fresh, "x", prompt)), KeychainStatus::failed);
     EXPECT_EQ(run(asked.remove(query, prompt)), KeychainStatus::failed);
   }
-  void kill(const QString& name) const {
-    const auto process = static_cast<pid_t>(bus.connection().interface()->servicePid(name));
-    ASSERT_GT(process, 0) << "nobody has the name";
-    ::kill(process, SIGKILL);
-  }
 
   SessionBus bus{*executor};
   SecretServiceKeychain keychain{bus};
@@ -93,48 +89,31 @@ class ServiceTest : public RealTimeTest {
 };
 
 TEST_F(ServiceTest, WithoutAServiceEveryCallEndsAtOnce) {
-  const auto time = timeOf([this] {
-    expectEveryCallInVain(keychain, KeychainPrompt::never);
-    expectEveryCallInVain(keychain, KeychainPrompt::allowed);
-  });
+  const auto time = timeOf([this] { expectEveryCallInVain(keychain, allowed); });
   EXPECT_LT(time, atOnce);
-}
-
-TEST_F(ServiceTest, AServiceThatIsStartedOnDemandIsThere) {
-  const StartableService service(
-      serviceName, "sh -c 'printf password | gnome-keyring-daemon " + daemonOptions + "'");
-  EXPECT_EQ(run(keychain.add(query, "secret", KeychainPrompt::never)), KeychainStatus::success);
-  EXPECT_EQ(run(keychain.remove(query, KeychainPrompt::never)), KeychainStatus::success);
-  kill(serviceName);
 }
 
 TEST_F(ServiceTest, AServiceThatNeverAnswersIsWaitedForNoLongerThanTheDeadline) {
   const Daemon service(*this, bus);
   service.stop();
   SecretServiceKeychain impatient(bus, 100ms);
-  const auto time = timeOf([&] { expectEveryCallInVain(impatient, KeychainPrompt::never); });
+  const auto time = timeOf([&] { expectEveryCallInVain(impatient, never); });
   EXPECT_GE(time, 400ms) << "four calls that wait";
   EXPECT_LT(time, atOnce);
 }
 
-TEST_F(ServiceTest, AServiceMayGoAndComeBack) {
-  auto daemon = std::make_unique<Daemon>(*this, bus);
-  EXPECT_EQ(run(keychain.add(query, "secret", KeychainPrompt::never)), KeychainStatus::success);
-  daemon.reset();
-  const auto time = timeOf([this] { expectEveryCallInVain(keychain, KeychainPrompt::allowed); });
-  EXPECT_LT(time, atOnce);
-  daemon = std::make_unique<Daemon>(*this, bus);
-  const auto item = run(keychain.copyMatching(query, KeychainPrompt::never));
-  ASSERT_TRUE(item);
-  EXPECT_EQ(item->data, "secret");
-  EXPECT_EQ(run(keychain.remove(query, KeychainPrompt::never)), KeychainStatus::success);
+TEST_F(ServiceTest, AServiceMayBeRestarted) {
+  std::optional<Daemon> daemon(std::in_place, *this, bus);
+  EXPECT_EQ(run(keychain.add(query, "secret", never)), KeychainStatus::success);
+  daemon.emplace(*this, bus);
+  EXPECT_TRUE(run(keychain.copyMatching(query, never)));
 }
 
 /// A keyring with one item, locked.
-class LockedTest : public ServiceTest {
+class PromptTest : public ServiceTest {
  protected:
-  LockedTest() {
-    storeWithSecretTool(attributes, "secret");
+  PromptTest() {
+    storeWithSecretTool("service keyring account token synchronizable true", "secret");
     lock();
   }
   static void lock() {
@@ -143,31 +122,12 @@ class LockedTest : public ServiceTest {
         "org.freedesktop.Secret.Service.Lock "
         "array:objpath:/org/freedesktop/secrets/collection/login");
   }
-
-  Daemon daemon{*this, bus};
-};
-
-TEST_F(LockedTest, CallsThatMayNotAskAreInVainAtOnceAndAskNobody) {
-  const Prompter prompter;
-  const auto time = timeOf([this] { expectEveryCallInVain(keychain, KeychainPrompt::never); });
-  EXPECT_LT(time, atOnce);
-  letPass(300ms);  // a dialog would be there by now
-  EXPECT_EQ(Prompter::window(), "");
-}
-
-TEST_F(LockedTest, WithoutAPrompterPromptingCallsAreInVain) {
-  expectEveryCallInVain(keychain, KeychainPrompt::allowed);
-}
-
-class PromptTest : public LockedTest {
- protected:
   /// Begins a call that may prompt and waits for the dialog.
   template <class T>
   void begin(Task<T> task, std::optional<T>& result) {
-    call = scope.spawn(detail::keepResult(std::move(task), result, ended));
+    call = scope.spawn(detail::storeResult(std::move(task), result));
     ASSERT_TRUE(letPassUntil([] { return !Prompter::window().empty(); }));
   }
-  void beginToRead() { begin(keychain.copyMatching(query, KeychainPrompt::allowed), item); }
   /// The status of a write once the user has answered the dialog with `keys`.
   std::optional<KeychainStatus> statusOf(Task<KeychainStatus> write, const std::string& keys) {
     std::optional<KeychainStatus> status;
@@ -180,15 +140,27 @@ class PromptTest : public LockedTest {
     EXPECT_TRUE(letPassUntil([this] { return call.finished(); }));
   }
 
+  Daemon daemon{*this, bus};
   Prompter prompter;
   std::optional<std::optional<KeychainItem>> item;
-  QEventLoop ended;
   TaskHandle call;
   TaskScope scope{*executor};
 };
 
+TEST_F(PromptTest, WithoutAPrompterCallsThatMayAskAreInVain) {
+  prompter.end();
+  expectEveryCallInVain(keychain, allowed);
+}
+
+TEST_F(PromptTest, CallsThatMayNotAskAreInVainAtOnceAndAskNobody) {
+  const auto time = timeOf([this] { expectEveryCallInVain(keychain, never); });
+  EXPECT_LT(time, atOnce);
+  letPass(300ms);  // a dialog would be there by now
+  EXPECT_EQ(Prompter::window(), "");
+}
+
 TEST_F(PromptTest, CancellingEndsTheReadAtOnceAndHarmsNoService) {
-  beginToRead();
+  begin(keychain.copyMatching(query, allowed), item);
   call.cancel();
   letPass(50ms);
   EXPECT_TRUE(call.finished());
@@ -199,7 +171,7 @@ TEST_F(PromptTest, CancellingEndsTheReadAtOnceAndHarmsNoService) {
 
 TEST_F(PromptTest, TheReadWaitsForTheUserLongerThanForTheServiceAndGivesTheItem) {
   SecretServiceKeychain impatient(bus, 300ms);
-  begin(impatient.copyMatching(query, KeychainPrompt::allowed), item);
+  begin(impatient.copyMatching(query, allowed), item);
   letPass(400ms);
   EXPECT_FALSE(call.finished());
   answer("type password");
@@ -212,36 +184,32 @@ TEST_F(PromptTest, AddingAsksForTheCollectionAndChangingForTheItems) {
     lock();
     return statusOf(std::move(write), "type password");
   };
-  EXPECT_EQ(unlocking(keychain.add(fresh, "x", KeychainPrompt::allowed)), KeychainStatus::success);
-  EXPECT_EQ(unlocking(keychain.update(fresh, "y", KeychainPrompt::allowed)),
-            KeychainStatus::success);
-  EXPECT_EQ(unlocking(keychain.remove(fresh, KeychainPrompt::allowed)), KeychainStatus::success);
-  EXPECT_EQ(run(keychain.remove(fresh, KeychainPrompt::never)), KeychainStatus::itemNotFound);
+  EXPECT_EQ(unlocking(keychain.add(fresh, "x", allowed)), KeychainStatus::success);
+  EXPECT_EQ(unlocking(keychain.update(fresh, "y", allowed)), KeychainStatus::success);
+  EXPECT_EQ(unlocking(keychain.remove(fresh, allowed)), KeychainStatus::success);
+  EXPECT_EQ(run(keychain.remove(fresh, never)), KeychainStatus::itemNotFound);
 }
 
 TEST_F(PromptTest, ARefusedWriteHasFailedAndIsNotAskedAgain) {
-  EXPECT_EQ(statusOf(keychain.update(query, "x", KeychainPrompt::allowed), "key Escape"),
-            KeychainStatus::failed);
+  EXPECT_EQ(statusOf(keychain.update(query, "x", allowed), "key Escape"), KeychainStatus::failed);
   letPass(300ms);
   EXPECT_EQ(Prompter::window(), "");
 }
 
 TEST_F(PromptTest, AServiceThatEndsWhileItAsksHoldsNobodyUp) {
-  beginToRead();
+  begin(keychain.copyMatching(query, allowed), item);
   daemon.end();
   EXPECT_TRUE(letPassUntil([this] { return call.finished(); }));
   EXPECT_FALSE(item.value());
 }
 
-// Takes the session's bus away, so it comes last.
-using BusTest = ServiceTest;
-
-TEST_F(BusTest, TheEndOfTheBusIsNotTheProgramsEnd) {
-  const Daemon service(*this, bus);
-  EXPECT_EQ(run(keychain.remove(fresh, KeychainPrompt::never)), KeychainStatus::itemNotFound);
-  kill("org.freedesktop.DBus");
+// It takes the session's bus away, so it comes last.
+TEST_F(PromptTest, TheEndOfTheBusIsNotTheProgramsEnd) {
+  EXPECT_EQ(run(keychain.remove(fresh, never)), KeychainStatus::itemNotFound);
+  const auto daemonOfBus = bus.connection().interface()->servicePid("org.freedesktop.DBus");
+  ::kill(static_cast<pid_t>(daemonOfBus.value()), SIGKILL);
   EXPECT_TRUE(letPassUntil([this] { return !bus.isOpen(); }));
-  expectEveryCallInVain(keychain, KeychainPrompt::allowed);
+  expectEveryCallInVain(keychain, allowed);
 }
 
 }  // namespace

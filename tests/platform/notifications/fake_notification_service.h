@@ -3,9 +3,7 @@
 #include <QDBusConnection>
 #include <QDBusContext>
 #include <QObject>
-#include <QStringList>
 #include <QVariantMap>
-#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -40,28 +38,18 @@ class FakeNotificationService final : public QObject, protected QDBusContext {
   ~FakeNotificationService() override { QDBusConnection::disconnectFromBus("fake service"); }
 
   std::vector<Notified> notified;
-  uint nextNumber = 1;
-  int capabilitiesAsked = 0;
-  bool refuses = false;  ///< Notify answers with an error
-  bool answers = true;   ///< otherwise a call waits for ever
+  bool answers = true;  ///< otherwise a call waits for ever
 
   void click(uint number, const QString& action) { Q_EMIT ActionInvoked(number, action); }
 
  public Q_SLOTS:
-  QStringList GetCapabilities() {
-    ++capabilitiesAsked;
-    return capabilities_;
-  }
+  QStringList GetCapabilities() { return capabilities_; }
   uint Notify(const QString& application, uint replaces, const QString& icon,
               const QString& summary, const QString& body, const QStringList& actions,
               const QVariantMap& hints, int expires) {
-    if (refuses) {
-      sendErrorReply(QDBusError::LimitsExceeded);
-      return 0;
-    }
     setDelayedReply(!answers);
     notified.push_back({application, replaces, icon, summary, body, actions, hints, expires});
-    return replaces == 0 ? nextNumber++ : replaces;
+    return replaces == 0 ? static_cast<uint>(notified.size()) : replaces;
   }
 
  Q_SIGNALS:

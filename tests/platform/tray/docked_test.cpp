@@ -1,9 +1,5 @@
-#include <QApplication>
-#include <QPixmap>
 #include <QScreen>
-#include <algorithm>
 
-#include "platform/tray/drawing/status_drawing.h"
 #include "platform/x11/x11_display.h"
 #include "status_item_fixture.h"
 
@@ -14,7 +10,7 @@ namespace {
 /// a place in a panel of one colour. It has a connection to the X server of its own.
 class FakeTray {
  public:
-  static constexpr int slotHeight = 22;
+  static constexpr std::uint32_t slotHeight = 22;
 
   explicit FakeTray(const QColor& panelColor) {
     const std::uint32_t values[] = {panelColor.rgb(), 1};
@@ -29,62 +25,46 @@ class FakeTray {
     display_.flush();
   }
   ~FakeTray() { xcb_disconnect(connection_); }
-  FakeTray(const FakeTray&) = delete;
-  FakeTray& operator=(const FakeTray&) = delete;
 
-  /// Handles what the X server sent since the last call.
-  void handleEvents() {
+  /// The icon as it stands on the screen; null until a window asked to be taken in.
+  [[nodiscard]] QImage picture() {
     const auto request = display_.atom("_NET_SYSTEM_TRAY_OPCODE");
     while (const XReply<xcb_generic_event_t> event{xcb_poll_for_event(connection_)}) {
       const auto& message = *reinterpret_cast<const xcb_client_message_event_t*>(event.get());
       const bool isMessage = (event->response_type & ~0x80) == XCB_CLIENT_MESSAGE;
-      if (isMessage && message.type == request) { takeIn(message.data.data32[2]); }
+      if (!isMessage || message.type != request) { continue; }
+      icon_ = message.data.data32[2];
+      xcb_reparent_window(connection_, icon_, panel_, 4, 4);
+      xcb_configure_window(connection_, icon_, XCB_CONFIG_WINDOW_HEIGHT, &slotHeight);
+      xcb_map_window(connection_, icon_);
+      display_.flush();
     }
-  }
-  /// The icon as it stands on the screen; null until a window asked to be taken in.
-  [[nodiscard]] QImage picture() const {
     if (icon_ == XCB_WINDOW_NONE) { return {}; }
     return QGuiApplication::primaryScreen()->grabWindow(icon_).toImage();
   }
 
  private:
-  void takeIn(xcb_window_t icon) {
-    icon_ = icon;
-    xcb_reparent_window(connection_, icon, panel_, 4, 4);
-    const std::uint32_t height = slotHeight;
-    xcb_configure_window(connection_, icon, XCB_CONFIG_WINDOW_HEIGHT, &height);
-    xcb_map_window(connection_, icon);
-    display_.flush();
-  }
-
   xcb_connection_t* connection_ = xcb_connect(nullptr, nullptr);
   X11Display display_{*connection_};
   xcb_window_t panel_ = xcb_generate_id(connection_);
   xcb_window_t icon_ = XCB_WINDOW_NONE;
 };
 
-constexpr QColor lightPanel(0xf4, 0xf4, 0xf0);
-constexpr QColor darkPanel(0x2b, 0x2b, 0x2b);
-
 class DockedTest : public StatusItemTest {
  protected:
-  /// Waits with the tray at work.
-  [[nodiscard]] bool within(const std::function<bool()>& condition) {
-    return QTest::qWaitFor([&] {
-      if (tray) { tray->handleEvents(); }
-      return condition();
-    });
-  }
   /// Whether the icon stands on the panel's own colour, drawn in one that stands out from it.
   [[nodiscard]] bool isOn(const QColor& panel) {
     const auto shade = panel == darkPanel ? PanelShade::dark : PanelShade::light;
     const auto ink = inkFor(sampleImage(*bar, ""), shade).symbol;
-    return within([&] {
+    return QTest::qWaitFor([&] {
       const QImage picture = tray->picture();
-      return !picture.isNull() && picture.pixelColor(0, 0) == panel && hasColor(picture, ink);
+      return picture.width() == FakeTray::slotHeight && picture.pixelColor(0, 0) == panel &&
+             hasColor(picture, ink);
     });
   }
 
+  const QColor lightPanel{0xf4, 0xf4, 0xf0};
+  const QColor darkPanel{0x2b, 0x2b, 0x2b};
   std::optional<FakeTray> tray;
 };
 
@@ -93,31 +73,20 @@ TEST_F(DockedTest, ASquareIconInColoursThatSuitThePanelAroundIt) {
     tray.emplace(panel);
     createItem();
     EXPECT_TRUE(isOn(panel)) << panel.name().toStdString();
-    EXPECT_EQ(tray->picture().width(), FakeTray::slotHeight);
     item.reset();
   }
 }
 
-TEST_F(DockedTest, ALateTrayAndItsSuccessorGetTheIconOfAWatcherThatDrawsNothing) {
-  host->startWatcher();
-  createItem();
-  ASSERT_TRUE(isRegistered());
+TEST_F(DockedTest, ALateTrayGetsTheIconOfAWatcherThatDrawsNothing) {
+  createRegisteredItem();
   tray.emplace(lightPanel);
   host->stopDrawing();
-  EXPECT_TRUE(isOn(lightPanel));
-  tray.reset();
-  EXPECT_TRUE(within([] {
-    return std::ranges::none_of(QApplication::topLevelWidgets(), &QWidget::isVisible);
-  })) << "no window may be left standing on the screen";
-  tray.emplace(lightPanel);
   EXPECT_TRUE(isOn(lightPanel));
 }
 
 TEST_F(DockedTest, ATrayThatTakesNothingLeavesTheItemToTheBus) {
-  host->startWatcher();
   tray.emplace(lightPanel);
-  createItem("XFCE");
-  EXPECT_TRUE(isRegistered()) << "nobody handles what the tray is asked";
+  createRegisteredItem("XFCE");  // nobody handles what the tray is asked
 }
 
 }  // namespace

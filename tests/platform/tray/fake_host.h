@@ -1,15 +1,11 @@
 #pragma once
 
-#include <QDBusArgument>
 #include <QDBusConnectionInterface>
 #include <QDBusPendingCall>
-#include <QDBusVariant>
 #include <QImage>
 #include <QTest>
 #include <QUuid>
 #include <QtEndian>
-#include <memory>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -23,8 +19,7 @@ struct HostRow {
   explicit HostRow(const QDBusArgument& node) {
     node.beginStructure();
     node >> id >> properties;
-    node.beginArray();
-    while (!node.atEnd()) {
+    for (node.beginArray(); !node.atEnd();) {
       QDBusVariant child;
       node >> child;
       children.emplace_back(child.variant().value<QDBusArgument>());
@@ -50,8 +45,8 @@ class FakeHost final : public QObject {
  public:
   FakeHost() {
     for (const auto* interface : {itemInterface, menuInterface}) {
-      connection_.connect(QString(), QString(), QLatin1String(interface), QString(), this,
-                          SLOT(hear(QDBusMessage)));
+      connection.connect(QString(), QString(), QLatin1String(interface), QString(), this,
+                         SLOT(hear(QDBusMessage)));
     }
   }
   ~FakeHost() override {
@@ -65,49 +60,39 @@ class FakeHost final : public QObject {
       registered.append(arguments.at(0).toString());
       return QVariantList();
     };
+    const QString name(NotifierItem::watcherName);
     watcher_ = std::make_unique<ExportedObject>(
-        connection_, QLatin1String(NotifierItem::watcherPath),
-        ObjectSurface{
-            .interface = QLatin1String(NotifierItem::watcherName),
-            .introspection = {},
-            .methods = {{QStringLiteral("RegisterStatusNotifierItem"), {QStringLiteral("s"), add}}},
-            .properties = [this] {
-              return QVariantMap{{QStringLiteral("IsStatusNotifierHostRegistered"), drawsItems_}};
-            }});
-    own(NotifierItem::watcherName);
-  }
-  void stopWatcher() {
-    connection_.unregisterService(QLatin1String(NotifierItem::watcherName));
-    watcher_.reset();
+        connection, QLatin1String(NotifierItem::watcherPath),
+        ObjectSurface{.interface = name,
+                      .introspection = {},
+                      .methods = {{"RegisterStatusNotifierItem", {"s", add}}},
+                      .properties = [this] {
+                        return QVariantMap{{"IsStatusNotifierHostRegistered", drawsItems_}};
+                      }});
+    connection.registerService(name);
   }
   /// The watcher stays, but nobody draws its items any more.
   void stopDrawing() {
     drawsItems_ = false;
-    watcher_->sendSignal(QStringLiteral("StatusNotifierHostUnregistered"));
+    watcher_->sendSignal("StatusNotifierHostUnregistered");
   }
-
-  void own(const char* name) { connection_.registerService(QLatin1String(name)); }
-  [[nodiscard]] bool isOwned(const QString& name) const {
-    return connection_.interface()->isServiceRegistered(name);
-  }
-  [[nodiscard]] QDBusConnection& connection() { return connection_; }
 
   /// These call the item that was registered last and wait for its reply.
-  QDBusMessage callItem(const char* method, const QVariantList& arguments = {}) {
+  QVariantList callItem(const char* method, const QVariantList& arguments = {}) {
     return call(NotifierItem::itemPath, itemInterface, method, arguments);
   }
-  QDBusMessage callMenu(const char* method, const QVariantList& arguments = {}) {
+  QVariantList callMenu(const char* method, const QVariantList& arguments = {}) {
     return call(NotifierItem::menuPath, menuInterface, method, arguments);
   }
   [[nodiscard]] QVariantMap allProperties(const char* interface = itemInterface) {
-    const auto reply =
-        call(NotifierItem::itemPath, propertiesInterface, "GetAll", {QLatin1String(interface)});
-    return qdbus_cast<QVariantMap>(reply.arguments().value(0));
+    const QVariantList arguments{QLatin1String(interface)};
+    return qdbus_cast<QVariantMap>(
+        call(NotifierItem::itemPath, propertiesInterface, "GetAll", arguments).value(0));
   }
   [[nodiscard]] QVariant property(const char* name) {
-    const auto reply = call(NotifierItem::itemPath, propertiesInterface, "Get",
-                            {QLatin1String(itemInterface), QLatin1String(name)});
-    return qvariant_cast<QDBusVariant>(reply.arguments().value(0)).variant();
+    const QVariantList arguments{QLatin1String(itemInterface), QLatin1String(name)};
+    const auto reply = call(NotifierItem::itemPath, propertiesInterface, "Get", arguments);
+    return qvariant_cast<QDBusVariant>(reply.value(0)).variant();
   }
   [[nodiscard]] QString text(const char* name) { return property(name).toString(); }
   [[nodiscard]] QList<QImage> icons() {
@@ -129,14 +114,7 @@ class FakeHost final : public QObject {
   }
   [[nodiscard]] HostRow layout(int parent = 0) {
     const auto reply = callMenu("GetLayout", {parent, -1, QStringList()});
-    return HostRow(reply.arguments().value(1).value<QDBusArgument>());
-  }
-  /// The number of the row with this label; 0 when there is none.
-  [[nodiscard]] int rowId(const char* label) {
-    for (const auto& row : layout().children) {
-      if (row.text("label") == QLatin1String(label)) { return row.id; }
-    }
-    return 0;
+    return HostRow(reply.value(1).value<QDBusArgument>());
   }
 
   QStringList registered;    ///< in their order
@@ -150,22 +128,24 @@ class FakeHost final : public QObject {
   static constexpr auto menuInterface = "com.canonical.dbusmenu";
   static constexpr auto propertiesInterface = "org.freedesktop.DBus.Properties";
 
-  QDBusMessage call(const char* path, const char* interface, const char* method,
+  QVariantList call(const char* path, const char* interface, const char* method,
                     const QVariantList& arguments) {
     auto message =
         QDBusMessage::createMethodCall(registered.value(registered.size() - 1), QLatin1String(path),
                                        QLatin1String(interface), QLatin1String(method));
     message.setArguments(arguments);
-    const QDBusPendingCall pending = connection_.asyncCall(message, 5000);
+    const QDBusPendingCall pending = connection.asyncCall(message);
     // The item lives in this thread: a blocking call would wait for itself.
     EXPECT_TRUE(QTest::qWaitFor([&] { return pending.isFinished(); })) << method;
-    return pending.reply();
+    return pending.reply().arguments();
   }
 
   QString name_ = QUuid::createUuid().toString();
-  QDBusConnection connection_ = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name_);
   std::unique_ptr<ExportedObject> watcher_;
   bool drawsItems_ = true;
+
+ public:
+  QDBusConnection connection = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name_);
 };
 
 }  // namespace orvane::test

@@ -1,113 +1,59 @@
 #include <QDBusMetaType>
 #include <QDir>
 
-#include "desktop_session.h"
-#include "platform/tray/drawing/status_drawing.h"
+#include <gmock/gmock.h>
+
 #include "status_item_fixture.h"
+#include "support/fake_portal.h"
 
 namespace orvane::test {
 namespace {
 
-/// A portal that prefers light (2), dark (1) or neither (0).
-class Portal {
- public:
-  Portal(FakeHost& host, uint scheme)
-      : object_(host.connection(), "/org/freedesktop/portal/desktop",
-                {.interface = "org.freedesktop.portal.Settings",
-                 .introspection = {},
-                 .methods = {{"Read",
-                              {"ss",
-                               [scheme](const QVariantList&) {
-                                 const QDBusVariant inner(scheme);
-                                 const QDBusVariant outer(QVariant::fromValue(inner));
-                                 return QVariantList{QVariant::fromValue(outer)};
-                               }}}},
-                 .properties = {}}) {
-    host.own("org.freedesktop.portal.Desktop");
-  }
-  void prefer(uint scheme) {
-    object_.sendSignal("SettingChanged", {"org.freedesktop.appearance", "color-scheme",
-                                          QVariant::fromValue(QDBusVariant(scheme))});
-  }
+using testing::ElementsAre;
 
- private:
-  ExportedObject object_;
-};
+using NotifierTest = StatusItemTest;
 
-class NotifierTest : public StatusItemTest {
- protected:
-  const QString busName =
-      QStringLiteral("org.kde.StatusNotifierItem-%1-1").arg(QCoreApplication::applicationPid());
-
-  /// Whether all sizes of the icon are drawn for such a panel.
-  [[nodiscard]] bool isDrawnFor(PanelShade shade) {
-    const auto ink = inkFor(sampleImage(*bar, ""), shade).symbol;
-    return QTest::qWaitFor([&] {
-      const auto icons = host->icons();
-      return !icons.isEmpty() &&
-             std::ranges::all_of(icons, [&](const QImage& icon) { return hasColor(icon, ink); });
-    });
-  }
-};
-
-TEST_F(NotifierTest, RegistersWithALateWatcherAndAgainWithItsSuccessor) {
-  createItem();
-  ASSERT_TRUE(QTest::qWaitFor([this] { return host->isOwned(busName); }));
+TEST_F(NotifierTest, RegistersWithTheWatchersSuccessorToo) {
+  createRegisteredItem();
+  host = std::make_unique<FakeHost>();
   host->startWatcher();
-  ASSERT_TRUE(isRegistered());
-  host->stopWatcher();
-  host->startWatcher();
-  EXPECT_TRUE(QTest::qWaitFor([this] { return host->registered.size() == 2; }));
-  EXPECT_EQ(host->registered, (QStringList{busName, busName}));
+  EXPECT_TRUE(isRegistered());
 }
 
 TEST_F(NotifierTest, ComesBackWhenTheBusDoes) {
   createRegisteredItem();
   host.reset();
-  privateBus().stop();
-  privateBus().start();
+  desktopSession->stopBus();
+  desktopSession->startBus();
   host = std::make_unique<FakeHost>();
   host->startWatcher();
   ASSERT_TRUE(isRegistered());
-  EXPECT_EQ(host->text("Status"), QStringLiteral("Active"));
+  EXPECT_EQ(host->text("Status"), "Active");
 }
 
 TEST_F(NotifierTest, TellsTheseProperties) {
   createRegisteredItem();
-  std::string told = "\n";
+  std::vector<std::string> told;
   const auto all = host->allProperties();
   for (auto at = all.begin(); at != all.end(); ++at) {
-    const auto& value = at.value();
-    const auto* const type = QDBusMetaType::typeToSignature(value.metaType());
-    const auto signature =
-        type ? QLatin1String(type) : value.value<QDBusArgument>().currentSignature();
-    told += (at.key() + u' ' + signature + u' ' + value.toString()).trimmed().toStdString() + '\n';
+    const auto* const type = QDBusMetaType::typeToSignature(at->metaType());
+    const QString signature = type ? type : at->value<QDBusArgument>().currentSignature();
+    told.push_back((at.key() + ' ' + signature + ' ' + at->toString()).trimmed().toStdString());
   }
-  EXPECT_EQ(told, R"(
-AttentionIconName s
-AttentionIconPixmap a(iiay)
-AttentionMovieName s
-Category s ApplicationStatus
-IconName s
-IconPixmap a(iiay)
-IconThemePath s
-Id s orvane
-ItemIsMenu b false
-Menu o
-OverlayIconName s
-OverlayIconPixmap a(iiay)
-Status s Active
-Title s Orvane 12,345 sats
-ToolTip (sa(iiay)ss)
-WindowId i 0
-)");
+  EXPECT_THAT(
+      told,
+      ElementsAre("AttentionIconName s", "AttentionIconPixmap a(iiay)", "AttentionMovieName s",
+                  "Category s ApplicationStatus", "IconName s", "IconPixmap a(iiay)",
+                  "IconThemePath s", "Id s orvane", "ItemIsMenu b false", "Menu o",
+                  "OverlayIconName s", "OverlayIconPixmap a(iiay)", "Status s Active",
+                  "Title s Orvane 12,345 sats", "ToolTip (sa(iiay)ss)", "WindowId i 0"));
   EXPECT_TRUE(host->allProperties("org.kde.StatusNotifierItm").isEmpty());
 }
 
 TEST_F(NotifierTest, AnnouncesExactlyWhatDiffers) {
   createRegisteredItem();
   // The tool tip is the last to be announced.
-  ASSERT_TRUE(hears("NewToolTip", [this] { item->setImage(sampleImage(*bar, "1,234 sats")); }));
+  ASSERT_TRUE(hears("NewToolTip", [this] { showText("1,234 sats"); }));
   EXPECT_EQ(host->signalsHeard, (QStringList{"NewIcon", "NewTitle", "NewToolTip"}));
   ASSERT_TRUE(hears("NewToolTip", [this] {
     showText("1,234 sats");
@@ -117,7 +63,7 @@ TEST_F(NotifierTest, AnnouncesExactlyWhatDiffers) {
 }
 
 TEST_F(NotifierTest, FollowsTheUsersPreferenceForLightOrDark) {
-  Portal portal(*host, 1);
+  FakePortal portal(1);
   createRegisteredItem();
   EXPECT_TRUE(isDrawnFor(PanelShade::dark));
   portal.prefer(2);
@@ -127,16 +73,16 @@ TEST_F(NotifierTest, FollowsTheUsersPreferenceForLightOrDark) {
 }
 
 TEST_F(NotifierTest, GnomesPanelIsDarkWhateverTheUserPrefersForWindows) {
-  const Portal portal(*host, 2);
+  const FakePortal portal(2);
   createRegisteredItem("GNOME");
   EXPECT_TRUE(isDrawnFor(PanelShade::dark));
 }
 
 TEST_F(NotifierTest, GnomeWritesTheTextBesideASymbolThatStays) {
   createRegisteredItem("GNOME");
-  EXPECT_EQ(host->text("XAyatanaLabel"), QStringLiteral("12,345 sats"));
+  EXPECT_EQ(host->text("XAyatanaLabel"), "12,345 sats");
   ASSERT_TRUE(hears("XAyatanaNewLabel", [this] { showText("99,999 sats"); }));
-  EXPECT_EQ(host->text("XAyatanaLabel"), QStringLiteral("99,999 sats"));
+  EXPECT_EQ(host->text("XAyatanaLabel"), "99,999 sats");
   EXPECT_FALSE(host->signalsHeard.contains("NewIcon")) << "it has no figure of its own";
 }
 
@@ -150,15 +96,13 @@ TEST_F(NotifierTest, WideImagesHaveRoomForTheirText) {
 
 TEST_F(NotifierTest, AnIndicatorServiceThatComesLaterGetsFiles) {
   const QDir runtime(qEnvironmentVariable("XDG_RUNTIME_DIR"));
-  const QString leftover = "orvane-status-999999999";
-  const QString ofAnother = "orvane-status-1";
-  ASSERT_TRUE(runtime.mkpath(leftover) && runtime.mkpath(ofAnother));
+  ASSERT_TRUE(runtime.mkpath("orvane-status-999999999") && runtime.mkpath("orvane-status-1"));
   createRegisteredItem();
   host->registered.clear();
-  host->own("org.ayatana.indicator.application");
+  host->connection.registerService("org.ayatana.indicator.application");
   ASSERT_TRUE(isRegistered());
-  EXPECT_FALSE(runtime.exists(leftover));
-  EXPECT_TRUE(runtime.exists(ofAnother));
+  EXPECT_FALSE(runtime.exists("orvane-status-999999999")) << "its process has ended";
+  EXPECT_TRUE(runtime.exists("orvane-status-1"));
 
   const QDir folder(host->text("IconThemePath"));
   QStringList files;
@@ -172,14 +116,89 @@ TEST_F(NotifierTest, AnIndicatorServiceThatComesLaterGetsFiles) {
   EXPECT_FALSE(folder.exists());
 }
 
-TEST_F(NotifierTest, OnlyAProperClickActsWithTheTokenThatCameBeforeIt) {
+TEST_F(NotifierTest, AClickActsWithTheTokenThatCameBeforeIt) {
   createRegisteredItem();
-  host->callItem("SecondaryActivate", {1, 1});
-  host->callItem("Scroll", {120, "vertical"});
-  EXPECT_EQ(host->callItem("Activate", {"x"}).type(), QDBusMessage::ErrorMessage);
   host->callItem("ProvideXdgActivationToken", {"t1"});
   host->callItem("Activate", {10, 10});
-  EXPECT_EQ(log, (std::vector<std::string>{"token t1", "clicked"}));
+  EXPECT_THAT(log, ElementsAre("token t1", "clicked"));
+}
+
+class MenuExportTest : public StatusItemTest {
+ protected:
+  void SetUp() override { createRegisteredItem(); }
+
+  /// The number of the row with this label; 0 when there is none.
+  [[nodiscard]] int rowId(const char* label) {
+    for (const auto& row : host->layout().children) {
+      if (row.text("label") == QLatin1String(label)) { return row.id; }
+    }
+    return 0;
+  }
+  void sendEvent(int row, const char* event) {
+    host->callMenu("Event", {row, QLatin1String(event), QVariant::fromValue(QDBusVariant(0)), 0U});
+  }
+};
+
+TEST_F(MenuExportTest, HasTheRowsOfTheMenu) {
+  menu.items[3].title = "Open_Orvane";
+  std::vector<std::string> rows;
+  for (const auto& row : host->layout().children) {
+    auto text = row.text("type") + row.text("label");
+    if (row.properties.value("enabled") == QVariant(false)) { text += " [off]"; }
+    for (const auto& keys : qdbus_cast<QList<QStringList>>(row.properties.value("shortcut"))) {
+      text += " " + keys.join(u'+');
+    }
+    rows.push_back(text.toStdString());
+  }
+  EXPECT_THAT(rows, ElementsAre("Balance 12,345 sats [off]", "Today 815 sats [off]", "separator",
+                                "Open__Orvane", "Refresh Now Control+R", "Quit Orvane Control+Q"));
+}
+
+TEST_F(MenuExportTest, IsBuiltAfreshByWhateverComesBeforeItIsShown) {
+  static_cast<void>(host->layout());  // from now on it is announced
+  const QVariant group = QVariant::fromValue(QList<int>{0});
+  const std::vector<std::pair<const char*, std::function<void()>>> occasions{
+      {"AboutToShow", [&] { host->callMenu("AboutToShow", {0}); }},
+      {"AboutToShowGroup", [&] { host->callMenu("AboutToShowGroup", {group}); }},
+      {"opened", [&] { sendEvent(0, "opened"); }},
+      {"GetLayout", [&] { static_cast<void>(host->layout()); }},
+      {"another tool tip", [&] { item->setToolTip("for hosts that announce nothing"); }},
+  };
+  for (const auto& [name, happen] : occasions) {
+    menu = sample(name);
+    EXPECT_TRUE(hears("LayoutUpdated", happen)) << name;
+  }
+}
+
+TEST_F(MenuExportTest, TellsAHostToReadAgainOnlyWhenItSeesADifference) {
+  const auto revision = [this] {
+    return host->callMenu("GetLayout", {0, -1, QStringList()}).value(0).toInt();
+  };
+  const int before = revision();
+  EXPECT_THAT(host->callMenu("AboutToShow", {0}), ElementsAre(false));
+  menu.items[3].enabled = false;
+  EXPECT_THAT(host->callMenu("AboutToShow", {0}), ElementsAre(true));
+  EXPECT_EQ(revision(), before + 1);
+}
+
+TEST_F(MenuExportTest, ANumberMeansTheSameRowForAsLongAsAMenuMayBeOpen) {
+  const int balance = rowId("Balance 12,345 sats");
+  const int open = rowId("Open Orvane");
+  menu = sample("2 sats");
+  menu.items.erase(menu.items.begin() + 1);
+  EXPECT_EQ(rowId("Open Orvane"), open);
+  EXPECT_TRUE(host->layout(balance).properties.isEmpty()) << "nobody else got the number";
+}
+
+TEST_F(MenuExportTest, AChosenRowActsAndAFigureOrAGoneRowDoesNot) {
+  menu.items.front().action = [this] { log.emplace_back("figure"); };
+  const int figure = rowId("Balance 12,345 sats");
+  sendEvent(figure, "clicked");
+  sendEvent(4711, "clicked");
+  sendEvent(rowId("Open Orvane"), "hovered");
+  sendEvent(rowId("Quit Orvane"), "clicked");
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !log.empty(); }));
+  EXPECT_THAT(log, ElementsAre("Quit Orvane"));
 }
 
 }  // namespace

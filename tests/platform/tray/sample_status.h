@@ -9,16 +9,14 @@
 
 namespace orvane::test {
 
-inline constexpr const char* sampleSymbol = "chart.line.uptrend.xyaxis";
-
 /// A green symbol with a text beside it, as large as `bar` measures them.
 inline StatusImage sampleImage(const StatusBar& bar, const std::string& text) {
-  StatusImage image{.symbolName = sampleSymbol,
+  StatusImage image{.symbolName = "chart.line.uptrend.xyaxis",
                     .symbolColor = StatusColor::systemGreen,
                     .text = text,
                     .size = {},
                     .accessibilityDescription = "Orvane " + text};
-  const auto symbol = bar.symbolSize(sampleSymbol, image.symbolPointSize).value_or(PointSize{});
+  const auto symbol = bar.symbolSize(image.symbolName, image.symbolPointSize).value_or(PointSize{});
   const auto measured = bar.textSize(text, image.textPointSize);
   image.size = {.width = symbol.width + 3 + std::ceil(measured.width),
                 .height = std::max({18.0, symbol.height, measured.height})};
@@ -40,19 +38,18 @@ inline Menu sampleMenu(const std::string& balance,
                     row("Quit Orvane", "q")}};
 }
 
-/// Hands out `menu` as the program does: set, clicked, removed again.
-inline StatusItem::Action actionOn(StatusItem& item, std::function<void()> clicked,
-                                   std::function<std::optional<Menu>()> menu) {
-  return [&item, clicked = std::move(clicked),
-          menu = std::move(menu)](const std::optional<DesktopEvent>& event) {
-    if (!event || event->type != DesktopEvent::Type::rightMouseUp) {
-      clicked();
-      return;
-    }
+/// Shows a sample with `text` and hands out `menu` as the program does: set, clicked, removed
+/// again.
+inline void useItem(StatusItem& item, const StatusBar& bar, const std::string& text,
+                    std::function<void()> clicked, std::function<Menu()> menu) {
+  item.setAction([&item, clicked, menu](const std::optional<DesktopEvent>& event) {
+    if (!event || event->type != DesktopEvent::Type::rightMouseUp) { return clicked(); }
     item.setMenu(menu());
     item.performClick();
     item.setMenu(std::nullopt);
-  };
+  });
+  item.setImage(sampleImage(bar, text));
+  item.setToolTip("Orvane · Balance " + text);
 }
 
 }  // namespace orvane::test

@@ -1,28 +1,23 @@
 #pragma once
 
-#include <QTest>
-#include <memory>
-#include <optional>
 #include <string>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 #include "fake_host.h"
 #include "platform/eventloop/qt_executor.h"
 #include "platform/tray/desktop_status_bar.h"
+#include "platform/tray/drawing/status_drawing.h"
 #include "sample_status.h"
+#include "support/desktop_session.h"
 
 namespace orvane::test {
 
 /// Whether a pixel has exactly this colour.
 [[nodiscard]] inline bool hasColor(const QImage& picture, const QColor& color) {
-  for (int y = 0; y < picture.height(); ++y) {
-    for (int x = 0; x < picture.width(); ++x) {
-      if (picture.pixelColor(x, y) == color) { return true; }
-    }
-  }
-  return false;
+  const QImage pixels = picture.convertToFormat(QImage::Format_ARGB32);
+  const auto* const first = reinterpret_cast<const QRgb*>(pixels.constBits());
+  const auto* const end = first + pixels.sizeInBytes() / 4;
+  return std::find(first, end, color.rgba()) != end;
 }
 
 /// A status item as the program uses it, and a host that may come for it.
@@ -32,9 +27,9 @@ class StatusItemTest : public ::testing::Test {
     qputenv("XDG_CURRENT_DESKTOP", desktop);
     bar.emplace(executor, [this](const std::string& token) { log.push_back("token " + token); });
     item = bar->createItem(StatusItem::squareLength);
-    item->setAction(
-        actionOn(*item, [this] { log.emplace_back("clicked"); }, [this] { return menu; }));
-    showText("12,345 sats");
+    useItem(
+        *item, *bar, "12,345 sats", [this] { log.emplace_back("clicked"); },
+        [this] { return menu; });
   }
   void createRegisteredItem(const char* desktop = "") {
     host->startWatcher();
@@ -44,10 +39,7 @@ class StatusItemTest : public ::testing::Test {
   [[nodiscard]] bool isRegistered() {
     return QTest::qWaitFor([this] { return !host->registered.isEmpty(); });
   }
-  void showText(const std::string& text) {
-    item->setImage(sampleImage(*bar, text));
-    item->setToolTip("Orvane · Balance " + text);
-  }
+  void showText(const std::string& text) { item->setImage(sampleImage(*bar, text)); }
   [[nodiscard]] Menu sample(const std::string& balance) {
     return sampleMenu(balance, [this](const std::string& title) { log.push_back(title); });
   }
@@ -57,11 +49,20 @@ class StatusItemTest : public ::testing::Test {
     act();
     return QTest::qWaitFor([&] { return host->signalsHeard.contains(QLatin1String(signal)); });
   }
+  /// Whether all sizes of the icon are drawn for such a panel.
+  [[nodiscard]] bool isDrawnFor(PanelShade shade) {
+    const auto ink = inkFor(sampleImage(*bar, ""), shade).symbol;
+    return QTest::qWaitFor([&] {
+      const auto icons = host->icons();
+      return !icons.isEmpty() &&
+             std::ranges::all_of(icons, [&](const QImage& icon) { return hasColor(icon, ink); });
+    });
+  }
 
   std::unique_ptr<FakeHost> host = std::make_unique<FakeHost>();
   QtExecutor executor;
   std::vector<std::string> log;
-  std::optional<Menu> menu = sample("12,345 sats");
+  Menu menu = sample("12,345 sats");
   std::optional<DesktopStatusBar> bar;
   std::unique_ptr<StatusItem> item;
 };
