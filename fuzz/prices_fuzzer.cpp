@@ -1,20 +1,14 @@
 // The price sources' documents and the number texts inside them.
 
-#include <cstddef>
-#include <cstdint>
-#include <string>
-
+#include "fuzzer.h"
 #include "prices/bitcoin_price_service.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using namespace orvane;
-  const std::string bytes(reinterpret_cast<const char*>(data), size);
-  (void)parsePriceText(bytes);
-  (void)decodeCurrentPrice(bytes);
-  if (const auto response = decodeCoinbasePrice(bytes)) {
+void orvane::tryInput(std::string_view input) {
+  (void)parsePriceText(std::string(input));
+  (void)decodeCurrentPrice(input);
+  if (const auto response = decodeCoinbasePrice(input)) {
     for (const auto& [currency, rate] : response->data.rates) {
       (void)parsePriceText(rate);
     }
   }
-  return 0;
 }

@@ -2,8 +2,9 @@
 
 #include <limits>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
+#include "pool/pool_documents.h"
 #include "support/document_members.h"
 
 namespace orvane::test {
@@ -12,8 +13,6 @@ namespace {
 using namespace std::chrono_literals;
 using std::chrono::seconds;
 using std::chrono::sys_seconds;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 using History = std::vector<BraiinsHistoryDay>;
 
 constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
@@ -37,20 +36,19 @@ History build(const std::string& rewards, const std::string& hashrates) {
 }
 
 TEST(HistoryBuilderTest, JoinsOnlyEqualMomentsNewestFirst) {
-  EXPECT_THAT(
-      build(reward(today - 5, "3") + "," + reward(today, "0.0001"),
-            hashrate(today - 5, "1", "0") + "," + hashrate(today + 1, "5", "2048")),
-      ElementsAre(BraiinsHistoryDay{.date = day + 1s, .averageHashRate = 5e9, .shares = 2},
-                  BraiinsHistoryDay{.date = day, .rewardBTC = "0.0001"},
-                  BraiinsHistoryDay{
-                      .date = day - 5s, .averageHashRate = 1e9, .shares = 0, .rewardBTC = "3"}));
+  const History expected{{.date = day + 1s, .averageHashRate = 5e9, .shares = 2},
+                         {.date = day, .rewardBTC = "0.0001"},
+                         {.date = day - 5s, .averageHashRate = 1e9, .shares = 0, .rewardBTC = "3"}};
+  EXPECT_EQ(build(reward(today - 5, "3") + "," + reward(today, "0.0001"),
+                  hashrate(today - 5, "1", "0") + "," + hashrate(today + 1, "5", "2048")),
+            expected);
 }
 
 TEST(HistoryBuilderTest, LaterEntriesReplaceEarlierOnesAndKeepTheReward) {
-  EXPECT_THAT(build(reward(today, "1") + "," + reward(today, "2"),
-                    hashrate(today, "1", "0") + "," + hashrate(today, "0", "1024")),
-              ElementsAre(BraiinsHistoryDay{
-                  .date = day, .averageHashRate = 0, .shares = 1, .rewardBTC = "2"}));
+  const History expected{{.date = day, .averageHashRate = 0, .shares = 1, .rewardBTC = "2"}};
+  EXPECT_EQ(build(reward(today, "1") + "," + reward(today, "2"),
+                  hashrate(today, "1", "0") + "," + hashrate(today, "0", "1024")),
+            expected);
 }
 
 TEST(HistoryBuilderTest, ReadsTheHashratesOfAGroupOfAnotherName) {
@@ -60,42 +58,29 @@ TEST(HistoryBuilderTest, ReadsTheHashratesOfAGroupOfAnotherName) {
 }
 
 TEST(HistoryBuilderTest, KeepsDaysOnWhichSomethingHappened) {
-  struct Case {
-    std::string rewards;
-    std::string hashrates;
-    bool isKept;
-  };
-  const Case cases[]{
+  const std::tuple<std::string, std::string, bool> cases[]{
       {reward(today, "0.00000000"), "", false},
       {reward(today, "-1"), "", false},
       {reward(today, "abc"), "", false},
       {reward(today, "0.00000001"), "", true},
-      {reward(today, "1e-400"), "", true},
       {reward(today, "1"), hashrate(today, "0", "0"), true},
       {"", hashrate(today, "0", "511"), false},
       {"", hashrate(today, "0", "512"), true},
       {"", hashrate(today, "0.1", "0"), true},
-      {"", hashrate(today, "-1", "-2048"), false},
-  };
-  for (const Case& test : cases) {
-    EXPECT_EQ(build(test.rewards, test.hashrates).size(), test.isKept ? 1U : 0U)
-        << test.rewards << test.hashrates;
+      {"", hashrate(today, "-1", "-2048"), false}};
+  for (const auto& [rewards, hashrates, isKept] : cases) {
+    EXPECT_EQ(build(rewards, hashrates).size(), isKept ? 1U : 0U) << rewards << hashrates;
   }
 }
 
-TEST(HistorySummaryTest, AveragesOnlyDaysThatHaveARate) {
-  const History days{{.averageHashRate = 0}, {.rewardBTC = "1"}, {.averageHashRate = 10}};
-  EXPECT_EQ(BraiinsHistorySummary(days).dayCount, 3);
-  EXPECT_EQ(BraiinsHistorySummary(days).averageHashRate, 5);
+TEST(HistorySummaryTest, AddsAndAveragesOnlyWhatADayHas) {
+  const BraiinsHistorySummary summary(History{{.averageHashRate = 0, .rewardBTC = "0.00012345"},
+                                              {.rewardBTC = "x"},
+                                              {.averageHashRate = 10, .rewardBTC = "0.000000003"}});
+  EXPECT_EQ(summary.dayCount, 3);
+  EXPECT_EQ(summary.averageHashRate, 5);
+  EXPECT_EQ(summary.totalRewardSats, Decimal::parse("12345.3"));
   EXPECT_EQ(BraiinsHistorySummary({}).averageHashRate, std::nullopt);
-}
-
-TEST(HistorySummaryTest, AddsRewardsInDecimalAndSkipsTextsThatAreNoNumbers) {
-  const History days{{.rewardBTC = "0.00012345"},
-                     {.rewardBTC = "x"},
-                     {.averageHashRate = 1},
-                     {.rewardBTC = "0.000000003"}};
-  EXPECT_EQ(BraiinsHistorySummary(days).totalRewardSats, Decimal::parse("12345.3"));
 }
 
 TEST(HistorySummaryTest, SharesStopAtTheEndsOfTheirRange) {
@@ -108,11 +93,11 @@ TEST(HistorySummaryTest, SharesStopAtTheEndsOfTheirRange) {
 }
 
 TEST(HistoryStorageTest, WritesDatesFrom2001AndLeavesOutWhatIsAbsent) {
-  EXPECT_EQ(
-      encodeHistory(History{
-          {.date = day}, {.date = day, .averageHashRate = 2.5, .shares = 2, .rewardBTC = "0.1"}}),
-      R"([{"date":816393600},)"
-      R"({"averageHashRate":2.5,"date":816393600,"rewardBTC":"0.1","shares":2}])");
+  const BraiinsHistoryDay whole{
+      .date = day, .averageHashRate = 2.5, .shares = 2, .rewardBTC = "0.1"};
+  EXPECT_EQ(encodeHistory(History{{.date = day}, whole}),
+            R"([{"date":816393600},)"
+            R"({"averageHashRate":2.5,"date":816393600,"rewardBTC":"0.1","shares":2}])");
 }
 
 TEST(HistoryStorageTest, ReadsBackWhatItWrote) {
@@ -123,15 +108,6 @@ TEST(HistoryStorageTest, ReadsBackWhatItWrote) {
       {.date = sys_seconds(seconds(smallest + 978'307'200)), .averageHashRate = 5e-324},
       {.date = sys_seconds(seconds(978'307'200 + 9'007'199'254'740'993))}};
   EXPECT_EQ(decodeHistory(encodeHistory(days).value()), days);
-  EXPECT_EQ(decodeHistory(encodeHistory({}).value()), History{});
-}
-
-TEST(HistoryStorageTest, WritesNothingWhenADayCannotBeWritten) {
-  using Limits = std::numeric_limits<double>;
-  for (const double rate : {Limits::infinity(), -Limits::infinity(), Limits::quiet_NaN()}) {
-    EXPECT_EQ(encodeHistory(History{{.date = day}, {.averageHashRate = rate}}), std::nullopt);
-  }
-  EXPECT_EQ(encodeHistory(History{{.rewardBTC = "\xC3"}}), std::nullopt);
 }
 
 TEST(HistoryStorageTest, TakesAnyNumberForADate) {
@@ -139,17 +115,16 @@ TEST(HistoryStorageTest, TakesAnyNumberForADate) {
       {"8.163936e8", day},
       {"816393600.999", day},
       {"-0.5", sys_seconds(seconds(978'307'199))},
-      {"1e300", sys_seconds(seconds(largest))},
       {"-1e300", sys_seconds(seconds(smallest + 978'307'200))},
       {"9223372036854775807", sys_seconds(seconds(largest))},
-      {"99999999999999999999", sys_seconds(seconds(largest))},
-  };
+      {"99999999999999999999", sys_seconds(seconds(largest))}};
   for (const auto& [date, time] : cases) {
     EXPECT_EQ(decodeHistory(R"([{"date":)" + date + "}]"), (History{{.date = time}})) << date;
   }
 }
 
-TEST(HistoryStorageTest, AStoredHistoryMatchesAsAWhole) {
+// Also in groups that are not used.
+TEST(HistoryDocumentsTest, MatchAsAWhole) {
   using enum MemberType;
   expectMembers(decodeHistory,
                 R"([{"date":816393600,"averageHashRate":5,"shares":2,"rewardBTC":"0.1","id":[]}])",
@@ -157,9 +132,19 @@ TEST(HistoryStorageTest, AStoredHistoryMatchesAsAWhole) {
                  {"averageHashRate", "5", optionalNumber},
                  {"shares", "2", optionalInteger},
                  {"rewardBTC", R"("0.1")", optionalText}});
-  for (const std::string_view bytes : {"", "{}", "[{}]", "[null]", R"([{"date":1},2])"}) {
-    EXPECT_EQ(decodeHistory(bytes), std::nullopt) << bytes;
-  }
+  const std::string list = R"([{"date":1794700800,"total_reward":"0.0001"}])";
+  expectMembers(decodeRewards, R"({"btc":{"daily_rewards":)" + list + "}}",
+                {{"date", "1794700800", integer},
+                 {"total_reward", R"("0.0001")", text},
+                 {"daily_rewards", list, array}});
+  expectMembers(decodeDailyHashrate,
+                R"({"btc":[{"date":1794700800,"hash_rate_unit":"Gh/s","hash_rate_24h":5,)"
+                R"("total_shares":2048.5}],"other":[]})",
+                {{"date", "1794700800", integer},
+                 {"hash_rate_unit", R"("Gh/s")", text},
+                 {"hash_rate_24h", "5", number},
+                 {"total_shares", "2048.5", number},
+                 {"other", "[]", array}});
 }
 
 }  // namespace

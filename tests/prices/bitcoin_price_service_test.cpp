@@ -25,6 +25,8 @@ std::string rates(const std::string& eur, const std::string& usd) {
   return R"({"data":{"rates":{"AED":"","EUR":)" + eur + R"(,"USD":)" + usd + "}}}";
 }
 
+std::unexpected<PriceError> failed(PriceError error) { return std::unexpected(error); }
+
 class BitcoinPriceServiceTest : public ::testing::Test {
  protected:
   BitcoinPriceServiceTest() {
@@ -42,10 +44,8 @@ class BitcoinPriceServiceTest : public ::testing::Test {
 TEST_F(BitcoinPriceServiceTest, AsksThePrimarySourceOnlyWhenItAnswers) {
   EXPECT_EQ(current(), primaryPrices);
   ASSERT_EQ(transport.sent().size(), 1U);
-  const HttpRequest& request = transport.sent()[0].request;
-  EXPECT_EQ(request.url,
+  EXPECT_EQ(transport.sent()[0].request.url,
             "https://primary.test/api/v3/simple/price?ids=bitcoin&vs_currencies=eur,usd");
-  EXPECT_TRUE(request.headers.empty());
 }
 
 TEST_F(BitcoinPriceServiceTest, FallsBackAfterAnyFailure) {
@@ -59,23 +59,23 @@ TEST_F(BitcoinPriceServiceTest, FallsBackAfterAnyFailure) {
   EXPECT_EQ(current(), primaryPrices);
 }
 
-TEST_F(BitcoinPriceServiceTest, ReportsTheFallbacksFailure) {
-  const auto answer = [](const std::string& body) {
-    return HttpResponse{.status = 200, .body = body};
-  };
-  const std::pair<HttpResult, PriceError> cases[]{
-      {HttpResponse{.status = 500, .body = rates("\"1\"", "\"1\"")}, {Kind::badServerResponse}},
-      {answer(rates("\"1\"", "1")), {Kind::decoding}},
-      {answer(R"({"data":{"rates":{"EUR":"1","usd":"1"}}})"), {Kind::cannotParseResponse}},
-      {answer(rates("\"1\"", "\"97,000.10\"")), {Kind::cannotParseResponse}},
-      {answer(rates("\" 1\"", "\"1\"")), {Kind::cannotParseResponse}},
-      {std::unexpected(HttpFailure::invalidUrl), {Kind::transport, HttpFailure::invalidUrl}},
-      {std::unexpected(HttpFailure::timedOut), {Kind::transport, HttpFailure::timedOut}},
-  };
+TEST_F(BitcoinPriceServiceTest, OnlyAGoodAnswerOfTheFallbackGivesPrices) {
+  const std::string good = rates("\"1\"", "\"1\"");
+  const HttpFailure badUrl = HttpFailure::invalidUrl;
+  const std::pair<HttpResult, PriceResult> cases[]{
+      {HttpResponse{200, good}, CurrentBitcoinPrices{1, 1}},
+      {HttpResponse{299, good}, CurrentBitcoinPrices{1, 1}},
+      {HttpResponse{199, good}, failed({Kind::badServerResponse})},
+      {HttpResponse{300, good}, failed({Kind::badServerResponse})},
+      {HttpResponse{200, rates("\"1\"", "1")}, failed({Kind::decoding})},
+      {HttpResponse{200, R"({"data":{"rates":{"EUR":"1","usd":"1"}}})"},
+       failed({Kind::cannotParseResponse})},
+      {HttpResponse{200, rates("\" 1\"", "\"1\"")}, failed({Kind::cannotParseResponse})},
+      {std::unexpected(badUrl), failed({Kind::transport, badUrl})}};
   transport.on("primary.test").respond(503);
-  for (const auto& [result, error] : cases) {
+  for (const auto& [result, outcome] : cases) {
     transport.on("fallback.test").respondBy([result](const HttpRequest&) { return result; });
-    EXPECT_EQ(current(), std::unexpected(error));
+    EXPECT_EQ(current(), outcome) << (result ? result->status : 0);
   }
 }
 
@@ -89,8 +89,6 @@ TEST_F(BitcoinPriceServiceTest, ACancelledCallDoesNotGoOnToTheFallback) {
   executor.runUntilIdle();
   EXPECT_EQ(outcome, std::unexpected(PriceError{Kind::cancelled}));
   EXPECT_EQ(transport.aborted(), 1U);
-  transport.on("primary.test").fail(HttpFailure::cancelled);
-  EXPECT_EQ(current(), std::unexpected(PriceError{Kind::cancelled}));
   EXPECT_EQ(transport.sentTo("fallback.test"), 0U);
 }
 
@@ -101,49 +99,26 @@ TEST(PriceDocumentsTest, MatchAsAWhole) {
   const std::string quoted = R"({"EUR":"84123.45","AED":""})";
   expectMembers(decodeCoinbasePrice, R"({"data":{"currency":null,"rates":)" + quoted + "}}",
                 {{"EUR", R"("84123.45")", text}, {"AED", R"("")", text}});
-  for (const std::string_view body :
-       {"{}", R"({"bitcoin":{"EUR":1,"usd":1}})", R"({"data":[]})", R"({"data":{}})",
-        R"({"data":{"rates":["1"]}})", R"({"data":{"rates":{"A":1,"A":"1"}}})"}) {
-    EXPECT_FALSE(decodeCurrentPrice(body)) << body;
-    EXPECT_FALSE(decodeCoinbasePrice(body)) << body;
-  }
 }
 
-TEST(PriceTextTest, ReadsWhatTheCLibraryReads) {
-  const std::pair<std::string, double> numbers[]{
-      {"84123.45", 84123.45},
-      {"+1", 1},
-      {"-1.5", -1.5},
-      {".5", 0.5},
-      {"5.", 5},
-      {"1.5E-3", 0.0015},
-      {"0X1.8p1", 3},
-      {"inf", infinity},
-      {"-Infinity", -infinity},
-      {"1e400", infinity},
-      {"1e-400", 0},
-      {"007", 7},
-  };
+TEST(PriceTextTest, ReadsWhatTheCLibraryReadsAlsoUnderALocaleWithDecimalComma) {
+  const CommaLocale locale;
+  ASSERT_TRUE(locale.isSet());
+  const std::pair<std::string, double> numbers[]{{"+84123.45", 84123.45},
+                                                 {".5", 0.5},
+                                                 {"0X1.8p1", 3},
+                                                 {"-Infinity", -infinity},
+                                                 {"1e400", infinity}};
   for (const auto& [text, value] : numbers) {
     EXPECT_EQ(parsePriceText(text), value) << text;
   }
   EXPECT_TRUE(std::isnan(parsePriceText("NAN(12)").value()));
-}
-
-TEST(PriceTextTest, RefusesWhatIsNoNumberAsAWhole) {
   for (const std::string& text :
-       {""s,    " 1"s,  "\t1"s,    "\n1"s,       "\v1"s,      "\f1"s,  "\r1"s,  "\0001"s,
-        "1\0"s, "1 "s,  "1\0002"s, "97,000.10"s, "97000,10"s, "1e"s,   "0x"s,   "+"s,
-        "."s,   "+-1"s, "$1"s,     "1.2.3"s,     "1_000"s,    "infi"s, "nan("s, "\u00A01"s}) {
+       {""s,    " 1"s, "\t1"s,    "\n1"s,       "\v1"s,      "\f1"s,    "\r1"s, "\0001"s,
+        "1\0"s, "1 "s, "1\0002"s, "97,000.10"s, "97000,10"s, "1e"s,     "0x"s,  "."s,
+        "+-1"s, "$1"s, "1.2.3"s,  "1_000"s,     "nan("s,     "\u00A01"s}) {
     EXPECT_EQ(parsePriceText(text), std::nullopt) << testing::PrintToString(text);
   }
-}
-
-TEST(PriceTextTest, IgnoresTheUsersLocale) {
-  const CommaLocale locale;
-  ASSERT_TRUE(locale.isSet());
-  EXPECT_EQ(parsePriceText("1.5"), 1.5);
-  EXPECT_EQ(parsePriceText("1,5"), std::nullopt);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include "prices/bitcoin_prices.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace orvane::test {
 namespace {
@@ -9,18 +9,6 @@ using enum PreferredFiatCurrency;
 
 const LocaleFormat english({.numbers = "en_US", .dates = "en_US"});
 const LocaleFormat german({.numbers = "de_DE", .dates = "de_DE"});
-
-TEST(FiatCurrencyTest, TheChoiceHasAnOrderRawValuesAndSymbols) {
-  EXPECT_THAT(allFiatCurrencies, testing::ElementsAre(eur, usd));
-  EXPECT_EQ(rawValue(eur), "EUR");
-  EXPECT_EQ(rawValue(usd), "USD");
-  EXPECT_EQ(fiatCurrencyFromRawValue("USD"), usd);
-  for (const std::string_view text : {"", "eur", "EUR ", "GBP"}) {
-    EXPECT_EQ(fiatCurrencyFromRawValue(text), std::nullopt) << text;
-  }
-  EXPECT_EQ(symbol(eur), "€");
-  EXPECT_EQ(symbol(usd), "$");
-}
 
 TEST(FiatTextsTest, ShowTwoDigitsFromOneOnAndThreeBelow) {
   const std::pair<double, std::string_view> cases[]{

@@ -16,7 +16,6 @@ namespace orvane::test {
 namespace {
 
 using namespace std::chrono_literals;
-using services::Connection;
 using services::FaultKind;
 using services::LocalServices;
 using services::Outcome;
@@ -28,60 +27,39 @@ constexpr auto profileTarget = "/accounts/profile/json/btc/";
 /// An HTTPS server that sends the bytes a test hands it, and remembers what it was asked.
 class OddServer {
  public:
-  using Answer = std::function<std::string(const Request&)>;
-
-  explicit OddServer(Answer answer, Outcome afterwards = Outcome::keep)
-      : answer_(std::move(answer)), afterwards_(afterwards) {
+  explicit OddServer(std::function<std::string(const Request&)> answer,
+                     Outcome afterwards = Outcome::keep, bool isPlain = false)
+      : server_(0, isPlain ? nullptr : authority_.makeServerContext(),
+                [this, answer, afterwards](const Request& request, auto& connection) {
+                  const std::lock_guard lock(mutex_);
+                  requests_.push_back(request);
+                  return connection.write(answer(request)) ? afterwards : Outcome::cut;
+                }) {
     std::ofstream(caFile()) << authority_.certificatePem();
   }
 
   [[nodiscard]] std::string caFile() const { return directory_.path() / "ca.pem"; }
-  [[nodiscard]] std::string origin() const {
-    return "https://localhost:" + std::to_string(server_.port());
-  }
+  [[nodiscard]] std::string host() const { return "localhost:" + std::to_string(server_.port()); }
   [[nodiscard]] std::vector<Request> requests() const {
     const std::lock_guard lock(mutex_);
     return requests_;
   }
 
  private:
-  Outcome handle(const Request& request, Connection& connection) {
-    {
-      const std::lock_guard lock(mutex_);
-      requests_.push_back(request);
-    }
-    return connection.write(answer_(request)) ? afterwards_ : Outcome::cut;
-  }
-
-  Answer answer_;
-  Outcome afterwards_;
   mutable std::mutex mutex_;
   std::vector<Request> requests_;
   services::WorkingDirectory directory_{{}};
   services::CertificateAuthority authority_;
-  services::HttpServer server_{0, authority_.makeServerContext(),
-                               [this](const Request& request, Connection& connection) {
-                                 return handle(request, connection);
-                               }};
+  services::HttpServer server_;
 };
 
 /// The real transport in front of the local services.
 class QtHttpTransportTest : public RealTimeTest {
  protected:
-  [[nodiscard]] HttpRequest tipRequest() const {
-    return {.url = "https://" + local.host(Service::explorer) + "/api/blocks/tip/height",
-            .idleTimeout = 20s};
-  }
-  [[nodiscard]] HttpRequest profileRequest() const {
-    return {.url = "https://" + local.host(Service::pool) + profileTarget,
-            .headers = {{"Pool-Auth-Token", std::string(services::sampleToken)}},
-            .idleTimeout = 20s};
-  }
-
   HttpResult get(HttpRequest request) { return run(transport.get(std::move(request))); }
   HttpResult getFrom(const OddServer& server) {
     QtHttpTransport odd({.extraCaFile = server.caFile()});
-    return run(odd.get({.url = server.origin(), .idleTimeout = 20s}));
+    return run(odd.get({.url = "https://" + server.host(), .idleTimeout = 20s}));
   }
   static void expectFailure(const HttpResult& result, HttpFailure failure) {
     ASSERT_FALSE(result) << "status " << result->status;
@@ -89,18 +67,21 @@ class QtHttpTransportTest : public RealTimeTest {
   }
 
   LocalServices local;
+  const HttpRequest tipRequest{
+      .url = "https://" + local.host(Service::explorer) + "/api/blocks/tip/height",
+      .idleTimeout = 20s};
+  const HttpRequest profileRequest{
+      .url = "https://" + local.host(Service::pool) + profileTarget,
+      .headers = {{"Pool-Auth-Token", std::string(services::sampleToken)}},
+      .idleTimeout = 20s};
   QtHttpTransport transport{{.extraCaFile = local.caFile()}};
 };
 
 TEST_F(QtHttpTransportTest, TheRequestHasOneHeaderBeyondTheStacks) {
-  const HttpResult result = get(profileRequest());
-  EXPECT_EQ(result.value().status, 200);
-  EXPECT_THAT(result->body, testing::EndsWith("}"));
+  EXPECT_THAT(get(profileRequest).value().body, testing::EndsWith("}"));
   ASSERT_EQ(local.requests().size(), 1U);
-  const auto request = local.requests().front();
-  EXPECT_EQ(request.method, "GET");
-  EXPECT_EQ(request.target, profileTarget);
   std::vector<std::string> names;
+  const auto request = local.requests().front();
   for (const services::Header& header : request.headers) {
     names.push_back(header.name);
   }
@@ -110,25 +91,24 @@ TEST_F(QtHttpTransportTest, TheRequestHasOneHeaderBeyondTheStacks) {
 }
 
 TEST_F(QtHttpTransportTest, EveryStatusIsAnAnswer) {
-  for (const int status : {204, 401, 407, 409, 429, 500, 503, 599}) {
-    local.clearFaults();
-    local.fault({.service = Service::explorer, .status = status});
-    EXPECT_EQ(get(tipRequest()).value_or(HttpResponse{}).status, status);
+  for (const int status : {204, 401, 407, 429, 599}) {
+    local.fault({.service = Service::explorer, .count = 1, .status = status});
+    EXPECT_EQ(get(tipRequest).value_or(HttpResponse{}).status, status);
   }
-  EXPECT_EQ(local.requests().size(), 8U);
+  EXPECT_EQ(local.requests().size(), 5U);
 }
 
 TEST_F(QtHttpTransportTest, RedirectsKeepTheHeadersWithinTheOriginAndLeaveItOnlyWithoutThem) {
   local.fault({.service = Service::pool, .kind = FaultKind::redirectWithin, .count = 1});
-  EXPECT_EQ(get(profileRequest()).value().status, 200);
+  EXPECT_EQ(get(profileRequest).value().status, 200);
   EXPECT_EQ(local.requests().back().target, std::string("/moved") + profileTarget);
 
   local.fault({.service = Service::pool, .kind = FaultKind::redirect});
-  EXPECT_EQ(get(profileRequest()).value().status, 302);
+  EXPECT_EQ(get(profileRequest).value().status, 302);
   EXPECT_TRUE(local.requests(Service::other).empty());
 
   local.fault({.service = Service::explorer, .kind = FaultKind::redirect});
-  EXPECT_EQ(get(tipRequest()).value().status, 200);
+  EXPECT_EQ(get(tipRequest).value().status, 200);
   EXPECT_EQ(local.requests(Service::other).size(), 1U);
 }
 
@@ -157,42 +137,32 @@ TEST_F(QtHttpTransportTest, AChallengeIsAnAnswerAndNotAnsweredItself) {
 }
 
 TEST_F(QtHttpTransportTest, ALostConnectionIsALossAndTheRequestIsSentOnce) {
-  // Before the first byte of the answer, and in the middle of its body.
-  for (const FaultKind kind : {FaultKind::hangUp, FaultKind::drop}) {
-    for (int round = 0; round < 3; ++round) {
-      local.fault({.service = Service::pool, .kind = kind});
-      const std::size_t before = local.requests().size();
-      expectFailure(get(profileRequest()), HttpFailure::networkConnectionLost);
-      letPass(5ms);
-      EXPECT_EQ(local.requests().size() - before, 1U) << faultName(kind);
-      local.clearFaults();
-    }
-  }
   for (const std::string beginning :
-       {"HTTP/1.1 20", "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n10\r\n0123"}) {
+       {"", "HTTP/1.1 20", "HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\n0123",
+        "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n10\r\n0123"}) {
     const OddServer server([&](const Request&) { return beginning; }, Outcome::cut);
-    expectFailure(getFrom(server), HttpFailure::networkConnectionLost);
-    EXPECT_EQ(server.requests().size(), 1U) << beginning;
+    for (std::size_t request = 1; request <= 3; ++request) {
+      expectFailure(getFrom(server), HttpFailure::networkConnectionLost);
+      letPass(5ms);
+      EXPECT_EQ(server.requests().size(), request) << beginning;
+    }
   }
 }
 
 TEST_F(QtHttpTransportTest, ConnectionsAreNotKeptSoNoneCanBeStale) {
-  ASSERT_TRUE(get(tipRequest()));
+  ASSERT_TRUE(get(tipRequest));
   local.fault({.service = Service::explorer, .kind = FaultKind::refuse});  // ends open connections
-  expectFailure(get(tipRequest()), HttpFailure::cannotConnectToHost);
+  expectFailure(get(tipRequest), HttpFailure::cannotConnectToHost);
   local.clearFaults();
-  EXPECT_TRUE(get(tipRequest()));
+  EXPECT_TRUE(get(tipRequest));
 }
 
 TEST_F(QtHttpTransportTest, SilenceEndsAtTheIdleTimeOutAndAnEndlessDripAtTheLongestExchange) {
   QtHttpTransport impatient({.extraCaFile = local.caFile(), .longestExchange = 1s});
-  HttpRequest request = tipRequest();
+  HttpRequest request = tipRequest;
   request.idleTimeout = 1s;
   local.fault({.service = Service::explorer, .kind = FaultKind::silence, .count = 1});
-  const auto time = timeOf([&] { expectFailure(get(request), HttpFailure::timedOut); });
-  EXPECT_GE(time, 1s);
-  EXPECT_LT(time, 15s);
-
+  EXPECT_LT(timeOf([&] { expectFailure(get(request), HttpFailure::timedOut); }), 15s);
   local.fault({.service = Service::explorer, .kind = FaultKind::slow, .interval = 250ms});
   expectFailure(run(impatient.get(request)), HttpFailure::timedOut);
   EXPECT_EQ(get(request).value().body.size(), 6U) << "what drips is not idle";
@@ -211,20 +181,12 @@ TEST_F(QtHttpTransportTest, TheLargestBodyIsWhole) {
 
 TEST_F(QtHttpTransportTest, WhatIsNotTrustedOrCannotBeSentFailsAndSendsNoRequest) {
   QtHttpTransport distrustful;
-  expectFailure(run(distrustful.get(profileRequest())), HttpFailure::other);
-  QtHttpTransport withoutFile({.extraCaFile = "/nonexistent/ca.pem"});
-  expectFailure(run(withoutFile.get(profileRequest())), HttpFailure::other);
-
-  HttpRequest request = profileRequest();
+  expectFailure(run(distrustful.get(profileRequest)), HttpFailure::other);
   const std::string host = local.host(Service::pool);
-  request.url = "https://[::ffff:127.0.0.1]" + host.substr(host.find(':'));
-  expectFailure(get(request), HttpFailure::other);  // the same machine by another name
-  request = profileRequest();
-  request.headers[0].value += "\r\nX-Smuggled: 1";
-  expectFailure(get(request), HttpFailure::other);
-  request = profileRequest();
-  request.url.replace(0, 5, "http");
-  expectFailure(get(request), HttpFailure::invalidUrl);
+  const std::string otherName = "https://[::ffff:127.0.0.1]" + host.substr(host.find(':'));
+  expectFailure(get({.url = otherName}), HttpFailure::other);  // but the same machine
+  expectFailure(get({.url = tipRequest.url, .headers = {{"X", "a\r\nY: b"}}}), HttpFailure::other);
+  expectFailure(get({.url = "http://" + host}), HttpFailure::invalidUrl);
   EXPECT_TRUE(local.requests().empty());
 }
 
@@ -233,13 +195,10 @@ TEST_F(QtHttpTransportTest, CancellingAbortsTheRequestAtOnce) {
   std::optional<HttpResult> result;
   QEventLoop loop;
   TaskScope scope(*executor);
-  const TaskHandle task =
-      scope.spawn(detail::keepResult(transport.get(tipRequest()), result, loop));
+  const TaskHandle task = scope.spawn(detail::keepResult(transport.get(tipRequest), result, loop));
   ASSERT_TRUE(letPassUntil([&] { return !local.requests().empty(); }));
-  const auto time = timeOf([&] {
-    task.cancel();
-    loop.exec();
-  });
+  task.cancel();
+  const auto time = timeOf([&] { loop.exec(); });
   expectFailure(result.value(), HttpFailure::cancelled);
   EXPECT_LT(time, 5s) << "the time-out is 20 seconds";
 }
@@ -251,7 +210,7 @@ TEST_F(QtHttpTransportTest, DestructionInTheMiddleOfAnythingIsClean) {
     QEventLoop loop;
     const auto time = timeOf([&] {
       TaskScope scope(*executor);
-      scope.spawn(detail::keepResult(transport.get(tipRequest()), result, loop));
+      scope.spawn(detail::keepResult(transport.get(tipRequest), result, loop));
       letPass(delay);
     });
     EXPECT_LT(time, 4s) << "Qt waits five seconds for a thread that does not end";
@@ -260,26 +219,18 @@ TEST_F(QtHttpTransportTest, DestructionInTheMiddleOfAnythingIsClean) {
 }
 
 TEST_F(QtHttpTransportTest, TheSystemsProxyIsAskedForATunnelAndSeesNoHeaders) {
-  std::mutex mutex;
-  std::vector<Request> seen;
-  const services::HttpServer proxy(0, nullptr, [&](const Request& request, Connection& connection) {
-    const std::lock_guard lock(mutex);
-    seen.push_back(request);
-    static_cast<void>(connection.write(emptyAnswer("403 Forbidden")));
-    return Outcome::finish;
-  });
-  ::setenv("https_proxy", ("http://127.0.0.1:" + std::to_string(proxy.port())).c_str(), 1);
+  const OddServer proxy([](const Request&) { return emptyAnswer("403 Forbidden"); },
+                        Outcome::finish, true);
+  ::setenv("https_proxy", ("http://" + proxy.host()).c_str(), 1);
   ::setenv("no_proxy", "", 1);
-  EXPECT_FALSE(get(profileRequest()));
+  EXPECT_FALSE(get(profileRequest));
   ::unsetenv("https_proxy");
   ::unsetenv("no_proxy");
 
-  EXPECT_TRUE(local.requests().empty());
-  const std::lock_guard lock(mutex);
-  ASSERT_EQ(seen.size(), 1U);
-  EXPECT_EQ(seen.front().method, "CONNECT");
-  EXPECT_EQ(seen.front().target, local.host(Service::pool));
-  EXPECT_EQ(seen.front().header("Pool-Auth-Token"), nullptr);
+  ASSERT_EQ(proxy.requests().size(), 1U);
+  const Request request = proxy.requests().front();
+  EXPECT_EQ(request.method + " " + request.target, "CONNECT " + local.host(Service::pool));
+  EXPECT_EQ(request.header("Pool-Auth-Token"), nullptr);
 }
 
 }  // namespace

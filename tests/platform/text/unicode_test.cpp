@@ -7,23 +7,17 @@ namespace {
 
 using namespace std::string_literals;
 
-struct TextCase {
-  std::string text;
-  std::string expected;
-};
+using TextCase = std::pair<std::string, std::string>;
 
 TEST(UnicodeTest, TrimsEveryWhiteSpaceOfUnicodeAndNothingElse) {
   const TextCase cases[]{
-      {" \t\r\n\v\f", ""},
-      {"  a b  ", "a b"},
+      {"  a b \t\r\n\v\f", "a b"},
       {"\u0085\u2028a\u00a0\u3000", "a"},
       {"\u200ba\ufeff", "\u200ba\ufeff"},  // zero width, but not white space
       {"\0a\0"s, "\0a\0"s},
-      {" a\x85\xa0", "a\x85\xa0"},  // the ends of white space characters, without their heads
-      {"\xc2", "\xc2"},
-  };
-  for (const TextCase& test : cases) {
-    EXPECT_EQ(trimmed(test.text), test.expected);
+      {" a\x85\xa0", "a\x85\xa0"}};  // the ends of white space characters, without their heads
+  for (const auto& [text, expected] : cases) {
+    EXPECT_EQ(trimmed(text), expected);
   }
 }
 
@@ -42,21 +36,16 @@ TEST(UnicodeTest, TellsValidUtf8) {
 }
 
 TEST(UnicodeTest, ReplacesInvalidSequences) {
-  const TextCase cases[]{{"850000", "850000"},
-                         {"\xff|", "\ufffd|"},
-                         {"1\xe2\x82", "1\ufffd"},
-                         {"\xc0\x80", "\ufffd\ufffd"}};
-  for (const TextCase& test : cases) {
-    EXPECT_EQ(decodedLossily(test.text), test.expected);
-  }
+  EXPECT_EQ(decodedLossily("850000"), "850000");
+  EXPECT_EQ(decodedLossily("\xff|\xe2\x82"), "\ufffd|\ufffd");
 }
 
 TEST(UnicodeTest, EscapesEverythingButLettersMarksAndNumbers) {
   const TextCase cases[]{{"bc1qAZaz09", "bc1qAZaz09"},       {"a/b?c=d&e", "a%2Fb%3Fc%3Dd%26e"},
                          {"a-b_c.d~e", "a%2Db%5Fc%2Ed%7Ee"}, {"é٣e\u0301", "é٣e\u0301"},
                          {"€\0"s, "%E2%82%AC%00"},           {"a b\xff", "a b\xff"}};
-  for (const TextCase& test : cases) {
-    EXPECT_EQ(percentEscaped(test.text), test.expected);
+  for (const auto& [text, expected] : cases) {
+    EXPECT_EQ(percentEscaped(text), expected);
   }
 }
 
