@@ -89,6 +89,8 @@ TEST_F(BitcoinPriceServiceTest, ACancelledCallDoesNotGoOnToTheFallback) {
   executor.runUntilIdle();
   EXPECT_EQ(outcome, std::unexpected(PriceError{Kind::cancelled}));
   EXPECT_EQ(transport.aborted(), 1U);
+  transport.on("primary.test").fail(HttpFailure::cancelled);
+  EXPECT_EQ(current(), std::unexpected(PriceError{Kind::cancelled}));
   EXPECT_EQ(transport.sentTo("fallback.test"), 0U);
 }
 
