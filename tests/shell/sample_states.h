@@ -1,8 +1,5 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "core/balance_state.h"
 #include "support/store_on_fakes.h"
 
@@ -16,15 +13,12 @@ namespace orvane::test {
 [[nodiscard]] BalanceState everything();
 
 [[nodiscard]] std::vector<BraiinsWorkerStatus> manyWorkers(int count);
-[[nodiscard]] std::vector<BraiinsHistoryDay> manyDays(int count);
 
 /// A state of the main window that is worth looking at.
 struct Sample {
-  enum class Services { answer, fail, keepWaiting };
-
   std::string name;
   BalanceState figures;
-  Services then = Services::answer;  ///< what the services do once the figures are there
+  bool servicesFail = false;  ///< once the figures are there
 
   /// Brings a store into this state.
   void showIn(StoreOnFakes& fakes) const;

@@ -11,45 +11,18 @@ using namespace std::chrono_literals;
 using State = BraiinsWorkerStatus::State;
 using testing::ElementsAre;
 
-constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr std::chrono::sys_seconds november15 = std::chrono::sys_days{2026y / 11 / 15};
 
 const LocaleFormat english({.numbers = "en_US", .dates = "en_US", .timeZone = "America/New_York"});
-const LocaleFormat german({.numbers = "de_DE", .dates = "de_DE", .timeZone = "UTC"});
 
 TEST(WorkersTest, AreNamedByWhatFollowsTheFirstDot) {
-  for (const auto& [fullName, name] :
-       std::vector<std::pair<std::string, std::string>>{{"pellam.mac", "mac"},
-                                                        {"pellam", "pellam"},
-                                                        {"pellam.", "pellam."},
-                                                        {"a.b.c", "b.c"},
-                                                        {".a", "a"},
-                                                        {".", "."},
-                                                        {"", ""}}) {
-    const auto row = workerRow({.fullName = fullName}, english);
-    EXPECT_EQ(row.name, name) << fullName;
-    EXPECT_EQ(row.nameToolTip, fullName);
-  }
-}
-
-TEST(WorkersTest, HaveAWordForEachState) {
-  for (const auto& [state, word] :
-       std::vector<std::pair<State, std::string>>{{State::ok, "OK"},
-                                                  {State::low, "Low"},
-                                                  {State::off, "Off"},
-                                                  {State::disabled, "Disabled"},
-                                                  {State::unknown, "—"}}) {
-    EXPECT_EQ(workerRow({.fullName = "a", .state = state}, english).stateWord, word);
-  }
-}
-
-TEST(WorkersTest, TellTheLastShareWhenever) {
-  EXPECT_EQ(workerRow({.fullName = "a"}, english).stateToolTip, "");
-  for (const auto time : {std::chrono::sys_seconds::min(), std::chrono::sys_seconds::max()}) {
-    EXPECT_TRUE(workerRow({.fullName = "a", .lastShare = time}, english)
-                    .stateToolTip.starts_with("Last share "));
-  }
+  const auto name = [](const char* login) { return workerRow({.fullName = login}, english).name; };
+  EXPECT_EQ(name("pellam.mac"), "mac");
+  EXPECT_EQ(name("a.b.c"), "b.c");
+  EXPECT_EQ(name("pellam"), "pellam");
+  EXPECT_EQ(name("pellam."), "pellam.");
+  EXPECT_EQ(name(".a"), "a");
 }
 
 TEST(WorkersTest, ThoseThatAreWellAreCounted) {
@@ -61,50 +34,32 @@ TEST(WorkersTest, ThoseThatAreWellAreCounted) {
 }
 
 TEST(HistoryTest, WholeSatoshisAreRoundedAndTheSmallestRewardsAreSeen) {
-  for (const auto& [amount, text] : std::vector<std::pair<std::string, std::string>>{
-           {"0", "0 sats"},
-           {"-0", "0 sats"},
-           {"0.5", "0.500 sats"},
-           {"0.9999", "1.000 sats"},
-           {"0.0001", "0.000 sats"},
-           {"-12345.5", "-12345.500 sats"},
-           {"1", "1 sats"},
-           {"1.5", "2 sats"},
-           {"12345.5", "12,346 sats"},
-           {"9.3e18", "9,223,372,036,854,775,807 sats"},
-           {"1e1000", "9,223,372,036,854,775,807 sats"}}) {
-    EXPECT_EQ(historySatsText(english, Decimal::parse(amount).value()), text) << amount;
-  }
+  const auto text = [](const char* sats) {
+    return historySatsText(english, Decimal::parse(sats).value());
+  };
+  EXPECT_EQ(text("0"), "0 sats");
+  EXPECT_EQ(text("0.0001"), "0.000 sats");
+  EXPECT_EQ(text("0.9999"), "1.000 sats");
+  EXPECT_EQ(text("-12345.5"), "-12345.500 sats");
+  EXPECT_EQ(text("1"), "1 sats");
+  EXPECT_EQ(text("12345.5"), "12,346 sats");
+  EXPECT_EQ(text("1e1000"), "9,223,372,036,854,775,807 sats");
 }
 
-std::vector<std::string> cellsOf(const BraiinsHistoryDay& day, const LocaleFormat& format) {
-  const HistoryRow row = historyRow(day, format);
+std::vector<std::string> cellsOf(const BraiinsHistoryDay& day) {
+  const HistoryRow row = historyRow(day, english);
   return {row.date, row.averageHashRate, row.shares, row.reward};
 }
 
 TEST(HistoryTest, ARowHasADashForWhatIsNotKnown) {
-  EXPECT_THAT(
-      cellsOf(
-          {.date = november15, .averageHashRate = 5e9, .shares = 12'345, .rewardBTC = "0.00012345"},
-          english),
-      ElementsAre("Nov 15, 2026", "5.00 GH/s", "12,345", "12,345 sats"));
-  EXPECT_THAT(cellsOf({.date = november15, .averageHashRate = 5e9, .shares = 12'345}, german),
-              ElementsAre("15.11.2026", "5.00 GH/s", "12.345", "—"));
-  EXPECT_THAT(cellsOf({.date = november15, .rewardBTC = "x"}, english),
+  EXPECT_THAT(cellsOf({.date = november15,
+                       .averageHashRate = 5e9,
+                       .shares = 12'345,
+                       .rewardBTC = "0.00012345"}),
+              ElementsAre("Nov 15, 2026", "5.00 GH/s", "12,345", "12,345 sats"));
+  EXPECT_THAT(cellsOf({.date = november15}), ElementsAre("Nov 15, 2026", "—", "—", "—"));
+  EXPECT_THAT(cellsOf({.date = november15, .averageHashRate = infinity, .rewardBTC = "x"}),
               ElementsAre("Nov 15, 2026", "—", "—", "—"));
-}
-
-// A pool may send any number; each has some text.
-TEST(HistoryTest, ARowTakesEveryNumber) {
-  for (const auto date : {std::chrono::sys_seconds::min(), std::chrono::sys_seconds::max()}) {
-    const auto cells = cellsOf(
-        {.date = date, .averageHashRate = infinity, .shares = largest, .rewardBTC = "1e999"},
-        english);
-    EXPECT_FALSE(cells[0].empty());
-    EXPECT_EQ(cells[1], "—");
-    EXPECT_EQ(cells[2], "9,223,372,036,854,775,807");
-    EXPECT_EQ(cells[3], "9,223,372,036,854,775,807 sats");
-  }
 }
 
 TEST(HistoryTest, DaysAreCounted) {
@@ -123,9 +78,7 @@ TEST(HistoryTest, TheTotalsComeInTheirOrderAndTheExtraOnesBehindThem) {
                   Metric{.title = "ACCEPTED SHARES", .value = "12,345"},
                   Metric{.title = "CONFIRMED REWARD", .value = "12,345 sats"},
                   Metric{.title = "A", .value = "b"}));
-  const auto none = historySummaryMetrics(BraiinsHistorySummary({}), english, {});
-  EXPECT_EQ(none[0].value, "0 days");
-  EXPECT_EQ(none[1].value, "—");
+  EXPECT_EQ(historySummaryMetrics(BraiinsHistorySummary({}), english, {})[1].value, "—");
 }
 
 TEST(HistoryTest, TheValueOfTheTotalIsThereWithPricesOnly) {

@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+#include "shell/view_models/app_info.h"
+
 namespace orvane::test {
 namespace {
 
@@ -125,31 +127,22 @@ TEST(AddressCardTest, ABlockRewardCountsUpToTheConfirmationThatFreesIt) {
 }
 
 TEST(SettingsFieldsTest, OnlyAnotherTextCanBeSavedAndOnlyAKeptOneRemoved) {
-  struct Case {
-    const char* name;
-    std::string kept;
-    std::string draft;
-    SettingsFieldState field;
-  };
-  const SettingsFieldState saveOnly{.canSave = true, .canRemove = false};
-  const SettingsFieldState removeOnly{.canSave = false, .canRemove = true};
-  const SettingsFieldState both{.canSave = true, .canRemove = true};
-  for (const auto& [name, kept, draft, field] :
-       std::vector<Case>{{"nothing", "", "", {}},
-                         {"blanks alone", "", " \n", {}},
-                         {"a first text", "", "a", saveOnly},
-                         {"the kept text", "a", "a", removeOnly},
-                         {"blanks of any kind around it", "a", "\u00a0a\u2028", removeOnly},
-                         {"blanks within it", "ab", "a b", both},
-                         {"an emptied field", "a", "", both}}) {
+  const auto expectFields = [](const char* kept, const char* draft, bool canSave, bool canRemove) {
+    const SettingsFieldState field{.canSave = canSave, .canRemove = canRemove};
     BalanceState state;
     state.token = kept;
-    EXPECT_EQ(tokenFieldState(state, draft), field) << "token: " << name;
+    EXPECT_EQ(tokenFieldState(state, draft), field) << "token: " << kept << '/' << draft;
     state.token = "other";
     state.watchedAddress = "the miner's";
     state.ownAddress = kept;
-    EXPECT_EQ(addressFieldState(state, draft), field) << "address: " << name;
-  }
+    EXPECT_EQ(addressFieldState(state, draft), field) << "address: " << kept << '/' << draft;
+  };
+  expectFields("", "", false, false);
+  expectFields("", " \n", false, false);
+  expectFields("", "a", true, false);
+  expectFields("a", "\u00a0a\u2028", false, true);
+  expectFields("ab", "a b", true, true);
+  expectFields("a", "", true, true);
 }
 
 TEST(SettingsFieldsTest, TheEmptyAddressFieldAsksForAnotherOneThanTheMiners) {
@@ -160,9 +153,10 @@ TEST(SettingsFieldsTest, TheEmptyAddressFieldAsksForAnotherOneThanTheMiners) {
   EXPECT_STREQ(addressPlaceholder(state), "Another Bitcoin address to watch instead");
 }
 
-TEST(SettingsFieldsTest, TheAccountLinkLeadsToTheHostThatItNames) {
-  EXPECT_EQ(accountLink("pool.test:8443").text, "Open the account at pool.test:8443");
-  EXPECT_EQ(accountLink("pool.test:8443").url, "https://pool.test:8443/");
+TEST(AppInfoTest, TheVersionTextHasABuildWhereThereIsOne) {
+  EXPECT_EQ(applicationVersionText("1.2.0", "345"), "Version 1.2.0 (345)");
+  EXPECT_EQ(applicationVersionText("1.2.0", ""), "Version 1.2.0");
+  EXPECT_EQ(applicationVersionText({}, "345"), "Version 1.0 (345)");
 }
 
 }  // namespace

@@ -5,8 +5,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
-#include <memory>
-#include <vector>
 
 #include <gmock/gmock.h>
 
@@ -24,15 +22,18 @@ class ViewTest : public testing::Test {
     sample.showIn(*fakes);
     view = std::make_unique<BalanceView>(
         *fakes->store, english,
-        BalanceViewSettings{
-            .poolWebHost = "pool.test",
-            .commands = {{{.title = "Orvane Help", .action = [this] { ++helpCommands; }}}}},
+        BalanceViewSettings{.poolWebHost = "pool.test", .commands = {{{.title = "Help"}}}},
         [this] { ++closes; });
     view->show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));  // keys go to no other window
     settle();
   }
   void show(const BalanceState& figures) { show(Sample{.name = {}, .figures = figures}); }
+  void resize(int width, int height) {
+    view->setMinimumSize(0, 0);
+    view->resize(width, height);
+    settle();
+  }
   /// Lets everything happen that is due now.
   void settle() {
     fakes->executor.runUntilIdle();
@@ -41,43 +42,38 @@ class ViewTest : public testing::Test {
 
   /// The widgets of a kind that are on screen, in the order of the Tab key.
   template <class Widget>
-  [[nodiscard]] std::vector<Widget*> visible() const {
-    std::vector<Widget*> found;
-    for (auto* const child : view->findChildren<Widget*>()) {
-      if (child->isVisible()) { found.push_back(child); }
-    }
+  [[nodiscard]] QList<Widget*> visible() const {
+    auto found = view->findChildren<Widget*>();
+    found.removeIf([](const Widget* each) { return !each->isVisible(); });
     return found;
   }
   /// What a screen reader calls it; nothing when there is no such thing on screen.
   template <class Widget>
   [[nodiscard]] Widget* find(const char* accessibleName) const {
     return first<Widget>(
-        [&](const Widget& each) { return each.accessibleName() == QLatin1String(accessibleName); });
+        [&](auto* each) { return each->accessibleName() == QLatin1String(accessibleName); });
   }
   /// The button with a text, among those that belong to `subject`.
-  template <class Button = QPushButton>
-  [[nodiscard]] Button* button(const char* text, const char* subject) const {
-    return first<Button>([&](const Button& each) {
-      return each.text() == QLatin1String(text) &&
-             each.accessibleDescription() == QLatin1String(subject);
+  [[nodiscard]] QPushButton* button(const char* text, const char* subject) const {
+    return first<QPushButton>([&](auto* each) {
+      return each->text() == QLatin1String(text) &&
+             each->accessibleDescription() == QLatin1String(subject);
     });
   }
   [[nodiscard]] QLabel* label(const std::string& text) const {
-    return first<QLabel>(
-        [&](const QLabel& each) { return each.text() == QString::fromStdString(text); });
+    return first<QLabel>([&](auto* each) { return each->text() == QString::fromStdString(text); });
   }
 
   LocaleFormat english{{.numbers = "en_US", .dates = "en_US", .timeZone = "UTC"}};
   std::unique_ptr<StoreOnFakes> fakes;
   std::unique_ptr<BalanceView> view;
   int closes = 0;
-  int helpCommands = 0;
 
  private:
   template <class Widget>
-  [[nodiscard]] Widget* first(const std::function<bool(const Widget&)>& isWanted) const {
+  [[nodiscard]] Widget* first(auto isWanted) const {
     const auto all = visible<Widget>();
-    const auto found = std::ranges::find_if(all, [&](auto* each) { return isWanted(*each); });
+    const auto found = std::ranges::find_if(all, isWanted);
     return found == all.end() ? nullptr : *found;
   }
 };
