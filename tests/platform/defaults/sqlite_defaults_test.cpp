@@ -1,30 +1,81 @@
 #include "platform/defaults/sqlite_defaults.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 
+#include <gmock/gmock.h>
+#include <sqlite3.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
-#include "settings_fixture.h"
 #include "support/memory_defaults.h"
+#include "support/temporary_folder.h"
 
 namespace orvane::test {
 namespace {
 
+namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 using namespace std::string_literals;
 using testing::ElementsAre;
 using testing::Optional;
 
-/// Which of the four types each key reads as.
+/// A settings file in a folder that does not exist yet, seen from outside.
+class SqliteDefaultsTest : public testing::Test {
+ protected:
+  /// The names of all files beside the settings, in order.
+  [[nodiscard]] std::vector<std::string> files() const {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(file.parent_path())) {
+      names.push_back(entry.path().filename().string());
+    }
+    std::ranges::sort(names);
+    return names;
+  }
+
+  TemporaryFolder folder;
+  fs::path file = folder.path() / "config" / "orvane" / "settings.sqlite";
+};
+
+/// Another program that has the file open.
+class OtherProgram {
+ public:
+  explicit OtherProgram(const fs::path& file)
+      : connection_(openSqlite(file, SqliteAccess::readWrite)) {}
+
+  void run(const std::string& sql) {
+    EXPECT_EQ(sqlite3_exec(connection_.get(), sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
+  }
+
+ private:
+  SqliteConnection connection_;
+};
+
+/// A disk without room: from now on no file may grow beyond `bytes`.
+void limitFileSize(rlim_t bytes) {
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit limit{};
+  ::getrlimit(RLIMIT_FSIZE, &limit);
+  limit.rlim_cur = std::min(bytes, limit.rlim_max);
+  ::setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+/// Which types each key reads as: [t]ext, [d]ata, [b]oolean, text[s].
 std::string readableTypes(const UserDefaults& defaults, const std::vector<std::string>& keys) {
   std::string readable;
   for (const std::string& key : keys) {
-    readable += defaults.text(key) ? '+' : '-';
-    readable += defaults.data(key) ? '+' : '-';
-    readable += defaults.boolean(key) ? '+' : '-';
-    readable += defaults.texts(key) ? "+ " : "- ";
+    if (defaults.text(key)) { readable += 't'; }
+    if (defaults.data(key)) { readable += 'd'; }
+    if (defaults.boolean(key)) { readable += 'b'; }
+    if (defaults.texts(key)) { readable += 's'; }
+    readable += ' ';
   }
   return readable;
 }
@@ -35,21 +86,18 @@ void expectContract(UserDefaults& defaults) {
   defaults.setData("data", "1");
   defaults.setBoolean("boolean", true);
   defaults.setTexts("texts", {"1"});
-  EXPECT_EQ(readableTypes(defaults, {"text", "data", "boolean", "texts", "TEXT", ""}),
-            "+--- -+-- --+- ---+ ---- ---- ")
+  EXPECT_EQ(readableTypes(defaults, {"text", "data", "boolean", "texts", "TEXT", ""}), "t d b s   ")
       << "a value reads as its own type only";
   defaults.setTexts("boolean", {});
   defaults.setData("text", "2");
-  EXPECT_EQ(readableTypes(defaults, {"boolean", "text"}), "---+ -+-- ") << "the last write counts";
+  EXPECT_EQ(readableTypes(defaults, {"boolean", "text"}), "s d ") << "the last write counts";
   EXPECT_EQ(defaults.data("text"), "2");
   defaults.remove("text");
   defaults.remove("never written");
-  EXPECT_EQ(readableTypes(defaults, {"text", "texts"}), "---- ---+ ");
+  EXPECT_EQ(readableTypes(defaults, {"text", "texts"}), " s ");
   defaults.setText("text", "again");
   EXPECT_EQ(defaults.text("text"), "again");
 }
-
-class SqliteDefaultsTest : public SettingsFileTest {};
 
 TEST_F(SqliteDefaultsTest, HoldTheContractAsTheFakeDoes) {
   SqliteDefaults settings(file);
@@ -103,8 +151,7 @@ TEST_F(SqliteDefaultsTest, ValuesThatMakeNoSenseAreMissing) {
       " ('d', 'texts', 'no list'), ('e', 'texts', '[\"x\", 5]'), ('f', 'texts', '{}'),"
       " ('g', 'date', 'today')");
   SqliteDefaults defaults(file);
-  EXPECT_EQ(readableTypes(defaults, {"a", "b", "c", "d", "e", "f", "g"}),
-            "---- ---- ---- ---- ---- ---- ---- ");
+  EXPECT_EQ(readableTypes(defaults, {"a", "b", "c", "d", "e", "f", "g"}), "       ");
   defaults.setText("a", "now it does");
   EXPECT_EQ(SqliteDefaults(file).text("a"), "now it does");
 }
@@ -150,6 +197,7 @@ TEST_F(SqliteDefaultsTest, ChangesLiveInMemoryWhereNothingCanBeWritten) {
 }
 
 TEST_F(SqliteDefaultsTest, ReadsWhatItMayNotWrite) {
+  const bool isRoot = ::geteuid() == 0;  // who may write anything
   constexpr auto writing =
       fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
   for (const fs::path& readOnly : {file, file.parent_path()}) {
@@ -157,13 +205,14 @@ TEST_F(SqliteDefaultsTest, ReadsWhatItMayNotWrite) {
     for (fs::path path = file; path != folder.path().parent_path(); path = path.parent_path()) {
       fs::permissions(path, path == readOnly ? fs::perms::all & ~writing : fs::perms::all);
     }
+    if (isRoot) { ASSERT_EQ(::seteuid(65534), 0); }
     {
-      const OrdinaryUser user;
       SqliteDefaults defaults(file);
       EXPECT_EQ(defaults.text("a"), "old") << readOnly;
       defaults.setText("a", "new");
       EXPECT_EQ(defaults.text("a"), "new") << readOnly;
     }
+    if (isRoot) { ASSERT_EQ(::seteuid(0), 0); }
     fs::permissions(readOnly, writing, fs::perm_options::add);
     EXPECT_EQ(SqliteDefaults(file).text("a"), "old");
     EXPECT_THAT(files(), ElementsAre("settings.sqlite"));
@@ -172,19 +221,17 @@ TEST_F(SqliteDefaultsTest, ReadsWhatItMayNotWrite) {
 
 TEST_F(SqliteDefaultsTest, AFullDiskLosesNothingOldAndIsNoDamage) {
   fs::create_directories(file.parent_path());
-  {
-    const FullDisk fullDisk(0);
-    SqliteDefaults(file).setText("a", "value");
-  }
+  limitFileSize(0);
+  { SqliteDefaults(file).setText("a", "value"); }
+  limitFileSize(RLIM_INFINITY);
   { SqliteDefaults(file).setText("a", "old"); }
   {
     SqliteDefaults defaults(file);
-    {
-      const FullDisk fullDisk(100'000);
-      defaults.setData("large", std::string(1'000'000, 'x'));
-      defaults.setText("a", "new");
-      EXPECT_EQ(SqliteDefaults(file).text("a"), "old");
-    }
+    limitFileSize(100'000);
+    defaults.setData("large", std::string(1'000'000, 'x'));
+    defaults.setText("a", "new");
+    EXPECT_EQ(SqliteDefaults(file).text("a"), "old");
+    limitFileSize(RLIM_INFINITY);
     defaults.setText("b", "there is room again");
   }
   EXPECT_EQ(SqliteDefaults(file).text("a"), "new");
@@ -241,6 +288,90 @@ TEST_F(SqliteDefaultsTest, AKilledProcessLeavesEveryFinishedWriteAndNoHalfOne) {
     EXPECT_EQ(copies, std::vector<std::string>(1 + last % 300, copies.front()));
   }
   EXPECT_THAT(files(), ElementsAre("settings.sqlite"));
+}
+
+/// Files in the settings' place, and what becomes of them.
+class DamagedSettingsTest : public SqliteDefaultsTest {
+ protected:
+  /// A sound file of several pages.
+  std::string soundContent() {
+    const fs::path sound = folder.path() / "sound.sqlite";
+    SqliteDefaults defaults(sound);
+    for (int index = 0; index < 50; ++index) {
+      defaults.setData("data" + std::to_string(index), std::string(1000, 'x'));
+    }
+    OtherProgram(sound).run("PRAGMA wal_checkpoint(TRUNCATE)");
+    return contentOf(sound);
+  }
+  std::string databaseOf(const std::string& sql) {
+    const fs::path database = folder.path() / "other.sqlite";
+    std::ofstream(database).close();
+    OtherProgram(database).run(sql);
+    return contentOf(database);
+  }
+  static std::string contentOf(const fs::path& path) {
+    std::ifstream stream(path);
+    return {std::istreambuf_iterator<char>(stream), {}};
+  }
+  void replaceFile(const std::string& content) const {
+    fs::create_directories(file.parent_path());
+    std::ofstream(file) << content;
+  }
+  /// Starts with what is in the file's place, changes a setting and reads it after a restart.
+  void startAndWrite() {
+    { SqliteDefaults(file).setText("new", "value"); }
+    EXPECT_EQ(SqliteDefaults(file).text("new"), "value");
+  }
+  fs::path asideFile(std::size_t number = 1) const {
+    return file.string() + ".set-aside-" + std::to_string(number);
+  }
+};
+
+TEST_F(DamagedSettingsTest, AreSetAsideAsTheyWereAndEveryOneIsKept) {
+  const std::string sound = soundContent();
+  std::string scrambled = sound;
+  for (std::size_t at = 4096; at < scrambled.size(); at += 3) {
+    scrambled[at] = '\x5a';
+  }
+  std::string unreadableIndex = sound;  // which only a look at the whole structure meets
+  unreadableIndex.replace(2 * 4096, 100, 100, '\x5a');
+  const std::string ours = "PRAGMA application_id = 1330796110; PRAGMA user_version = ";
+  const std::vector<std::pair<const char*, std::string>> contents{
+      {"a text", "no database"},
+      {"scrambled", scrambled},
+      {"an unreadable index", unreadableIndex},
+      {"the header alone", sound.substr(0, 100)},
+      {"half of it", sound.substr(0, sound.size() / 2)},
+      {"all but a page", sound.substr(0, sound.size() - 4096)},
+      {"a table of nobody's", databaseOf("CREATE TABLE settings (key, type, value)")},
+      {"another program's", databaseOf("CREATE TABLE bookmarks (url);"
+                                       "PRAGMA application_id = 252006674")},
+      {"ours without a table", databaseOf(ours + "1")},
+      {"ours without a column", databaseOf("CREATE TABLE settings (key, value);" + ours + "1")},
+      {"a later version's", databaseOf("CREATE TABLE settings (key, type, value);" + ours + "2")},
+  };
+  for (std::size_t index = 0; index < contents.size(); ++index) {
+    replaceFile(contents[index].second);
+    startAndWrite();
+    EXPECT_EQ(files().size(), index + 2) << contents[index].first;
+  }
+  for (std::size_t index = 0; index < contents.size(); ++index) {
+    EXPECT_EQ(contentOf(asideFile(index + 1)), contents[index].second) << contents[index].first;
+  }
+}
+
+TEST_F(DamagedSettingsTest, TakeTheirLogWithThem) {
+  replaceFile("no database");
+  fs::copy_file(file, file.string() + "-wal");
+  startAndWrite();
+  EXPECT_EQ(contentOf(asideFile().string() + "-wal"), "no database");
+  EXPECT_FALSE(fs::exists(file.string() + "-wal"));
+}
+
+TEST_F(DamagedSettingsTest, AFolderInTheirPlaceIsSetAside) {
+  fs::create_directories(file / "inside");
+  startAndWrite();
+  EXPECT_TRUE(fs::is_directory(asideFile() / "inside"));
 }
 
 }  // namespace

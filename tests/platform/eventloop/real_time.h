@@ -6,8 +6,6 @@
 #include <memory>
 #include <optional>
 #include <stdexcept>
-#include <utility>
-#include <vector>
 
 #include <gtest/gtest.h>
 
