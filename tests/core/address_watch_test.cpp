@@ -5,7 +5,6 @@
 namespace orvane::test {
 namespace {
 
-using testing::ElementsAre;
 using testing::UnorderedElementsAre;
 
 constexpr const char* seenKey = "balance.watchedAddressSeenTransactions";
@@ -145,20 +144,6 @@ TEST_F(AddressWatchTest, IsBusyAroundTheSummaryOnly) {
   executor.advance(1s);
   EXPECT_FALSE(state().isRefreshingAddress);
   EXPECT_EQ(transport.inFlight(), 1U);
-}
-
-TEST_F(AddressWatchTest, ARestartLeavesTheNewCyclesBusyFlagAlone) {
-  startWatching(firstAddress);
-  transport.on("explorer.test").neverAnswer();
-  const auto flags = valuesDuring(&BalanceState::isRefreshingAddress, [&] {
-    store->restartAddressWatch();
-    executor.runUntilIdle();
-    store->restartAddressWatch();
-    store->restartAddressWatch();
-    executor.runUntilIdle();
-  });
-  EXPECT_THAT(flags, ElementsAre(false, true, false, true));
-  EXPECT_EQ(transport.inFlight(), 3U);
 }
 
 // A cancelled read of the keychain is not a payout address that has gone.

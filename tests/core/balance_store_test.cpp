@@ -30,19 +30,6 @@ TEST_F(BalanceStoreTest, WithoutAnythingStoredAsksNobodyAndAnnouncesNothing) {
   EXPECT_EQ(takeChanges(), 0);
 }
 
-TEST_F(BalanceStoreTest, BringsTheFiguresOfAStoredTokenBackByThemselves) {
-  storeToken("stored");
-  startAndSettle();
-  EXPECT_FALSE(state().isReadingToken);
-  EXPECT_EQ(store->menuBarTitle(), "203 sats");
-  EXPECT_EQ(takeChanges(), 2);  // the token, the figures
-  executor.advance(61s);
-  EXPECT_EQ(state().workers.size(), 1U);
-  EXPECT_EQ(store->priceText(), "1 BTC = 84.123 €");
-  EXPECT_EQ(takeChanges(), 1);  // the prices
-  EXPECT_EQ(transport.sentTo("/rewards"), 0U);
-}
-
 // Only what the user enters is trimmed.
 TEST_F(BalanceStoreTest, TakesTheStoredTokenAndAddressAsTheyAre) {
   storeToken(" stored ");
@@ -245,6 +232,29 @@ TEST_F(LongRunTest, HistoryLoadsAndRestartsKeepToThePoolsPace) {
   EXPECT_GT(transport.sentTo("/workers"), 50U);
   expectPacing();
   expectAtRest(1);
+}
+
+TEST_F(LongRunTest, ARestartLeavesTheNewCyclesBusyFlagsAlone) {
+  start();
+  executor.advance(200s);
+  transport.on("").neverAnswer();
+  const auto restart = [this] {
+    store->restartPolling();
+    store->restartAddressWatch();
+  };
+  std::vector<bool> address;
+  const auto pool = valuesDuring(&BalanceState::isRefreshing, [&] {
+    address = valuesDuring(&BalanceState::isRefreshingAddress, [&] {
+      restart();
+      executor.advance(1s);
+      restart();
+      restart();
+      executor.advance(1s);
+    });
+  });
+  EXPECT_THAT(pool, ElementsAre(true, false, true));
+  EXPECT_THAT(address, ElementsAre(false, true, false, true));
+  EXPECT_EQ(transport.inFlight(), 3U) << "of the address; the account waits for its slot";
 }
 
 TEST_F(LongRunTest, AfterANightBothSidesAreFreshAtOnceAndGoOnInTheirUsualPace) {

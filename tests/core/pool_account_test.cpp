@@ -5,7 +5,6 @@
 namespace orvane::test {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr const char* historyKey = "balance.braiinsHistory";
@@ -51,23 +50,6 @@ TEST_F(PoolAccountTest, ClearingTheTokenForgetsTheAccount) {
   EXPECT_THAT(state().history, IsEmpty());
   EXPECT_EQ(defaults.data(historyKey), std::nullopt);
   EXPECT_TRUE(state().lastUpdate);
-}
-
-TEST_F(PoolAccountTest, ARestartLeavesTheNewCyclesBusyFlagAlone) {
-  startWithFigures();
-  executor.advance(50s);
-  transport.on("/profile").respond(500).after(10s);
-  const auto flags = valuesDuring(&BalanceState::isRefreshing, [&] {
-    store->restartPolling();
-    executor.advance(1s);
-    store->restartPolling();
-    store->restartPolling();
-    executor.advance(1s);
-  });
-  EXPECT_THAT(flags, ElementsAre(true, false, true));
-  executor.advance(100s);
-  EXPECT_FALSE(state().isRefreshing);
-  EXPECT_EQ(transport.aborted(), 1U);
 }
 
 TEST_F(PoolAccountTest, IsBusyUntilTheWorkersHaveComeOrFailed) {

@@ -10,11 +10,6 @@
 namespace orvane::test {
 namespace {
 
-constexpr const char* rewardsDocument =
-    R"({"btc":{"daily_rewards":[{"date":1794700800,"total_reward":"0.0001"}]}})";
-constexpr const char* dailyHashrateDocument =
-    R"({"btc":[{"date":1794700800,"hash_rate_unit":"Gh/s","hash_rate_24h":5,"total_shares":2048}]})";
-
 constexpr std::string_view explorer = "https://explorer.test/api/address/";
 constexpr const char* poolService = "com.quorvex.hashwick.pool";
 
@@ -65,22 +60,21 @@ std::string paymentsDocument(std::string_view address,
   return fmt::format("[{}]", fmt::join(entries, ","));
 }
 
-BalanceState smallFigures() {
+}  // namespace
+
+StoreOnFakes::StoreOnFakes() {
+  transport.on("https://pool.test/accounts/rewards/json/btc?")
+      .respond(200, R"({"btc":{"daily_rewards":[{"date":1794700800,"total_reward":"0.0001"}]}})");
+  transport.on("https://pool.test/accounts/hash_rate_daily/")
+      .respond(200, R"({"btc":[{"date":1794700800,"hash_rate_unit":"Gh/s","hash_rate_24h":5,)"
+                    R"("total_shares":2048}]})");
   BalanceState figures;
   figures.stats = BraiinsAccountStats{.shares24h = 2, .todayRewardSats = 10, .balanceSats = 203};
   figures.workers = {{.fullName = "pellam.mac"}};
   figures.prices = CurrentBitcoinPrices{.eur = 84123.4, .usd = 97000.1};
   figures.addressSummary = WatchedAddressSummary{
       .confirmedSats = 100'000, .pendingSats = -20'000, .tipHeight = 850'000, .incoming = {}};
-  return figures;
-}
-
-}  // namespace
-
-StoreOnFakes::StoreOnFakes() {
-  transport.on("https://pool.test/accounts/rewards/json/btc?").respond(200, rewardsDocument);
-  transport.on("https://pool.test/accounts/hash_rate_daily/").respond(200, dailyHashrateDocument);
-  knowFigures(smallFigures());
+  knowFigures(figures);
 }
 
 BalancePlatform StoreOnFakes::platform() {

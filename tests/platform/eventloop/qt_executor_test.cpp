@@ -1,10 +1,7 @@
 #include <QAbstractEventDispatcher>
 #include <ctime>
-#include <memory>
 #include <string>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 #include "platform/eventloop/real_time.h"
 
@@ -82,23 +79,20 @@ TEST_F(QtExecutorTest, NestedEventLoopRunsWhatIsLeft) {
   EXPECT_EQ(log, (Log{"post", "loop ends", "timer", "loop ends"}));
 }
 
-struct CallsBackWhenDestroyed {
-  QtExecutor& executor;
-  Executor::TimerId timer = 0;
-  ~CallsBackWhenDestroyed() {
-    executor.cancel(timer);
-    executor.post([] { FAIL() << "ran after the executor's end"; });
-  }
-};
-
 TEST_F(QtExecutorTest, DestructionDropsWhatIsPendingAndLetsItCallBack) {
-  std::shared_ptr<CallsBackWhenDestroyed> guard(new CallsBackWhenDestroyed{*executor});
-  const std::weak_ptr<CallsBackWhenDestroyed> watched = guard;
-  executor->post([guard] { FAIL() << "ran after the executor's end"; });
-  guard->timer = executor->schedule(Instant{}, [guard] { FAIL(); });
+  QtExecutor& ending = *executor;
+  Executor::TimerId timer = 0;
+  bool isDropped = false;
+  std::shared_ptr<void> guard(nullptr, [&](void*) {
+    isDropped = true;
+    ending.cancel(timer);
+    ending.post([] { FAIL() << "ran after the executor's end"; });
+  });
+  ending.post([guard] { FAIL() << "ran after the executor's end"; });
+  timer = ending.schedule(Instant{}, [guard] { FAIL(); });
   guard.reset();
   executor.reset();
-  EXPECT_TRUE(watched.expired());
+  EXPECT_TRUE(isDropped);
   QCoreApplication::processEvents();
 }
 
