@@ -65,7 +65,6 @@ class FakeWindow final : public DesktopWindow {
   }
 
   void resignKey() { key_ = false; }
-  [[nodiscard]] std::shared_ptr<WindowDelegate> delegate() const { return delegate_.lock(); }
 
  private:
   void record(const char* call) { log_.push_back(title_ + ": " + call); }
@@ -111,11 +110,6 @@ class FakeApplication final : public DesktopApplication {
   bool press(const DesktopEvent& event) {
     return monitors_.untilTrue(
         [&event](const auto& monitor) { return monitor(event) == KeyDecision::swallow; });
-  }
-  [[nodiscard]] std::size_t installedMonitors() const {
-    std::size_t installed = 0;
-    monitors_.untilTrue([&installed](const auto& /*monitor*/) { return ++installed == 0; });
-    return installed;
   }
 
  private:
@@ -165,7 +159,6 @@ class FakeStatusItem final : public StatusItem {
 class FakeStatusBar final : public StatusBar {
  public:
   [[nodiscard]] std::unique_ptr<StatusItem> createItem(double length) override {
-    if (!givesItems) { return nullptr; }
     ++created;
     return std::make_unique<FakeStatusItem>(item, length);
   }
@@ -182,7 +175,6 @@ class FakeStatusBar final : public StatusBar {
   std::vector<std::string> symbols{"chart.line.uptrend.xyaxis", "chart.bar"};
   PointSize symbolMeasure{.width = 17, .height = 14};
   double textHeight = 11;
-  bool givesItems = true;
   int created = 0;
 };
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTest>
 #include <QWindow>
+#include <algorithm>
 #include <optional>
 
 #include "core/store_fixture.h"
@@ -18,12 +18,28 @@ namespace orvane::test {
 class AppTest : public StoreTest {
  protected:
   /// Starts the program.
-  void begin();
+  void begin() {
+    app.reset();
+    app.emplace(OrvanePlatform{.balance = platform(), .desktop = desktop, .statusBar = statusBar},
+                OrvaneSettings{.poolWebHost = "pool.test", .brandUrl = "", .version = "1.0.0"});
+    app->launch();
+  }
   /// Starts the program and lets the first things happen.
-  void launch();
+  void launch() {
+    begin();
+    pass(50ms);
+  }
+  void pass(ExecutorClock::duration time) {
+    executor.advance(time);
+    settle();
+  }
   /// Lets everything happen that is due now.
-  void settle();
-  void pass(ExecutorClock::duration time);
+  void settle() {
+    for (int turn = 0; turn < 5; ++turn) {
+      executor.runUntilIdle();
+      QCoreApplication::processEvents();
+    }
+  }
 
   [[nodiscard]] QWidget& widget(const std::string& title) const {
     return QtDesktopApplication::widgetOf(*desktop.windowTitled(title));
@@ -32,25 +48,22 @@ class AppTest : public StoreTest {
     const auto* const window = desktop.windowTitled(title);
     return window && window->isVisible();
   }
-  /// Presses a key in the window that has the focus.
-  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
-
-  /// What a screen reader calls it; nothing when the main window has no such thing.
-  template <class Widget>
-  [[nodiscard]] Widget* find(const QString& accessibleName) const {
-    for (auto* const child : widget("Orvane").findChildren<Widget*>()) {
-      if (child->accessibleName() == accessibleName) { return child; }
-    }
-    return nullptr;
+  [[nodiscard]] QLineEdit& tokenField() const {
+    const auto fields = widget("Orvane").findChildren<QLineEdit*>();
+    return **std::ranges::find(fields, QStringLiteral("Braiins API token"),
+                               &QLineEdit::accessibleName);
   }
-  /// The button that shows `text` and belongs to the field `name`.
-  [[nodiscard]] QPushButton* button(const QString& text, const QString& name = {}) const;
-  [[nodiscard]] bool showsText(const QString& text, const std::string& title = "Orvane") const;
-
-  /// The status menu as a right click brings it up.
-  [[nodiscard]] const std::vector<MenuItem>& statusMenu();
-  [[nodiscard]] MenuItem statusMenuItem(const std::string& title);
-  [[nodiscard]] const FakeStatusItemState& statusItem() const { return statusBar.item; }
+  /// Presses a key in the window that has the focus.
+  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(QApplication::activeWindow()->windowHandle(), key, modifiers);
+    settle();
+  }
+  /// Chooses from the status menu, which a right click brings up.
+  void chooseFromTray(const char* title) {
+    statusBar.item.action(DesktopEvent{.type = DesktopEvent::Type::rightMouseUp});
+    std::ranges::find(statusBar.item.poppedUp->items, title, &MenuItem::title)->action();
+    settle();
+  }
 
   FakeStatusBar statusBar;
   QtDesktopApplication desktop;

@@ -6,34 +6,14 @@
 namespace orvane::test {
 namespace {
 
-using namespace std::chrono_literals;
-
-class CommandsTest : public AppTest {
- protected:
-  /// The application some minutes after its start, with nothing under way.
-  void launchWithFigures() {
-    storeToken("stored");
-    storePayoutAddress(firstAddress);
-    launch();
-    pass(4min);
-    transport.clearSent();
-    ends = 0;
-    app->onEnd = [this] { ++ends; };
-  }
-
-  int ends = 0;
-};
-
-TEST_F(CommandsTest, AreCarriedOutWhicheverWayTheyAreGiven) {
+TEST_F(AppTest, CommandsAreCarriedOutWhicheverWayTheyAreGiven) {
   struct Case {
     const char* name;
     std::function<void()> give;
     std::function<bool()> isCarriedOut;
   };
   const auto launcher = [this](const char* name) { return [this, name] { app->runAction(name); }; };
-  const auto tray = [this](const char* title) {
-    return [this, title] { statusMenuItem(title).action(); };
-  };
+  const auto tray = [this](const char* title) { return [this, title] { chooseFromTray(title); }; };
   const auto menu = [this](const char* title) {
     return [this, title] {
       for (auto* const action : widget("Orvane").findChildren<QAction*>()) {
@@ -50,7 +30,8 @@ TEST_F(CommandsTest, AreCarriedOutWhicheverWayTheyAreGiven) {
   const auto opened = [this](const char* title) {
     return [this, title] { return isOnScreen(title) && widget(title).isActiveWindow(); };
   };
-  const auto ended = [this] { return ends == 1; };
+  int ends = 0;
+  const auto ended = [&ends] { return ends == 1; };
   const Case cases[] = {
       {"a launcher's refresh", launcher("refresh-now"), refreshed},
       {"a launcher's help", launcher("show-help"), opened("Orvane Help")},
@@ -70,8 +51,14 @@ TEST_F(CommandsTest, AreCarriedOutWhicheverWayTheyAreGiven) {
       {"Control-Q", keys(Qt::Key_Q), ended},
       {"closing the main window", [this] { widget("Orvane").close(); }, ended},
   };
+  storeToken("stored");
+  storePayoutAddress(firstAddress);
   for (const auto& [name, give, isCarriedOut] : cases) {
-    launchWithFigures();
+    launch();
+    pass(4min);  // nothing is under way any more
+    transport.clearSent();
+    ends = 0;
+    app->onEnd = [&ends] { ++ends; };
     ASSERT_FALSE(isCarriedOut()) << name;
     give();
     settle();
@@ -79,24 +66,17 @@ TEST_F(CommandsTest, AreCarriedOutWhicheverWayTheyAreGiven) {
   }
 }
 
-TEST_F(CommandsTest, OfALauncherThatNobodyKnowsAreIgnored) {
-  launchWithFigures();
-  app->runAction("no-such-thing");
-  settle();
-  EXPECT_EQ(desktop.windows().size(), 1U);
-  EXPECT_EQ(ends, 0);
-  EXPECT_TRUE(transport.sent().empty());
-}
-
-class QuitTest : public AppTest {
- protected:
-  /// Quits while a token is on its way to the keychain, which takes `delay`; the program's code.
-  int quitWhileWriting(ExecutorClock::duration delay) {
+TEST_F(AppTest, QuittingWaitsForTheTokenToReachTheKeychainButNoLongerThanTwoSeconds) {
+  struct Case {
+    ExecutorClock::duration writing;
+    std::optional<std::string> kept;
+  };
+  for (const auto& [writing, kept] : {Case{1h, std::nullopt}, Case{500ms, "fresh"}}) {
+    keychain.delay = {};
     launch();
-    keychain.delay = delay;
-    auto& field = *find<QLineEdit>(QStringLiteral("Braiins API token"));
-    field.setText(QStringLiteral("fresh"));
-    Q_EMIT field.returnPressed();
+    keychain.delay = writing;
+    tokenField().setText(QStringLiteral("fresh"));
+    Q_EMIT tokenField().returnPressed();
     press(Qt::Key_Q, Qt::ControlModifier);
     EXPECT_FALSE(isOnScreen("Orvane")) << "gone for the user at once";
     EXPECT_EQ(keptToken(), std::nullopt);
@@ -104,18 +84,9 @@ class QuitTest : public AppTest {
     QTimer tooLate;
     QObject::connect(&tooLate, &QTimer::timeout, [] { QCoreApplication::exit(1); });
     tooLate.start(2s);
-    return QCoreApplication::exec();
+    EXPECT_EQ(QCoreApplication::exec(), 0);
+    EXPECT_EQ(keptToken(), kept);
   }
-};
-
-TEST_F(QuitTest, WaitsForTheTokenToReachTheKeychain) {
-  EXPECT_EQ(quitWhileWriting(500ms), 0);
-  EXPECT_EQ(keptToken(), "fresh");
-}
-
-TEST_F(QuitTest, WaitsNoLongerThanTwoSeconds) {
-  EXPECT_EQ(quitWhileWriting(1h), 0);
-  EXPECT_EQ(keptToken(), std::nullopt);
 }
 
 }  // namespace

@@ -1,11 +1,7 @@
-#include <QScrollArea>
-
 #include "shell/app/app_fixture.h"
 
 namespace orvane::test {
 namespace {
-
-using namespace std::chrono_literals;
 
 TEST_F(AppTest, PresentsTheMainWindowAtLaunchInItsOwnSize) {
   launch();
@@ -17,22 +13,21 @@ TEST_F(AppTest, PresentsTheMainWindowAtLaunchInItsOwnSize) {
   EXPECT_EQ(desktop.windows().size(), 1U);
 }
 
-TEST_F(AppTest, TellsInTheStatusAreaThatNothingIsSetUp) {
-  launch();
-  EXPECT_EQ(statusBar.created, 1);
-  EXPECT_EQ(statusItem().toolTip, "Orvane · No API token or address");
-  EXPECT_EQ(statusItem().image->text, "");
-  EXPECT_EQ(statusMenu().front().title, "Open Orvane");
-}
-
-TEST_F(AppTest, BringsAStoredTokenAndItsFiguresIntoWindowAndStatusArea) {
-  storeToken("stored");
-  launch();
-  EXPECT_EQ(statusItem().toolTip, "Orvane · Balance 203 sats");
-  EXPECT_EQ(statusItem().image->text, "203 sats");
-  EXPECT_EQ(statusMenu().front().title, "Balance 203 sats");
-  EXPECT_TRUE(showsText(QStringLiteral("203 sats")));
-  EXPECT_TRUE(find<QScrollArea>(QStringLiteral("Workers and history"))->isVisible());
+TEST(BalanceAppDelegateTest, LooksForItsWindowForASecond) {
+  CallLog log;
+  VirtualExecutor executor;
+  FakeApplication application(log);
+  MemoryDefaults defaults;
+  BalanceAppDelegate delegate(executor, application, defaults);
+  delegate.didFinishLaunching();
+  executor.advance(1s);
+  EXPECT_EQ(executor.pendingTimers(), 0U) << "it gives up";
+  delegate.didFinishLaunching();
+  executor.advance(999ms);
+  application.addWindow("Orvane");
+  log.clear();
+  executor.advance(1ms);
+  EXPECT_EQ(log, (CallLog{"policy regular", "unhide", "Orvane: order front", "activate"}));
 }
 
 TEST_F(AppTest, WaitsForAQuickKeychainButNotForOneThatAsksTheUser) {
@@ -51,17 +46,30 @@ TEST_F(AppTest, WaitsForAQuickKeychainButNotForOneThatAsksTheUser) {
   }
 }
 
-TEST_F(AppTest, ShowsAFailureInOrangeUntilTheNextGoodCycleClearsIt) {
+TEST_F(AppTest, ATokenThatArrivesLateFillsItsFieldUnlessSomethingIsTypedThere) {
+  storeToken("stored");
+  for (const auto& typed : {QString(), QStringLiteral("new")}) {
+    keychain.condition = MemoryKeychain::Condition::locked;
+    launch();
+    ASSERT_TRUE(keychain.isPrompting());
+    tokenField().setText(typed);
+    if (typed.isEmpty()) { Q_EMIT tokenField().returnPressed(); }  // there is nothing to save
+    keychain.answerPrompt(true);
+    settle();
+    EXPECT_EQ(tokenField().text(), typed.isEmpty() ? QStringLiteral("stored") : typed);
+    EXPECT_EQ(keptToken(), "stored");
+  }
+}
+
+TEST_F(AppTest, TheStatusAreaFollowsTheAccount) {
   storeToken("stored");
   transport.on("/profile").fail(HttpFailure::cannotConnectToHost).times(1);
   launch();
-  const auto unreachable =
-      QStringLiteral("Braiins could not be reached. The last figures stay until the next try.");
-  EXPECT_TRUE(showsText(unreachable));
-  EXPECT_EQ(statusItem().image->symbolColor, StatusColor::systemOrange);
+  EXPECT_EQ(statusBar.item.image->symbolColor, StatusColor::systemOrange);
   pass(301s);
-  EXPECT_FALSE(showsText(unreachable));
-  EXPECT_EQ(statusItem().image->symbolColor, StatusColor::systemGreen);
+  EXPECT_EQ(statusBar.item.image->symbolColor, StatusColor::systemGreen);
+  EXPECT_EQ(statusBar.item.image->text, "203 sats");
+  EXPECT_EQ(statusBar.item.toolTip, "Orvane · Balance 203 sats");
 }
 
 }  // namespace

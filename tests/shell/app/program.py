@@ -17,19 +17,15 @@ POOL_BALANCE, WATCHED_ADDRESS = "Braiins Pool balance", "Watched address"
 TOKEN_FIELD, ADDRESS_FIELD = "Braiins API token", "Bitcoin address to watch"
 
 
-def wait_for(what, condition, seconds=40):
-    """Returns the first true value of condition(); fails after a while."""
-    deadline = time.monotonic() + seconds
-    while True:
-        try:
-            value = condition()
-        except Exception:  # the tree changes while it is read
-            value = None
-        if value:
-            return value
-        if time.monotonic() > deadline:
-            raise AssertionError(f"not seen in {seconds} s: {what}")
+def wait_for(what, condition):
+    """Returns the first true value of condition(); fails after a while, and says what() then."""
+    deadline = time.monotonic() + 40
+    while time.monotonic() < deadline:
+        with contextlib.suppress(Exception):  # the tree changes while it is read
+            if value := condition():
+                return value
         time.sleep(0.05)
+    raise AssertionError(f"not seen: {what() if callable(what) else what}")
 
 
 def output_of(*command):
@@ -79,10 +75,6 @@ class Program:
         return output_of("xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid),
                          "--name", "Orvane").split()
 
-    def close_to_tray(self):
-        self.press("Close")
-        wait_for("no window", lambda: not self.windows())
-
     def nodes(self):
         """Everything that is on screen."""
         waiting = [application for application in pyatspi.Registry.getDesktop(0)
@@ -97,39 +89,24 @@ class Program:
             if node.getRole() not in (pyatspi.ROLE_TABLE, pyatspi.ROLE_TREE_TABLE):
                 waiting[:0] = list(node)
 
-    def names(self):
-        return [node.name for node in self.nodes() if node.name]
-
-    def find(self, name, description=None, role=None):
-        """Whose whole name matches. A figure is described by what it is the figure of."""
-        for node in self.nodes():
-            if re.fullmatch(name, node.name) and description in (None, node.description) and \
-                    role in (None, node.getRole()):
-                return node
-        return None
-
     def wait_for(self, name, description=None):
-        try:
-            return wait_for(f"{name} {description}", lambda: self.find(name, description))
-        except AssertionError as missing:
-            raise AssertionError(f"{missing}; there are {self.names()}") from None
-
-    def is_enabled(self, name, description=None):
-        return self.find(name, description).getState().contains(pyatspi.STATE_SENSITIVE)
+        """Whose whole name matches. A figure is described by what it is the figure of."""
+        return wait_for(
+            lambda: f"{name} {description} among {[node.name for node in self.nodes()]}",
+            lambda: next(node for node in self.nodes() if re.fullmatch(name, node.name)
+                         and description in (None, node.description)))
 
     def press(self, name, description=None):
         action = self.wait_for(name, description).queryAction()
         # The first action of a widget may be to take the focus.
         names = [action.getName(i).lower() for i in range(action.nActions)]
-        action.doAction(next(i for i, each in enumerate(names) if each in ("press", "toggle")))
+        action.doAction(names.index("press"))
 
     def save(self, field, text):
         self.wait_for(field).queryEditableText().setTextContents(text)
         self.press("Save", field)
-
-    def read(self, field):
-        text = self.wait_for(field).queryText()
-        return text.getText(0, text.characterCount)
+        wait_for("saved", lambda: not self.wait_for("Save", field).getState().contains(
+            pyatspi.STATE_SENSITIVE))
 
 
 class Service:

@@ -2,81 +2,45 @@
 
 import os
 import pathlib
-import re
-import signal
 import subprocess
 import tempfile
-
-import pyatspi
 
 from program import (ADDRESS_FIELD, POOL_BALANCE, TOKEN_FIELD, WATCHED_ADDRESS, Program, Service,
                      output_of, running_services, wait_for, xdotool)
 
 TOKEN = "a-token-that-must-not-be-found"
-REJECTION = "This is not a Bitcoin mainnet address. It starts with bc1, 1 or 3."
 SATS = r"\d{1,3}(,\d{3})+ sats"
-FIRST_TEXTS = [
-    POOL_BALANCE, "sats", "BTC", "No API token", "Today", "Hashrate 60 min", "Shares 24 h", "—",
-    "Paste a read-only Braiins API token below to start.", "Settings", TOKEN_FIELD,
-    "Create a read-only token in Braiins Pool → Settings → Access Profiles. It is stored in your "
-    "iCloud Keychain, shared with Hashwick on this Mac, and used only to load this account's "
-    "balance, rewards, workers and history.", ADDRESS_FIELD, "Preferred currency",
-    "for the value of the balance and rewards at the current Bitcoin price.", "Close"]
 
 
 def token_is_entered_and_kept(program):
-    for text in FIRST_TEXTS:
-        program.wait_for(re.escape(text))
+    program.wait_for("Paste a read-only Braiins API token below to start.")
     program.save(TOKEN_FIELD, f" {TOKEN} ")
     program.wait_for(SATS, POOL_BALANCE)
-    search = ("secret-tool", "search", "--all", "service", "com.quorvex.hashwick.pool")
-    # The figure does not wait for the keyring.
-    items = wait_for("the token in the keyring", lambda: output_of(*search))
-    assert items.count("[/") == 1, items
-    assert f"secret = {TOKEN}\n" in items, "the token is not what was kept"
-    kept = subprocess.run(search, capture_output=True, text=True, check=True)
-    attributes = kept.stdout + kept.stderr
-    for attribute in ("account = braiins-api-token",
-                      "access-group = TEAM.com.quorvex.hashwick.shared"):
-        assert attribute in attributes, attributes
+    program.wait_for(r"\d of 9 OK")
+    program.wait_for(r"\d+ days")
+    search = ["secret-tool", "search", "--all", "service", "com.quorvex.hashwick.pool"]
+    kept = subprocess.run(search, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
+                          check=True).stdout
+    assert kept.count("[/") == 1, kept
+    for line in (f"secret = {TOKEN}\n", "account = braiins-api-token\n",
+                 "access-group = TEAM.com.quorvex.hashwick.shared\n"):
+        assert line in kept, kept
 
 
-def unit_is_switched(program):
-    program.press("BTC")
-    program.wait_for(r"\d+\.\d{8} BTC", POOL_BALANCE)
-    program.press("sats")
-    program.wait_for(SATS, POOL_BALANCE)
-
-
-def address_is_refused_and_accepted(program, address):
-    program.save(ADDRESS_FIELD, "bc1-not-an-address")
-    program.wait_for(re.escape(REJECTION))
-    assert program.read(ADDRESS_FIELD) == "bc1-not-an-address"
+def address_is_entered_and_read(program, address):
     program.save(ADDRESS_FIELD, f"  {address} ")
     program.wait_for(address)
     program.wait_for(SATS, WATCHED_ADDRESS)
-    assert program.find(re.escape(REJECTION)) is None
-    assert program.find(r".* of 100 confirmations"), program.names()
-
-
-def workers_and_history_arrive(program):
-    program.wait_for(r"\d of 9 OK")
-    program.wait_for(r"\d+ days")
-    table = program.find("Daily history", role=pyatspi.ROLE_TABLE).queryTable()
-    assert table.nRows > 300, table.nRows
-    headers = [table.getColumnDescription(column) for column in range(table.nColumns)]
-    assert headers == ["DATE", "AVG HASHRATE", "ACCEPTED SHARES", "CONFIRMED REWARD"], headers
+    program.wait_for(r".* of 100 confirmations")
 
 
 def window_is_closed_and_brought_back(program):
-    program.close_to_tray()
-    assert program.process.poll() is None
-    assert program.start_again() == 0
-    wait_for("the window again", program.windows)
-    xdotool("key", "--clearmodifiers", "Escape")
-    wait_for("no window after Escape", lambda: not program.windows())
-    assert program.start_again() == 0
-    wait_for("the window once more", program.windows)
+    for close in (lambda: program.press("Close"),
+                  lambda: xdotool("key", "--clearmodifiers", "Escape")):
+        close()
+        wait_for("no window", lambda: not program.windows())
+        assert program.start_again() == 0
+        wait_for("the window again", program.windows)
 
 
 def token_is_nowhere_in_clear():
@@ -92,10 +56,8 @@ def figures_come_back_by_themselves(program, address):
     program.wait_for(r"\d{1,3}(\.\d{3})+ sats", POOL_BALANCE)
     program.wait_for(r"\d+ days")
     program.wait_for(address)
-    # The field keeps silent; there is nothing to save as long as it holds what is kept.
-    assert program.read(TOKEN_FIELD) == ""
-    assert not program.is_enabled("Save", TOKEN_FIELD)
-    assert program.find("Remove", TOKEN_FIELD)
+    token = program.wait_for(TOKEN_FIELD).queryText()
+    assert token.getText(0, token.characterCount) == "", "it is read out"
 
 
 def brightness(window):
@@ -105,9 +67,7 @@ def brightness(window):
 def tell_the_story(services):
     with Program(services) as program:
         token_is_entered_and_kept(program)
-        unit_is_switched(program)
-        address_is_refused_and_accepted(program, services["address"])
-        workers_and_history_arrive(program)
+        address_is_entered_and_read(program, services["address"])
         window_is_closed_and_brought_back(program)
         light = brightness(program.windows()[0])
         xdotool("key", "--clearmodifiers", "ctrl+q")
@@ -119,9 +79,6 @@ def tell_the_story(services):
         wait_for("a dark window", lambda: brightness(window) < light / 2)
         xdotool("windowactivate", "--sync", window, "key", "alt+F4")
         assert program.end() == 0
-    with Program(services) as program:
-        wait_for("the window", program.windows)
-        assert program.end(signal.SIGTERM) == 0
 
 
 def main():

@@ -18,11 +18,6 @@ BUS_WITHOUT_SERVICES = """<busconfig><type>session</type><listen>unix:tmpdir=/tm
     <allow eavesdrop="true"/><allow own="*"/></policy></busconfig>"""
 
 
-def save(program, field, text):
-    program.save(field, text)
-    wait_for("saved", lambda: not program.is_enabled("Save", field))
-
-
 def kept_token():
     return output_of("secret-tool", "lookup", "service", "com.quorvex.hashwick.pool")
 
@@ -30,7 +25,7 @@ def kept_token():
 def signals_end_it_and_lose_no_write(services):
     for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
         with Program(services) as program:
-            save(program, TOKEN_FIELD, number.name)
+            program.save(TOKEN_FIELD, number.name)
             assert program.end(number) == 0, number
         assert kept_token() == number.name
 
@@ -46,7 +41,7 @@ def keyring_restarts(program):
     secrets = "org.freedesktop.secrets"
     os.kill(ask_bus("GetConnectionUnixProcessID", secrets), signal.SIGKILL)
     wait_for("no keyring", lambda: not ask_bus("NameHasOwner", secrets))
-    save(program, TOKEN_FIELD, "kept nowhere")
+    program.save(TOKEN_FIELD, "kept nowhere")
     with subprocess.Popen(["gnome-keyring-daemon", "--foreground", "--unlock",
                            "--components=secrets"], stdin=subprocess.PIPE,
                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL) as daemon:
@@ -54,7 +49,7 @@ def keyring_restarts(program):
             daemon.stdin.write(b"password")
             daemon.stdin.close()
             wait_for("the keyring again", lambda: ask_bus("NameHasOwner", secrets))
-            save(program, TOKEN_FIELD, "kept again")
+            program.save(TOKEN_FIELD, "kept again")
             wait_for("the token kept", lambda: kept_token() == "kept again")
         finally:
             daemon.terminate()
@@ -74,13 +69,14 @@ def notification_service_restarts(program, services):
         urllib.request.urlopen(f"http://127.0.0.1:{services['control']}/pay", order).close()
         program.press("Refresh", WATCHED_ADDRESS)
 
-    save(program, ADDRESS_FIELD, services["address"])
+    program.save(ADDRESS_FIELD, services["address"])
     program.wait_for(r"[\d,]+ sats", WATCHED_ADDRESS)
     for _ in range(2):
         with Service("notifications") as service:
             pay()
             assert service.next_line()
-            program.close_to_tray()
+            program.press("Close")
+            wait_for("no window", lambda: not program.windows())
             service.process.send_signal(signal.SIGUSR1)  # a click on the notification
             wait_for("the window again", program.windows)
     pay()  # to nobody

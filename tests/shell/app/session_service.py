@@ -8,51 +8,39 @@ import sys
 
 from gi.repository import Gio, GLib
 
-WATCHER = """<node><interface name="org.kde.StatusNotifierWatcher">
-  <method name="RegisterStatusNotifierItem"><arg type="s" direction="in"/></method>
-  <property name="IsStatusNotifierHostRegistered" type="b" access="read"/>
-  <property name="ProtocolVersion" type="i" access="read"/>
-</interface></node>"""
-NOTIFICATIONS = """<node><interface name="org.freedesktop.Notifications">
-  <method name="GetCapabilities"><arg type="as" direction="out"/></method>
-  <method name="GetServerInformation">
-    <arg type="s" direction="out"/><arg type="s" direction="out"/>
-    <arg type="s" direction="out"/><arg type="s" direction="out"/>
-  </method>
-  <method name="Notify">
-    <arg type="s" direction="in"/><arg type="u" direction="in"/><arg type="s" direction="in"/>
-    <arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="as" direction="in"/>
-    <arg type="a{sv}" direction="in"/><arg type="i" direction="in"/>
-    <arg type="u" direction="out"/>
-  </method>
-</interface></node>"""
-PORTAL = """<node><interface name="org.freedesktop.portal.Settings">
-  <method name="Read"><arg type="s" direction="in"/><arg type="s" direction="in"/>
-    <arg type="v" direction="out"/></method>
-</interface></node>"""
-SERVICES = {
-    "watcher": ("org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher", WATCHER),
-    "notifications": ("org.freedesktop.Notifications", "/org/freedesktop/Notifications",
-                      NOTIFICATIONS),
-    "portal": ("org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop", PORTAL)}
-ANSWERS = {"RegisterStatusNotifierItem": None,
-           "GetCapabilities": GLib.Variant("(as)", (["body", "actions"],)),
-           "GetServerInformation": GLib.Variant("(ssss)", ("test", "test", "1", "1.2")),
-           "Notify": GLib.Variant("(u)", (1,)),
-           "Read": GLib.Variant("(v)", (GLib.Variant("v", GLib.Variant("u", 1)),))}
 PROPERTIES = {"IsStatusNotifierHostRegistered": GLib.Variant("b", True),
               "ProtocolVersion": GLib.Variant("i", 0)}
-SUBJECT = {"RegisterStatusNotifierItem": 0, "Notify": 3}  # which argument tells them apart
+# Bus name, object, interface, and its methods: what each takes and answers.
+SERVICES = {
+    "watcher": ("org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher",
+                "org.kde.StatusNotifierWatcher", {"RegisterStatusNotifierItem": (["s"], None)}),
+    "notifications": ("org.freedesktop.Notifications", "/org/freedesktop/Notifications",
+                      "org.freedesktop.Notifications", {
+                          "GetCapabilities": ([], GLib.Variant("as", ["body", "actions"])),
+                          "Notify": (["s", "u", "s", "s", "s", "as", "a{sv}", "i"],
+                                     GLib.Variant("u", 1))}),
+    "portal": ("org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
+               "org.freedesktop.portal.Settings", {
+                   "Read": (["s", "s"], GLib.Variant("v", GLib.Variant("u", 1)))})}
+SUBJECT = {"RegisterStatusNotifierItem": 0, "Notify": 3}  # which argument tells calls apart
+
+
+def description():
+    members = "".join(f'<property name="{each}" type="{value.get_type_string()}" access="read"/>'
+                      for each, value in PROPERTIES.items())
+    for method, (takes, gives) in methods.items():
+        types = [(each, "in") for each in takes] + \
+            ([(gives.get_type_string(), "out")] if gives else [])
+        members += f'<method name="{method}">' + "".join(
+            f'<arg type="{each}" direction="{way}"/>' for each, way in types) + "</method>"
+    return f'<node><interface name="{interface}">{members}</interface></node>'
 
 
 def answer(_bus, _sender, _path, _interface, method, arguments, invocation):
     if method in SUBJECT:
         print(arguments[SUBJECT[method]], flush=True)
-    invocation.return_value(ANSWERS[method])
-
-
-def read(_bus, _sender, _path, _interface, name):
-    return PROPERTIES[name]
+    gives = methods[method][1]
+    invocation.return_value(GLib.Variant.new_tuple(gives) if gives else None)
 
 
 def click():
@@ -60,10 +48,10 @@ def click():
     return True
 
 
-name, path, description = SERVICES[sys.argv[1]]
+name, path, interface, methods = SERVICES[sys.argv[1]]
 connection = Gio.bus_get_sync(Gio.BusType.SESSION)
-interface = Gio.DBusNodeInfo.new_for_xml(description).interfaces[0]
-connection.register_object(path, interface, answer, read, None)
+connection.register_object(path, Gio.DBusNodeInfo.new_for_xml(description()).interfaces[0], answer,
+                           lambda _bus, _sender, _path, _interface, each: PROPERTIES[each], None)
 Gio.bus_own_name_on_connection(connection, name, Gio.BusNameOwnerFlags.NONE,
                                lambda _connection, name: print(name, flush=True), None)
 GLib.unix_signal_add(GLib.PRIORITY_DEFAULT, signal.SIGUSR1, click)

@@ -1,12 +1,11 @@
 #include "shell/menu_bar/runtime_fixture.h"
+#include "shell/menu_bar/window_visibility.h"
 
 namespace orvane::test {
 namespace {
 
 using BackgroundRuntimeTest = RuntimeFixture;
 using Type = DesktopEvent::Type;
-
-const DesktopEvent rightClick{.type = Type::rightMouseUp};
 
 DesktopEvent key(std::string characters, ModifierFlags modifiers = {}) {
   const bool isEscape = characters == "\x1b";
@@ -16,31 +15,16 @@ DesktopEvent key(std::string characters, ModifierFlags modifiers = {}) {
           .charactersIgnoringModifiers = std::move(characters)};
 }
 
-TEST_F(BackgroundRuntimeTest, NothingHappensBeforeTheTitleIsKnown) {
-  runtime->showMainWindow();
-  runtime->hideMainWindow();
-  EXPECT_TRUE(runtime->windowShouldClose(window));
-  EXPECT_EQ(log, CallLog());
-  EXPECT_TRUE(runtime->isMainWindowVisible());
-  EXPECT_FALSE(runtime->isMenuBarOnly());
-}
-
-TEST_F(BackgroundRuntimeTest, AttachingTwiceTakesTheFirstWindowWithTheTitleAndMakesNothingTwice) {
-  auto& second = application.addWindow("Orvane");
-  runtime->attachMainWindow("Orvane");
-  EXPECT_EQ(window.delegate(), nullptr) << "only on the next turn";
+TEST_F(BackgroundRuntimeTest, AttachingAgainMakesNothingTwice) {
   attach();
-  EXPECT_EQ(window.delegate(), runtime);
-  EXPECT_EQ(second.delegate(), nullptr);
   EXPECT_EQ(statusBar.created, 1);
-  EXPECT_EQ(application.installedMonitors(), 2U);
   EXPECT_EQ(executor.pendingTimers(), 1U);
 }
 
 TEST_F(BackgroundRuntimeTest, HidingLeavesOnlyTheStatusAreaItsWindows) {
   application.addWindow("item", DesktopWindow::statusBarLevel);
   application.addWindow("floating", 3).miniaturize();
-  attach();
+  log.clear();
   runtime->hideMainWindow();
   executor.runUntilIdle();
   EXPECT_EQ(log, (CallLog{"policy accessory", "Orvane Help: order out", "Orvane: order out",
@@ -51,7 +35,6 @@ TEST_F(BackgroundRuntimeTest, HidingLeavesOnlyTheStatusAreaItsWindows) {
 }
 
 TEST_F(BackgroundRuntimeTest, AnyClickButTheRightOneBringsApplicationAndWindowBack) {
-  attach();
   runtime->hideMainWindow();
   executor.runUntilIdle();
   window.miniaturize();
@@ -61,21 +44,6 @@ TEST_F(BackgroundRuntimeTest, AnyClickButTheRightOneBringsApplicationAndWindowBa
                           "Orvane: order front", "activate"}));
   EXPECT_FALSE(runtime->isMenuBarOnly());
   EXPECT_TRUE(runtime->isMainWindowVisible());
-}
-
-TEST_F(BackgroundRuntimeTest, MiniaturizingIsFollowedForTheMainWindowAlone) {
-  attach();
-  help.setDelegate(runtime);
-  help.miniaturize();
-  EXPECT_TRUE(runtime->isMainWindowVisible());
-  window.miniaturize();
-  help.deminiaturize();
-  EXPECT_FALSE(runtime->isMainWindowVisible());
-  window.deminiaturize();
-  EXPECT_TRUE(runtime->isMainWindowVisible());
-  window.miniaturize();
-  runtime->hideMainWindow();  // which restores the window to take it off the screen
-  EXPECT_FALSE(runtime->isMainWindowVisible());
 }
 
 TEST_F(BackgroundRuntimeTest, OnlyItsKeysHideTheMainWindowWhichNeverCloses) {
@@ -88,7 +56,6 @@ TEST_F(BackgroundRuntimeTest, OnlyItsKeysHideTheMainWindowWhichNeverCloses) {
   const std::vector<Case> cases{
       {"Escape", key("\x1b"), true, true},
       {"Control-M", key("m", {.control = true}), true, false},
-      {"Control-M, capital", key("M", {.control = true}), true, false},
       {"Control-Alt-M", key("m", {.control = true, .option = true}), true, false},
       {"Control-W", key("w", {.control = true}), false, true},
       {"Control-Shift-W", key("W", {.shift = true, .control = true}), false, true},
@@ -108,7 +75,6 @@ TEST_F(BackgroundRuntimeTest, OnlyItsKeysHideTheMainWindowWhichNeverCloses) {
     attach();
     application.setCurrentEvent(event);
     EXPECT_TRUE(runtime->windowShouldClose(help)) << name;
-    EXPECT_EQ(log, CallLog()) << name;
     EXPECT_FALSE(runtime->windowShouldClose(window)) << name;
     EXPECT_EQ(log.front(), hidesInsteadOfQuit ? "policy accessory" : "terminate") << name;
     if (!event) { continue; }
@@ -121,16 +87,9 @@ TEST_F(BackgroundRuntimeTest, OnlyItsKeysHideTheMainWindowWhichNeverCloses) {
   }
 }
 
-TEST_F(BackgroundRuntimeTest, ARightClickShowsTheMenuThereIsAndTakesItAwayAgain) {
-  attach();
-  statusBar.item.action(rightClick);
-  EXPECT_FALSE(statusBar.item.poppedUp) << "without a provider";
-  runtime->statusMenuProvider = [] { return std::optional<Menu>(); };
-  statusBar.item.action(rightClick);
-  EXPECT_FALSE(statusBar.item.poppedUp) << "without a menu";
-
+TEST_F(BackgroundRuntimeTest, ARightClickShowsTheMenuAndTakesItAwayAgain) {
   runtime->statusMenuProvider = [] { return Menu{{MenuItem{.title = "Quit Orvane"}}}; };
-  statusBar.item.action(rightClick);
+  statusBar.item.action(DesktopEvent{.type = Type::rightMouseUp});
   ASSERT_TRUE(statusBar.item.poppedUp);
   EXPECT_EQ(statusBar.item.poppedUp->items[0].title, "Quit Orvane");
   EXPECT_FALSE(statusBar.item.menu) << "the next left click would open it";
@@ -138,7 +97,6 @@ TEST_F(BackgroundRuntimeTest, ARightClickShowsTheMenuThereIsAndTakesItAwayAgain)
 }
 
 TEST_F(BackgroundRuntimeTest, NothingOfItRemainsAfterItsEndAndCallbacksDoNothing) {
-  attach();
   runtime->updateStatus(true, "Balance", false);
   const auto action = statusBar.item.action;
   runtime->hideMainWindow();
@@ -146,11 +104,46 @@ TEST_F(BackgroundRuntimeTest, NothingOfItRemainsAfterItsEndAndCallbacksDoNothing
   runtime.reset();
   EXPECT_FALSE(statusBar.item.exists);
   EXPECT_EQ(executor.pendingTimers(), 0U);
-  EXPECT_EQ(application.installedMonitors(), 0U);
   executor.runUntilIdle();
   action(std::nullopt);
+  application.press(key("\x1b"));
   broadcasts.post(BackgroundRuntime::rateSettingChanged);
   EXPECT_EQ(log, CallLog());
+}
+
+TEST_F(BackgroundRuntimeTest, AWindowHasItsContentWhileItIsOnScreenWithTheApplication) {
+  bool told = false;
+  WindowVisibility visibility(runtime, [&] { told = visibility.showsContent(); });
+  visibility.handleWindow(&help);
+  struct Step {
+    const char* name;
+    std::function<void()> act;
+    bool showsContent;
+  };
+  const auto show = [this] { help.makeKeyAndOrderFront(); };
+  const auto minimise = [this] { help.miniaturize(); };
+  const auto restore = [this] { help.deminiaturize(); };
+  const auto hideAll = [this] { runtime->hideMainWindow(); };
+  const auto showMain = [this] { runtime->showMainWindow(); };
+  for (const auto& [name, act, showsContent] :
+       std::vector<Step>{{"shown", show, true},
+                         {"minimised", minimise, false},
+                         {"restored", restore, true},
+                         {"closed", [this] { help.performClose(); }, false},
+                         {"shown again", show, true},
+                         {"hidden with the application", hideAll, false},
+                         {"the main window is back", showMain, false},
+                         {"shown beside it", show, true},
+                         {"hidden once more", hideAll, false},
+                         {"opened while the application is in the status area", show, false},
+                         {"handed over there", [&] { visibility.handleWindow(&help); }, false},
+                         {"minimised there", minimise, false},
+                         {"restored there", restore, false},
+                         {"the application is back", showMain, true}}) {
+    act();
+    EXPECT_EQ(visibility.showsContent(), showsContent) << name;
+    EXPECT_EQ(told, showsContent) << name;
+  }
 }
 
 }  // namespace

@@ -11,9 +11,10 @@
 
 namespace orvane::test {
 
-/// A runtime on a desktop without a screen, with the main window and a help window.
+/// A runtime on a desktop without a screen, attached to the main window beside a help window.
 class RuntimeFixture : public testing::Test {
  protected:
+  RuntimeFixture() { attach(); }
   /// The runtime as it is once the application has started.
   void attach() {
     runtime->attachMainWindow("Orvane");

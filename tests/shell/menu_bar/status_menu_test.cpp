@@ -7,48 +7,6 @@
 namespace orvane::test {
 namespace {
 
-std::string sats(std::int64_t amount) { return std::to_string(amount) + " sats"; }
-
-/// A state in one line: `State().token().stats(203, 7)`.
-struct State {
-  BalanceState value;
-  State& token() { return value.token = "abc", *this; }
-  State& address() { return value.watchedAddress = "bc1q", *this; }
-  State& stats(std::int64_t balance, std::int64_t today) {
-    value.stats = BraiinsAccountStats{.todayRewardSats = today, .balanceSats = balance};
-    return *this;
-  }
-  State& summary(std::int64_t confirmed) {
-    value.addressSummary.emplace().confirmedSats = confirmed;
-    return *this;
-  }
-  State& accountStatus(std::string text) { return value.accountStatus = text, *this; }
-  State& addressStatus(std::string text) { return value.addressStatus = text, *this; }
-};
-
-TEST(MenuBarStatus, FailuresComeFirstThenBalancesAndThePoolBeforeTheAddress) {
-  struct Case {
-    State state;
-    MenuBarStatus expected;
-  };
-  for (const auto& [state, expected] :
-       {Case{State(), {false, "No API token or address", false}},
-        Case{State().token(), {false, "Loading", false}},
-        Case{State().address(), {false, "Loading", false}},
-        Case{State().token().stats(203, 7), {true, "Balance 203 sats", false}},
-        Case{State().address().summary(-5), {true, "Address -5 sats", false}},
-        Case{State().stats(203, 7).summary(0), {true, "Balance 203 sats", false}},
-        Case{State().token().addressStatus("b"), {false, "b", true}},
-        Case{State().stats(203, 7).addressStatus("b"), {true, "b", true}},
-        Case{State().stats(203, 7).summary(0).accountStatus("a").addressStatus("b"),
-             {true, "a", true}}}) {
-    const auto status = menuBarStatus(state.value, sats);
-    EXPECT_EQ(status.text, expected.text);
-    EXPECT_EQ(status.working, expected.working) << expected.text;
-    EXPECT_EQ(status.alert, expected.alert) << expected.text;
-  }
-}
-
 /// "(Today 7 sats)|-|Quit Orvane^q": the rows, with their keys; those that cannot be chosen stand
 /// in brackets.
 std::string rows(const Menu& menu) {
@@ -61,33 +19,48 @@ std::string rows(const Menu& menu) {
   return rows;
 }
 
-TEST(StatusMenu, BeginsWithTheFiguresThereAreWhichCannotBeChosen) {
-  const std::string rest = "^r|-|Orvane Help|About Orvane|-|Quit Orvane^q";
-  struct Case {
-    State state;
-    std::string first;
-  };
-  for (const auto& [state, first] :
-       {Case{State().token().stats(203, 7).summary(0),
-             "(Balance 203 sats)|(Today 7 sats)|(Address 0 sats)|-|Open Orvane|Refresh Now"},
-        Case{State().address().summary(9), "(Address 9 sats)|-|Open Orvane|Refresh Now"},
-        Case{State(), "Open Orvane|(Refresh Now)"}}) {
-    EXPECT_EQ(rows(makeStatusMenu(state.value, sats, {})), first + rest);
+/// A state that has what the words name: "token balance failure" and "address total refusal".
+BalanceState having(std::string_view words) {
+  BalanceState state;
+  if (words.contains("token")) { state.token = "abc"; }
+  if (words.contains("address")) { state.watchedAddress = "bc1q"; }
+  if (words.contains("balance")) {
+    state.stats = BraiinsAccountStats{.todayRewardSats = 7, .balanceSats = 203};
   }
+  if (words.contains("total")) { state.addressSummary.emplace().confirmedSats = -5; }
+  if (words.contains("failure")) { state.accountStatus = "no pool"; }
+  if (words.contains("refusal")) { state.addressStatus = "no explorer"; }
+  return state;
 }
 
-TEST(StatusMenu, EachCommandDoesItsOwn) {
-  std::string done;
-  const auto menu = makeStatusMenu({}, sats,
-                                   {.showMainWindow = [&] { done += "open "; },
-                                    .refreshNow = [&] { done += "refresh "; },
-                                    .showHelp = [&] { done += "help "; },
-                                    .showAbout = [&] { done += "about "; },
-                                    .quit = [&] { done += "quit "; }});
-  for (const auto& item : menu.items) {
-    if (item.action) { item.action(); }
+TEST(StatusMenu, FailuresComeFirstThenBalancesAndThePoolBeforeTheAddress) {
+  const auto sats = [](std::int64_t amount) { return std::to_string(amount) + " sats"; };
+  const std::string commands = "^r|-|Orvane Help|About Orvane|-|Quit Orvane^q";
+  const std::string pool = "(Balance 203 sats)|(Today 7 sats)|";
+  const std::string address = "(Address -5 sats)|";
+  struct Case {
+    const char* state;
+    MenuBarStatus status;
+    std::string figures;
+  };
+  for (const auto& [state, status, figures] :
+       {Case{"", {false, "No API token or address", false}, ""},
+        Case{"token", {false, "Loading", false}, ""},
+        Case{"address", {false, "Loading", false}, ""},
+        Case{"token balance", {true, "Balance 203 sats", false}, pool + "-|"},
+        Case{"address total", {true, "Address -5 sats", false}, address + "-|"},
+        Case{"token balance total", {true, "Balance 203 sats", false}, pool + address + "-|"},
+        Case{"token refusal", {false, "no explorer", true}, ""},
+        Case{"token balance refusal", {true, "no explorer", true}, pool + "-|"},
+        Case{"token total failure refusal", {true, "no pool", true}, address + "-|"}}) {
+    const auto shown = menuBarStatus(having(state), sats);
+    EXPECT_EQ(shown.text, status.text) << state;
+    EXPECT_EQ(shown.working, status.working) << state;
+    EXPECT_EQ(shown.alert, status.alert) << state;
+    EXPECT_EQ(rows(makeStatusMenu(having(state), sats, {})),
+              figures + "Open Orvane|" + (*state ? "Refresh Now" : "(Refresh Now)") + commands)
+        << state;
   }
-  EXPECT_EQ(done, "open refresh help about quit ");
 }
 
 }  // namespace
