@@ -18,42 +18,6 @@
 
 namespace orvane::test {
 
-/// A real window manager on the test's display, for as long as this object lives.
-class WindowManager {
- public:
-  WindowManager() {
-    const auto mark = folder_.filePath(QStringLiteral("ready"));
-    process_.start(QStringLiteral("openbox"),
-                   {QStringLiteral("--sm-disable"), QStringLiteral("--startup"),
-                    QStringLiteral("touch ") + mark});
-    EXPECT_TRUE(QTest::qWaitFor([&mark] { return QFile::exists(mark); })) << "no openbox";
-  }
-  WindowManager(const WindowManager&) = delete;
-  WindowManager& operator=(const WindowManager&) = delete;
-  ~WindowManager() {
-    process_.terminate();
-    process_.waitForFinished();
-  }
-
- private:
-  QTemporaryDir folder_;
-  QProcess process_;
-};
-
-/// What somebody at the display does: "key ctrl+w", "windowminimize 4711".
-inline void xdotool(const QStringList& arguments) {
-  EXPECT_EQ(QProcess::execute(QStringLiteral("xdotool"), arguments), 0);
-}
-
-inline QString windowId(const QWidget& widget) { return QString::number(widget.winId()); }
-
-/// Presses the close control in the window's frame.
-inline void closeByWindowManager(const QWidget& widget) {
-  const auto display = X11Display::ofApplication();
-  display->sendToWindowManager(static_cast<xcb_window_t>(widget.winId()), "_NET_CLOSE_WINDOW", {});
-  display->flush();
-}
-
 /// Answers as it is told and remembers what it was asked and told.
 class RecordingDelegate final : public WindowDelegate {
  public:
@@ -80,12 +44,14 @@ class RecordingDelegate final : public WindowDelegate {
 /// An application under a real window manager with one window, which holds a text field.
 class DesktopTest : public testing::Test {
  protected:
-  static std::unique_ptr<QWidget> titled(const char* title) {
-    auto widget = std::make_unique<QWidget>();
-    widget->setWindowTitle(QString::fromLatin1(title));
-    widget->resize(300, 200);
-    (new QVBoxLayout(widget.get()))->addWidget(new QLineEdit);
-    return widget;
+  DesktopTest() {
+    const auto mark = folder.filePath("ready");
+    windowManager.start("openbox", {"--sm-disable", "--startup", "touch " + mark});
+    EXPECT_TRUE(QTest::qWaitFor([&mark] { return QFile::exists(mark); })) << "no openbox";
+  }
+  ~DesktopTest() override {
+    windowManager.terminate();
+    windowManager.waitForFinished();
   }
 
   void bringUp() {
@@ -93,10 +59,16 @@ class DesktopTest : public testing::Test {
     application.activateIgnoringOtherApps();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&widget));
   }
+  static std::unique_ptr<QWidget> content() {
+    auto content = std::make_unique<QWidget>();
+    (new QVBoxLayout(content.get()))->addWidget(new QLineEdit);
+    return content;
+  }
 
-  WindowManager windowManager;
+  QTemporaryDir folder;
+  QProcess windowManager;
   QtDesktopApplication application;
-  DesktopWindow& window = application.addWindow(titled("Orvane"));
+  DesktopWindow& window = application.addWindow(content());
   QWidget& widget = QtDesktopApplication::widgetOf(window);
   QLineEdit& field = *widget.findChild<QLineEdit*>();
   std::shared_ptr<RecordingDelegate> delegate = std::make_shared<RecordingDelegate>(application);

@@ -1,8 +1,6 @@
 #include "platform/desktop/qt/session_instance.h"
 
 #include <QCoreApplication>
-#include <QDBusMessage>
-#include <QDBusPendingReply>
 #include <QEventLoop>
 #include <QProcess>
 
@@ -15,21 +13,27 @@ using testing::ElementsAre;
 
 const QString id = QStringLiteral("com.quorvex.OrvaneTest");
 
-/// Starts the application once more and returns the role that it ends with. Meanwhile this process
-/// listens, or hangs.
-InstanceRole secondStart(const char* variable, const char* value = "", bool listening = true) {
-  auto environment = QProcessEnvironment::systemEnvironment();
-  environment.remove(QStringLiteral("DESKTOP_STARTUP_ID"));
-  environment.remove(QStringLiteral("XDG_ACTIVATION_TOKEN"));
-  environment.insert(QLatin1String(variable), QLatin1String(value));
+/// What a program ends with. Meanwhile this process listens, or hangs.
+int run(const QString& program, const QStringList& arguments,
+        const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment(),
+        bool listening = true) {
   QProcess process;
   process.setProcessEnvironment(environment);
+  process.setStandardOutputFile(QProcess::nullDevice());
   QEventLoop loop;
   QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
-  process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--claim"), id});
+  process.start(program, arguments);
   if (listening) { loop.exec(); }
   process.waitForFinished();
-  return static_cast<InstanceRole>(process.exitCode());
+  return process.exitCode();
+}
+
+/// Starts the application once more and returns the role that it ends with.
+InstanceRole secondStart(const char* variable, const char* value = "", bool listening = true) {
+  auto environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(QLatin1String(variable), QLatin1String(value));
+  return static_cast<InstanceRole>(run(QCoreApplication::applicationFilePath(),
+                                       {QStringLiteral("--claim"), id}, environment, listening));
 }
 
 class SessionInstanceTest : public testing::Test {
@@ -42,21 +46,6 @@ class SessionInstanceTest : public testing::Test {
     ASSERT_EQ(instance.claim(), InstanceRole::first);
   }
   void TearDown() override { instance.release(); }
-
-  void call(const QString& method, const QVariantList& arguments) {
-    auto message =
-        QDBusMessage::createMethodCall(id, QStringLiteral("/com/quorvex/OrvaneTest"),
-                                       QStringLiteral("org.freedesktop.Application"), method);
-    message.setArguments(arguments);
-    auto peer =
-        QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("launcher"));
-    QDBusPendingCallWatcher watcher(peer.asyncCall(message));
-    QEventLoop loop;
-    QObject::connect(&watcher, &QDBusPendingCallWatcher::finished, &loop, &QEventLoop::quit);
-    loop.exec();
-    EXPECT_FALSE(watcher.isError()) << watcher.error().message().toStdString();
-    QDBusConnection::disconnectFromBus(QStringLiteral("launcher"));
-  }
 
   SessionInstance instance{id};
   std::vector<std::string> heard;
@@ -78,10 +67,16 @@ TEST_F(SessionInstanceTest, HoldsNoSecondStartUpWhenItHangsOrEndsOrNobodyIsReach
 }
 
 TEST_F(SessionInstanceTest, AnswersLaunchers) {
-  const QVariantMap data{{QStringLiteral("activation-token"), QStringLiteral("t")}};
-  call(QStringLiteral("Activate"), {data});
-  call(QStringLiteral("Open"), {QStringList(), QVariantMap()});
-  call(QStringLiteral("ActivateAction"), {QStringLiteral("show-help"), QVariantList(), data});
+  const auto call = [](const QString& method, const QStringList& arguments) {
+    EXPECT_EQ(run("gdbus", QStringList{"call", "--session", "--dest", id, "--object-path",
+                                       "/com/quorvex/OrvaneTest", "--method",
+                                       "org.freedesktop.Application." + method} +
+                               arguments),
+              0);
+  };
+  call("Activate", {"{'activation-token': <'t'>}"});
+  call("Open", {"@as []", "@a{sv} {}"});
+  call("ActivateAction", {"show-help", "@av []", "{'activation-token': <'t'>}"});
   EXPECT_THAT(heard, ElementsAre("activate t", "activate ", "show-help t"));
 }
 
