@@ -97,7 +97,6 @@ TEST_F(BalanceStoreTest, AsksForTheKeychainOnceOnly) {
   executor.advance(24h);
   EXPECT_FALSE(keychain.isPrompting() || state().isReadingToken);
   EXPECT_THAT(transport.sent(), IsEmpty());
-
   startLocked();
   keychain.answerPrompt(true);
   executor.runUntilIdle();
@@ -108,11 +107,9 @@ TEST_F(BalanceStoreTest, ATokenEnteredDuringTheReadWins) {
   storeToken("stored");
   startLocked();
   store->setToken("entered");
-  EXPECT_FALSE(state().isReadingToken);
-  EXPECT_FALSE(store->writesFinished());
+  EXPECT_FALSE(state().isReadingToken || store->writesFinished());
   keychain.answerPrompt(true);
   executor.advance(1s);
-  EXPECT_EQ(state().token, "entered");
   EXPECT_EQ(keptToken(), "entered");
   EXPECT_TRUE(store->writesFinished());
   EXPECT_EQ(transport.sentTo("/profile"), 1U);

@@ -1,12 +1,8 @@
 #include "core/display_texts.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <limits>
-#include <string>
-#include <tuple>
-#include <vector>
 
 #include <gmock/gmock.h>
 

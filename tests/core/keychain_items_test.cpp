@@ -105,14 +105,6 @@ TEST_F(KeychainItemsTest, ReadMovesOnlyATextOfAnotherGroupAndOnlyIntoASharedOne)
   }
 }
 
-TEST_F(KeychainItemsTest, WithoutAKeychainNothingIsReadOrStored) {
-  keychain.condition = Condition::absent;
-  EXPECT_EQ(read(shared), std::nullopt);
-  save(shared, "text");
-  EXPECT_THAT(keychain.items, IsEmpty());
-  EXPECT_TRUE(shared.writesFinished());
-}
-
 TEST_F(KeychainItemsTest, AMoveAsksNobodyWhenTheKeychainIsLockedInItsMiddle) {
   keychain.items = {item("text", "TEAM.own")};
   keychain.delay = 1s;

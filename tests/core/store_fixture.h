@@ -1,10 +1,5 @@
 #pragma once
 
-#include <chrono>
-#include <functional>
-#include <utility>
-#include <vector>
-
 #include <gmock/gmock.h>
 
 #include "support/store_on_fakes.h"

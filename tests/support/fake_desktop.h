@@ -1,13 +1,7 @@
 #pragma once
 
 #include <algorithm>
-#include <memory>
-#include <optional>
-#include <string>
-#include <utility>
-#include <vector>
 
-#include "platform/async/signal.h"
 #include "platform/desktop/desktop_application.h"
 #include "platform/tray/status_item.h"
 

@@ -1,8 +1,6 @@
 #pragma once
 
 #include <set>
-#include <string>
-#include <vector>
 
 #include "platform/async/timer.h"
 #include "platform/notifications/notification_center.h"

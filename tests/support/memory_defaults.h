@@ -1,11 +1,7 @@
 #pragma once
 
 #include <map>
-#include <optional>
-#include <string>
-#include <string_view>
 #include <variant>
-#include <vector>
 
 #include "platform/defaults/user_defaults.h"
 

@@ -1,11 +1,6 @@
 #pragma once
 
 #include <algorithm>
-#include <functional>
-#include <optional>
-#include <string>
-#include <utility>
-#include <vector>
 
 #include "platform/async/completion.h"
 #include "platform/async/timer.h"
@@ -13,8 +8,8 @@
 
 namespace orvane::test {
 
-/// A keychain that is forgotten with the object. It has access groups and a lock with a prompt; it
-/// can be slow, or not there at all.
+/// A keychain that is forgotten with the object. It has access groups and a lock with a prompt, and
+/// it can be slow.
 class MemoryKeychain final : public Keychain {
  public:
   struct Item {
@@ -25,7 +20,7 @@ class MemoryKeychain final : public Keychain {
 
     bool operator==(const Item&) const = default;
   };
-  enum class Condition { working, locked, absent };
+  enum class Condition { working, locked };
 
   std::vector<Item> items;
   Condition condition = Condition::working;
@@ -76,9 +71,7 @@ class MemoryKeychain final : public Keychain {
   /// Success when the keychain has such an item, or has none, as `exists` says, and is open.
   Task<KeychainStatus> reach(KeychainQuery query, bool exists, KeychainPrompt prompt) {
     const SleepEnd end = co_await sleepFor(delay);
-    if (end != SleepEnd::elapsed || condition == Condition::absent) {
-      co_return KeychainStatus::failed;
-    }
+    if (end != SleepEnd::elapsed) { co_return KeychainStatus::failed; }
     if (std::ranges::any_of(items, matches(query)) != exists) {
       co_return KeychainStatus::itemNotFound;
     }

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <optional>
 #include <stdexcept>
-#include <utility>
 
 #include "platform/async/task_scope.h"
 #include "support/virtual_executor.h"

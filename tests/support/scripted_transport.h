@@ -1,11 +1,6 @@
 #pragma once
 
 #include <deque>
-#include <functional>
-#include <optional>
-#include <string>
-#include <string_view>
-#include <vector>
 
 #include "platform/async/completion.h"
 #include "platform/http/http_transport.h"

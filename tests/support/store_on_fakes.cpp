@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
-#include <string_view>
 
 #include <fmt/format.h>
 

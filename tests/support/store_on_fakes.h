@@ -1,9 +1,5 @@
 #pragma once
 
-#include <optional>
-#include <string>
-#include <vector>
-
 #include "core/balance_store.h"
 #include "support/fake_notification_center.h"
 #include "support/memory_defaults.h"

@@ -2,7 +2,6 @@
 
 #include <deque>
 #include <map>
-#include <utility>
 
 #include "platform/async/executor.h"
 

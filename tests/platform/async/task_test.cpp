@@ -1,6 +1,4 @@
 #include <array>
-#include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,4 @@
 #include <QAbstractEventDispatcher>
-#include <ctime>
-#include <string>
-#include <vector>
 
 #include "platform/eventloop/real_time.h"
 

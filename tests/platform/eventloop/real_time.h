@@ -2,8 +2,6 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
-#include <chrono>
-#include <memory>
 #include <optional>
 #include <stdexcept>
 
