@@ -110,6 +110,7 @@ TEST_F(BalanceStoreTest, ATokenEnteredDuringTheReadWins) {
   EXPECT_FALSE(state().isReadingToken || store->writesFinished());
   keychain.answerPrompt(true);
   executor.advance(1s);
+  EXPECT_EQ(state().token, "entered");
   EXPECT_EQ(keptToken(), "entered");
   EXPECT_TRUE(store->writesFinished());
   EXPECT_EQ(transport.sentTo("/profile"), 1U);
