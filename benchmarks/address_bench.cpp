@@ -2,16 +2,13 @@
 // by the library whose parser feeds our tree.
 
 #include <string>
-
 #include <benchmark/benchmark.h>
 #include <nlohmann/json.hpp>
-
 #include "address/address_summary.h"
 #include "address/explorer_documents.h"
 #include "documents.h"
 
-namespace orvane::bench {
-namespace {
+namespace orvane::bench { namespace {
 
 constexpr std::size_t transactions = 10'000;
 constexpr std::size_t outputsEach = 100;
@@ -46,5 +43,4 @@ BENCHMARK(decodeAndBuildSummary)
     ->Name("decodeAndBuildSummary/transactions")
     ->Unit(benchmark::kMillisecond);
 
-}  // namespace
-}  // namespace orvane::bench
+}}  // namespace orvane::bench

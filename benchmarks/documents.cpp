@@ -1,15 +1,12 @@
 #include "documents.h"
-
 #include <array>
 #include <cstdint>
 #include <iterator>
 #include <random>
-
 #include <fmt/format.h>
 
 namespace orvane::bench {
 namespace {
-
 constexpr std::int64_t newestDay = 1'763'164'800;  // 2025-11-15T00:00:00 UTC
 constexpr std::int64_t secondsADay = 86'400;
 constexpr std::uint32_t seed = 2026;
@@ -35,7 +32,6 @@ void writeList(std::string& to, std::size_t count, Write write) {
     write(std::back_inserter(to), index);
   }
 }
-
 }  // namespace
 
 std::string workersDocument(std::size_t workers) {
@@ -107,5 +103,4 @@ std::string transactionsDocument(std::size_t transactions, std::size_t outputsEa
   });
   return text + "]";
 }
-
 }  // namespace orvane::bench

@@ -8,7 +8,6 @@
 /// invented; the same arguments always give the same bytes. As with the real sources, records
 /// carry members that nobody reads.
 namespace orvane::bench {
-
 /// The pool's workers, in every state, with names "pellam.rig00000" and up.
 [[nodiscard]] std::string workersDocument(std::size_t workers);
 
@@ -23,5 +22,4 @@ inline constexpr std::size_t daysOfTenYears = 3652;
 /// The explorer's transactions of `address`, newest first: in each, the last output pays it.
 [[nodiscard]] std::string transactionsDocument(std::size_t transactions, std::size_t outputsEach,
                                                std::string_view address);
-
 }  // namespace orvane::bench

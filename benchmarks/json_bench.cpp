@@ -1,15 +1,12 @@
 // What our own tree costs, beside the bare tree of the library whose parser feeds it.
 
 #include <string>
-
 #include <benchmark/benchmark.h>
 #include <nlohmann/json.hpp>
-
 #include "documents.h"
 #include "platform/json/json_document.h"
 
-namespace orvane::bench {
-namespace {
+namespace orvane::bench { namespace {
 
 std::string workers() { return workersDocument(10'000); }
 std::string rewards() { return rewardsDocument(daysOfTenYears); }
@@ -45,5 +42,4 @@ BENCHMARK_CAPTURE(ourDocument, rewards, rewards)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(libraryTree, transactions, transactions)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(ourDocument, transactions, transactions)->Unit(benchmark::kMillisecond);
 
-}  // namespace
-}  // namespace orvane::bench
+}}  // namespace orvane::bench

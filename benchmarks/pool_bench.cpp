@@ -4,17 +4,14 @@
 #include <string>
 #include <utility>
 #include <vector>
-
 #include <benchmark/benchmark.h>
 #include <nlohmann/json.hpp>
-
 #include "documents.h"
 #include "pool/account.h"
 #include "pool/history.h"
 #include "pool/pool_documents.h"
 
-namespace orvane::bench {
-namespace {
+namespace orvane::bench { namespace {
 
 using Bodies = std::vector<std::string>;
 
@@ -71,5 +68,4 @@ BENCHMARK_CAPTURE(libraryTree, stored_history, storedHistory)->Unit(benchmark::k
 BENCHMARK_CAPTURE(decodeAndMap, stored_history, storedHistory, readStoredHistory)
     ->Unit(benchmark::kMillisecond);
 
-}  // namespace
-}  // namespace orvane::bench
+}}  // namespace orvane::bench

@@ -1,12 +1,10 @@
 #include "fuzzer.h"
-
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 
 namespace orvane {
-
 void require(bool holds) {
   if (!holds) { std::abort(); }
 }
@@ -16,7 +14,6 @@ std::string_view takeLine(std::string_view& rest) {
   rest.remove_prefix(std::min(rest.size(), line.size() + 1));
   return line;
 }
-
 }  // namespace orvane
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -3,7 +3,6 @@
 #include <string_view>
 
 namespace orvane {
-
 /// What a fuzzer does with each input; every program has its own.
 void tryInput(std::string_view input);
 
@@ -12,5 +11,4 @@ void require(bool holds);
 
 /// The beginning of `rest` up to the end of its line, which is taken away from it.
 std::string_view takeLine(std::string_view& rest);
-
 }  // namespace orvane

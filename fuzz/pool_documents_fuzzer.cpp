@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <functional>
 #include <utility>
-
 #include "fuzzer.h"
 #include "pool/account.h"
 

@@ -7,7 +7,6 @@
 
 namespace orvane {
 namespace {
-
 using Days = std::optional<std::vector<BraiinsHistoryDay>>;
 
 void store(const Days& days) {
@@ -21,7 +20,6 @@ void store(const Days& days) {
   const std::optional<std::string> storedAgain = encodeHistory(*readBack);
   require(storedAgain && decodeHistory(*storedAgain) == readBack);
 }
-
 }  // namespace
 
 void tryInput(std::string_view input) {
@@ -30,5 +28,4 @@ void tryInput(std::string_view input) {
   const std::string_view rewards = takeLine(input);
   store(buildHistoryDays(rewards, hasHashrates ? std::optional(input) : std::nullopt));
 }
-
 }  // namespace orvane

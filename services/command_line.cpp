@@ -1,13 +1,10 @@
 #include "services/command_line.h"
-
 #include <QCommandLineParser>
 #include <array>
-
 #include "services/number_text.h"
 
 namespace orvane::services {
 namespace {
-
 constexpr ScenarioSeconds demoPaymentAfter{20};
 constexpr ScenarioSeconds demoRewardAfter{40};
 
@@ -87,7 +84,6 @@ void describe(QCommandLineParser& parser) {
   parser.addOption({"demo", "a payment after 20 and a block reward after 40 seconds"});
   parser.addOption({"help", "this text"});
 }
-
 }  // namespace
 
 std::expected<CommandLine, QString> parseCommandLine(const QStringList& arguments) {
@@ -118,5 +114,4 @@ QString helpText() {
   describe(parser);
   return parser.helpText();
 }
-
 }  // namespace orvane::services

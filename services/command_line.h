@@ -3,11 +3,9 @@
 #include <QString>
 #include <QStringList>
 #include <expected>
-
 #include "services/local_services.h"
 
 namespace orvane::services {
-
 struct CommandLine {
   LocalServicesOptions options;
   bool wantsHelp = false;
@@ -17,5 +15,4 @@ struct CommandLine {
 [[nodiscard]] std::expected<CommandLine, QString> parseCommandLine(const QStringList& arguments);
 
 [[nodiscard]] QString helpText();
-
 }  // namespace orvane::services

@@ -1,13 +1,10 @@
 #include "services/fault.h"
-
 #include <algorithm>
 #include <array>
-
 #include "services/number_text.h"
 
 namespace orvane::services {
 namespace {
-
 struct Entry {
   FaultKind kind;
   std::string_view name;
@@ -68,7 +65,6 @@ Outcome sendWithoutEnd(Connection& connection, const Response& response) {
   while (connection.write(block)) {}
   return Outcome::cut;
 }
-
 }  // namespace
 
 std::string_view faultName(FaultKind kind) {
@@ -162,5 +158,4 @@ Outcome sendFaulty(Connection& connection, const Request& request, const Respons
   }
   return Outcome::cut;
 }
-
 }  // namespace orvane::services

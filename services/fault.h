@@ -7,12 +7,10 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
 #include "services/server/http_server.h"
 #include "services/service.h"
 
 namespace orvane::services {
-
 enum class FaultKind {
   status,          ///< `status` in place of the answer
   silence,         ///< the request is read, nothing is ever sent
@@ -72,5 +70,4 @@ inline constexpr std::string_view movedPrefix = "/moved";
 /// Sends the answer the way the fault has it; returns when the client has all it will get.
 [[nodiscard]] Outcome sendFaulty(Connection& connection, const Request& request,
                                  const Response& response, const Fault& fault);
-
 }  // namespace orvane::services

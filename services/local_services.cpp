@@ -1,18 +1,14 @@
 #include "services/local_services.h"
-
 #include <fstream>
 #include <functional>
 #include <utility>
-
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
-
 #include "services/api/answers.h"
 #include "services/server/certificate_authority.h"
 
 namespace orvane::services {
 namespace {
-
 void writeFile(const std::filesystem::path& path, std::string_view text) {
   std::ofstream file;
   file.exceptions(std::ios::failbit | std::ios::badbit);
@@ -24,7 +20,6 @@ void writeFile(const std::filesystem::path& path, std::string_view text) {
 std::string localhost(std::uint16_t port) { return fmt::format("localhost:{}", port); }
 
 bool isMoved(const Request& request) { return request.target.starts_with(movedPrefix); }
-
 }  // namespace
 
 /// One service on its port: answers, goes wrong where it was told to, and logs.
@@ -203,5 +198,4 @@ void LocalServices::payBlockReward(std::int64_t sats, const std::string& address
 void LocalServices::mineBlock() {
   scenario_.withChain([](Chain& chain) { chain.mineBlock(); });
 }
-
 }  // namespace orvane::services

@@ -9,7 +9,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
 #include "services/fault.h"
 #include "services/request_log.h"
 #include "services/scenario/scenario.h"
@@ -18,7 +17,6 @@
 #include "services/working_directory.h"
 
 namespace orvane::services {
-
 /// In the shape of a mainnet address, with a checksum that no wallet accepts.
 inline constexpr std::string_view sampleAddress = "bc1qsampleaddressn0tarealwalletf0rthedem00";
 inline constexpr std::string_view sampleToken = "demo-read-only-token";
@@ -91,5 +89,4 @@ class LocalServices {
   std::array<std::unique_ptr<Endpoint>, allServices.size()> endpoints_;
   std::unique_ptr<HttpServer> control_;
 };
-
 }  // namespace orvane::services

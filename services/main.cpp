@@ -3,14 +3,11 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-
 #include <fmt/format.h>
-
 #include "services/command_line.h"
 #include "services/local_services.h"
 
 namespace {
-
 constexpr int wrongUsage = 2;
 
 sigset_t endingSignals() {
@@ -37,7 +34,6 @@ int serve(orvane::services::LocalServicesOptions options) {
   }
   return EXIT_SUCCESS;
 }
-
 }  // namespace
 
 int main(int count, char** arguments) {

@@ -7,7 +7,6 @@
 #include <system_error>
 
 namespace orvane::services {
-
 /// The number that the whole text stands for; none when there is anything else in it.
 template <typename T>
 [[nodiscard]] std::optional<T> numberFrom(std::string_view text) {
@@ -17,5 +16,4 @@ template <typename T>
   if (error != std::errc() || stopped != end) { return std::nullopt; }
   return number;
 }
-
 }  // namespace orvane::services

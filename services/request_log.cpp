@@ -1,14 +1,11 @@
 #include "services/request_log.h"
-
 #include <algorithm>
 #include <ranges>
 #include <utility>
-
 #include <nlohmann/json.hpp>
 
 namespace orvane::services {
 namespace {
-
 /// Clients may send any bytes; a log line stays valid JSON all the same.
 std::string lineOf(const nlohmann::ordered_json& json) {
   return json.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
@@ -17,7 +14,6 @@ std::string lineOf(const nlohmann::ordered_json& json) {
 double monotonicSeconds() {
   return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
-
 }  // namespace
 
 nlohmann::ordered_json toJson(const LoggedRequest& entry) {
@@ -66,5 +62,4 @@ std::vector<LoggedRequest> RequestLog::entries() const {
   const std::lock_guard lock(mutex_);
   return entries_;
 }
-
 }  // namespace orvane::services

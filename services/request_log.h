@@ -8,14 +8,11 @@
 #include <optional>
 #include <string>
 #include <vector>
-
 #include <nlohmann/json_fwd.hpp>
-
 #include "services/server/http_message.h"
 #include "services/service.h"
 
 namespace orvane::services {
-
 /// A request as it was received, noted before its answer was sent.
 struct LoggedRequest {
   std::chrono::sys_time<std::chrono::milliseconds> time;
@@ -49,5 +46,4 @@ class RequestLog {
   std::ofstream file_;
   std::vector<LoggedRequest> entries_;
 };
-
 }  // namespace orvane::services

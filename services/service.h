@@ -6,7 +6,6 @@
 #include <string_view>
 
 namespace orvane::services {
-
 /// The HTTPS services that are played here.
 enum class Service {
   pool,
@@ -47,5 +46,4 @@ inline constexpr std::array allServices{Service::pool, Service::explorer, Servic
 [[nodiscard]] constexpr std::size_t indexOf(Service service) {
   return static_cast<std::size_t>(service);
 }
-
 }  // namespace orvane::services

@@ -1,5 +1,4 @@
 #include "services/working_directory.h"
-
 #include <cerrno>
 #include <cstdlib>
 #include <string>
@@ -7,7 +6,6 @@
 #include <utility>
 
 namespace orvane::services {
-
 WorkingDirectory::WorkingDirectory(std::filesystem::path given)
     : path_(std::move(given)), isTemporary_(path_.empty()) {
   if (!isTemporary_) {
@@ -26,5 +24,4 @@ WorkingDirectory::~WorkingDirectory() {
   std::error_code ignored;
   if (isTemporary_) { std::filesystem::remove_all(path_, ignored); }
 }
-
 }  // namespace orvane::services

@@ -3,7 +3,6 @@
 #include <filesystem>
 
 namespace orvane::services {
-
 /// A folder to write to: a given one, made where it is missing and left behind, or a temporary
 /// one that is removed at the end. Throws std::filesystem::filesystem_error.
 class WorkingDirectory {
@@ -20,5 +19,4 @@ class WorkingDirectory {
   std::filesystem::path path_;
   bool isTemporary_;
 };
-
 }  // namespace orvane::services

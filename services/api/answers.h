@@ -2,14 +2,12 @@
 
 #include <optional>
 #include <string>
-
 #include "services/scenario/chain.h"
 #include "services/scenario/moment.h"
 #include "services/server/http_message.h"
 
 /// What each port answers to a request when nothing is wrong.
 namespace orvane::services {
-
 /// The pool account API at one moment. Without a token to expect it asks for none. Amounts are
 /// texts of bitcoin with eight decimals; share figures are 1024 times the shares of difficulty
 /// one, as the pool counts them.
@@ -32,5 +30,4 @@ class LocalServices;
 /// The control port: what a person or a script does to the services while they run. README.md
 /// lists the requests. A request that is not understood is refused with 400 and a sentence.
 [[nodiscard]] Response controlAnswer(const Request& request, LocalServices& services);
-
 }  // namespace orvane::services

@@ -3,16 +3,13 @@
 #include <initializer_list>
 #include <limits>
 #include <system_error>
-
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
-
 #include "services/api/answers.h"
 #include "services/local_services.h"
 
 namespace orvane::services {
 namespace {
-
 using nlohmann::json;
 
 /// A year: long enough for every story, short enough for every clock.
@@ -201,7 +198,6 @@ constexpr std::array routes{
     Route{"POST", "/pay", pay},
     Route{"POST", "/block", mineBlock},
 };
-
 }  // namespace
 
 Response controlAnswer(const Request& request, LocalServices& services) {
@@ -211,5 +207,4 @@ Response controlAnswer(const Request& request, LocalServices& services) {
   if (route == routes.end()) { return textResponse(404, "No such control request"); }
   return route->answer(request, services);
 }
-
 }  // namespace orvane::services

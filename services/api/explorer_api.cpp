@@ -1,12 +1,9 @@
 #include <algorithm>
-
 #include <nlohmann/json.hpp>
-
 #include "services/api/answers.h"
 
 namespace orvane::services {
 namespace {
-
 nlohmann::json statsObject(const AddressTotals& totals) {
   return {{"funded_txo_count", totals.fundedOutputs},
           {"funded_txo_sum", totals.fundedSats},
@@ -78,7 +75,6 @@ bool isLetterOrDigit(char character) {
 bool mayBeAddress(std::string_view text) {
   return text.size() >= 14 && text.size() <= 90 && std::ranges::all_of(text, isLetterOrDigit);
 }
-
 }  // namespace
 
 Response explorerAnswer(const Request& request, const Chain& chain) {
@@ -95,5 +91,4 @@ Response explorerAnswer(const Request& request, const Chain& chain) {
                                           chain.unconfirmedTotals(rest));
   return {.body = document.dump()};
 }
-
 }  // namespace orvane::services

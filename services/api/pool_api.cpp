@@ -1,17 +1,14 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
-
 #include "services/api/answers.h"
 #include "services/number_text.h"
 #include "services/scenario/pool_story.h"
 
 namespace orvane::services {
 namespace {
-
 constexpr std::int64_t satsPerBitcoin = 100'000'000;
 
 struct Unit {
@@ -139,7 +136,6 @@ bool isAuthorized(const Request& request, const std::optional<std::string>& toke
   const std::string* const sent = request.header("Pool-Auth-Token");
   return sent != nullptr && *sent == *token;
 }
-
 }  // namespace
 
 Response poolAnswer(const Request& request, const Moment& moment,
@@ -157,5 +153,4 @@ Response poolAnswer(const Request& request, const Moment& moment,
   }
   return textResponse(404, "There is nothing here");
 }
-
 }  // namespace orvane::services

@@ -1,16 +1,13 @@
 #include <array>
 #include <cmath>
 #include <numbers>
-
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
-
 #include "services/api/answers.h"
 #include "services/scenario/noise.h"
 
 namespace orvane::services {
 namespace {
-
 constexpr double typicalUsd = 97'000.1;
 constexpr double typicalUsdPerEur = 1.1531;
 constexpr std::uint64_t tradeSeed = 7;
@@ -47,7 +44,6 @@ constexpr std::array otherRates{
     Rate{"CZK", 20.981}, Rate{"ETH", 0.000321}, Rate{"GBP", 0.7598}, Rate{"JPY", 156.42},
     Rate{"NOK", 10.213}, Rate{"PLN", 3.6711},   Rate{"SEK", 9.5307},
 };
-
 }  // namespace
 
 Response priceAnswer(const Request& request, const Moment& moment) {
@@ -71,5 +67,4 @@ Response fallbackPriceAnswer(const Request& request, const Moment& moment) {
   }
   return {.body = nlohmann::json{{"data", {{"currency", "BTC"}, {"rates", rates}}}}.dump()};
 }
-
 }  // namespace orvane::services

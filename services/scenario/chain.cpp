@@ -1,16 +1,13 @@
 #include "services/scenario/chain.h"
-
 #include <algorithm>
 #include <iterator>
 #include <utility>
 
 namespace orvane::services {
 namespace {
-
 constexpr std::int64_t regularPaymentSats = 54'321;
 /// A solo miner's whole block: subsidy and fees.
 constexpr std::int64_t wholeRewardSats = 312'884'210;
-
 }  // namespace
 
 Chain::Chain(Plan plan) : address_(std::move(plan.address)) {
@@ -116,5 +113,4 @@ AddressTotals Chain::unconfirmedTotals(std::string_view address) const {
   }
   return totals;
 }
-
 }  // namespace orvane::services

@@ -5,12 +5,10 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
 #include "services/scenario/moment.h"
 #include "services/scenario/transactions.h"
 
 namespace orvane::services {
-
 /// Height of the chain when the story starts.
 inline constexpr std::int64_t openingTipHeight = 976'400;
 /// A block follows a block after this time, and confirms all that waits.
@@ -67,5 +65,4 @@ class Chain {
   std::vector<ChainTransaction> unconfirmed_;  ///< oldest first
   std::vector<Event> coming_;
 };
-
 }  // namespace orvane::services

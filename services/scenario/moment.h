@@ -4,7 +4,6 @@
 #include <mutex>
 
 namespace orvane::services {
-
 using ScenarioSeconds = std::chrono::duration<double>;
 
 /// A moment of the story that the services tell. Its calendar starts at the real time of the start
@@ -41,5 +40,4 @@ class ScenarioClock {
   double speed_;
   ScenarioSeconds skipped_{0};
 };
-
 }  // namespace orvane::services

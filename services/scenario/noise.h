@@ -3,7 +3,6 @@
 #include <cstdint>
 
 namespace orvane::services {
-
 /// Scatters a number over all 64 bits (the finalizer of SplitMix64): the same number gives the
 /// same bits in every run, neighbours give unrelated ones.
 [[nodiscard]] constexpr std::uint64_t scatter(std::uint64_t number) {
@@ -18,5 +17,4 @@ namespace orvane::services {
   const std::uint64_t bits = scatter(scatter(seed) ^ static_cast<std::uint64_t>(step));
   return static_cast<double>(bits >> 11) / 4503599627370496.0 - 1.0;
 }
-
 }  // namespace orvane::services

@@ -1,14 +1,11 @@
 #include "services/scenario/pool_story.h"
-
 #include <array>
 #include <cmath>
 #include <string_view>
-
 #include "services/scenario/noise.h"
 
 namespace orvane::services {
 namespace {
-
 using std::chrono::days;
 using std::chrono::hours;
 using std::chrono::minutes;
@@ -132,7 +129,6 @@ PoolDay historyDay(sys_days date) {
   day.shares = std::round(rate * seconds(days(1)).count() / hashesPerShare);
   return day;
 }
-
 }  // namespace
 
 std::vector<PoolWorker> workersAt(const Moment& moment) {
@@ -166,5 +162,4 @@ std::vector<PoolDay> daysBefore(const Moment& moment) {
   }
   return history;
 }
-
 }  // namespace orvane::services

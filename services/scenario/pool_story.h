@@ -5,11 +5,9 @@
 #include <optional>
 #include <string>
 #include <vector>
-
 #include "services/scenario/moment.h"
 
 namespace orvane::services {
-
 /// One worker as the pool knows it; rates in hashes per second.
 struct PoolWorker {
   std::string name;
@@ -46,5 +44,4 @@ inline constexpr std::chrono::seconds actLength{300};
 [[nodiscard]] PoolAccount accountAt(const Moment& moment);
 /// The full days before the moment, oldest first.
 [[nodiscard]] std::vector<PoolDay> daysBefore(const Moment& moment);
-
 }  // namespace orvane::services

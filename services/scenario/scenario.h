@@ -2,12 +2,10 @@
 
 #include <mutex>
 #include <utility>
-
 #include "services/scenario/chain.h"
 #include "services/scenario/moment.h"
 
 namespace orvane::services {
-
 /// The one story that all services tell. Safe to use from any thread.
 class Scenario {
  public:
@@ -29,5 +27,4 @@ class Scenario {
   std::mutex mutex_;
   Chain chain_;
 };
-
 }  // namespace orvane::services

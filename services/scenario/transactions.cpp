@@ -1,15 +1,11 @@
 #include "services/scenario/transactions.h"
-
 #include <algorithm>
 #include <utility>
-
 #include <fmt/format.h>
-
 #include "services/scenario/noise.h"
 
 namespace orvane::services {
 namespace {
-
 constexpr std::string_view bech32Characters = "qpzry9x8gf2tvdw0s3jn54khce6mua7l";
 constexpr std::size_t addressLength = 42;
 
@@ -24,7 +20,6 @@ bool spends(const ChainInput& input, std::string_view address) {
 constexpr std::int64_t fee = 600;
 constexpr std::int64_t blockSubsidy = 312'500'000;
 constexpr std::int64_t strangersChange = 1'250'000;
-
 }  // namespace
 
 bool ChainTransaction::concerns(std::string_view address) const {
@@ -121,5 +116,4 @@ ChainTransaction TransactionMaker::spending(const std::string& address, std::int
   if (change > 0) { transaction.outputs.emplace_back(address, change); }
   return transaction;
 }
-
 }  // namespace orvane::services

@@ -7,7 +7,6 @@
 #include <vector>
 
 namespace orvane::services {
-
 struct ChainInput {
   bool isCoinbase = false;
   std::string address = {};  ///< whose output is spent; empty for a coinbase input
@@ -64,5 +63,4 @@ class TransactionMaker {
   std::uint64_t strangers_ = 0;
   std::uint64_t transactions_ = 0;
 };
-
 }  // namespace orvane::services

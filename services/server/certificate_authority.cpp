@@ -1,9 +1,7 @@
 #include "services/server/certificate_authority.h"
-
 #include <array>
 #include <cstdint>
 #include <stdexcept>
-
 #include <openssl/bio.h>
 #include <openssl/err.h>
 #include <openssl/pem.h>
@@ -12,7 +10,6 @@
 
 namespace orvane::services {
 namespace {
-
 constexpr long secondsPerDay = 86'400;
 // A day back, so that a client whose clock is a little behind still believes the certificate.
 constexpr long validFrom = -secondsPerDay;
@@ -72,7 +69,6 @@ void sign(X509& certificate, X509& issuer, EVP_PKEY& issuerKey) {
   addExtension(certificate, issuer, NID_authority_key_identifier, "keyid:always");
   require(X509_sign(&certificate, &issuerKey, EVP_sha256()) > 0);
 }
-
 }  // namespace
 
 CertificateAuthority::CertificateAuthority()
@@ -106,5 +102,4 @@ TlsContext CertificateAuthority::makeServerContext() const {
   require(SSL_CTX_use_PrivateKey(context.get(), key.get()) == 1);
   return context;
 }
-
 }  // namespace orvane::services

@@ -1,11 +1,9 @@
 #pragma once
 
 #include <string>
-
 #include "services/server/openssl_handles.h"
 
 namespace orvane::services {
-
 /// A certificate authority made at construction for one run. Its key stays in this object: only
 /// servers that this process starts can ever hold a certificate that a client of it trusts.
 class CertificateAuthority {
@@ -23,5 +21,4 @@ class CertificateAuthority {
   PrivateKey key_;
   Certificate certificate_;
 };
-
 }  // namespace orvane::services

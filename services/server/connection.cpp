@@ -1,16 +1,13 @@
 #include "services/server/connection.h"
-
 #include <algorithm>
 #include <array>
 #include <cerrno>
-
 #include <openssl/err.h>
 #include <poll.h>
 #include <sys/socket.h>
 
 namespace orvane::services {
 namespace {
-
 constexpr std::size_t headLimit = 65'536;
 constexpr std::size_t bodyLimit = 1'048'576;
 constexpr std::string_view headEnd = "\r\n\r\n";
@@ -28,7 +25,6 @@ bool endsWithin(int socket, std::chrono::milliseconds duration) {
     if (outcome >= 0 || errno != EINTR) { return outcome != 0; }
   }
 }
-
 }  // namespace
 
 bool Connection::shakeHands() {
@@ -124,5 +120,4 @@ void Connection::finish() {
 }
 
 void Connection::cut() const { ::shutdown(socket_.get(), SHUT_RDWR); }
-
 }  // namespace orvane::services

@@ -6,14 +6,11 @@
 #include <string>
 #include <string_view>
 #include <utility>
-
 #include <unistd.h>
-
 #include "services/server/http_message.h"
 #include "services/server/openssl_handles.h"
 
 namespace orvane::services {
-
 /// Owns one descriptor and closes it at the end of its life.
 class FileDescriptor {
  public:
@@ -73,5 +70,4 @@ class Connection {
   TlsSession session_;  ///< once hands were shaken; never for a connection in clear
   std::string received_;
 };
-
 }  // namespace orvane::services

@@ -1,17 +1,13 @@
 #include "services/server/http_message.h"
-
 #include <algorithm>
 #include <array>
 #include <iterator>
 #include <utility>
-
 #include <fmt/format.h>
-
 #include "services/number_text.h"
 
 namespace orvane::services {
 namespace {
-
 struct Reason {
   int status;
   std::string_view text;
@@ -60,7 +56,6 @@ std::string_view takeLine(std::string_view& text) {
 }
 
 bool mayHaveBody(int status) { return status >= 200 && status != 204 && status != 304; }
-
 }  // namespace
 
 std::string_view Request::path() const {
@@ -129,5 +124,4 @@ std::string responseHead(const Response& response, std::optional<std::size_t> co
                  keepAlive ? "keep-alive" : "close");
   return head;
 }
-
 }  // namespace orvane::services

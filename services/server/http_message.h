@@ -7,7 +7,6 @@
 #include <vector>
 
 namespace orvane::services {
-
 struct Header {
   std::string name;
   std::string value;
@@ -49,5 +48,4 @@ struct Response {
 /// the connection ends the body.
 [[nodiscard]] std::string responseHead(const Response& response,
                                        std::optional<std::size_t> contentLength, bool keepAlive);
-
 }  // namespace orvane::services

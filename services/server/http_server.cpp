@@ -1,16 +1,13 @@
 #include "services/server/http_server.h"
-
 #include <cerrno>
 #include <csignal>
 #include <system_error>
-
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <sys/socket.h>
 
 namespace orvane::services {
 namespace {
-
 constexpr int waitingClients = 128;
 
 void require(bool succeeded, const char* what) {
@@ -32,7 +29,6 @@ void blockSignals() {
   sigfillset(&all);
   pthread_sigmask(SIG_BLOCK, &all, nullptr);
 }
-
 }  // namespace
 
 Outcome sendAnswer(Connection& connection, const Request& request, const Response& response) {
@@ -136,5 +132,4 @@ void HttpServer::serve(Client& client) const {
   }
   client.finished = true;
 }
-
 }  // namespace orvane::services

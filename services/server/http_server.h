@@ -7,11 +7,9 @@
 #include <memory>
 #include <mutex>
 #include <thread>
-
 #include "services/server/connection.h"
 
 namespace orvane::services {
-
 /// What becomes of a connection after a request was answered.
 enum class Outcome {
   keep,    ///< it may serve another request
@@ -68,5 +66,4 @@ class HttpServer {
   std::list<Client> clients_;  ///< touched by the accepting thread while there is one
   std::jthread accepting_;
 };
-
 }  // namespace orvane::services

@@ -1,13 +1,9 @@
 #include "address/address_summary.h"
-
 #include <utility>
-
 #include "platform/decimal/decimal.h"
 
 namespace orvane {
-
 namespace {
-
 /// Holds any sum of as many amounts as fit into memory, whatever their order and sign.
 __extension__ using WideAmount = __int128;
 
@@ -28,7 +24,6 @@ WideAmount paidTo(std::string_view address, const std::vector<Transaction::Outpu
   }
   return sum;
 }
-
 }  // namespace
 
 std::int64_t confirmations(std::int64_t tipHeight, std::optional<std::int64_t> blockHeight) {
@@ -66,5 +61,4 @@ ExplorerResult<WatchedAddressSummary> buildSummary(const AddressStats& totals,
   }
   return summary;
 }
-
 }  // namespace orvane

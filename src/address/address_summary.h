@@ -5,11 +5,9 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
 #include "address/explorer_documents.h"
 
 namespace orvane {
-
 /// Confirmations after which a block reward can be spent.
 inline constexpr std::int64_t coinbaseMaturity = 100;
 
@@ -51,5 +49,4 @@ struct WatchedAddressSummary {
 [[nodiscard]] ExplorerResult<WatchedAddressSummary> buildSummary(
     const AddressStats& totals, const std::vector<Transaction>& transactions,
     std::int64_t tipHeight, std::string_view address);
-
 }  // namespace orvane

@@ -1,15 +1,11 @@
 #include "address/bitcoin_address.h"
-
 #include <algorithm>
 #include <cstddef>
 #include <string>
-
 #include "platform/text/unicode.h"
 
 namespace orvane {
-
 namespace {
-
 constexpr std::string_view base58Alphabet =
     "123456789ABCDEFGHJKLMNPQRSTUVWXYZabcdefghijkmnopqrstuvwxyz";
 constexpr std::string_view bech32Charset = "qpzry9x8gf2tvdw0s3jn54khce6mua7l";
@@ -43,7 +39,6 @@ bool isLegacy(std::string_view text) {
   return (text.starts_with('1') || text.starts_with('3')) && text.size() >= legacyShortest &&
          text.size() <= legacyLongest && consistsOf(base58Alphabet, text);
 }
-
 }  // namespace
 
 bool isValidMainnetAddress(std::string_view text) {
@@ -51,5 +46,4 @@ bool isValidMainnetAddress(std::string_view text) {
   return lower.starts_with(segregatedWitnessPrefix) ? isSegregatedWitness(text, lower)
                                                     : isLegacy(text);
 }
-
 }  // namespace orvane

@@ -1,15 +1,11 @@
 #include "address/explorer_documents.h"
-
 #include <charconv>
 #include <system_error>
-
 #include "platform/json/json_reader.h"
 #include "platform/text/unicode.h"
 
 namespace orvane {
-
 namespace {
-
 AddressStats::Stats readStats(JsonValue value, JsonMatch& match) {
   const JsonObjectReader reader(value, match);
   return {.funded_txo_sum = reader.integer("funded_txo_sum"),
@@ -49,7 +45,6 @@ Transaction readTransaction(JsonValue value, JsonMatch& match) {
 std::vector<Transaction> readTransactions(JsonValue value, JsonMatch& match) {
   return readJsonArray(value, match, readTransaction);
 }
-
 }  // namespace
 
 std::optional<AddressStats> decodeAddressStats(std::string_view body) {
@@ -71,5 +66,4 @@ std::optional<std::int64_t> parseTipHeight(std::string_view text) {
   if (error != std::errc() || next != end) { return std::nullopt; }
   return height;
 }
-
 }  // namespace orvane

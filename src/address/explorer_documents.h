@@ -6,11 +6,9 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
 #include "platform/http/http_transport.h"
 
 namespace orvane {
-
 /// Why the explorer gave no figures. Texts for people are made by the store.
 struct ExplorerError {
   enum class Kind {
@@ -72,5 +70,4 @@ struct Transaction {
 
 /// The tip document's text: a decimal number with an optional sign, white space around it.
 [[nodiscard]] std::optional<std::int64_t> parseTipHeight(std::string_view text);
-
 }  // namespace orvane

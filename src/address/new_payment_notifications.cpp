@@ -1,16 +1,12 @@
 #include "address/new_payment_notifications.h"
-
 #include <optional>
 #include <set>
 #include <string_view>
 #include <utility>
-
 #include <fmt/format.h>
 
 namespace orvane {
-
 namespace {
-
 constexpr std::string_view seenTransactionsKey = "balance.watchedAddressSeenTransactions";
 
 Task<void> post(NotificationCenter& center, std::vector<NotificationRequest> requests) {
@@ -21,7 +17,6 @@ Task<void> post(NotificationCenter& center, std::vector<NotificationRequest> req
     (void)co_await center.add(std::move(request));
   }
 }
-
 }  // namespace
 
 NewPaymentNotifications::NewPaymentNotifications(Executor& executor, UserDefaults& defaults,
@@ -75,5 +70,4 @@ NotificationRequest NewPaymentNotifications::makeNotificationRequest(
                               amount, height, coinbaseMaturity),
           .sound = NotificationSound::critical};
 }
-
 }  // namespace orvane

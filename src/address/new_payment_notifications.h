@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <functional>
 #include <string>
-
 #include "address/address_summary.h"
 #include "platform/async/executor.h"
 #include "platform/async/task_scope.h"
@@ -12,7 +11,6 @@
 #include "platform/text/locale_format.h"
 
 namespace orvane {
-
 /// Tells the user of every new payment and block reward to the watched address, once. Called by
 /// the store, with each summary before it is shown.
 class NewPaymentNotifications {
@@ -42,5 +40,4 @@ class NewPaymentNotifications {
   AmountText amountText_;
   TaskScope posting_;
 };
-
 }  // namespace orvane

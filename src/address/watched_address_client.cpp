@@ -1,17 +1,12 @@
 #include "address/watched_address_client.h"
-
 #include <cstdint>
 #include <utility>
-
 #include "platform/async/task_scope.h"
 #include "platform/text/unicode.h"
 
 namespace orvane {
-
 namespace {
-
 std::string addressPath(std::string_view address) { return "/address/" + percentEscaped(address); }
-
 }  // namespace
 
 WatchedAddressClient::WatchedAddressClient(HttpTransport& transport, std::string explorerHost)
@@ -75,5 +70,4 @@ Task<ExplorerResult<WatchedAddressSummary>> WatchedAddressClient::summary(std::s
   }
   co_return buildSummary(*totals, *transactions, *tipHeight, address);
 }
-
 }  // namespace orvane

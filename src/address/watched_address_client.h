@@ -4,14 +4,12 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
 #include "address/address_summary.h"
 #include "address/explorer_documents.h"
 #include "platform/async/task.h"
 #include "platform/http/http_transport.h"
 
 namespace orvane {
-
 /// Reads one Bitcoin address from a public block explorer. Needs no account and keeps nothing
 /// between calls; any number of calls may run at once.
 class WatchedAddressClient {
@@ -39,5 +37,4 @@ class WatchedAddressClient {
   HttpTransport& transport_;
   std::string explorerBaseURL_;
 };
-
 }  // namespace orvane

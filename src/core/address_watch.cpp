@@ -1,14 +1,11 @@
 #include "core/address_watch.h"
-
 #include <utility>
-
 #include "address/bitcoin_address.h"
 #include "core/display_texts.h"
 #include "platform/async/timer.h"
 #include "platform/text/unicode.h"
 
 namespace orvane {
-
 AddressWatch::AddressWatch(const BalancePlatform& platform, BalanceFields& fields,
                            StoredSettings& settings, KeychainItems& keychain, PriceFeed& prices)
     : executor_(platform.executor),
@@ -114,5 +111,4 @@ void AddressWatch::applySummary(std::expected<WatchedAddressSummary, ExplorerErr
   }
   fields_.invokeOnChange();
 }
-
 }  // namespace orvane

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <chrono>
-
 #include "address/new_payment_notifications.h"
 #include "address/watched_address_client.h"
 #include "core/balance_platform.h"
@@ -13,7 +12,6 @@
 #include "platform/async/task_scope.h"
 
 namespace orvane {
-
 /// The address's side of the store: which address is watched, and the loop that reads it. The loop
 /// always runs, so that a payout address which the miner stores later is found.
 class AddressWatch {
@@ -50,5 +48,4 @@ class AddressWatch {
   TaskHandle addressTask_;
   TaskScope tasks_;
 };
-
 }  // namespace orvane

@@ -2,7 +2,6 @@
 
 #include <string>
 #include <vector>
-
 #include "platform/async/executor.h"
 #include "platform/defaults/user_defaults.h"
 #include "platform/http/http_transport.h"
@@ -11,7 +10,6 @@
 #include "platform/text/locale_format.h"
 
 namespace orvane {
-
 /// The remote services that the store reads, each "host[:port]".
 struct ServiceHosts {
   std::string pool;
@@ -31,5 +29,4 @@ struct BalancePlatform {
   ServiceHosts hosts;
   std::vector<std::string> accessGroups = {};  ///< the keychain groups this build may use
 };
-
 }  // namespace orvane

@@ -6,7 +6,6 @@
 #include <type_traits>
 #include <utility>
 #include <vector>
-
 #include "address/address_summary.h"
 #include "platform/async/executor.h"
 #include "platform/async/signal.h"
@@ -15,7 +14,6 @@
 #include "prices/bitcoin_prices.h"
 
 namespace orvane {
-
 /// The unit in which amounts are shown.
 enum class BalanceUnit { sats, btc };
 
@@ -72,5 +70,4 @@ class BalanceFields {
   Signal<> assigned_;
   std::function<void()> onChange_;
 };
-
 }  // namespace orvane

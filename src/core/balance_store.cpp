@@ -1,11 +1,8 @@
 #include "core/balance_store.h"
-
 #include <utility>
-
 #include "core/display_texts.h"
 
 namespace orvane {
-
 BalanceStore::BalanceStore(BalancePlatform platform)
     : format_(platform.format),
       fields_([this] {
@@ -60,5 +57,4 @@ std::optional<std::string> BalanceStore::fiatText(double sats) const {
 std::optional<std::string> BalanceStore::priceText() const {
   return orvane::priceText(state(), format_);
 }
-
 }  // namespace orvane

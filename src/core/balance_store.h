@@ -6,7 +6,6 @@
 #include "core/pool_account.h"
 
 namespace orvane {
-
 /// Holds everything the application shows, runs the refresh cycles, keeps settings and secrets,
 /// and turns figures into texts. One exists per process; the views read it and call it.
 class BalanceStore {
@@ -65,5 +64,4 @@ class BalanceStore {
   PoolAccount pool_;
   AddressWatch address_;
 };
-
 }  // namespace orvane

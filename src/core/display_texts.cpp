@@ -1,17 +1,12 @@
 #include "core/display_texts.h"
-
 #include <cmath>
 #include <cstdlib>
-
 #include <fmt/format.h>
-
 #include "platform/decimal/decimal.h"
 #include "prices/bitcoin_prices.h"
 
 namespace orvane {
-
 namespace {
-
 struct HashRateUnit {
   double factor;  ///< hashes per second
   std::string_view text;
@@ -46,7 +41,6 @@ bool meansUnreachable(HttpFailure failure) {
   }
   return false;
 }
-
 }  // namespace
 
 std::string amountNumberText(const BalanceState& state, const LocaleFormat& format,
@@ -140,5 +134,4 @@ std::string poolErrorText(PoolError error, std::string_view word) {
 std::string explorerErrorText() {
   return "Chainpeek could not be reached. The last figures stay until the next try in 10 minutes.";
 }
-
 }  // namespace orvane

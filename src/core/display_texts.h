@@ -2,13 +2,11 @@
 
 #include <chrono>
 #include <string_view>
-
 #include "core/balance_state.h"
 #include "platform/text/locale_format.h"
 #include "pool/braiins_account_client.h"
 
 namespace orvane {
-
 // The texts in which figures and failures are shown: functions of the state and the user's locale.
 
 /// "12,345" or "0.00012345", in the state's unit, without the unit's word.
@@ -45,5 +43,4 @@ namespace orvane {
 [[nodiscard]] std::string poolErrorText(PoolError error, std::string_view word);
 /// The same for the block explorer, whatever the failure.
 [[nodiscard]] std::string explorerErrorText();
-
 }  // namespace orvane

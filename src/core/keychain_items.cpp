@@ -1,19 +1,14 @@
 #include "core/keychain_items.h"
-
 #include <algorithm>
 #include <utility>
-
 #include "platform/text/unicode.h"
 
 namespace orvane {
-
 namespace {
-
 /// Identifies one item, in whichever group it is.
 KeychainQuery baseQuery(std::string service, std::string account) {
   return {.service = std::move(service), .account = std::move(account)};
 }
-
 }  // namespace
 
 std::optional<std::string> sharedAccessGroup(const std::vector<std::string>& accessGroups) {
@@ -75,5 +70,4 @@ Task<void> KeychainItems::save(std::string text, KeychainQuery query, KeychainPr
     co_await keychain_.add(std::move(query), std::move(text), prompt);
   }
 }
-
 }  // namespace orvane

@@ -2,14 +2,12 @@
 
 #include <optional>
 #include <vector>
-
 #include "platform/async/async_mutex.h"
 #include "platform/async/executor.h"
 #include "platform/async/task_scope.h"
 #include "platform/keychain/keychain.h"
 
 namespace orvane {
-
 /// The keychain items that this application shares with the companion mining application.
 struct SharedItem {
   const char* service;
@@ -59,5 +57,4 @@ class KeychainItems {
   AsyncMutex order_;
   TaskScope writes_;
 };
-
 }  // namespace orvane

@@ -1,14 +1,11 @@
 #include "core/pool_account.h"
-
 #include <optional>
 #include <utility>
-
 #include "core/display_texts.h"
 #include "platform/async/timer.h"
 #include "platform/text/unicode.h"
 
 namespace orvane {
-
 PoolAccount::PoolAccount(const BalancePlatform& platform, BalanceFields& fields,
                          StoredSettings& settings, KeychainItems& keychain, PriceFeed& prices)
     : executor_(platform.executor),
@@ -132,5 +129,4 @@ void PoolAccount::applyHistory(std::expected<std::vector<BraiinsHistoryDay>, Poo
     fields_.set(&BalanceState::historyStatus, poolErrorText(days.error(), "history"));
   }
 }
-
 }  // namespace orvane

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <chrono>
-
 #include "core/balance_platform.h"
 #include "core/balance_state.h"
 #include "core/keychain_items.h"
@@ -12,7 +11,6 @@
 #include "pool/braiins_account_client.h"
 
 namespace orvane {
-
 /// The pool's side of the store: the token, the loop that reads the account while there is one,
 /// and the load of the daily history.
 class PoolAccount {
@@ -55,5 +53,4 @@ class PoolAccount {
   TaskHandle historyTask_;  ///< set while a load runs; the state's isLoadingHistory mirrors it
   TaskScope tasks_;
 };
-
 }  // namespace orvane

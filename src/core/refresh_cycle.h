@@ -1,13 +1,11 @@
 #pragma once
 
 #include <utility>
-
 #include "core/balance_state.h"
 #include "platform/async/task.h"
 #include "prices/bitcoin_price_service.h"
 
 namespace orvane {
-
 // What the store's two refresh cycles have in common: the pool's, in PoolAccount, and the
 // address's, in AddressWatch. Each is a task that refreshes at once, sleeps, and refreshes again
 // until it is cancelled; a restart cancels it and starts its successor from the queue, so that the
@@ -41,5 +39,4 @@ class PriceFeed {
   BalanceFields& fields_;
   BitcoinPriceService service_;
 };
-
 }  // namespace orvane

@@ -1,15 +1,11 @@
 #include "core/stored_settings.h"
-
 #include <algorithm>
 #include <functional>
 #include <optional>
-
 #include "pool/history.h"
 
 namespace orvane {
-
 namespace {
-
 constexpr std::string_view unitKey = "balance.unit";
 constexpr std::string_view preferredFiatCurrencyKey = "balance.preferredFiatCurrency";
 constexpr std::string_view ownAddressKey = "balance.watchedAddress";
@@ -17,7 +13,6 @@ constexpr std::string_view historyKey = "balance.braiinsHistory";
 
 constexpr std::string_view rawSats = "sats";
 constexpr std::string_view rawBtc = "btc";
-
 }  // namespace
 
 BalanceUnit StoredSettings::unit() const {
@@ -55,5 +50,4 @@ void StoredSettings::setHistory(std::span<const BraiinsHistoryDay> days) {
   }
 }
 void StoredSettings::removeHistory() { defaults_.remove(historyKey); }
-
 }  // namespace orvane

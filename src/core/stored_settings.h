@@ -2,12 +2,10 @@
 
 #include <span>
 #include <string_view>
-
 #include "core/balance_state.h"
 #include "platform/defaults/user_defaults.h"
 
 namespace orvane {
-
 /// The store's settings as they are kept between runs. A setting that is missing or cannot be read
 /// has its default; nothing is cached.
 class StoredSettings {
@@ -32,5 +30,4 @@ class StoredSettings {
  private:
   UserDefaults& defaults_;
 };
-
 }  // namespace orvane

@@ -1,17 +1,13 @@
 #include "pool/account.h"
-
 #include <algorithm>
 #include <array>
 #include <string_view>
 #include <tuple>
 #include <utility>
-
 #include "platform/text/unicode.h"
 
 namespace orvane {
-
 namespace {
-
 using State = BraiinsWorkerStatus::State;
 
 struct StateText {
@@ -61,7 +57,6 @@ bool ranksBefore(const RankedWorker& a, const RankedWorker& b) {
   return std::tie(b.worker.hashRate5m, a.comparedName, a.worker.fullName) <
          std::tie(a.worker.hashRate5m, b.comparedName, b.worker.fullName);
 }
-
 }  // namespace
 
 BraiinsAccountStats accountStats(const BraiinsProfileResponse& response) {
@@ -94,5 +89,4 @@ std::vector<BraiinsWorkerStatus> workerOrder(std::vector<BraiinsWorkerStatus> wo
                          [](RankedWorker& entry) { return std::move(entry.worker); });
   return workers;
 }
-
 }  // namespace orvane

@@ -5,11 +5,9 @@
 #include <optional>
 #include <string>
 #include <vector>
-
 #include "pool/pool_documents.h"
 
 namespace orvane {
-
 /// The account figures of the pool. Hash rates are hashes per second, amounts satoshis.
 struct BraiinsAccountStats {
   double hashRate60m = 0;
@@ -46,5 +44,4 @@ struct BraiinsWorkerStatus {
 /// order of code points after canonical normalization. Rates must not be NaN.
 [[nodiscard]] std::vector<BraiinsWorkerStatus> workerOrder(
     std::vector<BraiinsWorkerStatus> workers);
-
 }  // namespace orvane

@@ -1,18 +1,13 @@
 #include "pool/braiins_account_client.h"
-
 #include <optional>
 #include <string_view>
 #include <utility>
-
 #include <fmt/format.h>
-
 #include "platform/async/timer.h"
 #include "pool/pool_documents.h"
 
 namespace orvane {
-
 namespace {
-
 using Kind = PoolError::Kind;
 
 constexpr std::chrono::seconds idleTimeout{15};
@@ -30,7 +25,6 @@ std::string utcDateText(WallTime time) {
   return fmt::format("{:04}-{:02}-{:02}", static_cast<int>(date.year()),
                      static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()));
 }
-
 }  // namespace
 
 BraiinsAccountClient::BraiinsAccountClient(Executor& executor, HttpTransport& transport,
@@ -91,5 +85,4 @@ Task<PoolResult<void>> BraiinsAccountClient::claimSlot() {
   nextRequestAt_ = executor_.now() + poolRequestGap;
   co_return PoolResult<void>();
 }
-
 }  // namespace orvane

@@ -4,7 +4,6 @@
 #include <expected>
 #include <string>
 #include <vector>
-
 #include "platform/async/async_mutex.h"
 #include "platform/async/executor.h"
 #include "platform/async/task.h"
@@ -13,7 +12,6 @@
 #include "pool/history.h"
 
 namespace orvane {
-
 /// Why a pool request gave no figures. Texts for people are made by the store.
 struct PoolError {
   enum class Kind {
@@ -71,5 +69,4 @@ class BraiinsAccountClient {
   AsyncMutex slot_;
   Instant nextRequestAt_ = Instant::min();
 };
-
 }  // namespace orvane

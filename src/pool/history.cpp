@@ -1,23 +1,17 @@
 #include "pool/history.h"
-
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <functional>
 #include <map>
 #include <utility>
-
 #include <nlohmann/json.hpp>
-
-#include "platform/decimal/decimal.h"
 #include "platform/json/json_reader.h"
 #include "platform/text/unicode.h"
 #include "pool/pool_documents.h"
 
 namespace orvane {
-
 namespace {
-
 using std::chrono::seconds;
 using std::chrono::sys_seconds;
 
@@ -109,7 +103,6 @@ BraiinsHistoryDay readDay(JsonValue value, JsonMatch& match) {
 std::vector<BraiinsHistoryDay> readDays(JsonValue value, JsonMatch& match) {
   return readJsonArray(value, match, readDay);
 }
-
 }  // namespace
 
 BraiinsHistorySummary::BraiinsHistorySummary(std::span<const BraiinsHistoryDay> days)
@@ -152,5 +145,4 @@ std::optional<std::string> encodeHistory(std::span<const BraiinsHistoryDay> days
 std::optional<std::vector<BraiinsHistoryDay>> decodeHistory(std::string_view bytes) {
   return decodeJson(bytes, readDays);
 }
-
 }  // namespace orvane

@@ -7,11 +7,9 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
 #include "platform/decimal/decimal.h"
 
 namespace orvane {
-
 /// One day of the pool's daily history; its identity is `date`.
 struct BraiinsHistoryDay {
   std::chrono::sys_seconds date = {};          ///< the pool's own timestamp, not reduced to a day
@@ -52,5 +50,4 @@ struct BraiinsHistorySummary {
 /// number: a fraction of a second is dropped towards the past, so the calendar day stays, and a
 /// moment beyond the 64-bit range becomes its nearest end.
 [[nodiscard]] std::optional<std::vector<BraiinsHistoryDay>> decodeHistory(std::string_view bytes);
-
 }  // namespace orvane

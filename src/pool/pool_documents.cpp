@@ -1,16 +1,12 @@
 #include "pool/pool_documents.h"
-
 #include <array>
 #include <cmath>
-
 #include "platform/decimal/decimal.h"
 #include "platform/json/json_reader.h"
 #include "platform/text/unicode.h"
 
 namespace orvane {
-
 namespace {
-
 struct HashRateUnit {
   std::string_view name;
   std::string_view shortName;
@@ -84,7 +80,6 @@ std::vector<BraiinsDailyHashrateResponse::Day> readDaysOfGroup(JsonValue value, 
 BraiinsDailyHashrateResponse readDailyHashrate(JsonValue root, JsonMatch& match) {
   return {.values = readJsonMap(root, match, readDaysOfGroup)};
 }
-
 }  // namespace
 
 std::optional<BraiinsProfileResponse> decodeProfile(std::string_view body) {
@@ -119,5 +114,4 @@ std::int64_t satsFromBTCText(std::string_view text) {
 std::int64_t sharesFromPoolFigure(double figure) {
   return saturatedToInt64(std::round(figure * sharesPerFigure));
 }
-
 }  // namespace orvane

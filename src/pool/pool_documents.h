@@ -10,7 +10,6 @@
 #include <vector>
 
 namespace orvane {
-
 /// The answers of the pool's account API, with the members that are read of them. Hash rates are
 /// in the unit that stands beside them; times are seconds since 1970-01-01T00:00:00 UTC.
 
@@ -106,5 +105,4 @@ template <class Value>
 /// Shares from the pool's share figure, which counts in 1,024ths: to the nearest, halves away from
 /// zero; figures beyond the 64-bit range become its ends.
 [[nodiscard]] std::int64_t sharesFromPoolFigure(double figure);
-
 }  // namespace orvane

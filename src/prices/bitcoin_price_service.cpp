@@ -1,19 +1,14 @@
 #include "prices/bitcoin_price_service.h"
-
 #include <clocale>
 #include <cstdlib>
 #include <memory>
 #include <type_traits>
 #include <utility>
-
 #include <locale.h>
-
 #include "platform/json/json_reader.h"
 
 namespace orvane {
-
 namespace {
-
 using Kind = PriceError::Kind;
 
 constexpr std::string_view whiteSpace = " \t\n\v\f\r";
@@ -68,7 +63,6 @@ Task<PriceResult> fetch(HttpTransport& transport, std::string url,
   if (!response) { co_return std::unexpected(response.error()); }
   co_return pricesFrom(*response);
 }
-
 }  // namespace
 
 std::optional<CurrentPriceResponse> decodeCurrentPrice(std::string_view body) {
@@ -111,5 +105,4 @@ Task<PriceResult> BitcoinPriceService::fetchFromCoinbase() {
   return fetch(transport_, "https://" + fallbackHost_ + "/v2/exchange-rates?currency=BTC",
                decodeCoinbasePrice, pricesFromCoinbase);
 }
-
 }  // namespace orvane

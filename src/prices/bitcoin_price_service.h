@@ -6,13 +6,11 @@
 #include <optional>
 #include <string>
 #include <string_view>
-
 #include "platform/async/task.h"
 #include "platform/http/http_transport.h"
 #include "prices/bitcoin_prices.h"
 
 namespace orvane {
-
 /// The answers of the two price sources, with the members that are read of them.
 
 /// The primary source's.
@@ -76,5 +74,4 @@ class BitcoinPriceService {
   std::string primaryHost_;
   std::string fallbackHost_;
 };
-
 }  // namespace orvane

@@ -1,15 +1,10 @@
 #include "prices/bitcoin_prices.h"
-
 #include <algorithm>
-
 #include <fmt/format.h>
-
 #include "platform/decimal/decimal.h"
 
 namespace orvane {
-
 namespace {
-
 struct Currency {
   std::string_view rawValue;
   std::string_view symbol;
@@ -25,7 +20,6 @@ Currency currencyOf(PreferredFiatCurrency currency) {
   }
   return {};
 }
-
 }  // namespace
 
 std::string_view rawValue(PreferredFiatCurrency currency) { return currencyOf(currency).rawValue; }
@@ -52,5 +46,4 @@ std::string rateText(const LocaleFormat& format, PreferredFiatCurrency currency,
   const double price = prices.*currencyOf(currency).price;
   return fmt::format("1 BTC = {} {}", format.fixed(price, 0), symbol(currency));
 }
-
 }  // namespace orvane

@@ -4,11 +4,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
-
 #include "platform/text/locale_format.h"
 
 namespace orvane {
-
 /// The price of one bitcoin, as the sources give it: nothing checks that it is positive.
 struct CurrentBitcoinPrices {
   double eur = 0;
@@ -42,5 +40,4 @@ inline constexpr std::array allFiatCurrencies{PreferredFiatCurrency::eur,
 /// "1 BTC = 84,123 €".
 [[nodiscard]] std::string rateText(const LocaleFormat& format, PreferredFiatCurrency currency,
                                    const CurrentBitcoinPrices& prices);
-
 }  // namespace orvane

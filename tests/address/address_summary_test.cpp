@@ -1,13 +1,8 @@
 #include "address/address_summary.h"
-
-#include <cstdint>
-
 #include <gmock/gmock.h>
-
 #include "support/document_members.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using testing::ElementsAre;
 
@@ -126,5 +121,4 @@ TEST(ExplorerDocumentsTest, ParseTheTipHeight) {
   }
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -1,11 +1,8 @@
 #include "address/bitcoin_address.h"
-
 #include <string>
-
 #include <gtest/gtest.h>
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using namespace std::string_literals;
 
@@ -50,5 +47,4 @@ TEST(BitcoinAddressTest, KnowsItsAlphabets) {
   }
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

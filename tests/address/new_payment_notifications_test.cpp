@@ -1,13 +1,10 @@
 #include "address/new_payment_notifications.h"
-
 #include <gmock/gmock.h>
-
 #include "support/fake_notification_center.h"
 #include "support/memory_defaults.h"
 #include "support/virtual_executor.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using namespace std::chrono_literals;
 using testing::ElementsAre;
@@ -100,5 +97,4 @@ TEST_F(NewPaymentNotificationsTest, WritesTheTexts) {
                                   "1 sats from block #—" + end, critical}));
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -1,12 +1,9 @@
 #include "address/watched_address_client.h"
-
 #include <gmock/gmock.h>
-
 #include "support/run_task.h"
 #include "support/scripted_transport.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using namespace std::chrono_literals;
 using Kind = ExplorerError::Kind;
@@ -107,5 +104,4 @@ TEST_F(WatchedAddressClientTest, CancellingAbortsWhatIsUnderWayAndIsNoFigure) {
   EXPECT_EQ(transport.aborted(), 3U);
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

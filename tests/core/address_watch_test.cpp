@@ -1,9 +1,7 @@
 #include "core/address_watch.h"
-
 #include "store_fixture.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using testing::UnorderedElementsAre;
 
@@ -159,5 +157,4 @@ TEST_F(AddressWatchTest, ARestartDuringTheReadOfThePayoutAddressKeepsTheAddress)
   EXPECT_EQ(takeChanges(), 0);
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -1,11 +1,8 @@
 #include "core/balance_store.h"
-
 #include <algorithm>
-
 #include "store_fixture.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -278,5 +275,4 @@ TEST_F(LongRunTest, CallsThatWaitedForTheirSlotStillTakeTurns) {
   EXPECT_THAT(momentsOf("pool.test"), ElementsAre(0, 60, 120, 300, 360));
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -1,13 +1,9 @@
 #include "core/display_texts.h"
-
 #include <algorithm>
 #include <cmath>
-#include <limits>
-
 #include <gmock/gmock.h>
 
-namespace orvane {
-namespace {
+namespace orvane { namespace {
 
 using namespace std::chrono_literals;
 using testing::Each;
@@ -129,5 +125,4 @@ TEST(DisplayTextsTest, TellAFailedLoadByWhatTheUserCanDo) {
   }
 }
 
-}  // namespace
-}  // namespace orvane
+}}  // namespace orvane

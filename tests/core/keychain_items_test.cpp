@@ -1,10 +1,8 @@
 #include "core/keychain_items.h"
-
 #include "store_fixture.h"
 #include "support/run_task.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using testing::IsEmpty;
 using Condition = MemoryKeychain::Condition;
@@ -144,5 +142,4 @@ TEST_F(KeychainItemsTest, ACancelledReadLetsTheNextCallThrough) {
   EXPECT_TRUE(prompting.finished() && !keychain.isPrompting());
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

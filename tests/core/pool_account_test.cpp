@@ -1,9 +1,7 @@
 #include "core/pool_account.h"
-
 #include "store_fixture.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using testing::IsEmpty;
 
@@ -193,5 +191,4 @@ TEST_F(PoolAccountTest, AHistoryDoesNotComeBackAfterItsTokenWasCleared) {
   }
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -1,11 +1,9 @@
 #pragma once
 
 #include <gmock/gmock.h>
-
 #include "support/store_on_fakes.h"
 
 namespace orvane::test {
-
 using namespace std::chrono_literals;
 
 /// A store on fakes, and what a story about it asks again and again.
@@ -46,5 +44,4 @@ class StoreTest : public testing::Test, public StoreOnFakes {
     return values;
   }
 };
-
 }  // namespace orvane::test

@@ -1,12 +1,9 @@
 #include <gmock/gmock.h>
-
-#include "platform/async/task_scope.h"
 #include "pool/braiins_account_client.h"
 #include "support/run_task.h"
 #include "support/scripted_transport.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using namespace std::chrono_literals;
 using namespace std::string_literals;
@@ -194,5 +191,4 @@ TEST_F(AccountClientTest, ATokenTakenAwayDuringTheWaitIsNotSentAndUsesNoSlot) {
   EXPECT_THAT(sendTimes(), ElementsAre(0, 60));
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -1,13 +1,9 @@
 #include "pool/account.h"
-
 #include <limits>
-
 #include <gmock/gmock.h>
-
 #include "support/document_members.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using State = BraiinsWorkerStatus::State;
 using ::testing::ElementsAre;
@@ -135,5 +131,4 @@ TEST(PoolFiguresTest, RoundsSharesHalvesAwayFromZeroAndSaturates) {
   }
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -1,14 +1,8 @@
 #include "pool/history.h"
-
-#include <limits>
-
-#include <gtest/gtest.h>
-
 #include "pool/pool_documents.h"
 #include "support/document_members.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using namespace std::chrono_literals;
 using std::chrono::seconds;
@@ -147,5 +141,4 @@ TEST(HistoryDocumentsTest, MatchAsAWhole) {
                  {"other", "[]", array}});
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -1,17 +1,12 @@
 #include "prices/bitcoin_price_service.h"
-
 #include <cmath>
 #include <limits>
-
-#include <gtest/gtest.h>
-
 #include "support/comma_locale.h"
 #include "support/document_members.h"
 #include "support/run_task.h"
 #include "support/scripted_transport.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using namespace std::chrono_literals;
 using namespace std::string_literals;
@@ -123,5 +118,4 @@ TEST(PriceTextTest, ReadsWhatTheCLibraryReadsAlsoUnderALocaleWithDecimalComma) {
   }
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -1,9 +1,7 @@
 #include "prices/bitcoin_prices.h"
-
 #include <gtest/gtest.h>
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using enum PreferredFiatCurrency;
 
@@ -21,5 +19,4 @@ TEST(FiatTextsTest, ShowTwoDigitsFromOneOnAndThreeBelow) {
   EXPECT_EQ(rateText(english, eur, {.eur = 84123.5, .usd = 1}), "1 BTC = 84,124 €");
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -1,9 +1,7 @@
 #include "services/command_line.h"
-
 #include <gtest/gtest.h>
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using services::Service;
 
@@ -33,5 +31,4 @@ TEST(CommandLineTest, WrongArgumentsAreRefused) {
   }
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

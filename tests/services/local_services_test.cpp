@@ -1,15 +1,10 @@
 #include "services/local_services.h"
-
-#include <fstream>
 #include <set>
-#include <thread>
-
 #include <gmock/gmock.h>
 #include <httplib.h>
 #include <nlohmann/json.hpp>
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using namespace std::chrono_literals;
 using nlohmann::json;
@@ -224,5 +219,4 @@ TEST(ChainTest, PlannedPaymentAndRewardComeOnceAtTheirTime) {
   }
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -1,10 +1,8 @@
 #include "shell/sample_states.h"
-
 #include <fmt/format.h>
 
 namespace orvane::test {
 namespace {
-
 using namespace std::chrono_literals;
 using State = BraiinsWorkerStatus::State;
 
@@ -45,7 +43,6 @@ BalanceState withLongTexts() {
   state.workers.push_back(worker("<b>not markup</b> & more", State::low, 2e14));
   return state;
 }
-
 }  // namespace
 
 BalanceState poolAccount() {
@@ -117,5 +114,4 @@ std::vector<Sample> samples() {
           {.name = "both", .figures = everything()},
           {.name = "long-texts", .figures = withLongTexts(), .servicesFail = true}};
 }
-
 }  // namespace orvane::test

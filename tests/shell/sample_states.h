@@ -4,7 +4,6 @@
 #include "support/store_on_fakes.h"
 
 namespace orvane::test {
-
 /// A pool account with workers in every state, without history.
 [[nodiscard]] BalanceState poolAccount();
 /// An address with block rewards in every stage of maturity.
@@ -25,5 +24,4 @@ struct Sample {
 };
 
 [[nodiscard]] std::vector<Sample> samples();
-
 }  // namespace orvane::test

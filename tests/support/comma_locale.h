@@ -3,12 +3,9 @@
 #include <clocale>
 #include <cstdlib>
 #include <fstream>
-#include <string>
-
 #include "support/temporary_folder.h"
 
 namespace orvane::test {
-
 /// While it lives the C library writes and reads "1,5", as it does for most users: a toolkit sets
 /// the user's locale at its start. Makes the locale itself, so that no machine needs to have one.
 class CommaLocale {
@@ -40,5 +37,4 @@ class CommaLocale {
   TemporaryFolder folder_;
   bool isSet_ = false;
 };
-
 }  // namespace orvane::test

@@ -4,11 +4,9 @@
 #include <QProcess>
 #include <QTest>
 #include <optional>
-
 #include <gtest/gtest.h>
 
 namespace orvane::test {
-
 /// An application object for the whole run, as in the program, and, from before it on, a session
 /// bus of the test's own that can be taken away. The bus's address stays the same.
 class DesktopSession final : public ::testing::Environment {
@@ -48,5 +46,4 @@ class DesktopSession final : public ::testing::Environment {
 /// That of this process.
 inline auto* const desktopSession = static_cast<DesktopSession*>(
     ::testing::AddGlobalTestEnvironment(new DesktopSession));  // the test program owns it
-
 }  // namespace orvane::test

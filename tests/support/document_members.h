@@ -4,11 +4,9 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
 #include <gtest/gtest.h>
 
 namespace orvane::test {
-
 /// What a member of a document must be. `array` and `object` are required.
 enum class MemberType {
   text,
@@ -67,5 +65,4 @@ void expectMembers(std::optional<Document> (*decode)(std::string_view body),
     }
   }
 }
-
 }  // namespace orvane::test

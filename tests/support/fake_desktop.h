@@ -1,12 +1,10 @@
 #pragma once
 
 #include <algorithm>
-
 #include "platform/desktop/desktop_application.h"
 #include "platform/tray/status_item.h"
 
 namespace orvane::test {
-
 /// What was asked of the desktop, in order: "Orvane: order out", "policy accessory".
 using CallLog = std::vector<std::string>;
 
@@ -171,5 +169,4 @@ class FakeStatusBar final : public StatusBar {
   double textHeight = 11;
   int created = 0;
 };
-
 }  // namespace orvane::test

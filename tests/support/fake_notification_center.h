@@ -1,12 +1,10 @@
 #pragma once
 
 #include <set>
-
 #include "platform/async/timer.h"
 #include "platform/notifications/notification_center.h"
 
 namespace orvane::test {
-
 /// A notification service whose screen is a list.
 class FakeNotificationCenter final : public NotificationCenter {
  public:
@@ -39,5 +37,4 @@ class FakeNotificationCenter final : public NotificationCenter {
   std::vector<NotificationRequest> received_;
   std::vector<NotificationRequest> shown_;
 };
-
 }  // namespace orvane::test

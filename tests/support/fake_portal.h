@@ -1,11 +1,9 @@
 #pragma once
 
 #include <QDBusVariant>
-
 #include "platform/bus/exported_object.h"
 
 namespace orvane::test {
-
 /// The desktop's portal, whose user prefers light (2), dark (1) or neither (0).
 class FakePortal {
  public:
@@ -34,5 +32,4 @@ class FakePortal {
   QDBusConnection bus_ = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "portal");
   ExportedObject object_;
 };
-
 }  // namespace orvane::test

@@ -2,11 +2,9 @@
 
 #include <map>
 #include <variant>
-
 #include "platform/defaults/user_defaults.h"
 
 namespace orvane::test {
-
 /// Settings that are forgotten with the object.
 class MemoryDefaults final : public UserDefaults {
  public:
@@ -54,5 +52,4 @@ class MemoryDefaults final : public UserDefaults {
 
   std::map<std::string, Value> values_;
 };
-
 }  // namespace orvane::test

@@ -1,13 +1,11 @@
 #pragma once
 
 #include <algorithm>
-
 #include "platform/async/completion.h"
 #include "platform/async/timer.h"
 #include "platform/keychain/keychain.h"
 
 namespace orvane::test {
-
 /// A keychain that is forgotten with the object. It has access groups and a lock with a prompt, and
 /// it can be slow.
 class MemoryKeychain final : public Keychain {
@@ -87,5 +85,4 @@ class MemoryKeychain final : public Keychain {
 
   std::optional<Completion<bool>> prompt_;
 };
-
 }  // namespace orvane::test

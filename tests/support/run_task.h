@@ -1,12 +1,10 @@
 #pragma once
 
 #include <stdexcept>
-
 #include "platform/async/task_scope.h"
 #include "support/virtual_executor.h"
 
 namespace orvane::test {
-
 namespace detail {
 
 template <class T>
@@ -14,7 +12,6 @@ Task<void> storeResult(Task<T> task, std::optional<T>& result) {
   T value = co_await std::move(task);
   result.emplace(std::move(value));
 }
-
 }  // namespace detail
 
 /// Runs `task` to its end, letting as much virtual time pass as it needs and no more. Fails the
@@ -33,5 +30,4 @@ T runTask(VirtualExecutor& executor, Task<T> task) {
   }
   return *std::move(result);
 }
-
 }  // namespace orvane::test

@@ -1,9 +1,7 @@
 #include "support/scripted_transport.h"
-
 #include <algorithm>
 
 namespace orvane::test {
-
 using Script = ScriptedTransport::Script;
 
 Script& Script::respond(int status, std::string body) {
@@ -85,5 +83,4 @@ Task<HttpResult> ScriptedTransport::get(HttpRequest request) {
       co_await untilResolved<HttpResult>(std::move(start), std::move(whenCancelled));
   co_return result;
 }
-
 }  // namespace orvane::test

@@ -1,12 +1,10 @@
 #pragma once
 
 #include <deque>
-
 #include "platform/async/completion.h"
 #include "platform/http/http_transport.h"
 
 namespace orvane::test {
-
 /// A transport that answers from a script and remembers what it was asked. Time is the executor's,
 /// so an answer that takes five seconds takes none.
 ///
@@ -95,5 +93,4 @@ class ScriptedTransport final : public HttpTransport {
   std::size_t inFlight_ = 0;
   std::size_t aborted_ = 0;
 };
-
 }  // namespace orvane::test

@@ -6,7 +6,6 @@
 #include <string>
 
 namespace orvane::test {
-
 /// What a shell command prints.
 inline std::string outputOf(const std::string& command) {
   const std::unique_ptr<FILE, int (*)(FILE*)> pipe(::popen(command.c_str(), "r"), &::pclose);
@@ -22,5 +21,4 @@ inline std::string outputOf(const std::string& command) {
 inline void storeWithSecretTool(const std::string& attributes, const std::string& data) {
   outputOf("printf '%s' '" + data + "' | secret-tool store --label=foreign " + attributes);
 }
-
 }  // namespace orvane::test

@@ -1,13 +1,8 @@
 #include "support/store_on_fakes.h"
-
-#include <algorithm>
-#include <array>
-
 #include <fmt/format.h>
 
 namespace orvane::test {
 namespace {
-
 constexpr std::string_view explorer = "https://explorer.test/api/address/";
 constexpr const char* poolService = "com.quorvex.hashwick.pool";
 
@@ -57,7 +52,6 @@ std::string paymentsDocument(std::string_view address,
   }
   return fmt::format("[{}]", fmt::join(entries, ","));
 }
-
 }  // namespace
 
 StoreOnFakes::StoreOnFakes() {
@@ -160,5 +154,4 @@ std::optional<std::string> StoreOnFakes::keptToken() const {
   const auto token = std::ranges::find(keychain.items, poolService, &MemoryKeychain::Item::service);
   return token == keychain.items.end() ? std::nullopt : std::optional(token->data);
 }
-
 }  // namespace orvane::test

@@ -8,7 +8,6 @@
 #include "support/virtual_executor.h"
 
 namespace orvane::test {
-
 inline constexpr const char* sharedGroup = "TEAM.com.quorvex.hashwick.shared";
 inline constexpr const char* firstAddress = "bc1qar0srrr7xfkvy5l643lydnw9re59gtzzwf5mdq";
 inline constexpr const char* secondAddress = "3J98t1WpEZ73CNmQviecrnyiWrnqRhWNLy";
@@ -58,5 +57,4 @@ class StoreOnFakes {
   void storeItem(std::string service, std::string account, std::string data);
   void knowFigures(const BalanceState& shown);
 };
-
 }  // namespace orvane::test

@@ -4,11 +4,9 @@
 #include <stdexcept>
 #include <string>
 #include <system_error>
-
 #include <stdlib.h>
 
 namespace orvane::test {
-
 /// A folder of the test's own, gone with the object.
 class TemporaryFolder {
  public:
@@ -29,5 +27,4 @@ class TemporaryFolder {
  private:
   std::filesystem::path path_;
 };
-
 }  // namespace orvane::test

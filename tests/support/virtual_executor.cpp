@@ -1,9 +1,7 @@
 #include "support/virtual_executor.h"
-
 #include <algorithm>
 
 namespace orvane::test {
-
 Executor::TimerId VirtualExecutor::schedule(Instant when, Callback callback) {
   timers_.emplace(std::pair{std::max(when, now_), ++lastTimer_}, std::move(callback));
   return lastTimer_;
@@ -43,5 +41,4 @@ bool VirtualExecutor::runNextTimer() {
   runUntilIdle();
   return true;
 }
-
 }  // namespace orvane::test

@@ -2,11 +2,9 @@
 
 #include <deque>
 #include <map>
-
 #include "platform/async/executor.h"
 
 namespace orvane::test {
-
 /// An executor whose time passes only when a test says so: an hour takes no time, and the order
 /// of callbacks is the real one's.
 class VirtualExecutor final : public Executor {
@@ -46,5 +44,4 @@ class VirtualExecutor final : public Executor {
   std::map<std::pair<Instant, TimerId>, Callback> timers_;
   TimerId lastTimer_ = 0;
 };
-
 }  // namespace orvane::test

@@ -3,12 +3,10 @@
 #include <list>
 #include <optional>
 #include <utility>
-
 #include "platform/async/completion.h"
 #include "platform/async/task.h"
 
 namespace orvane {
-
 /// Lets tasks through one at a time, first come, first served. A task that is cancelled while it
 /// waits leaves the queue. Main thread only; this orders tasks, not threads. The mutex outlives
 /// its locks.
@@ -62,5 +60,4 @@ class AsyncMutex {
   bool held_ = false;
   std::list<Completion<Turn>> waiting_;
 };
-
 }  // namespace orvane

@@ -6,12 +6,10 @@
 #include <optional>
 #include <stop_token>
 #include <utility>
-
 #include "platform/async/executor.h"
 #include "platform/async/task.h"
 
 namespace orvane {
-
 // How a task waits for a callback. The awaiter lives in the coroutine's frame, while the callback
 // may come late, twice, or never; so the two ends share a small state: the value, once it is
 // decided, and the coroutine that waits. Whoever is first, the callback or a cancellation, decides
@@ -20,7 +18,6 @@ namespace orvane {
 // already queued finds nobody. All of it happens on the main thread.
 
 namespace detail {
-
 template <class T>
 struct CompletionState {
   Executor* executor = nullptr;
@@ -35,7 +32,6 @@ struct CompletionState {
     });
   }
 };
-
 }  // namespace detail
 
 /// The callback end of a suspended operation. Copies stand for the same operation; the first
@@ -122,5 +118,4 @@ template <class T>
 CompletionAwaiter<T> untilResolved(typename CompletionAwaiter<T>::Start start, T whenCancelled) {
   return CompletionAwaiter<T>(std::move(start), std::move(whenCancelled));
 }
-
 }  // namespace orvane

@@ -5,7 +5,6 @@
 #include <functional>
 
 namespace orvane {
-
 /// The clock that waits are measured on: it never jumps and it counts the time the machine
 /// spends suspended, so a wait that ends during the night is over on resume. Read through
 /// `Executor::now`, never directly.
@@ -45,5 +44,4 @@ class Executor {
   /// Forgets a timer. One that already ran, or was never given out, is ignored.
   virtual void cancel(TimerId timer) = 0;
 };
-
 }  // namespace orvane

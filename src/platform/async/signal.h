@@ -9,7 +9,6 @@
 #include <vector>
 
 namespace orvane {
-
 /// Stands for something that lasts as long as this object: a subscription, a key monitor. It may
 /// outlive what it is registered with.
 class Registration {
@@ -90,5 +89,4 @@ class BroadcastCenter {
  private:
   std::map<std::string, Signal<Object>> names_;
 };
-
 }  // namespace orvane

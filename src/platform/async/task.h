@@ -7,7 +7,6 @@
 #include <utility>
 
 namespace orvane {
-
 // How tasks run. A Task owns the frame of a coroutine that has not begun. Awaiting it gives its
 // promise the context (executor and stop token) and the awaiting coroutine as continuation, and
 // control moves over to it; at its end control moves on to the continuation, which takes the result
@@ -27,7 +26,6 @@ template <class T>
 class Task;
 
 namespace detail {
-
 /// The part of a promise that does not depend on the result: who is running the task, and who
 /// goes on when it ends.
 class TaskPromiseBase {
@@ -76,7 +74,6 @@ class TaskPromise<void> final : public TaskPromiseBase {
   void return_void() noexcept {}
   void takeResult() noexcept {}
 };
-
 }  // namespace detail
 
 /// A piece of asynchronous work that ends with a T. It is lazy: it starts when it is awaited (or
@@ -124,7 +121,6 @@ class [[nodiscard]] Task {
 };
 
 namespace detail {
-
 template <class T>
 Task<T> TaskPromise<T>::get_return_object() noexcept {
   return Task<T>(std::coroutine_handle<TaskPromise>::from_promise(*this));
@@ -144,11 +140,9 @@ struct CurrentContext {
   }
   TaskContext await_resume() noexcept { return std::move(context); }
 };
-
 }  // namespace detail
 
 /// `co_await currentContext()` gives the awaiting task's own executor and stop token. It never
 /// suspends. Use it to start child tasks and to ask whether the task has been cancelled.
 inline detail::CurrentContext currentContext() noexcept { return {}; }
-
 }  // namespace orvane

@@ -1,9 +1,6 @@
 #include "platform/async/task_scope.h"
 
-#include <utility>
-
 namespace orvane {
-
 void TaskHandle::cancel() const {
   if (state_) { state_->stop.request_stop(); }
 }
@@ -46,5 +43,4 @@ void TaskScope::start(Running& running) {
 void TaskScope::collectFinished() {
   running_.remove_if([](const Running& running) { return running.state->finished; });
 }
-
 }  // namespace orvane

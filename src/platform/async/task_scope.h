@@ -7,12 +7,10 @@
 #include <optional>
 #include <stop_token>
 #include <utility>
-
 #include "platform/async/executor.h"
 #include "platform/async/task.h"
 
 namespace orvane {
-
 /// A reference to a task that runs in a TaskScope. Dropping it does not stop the task.
 class TaskHandle {
  public:
@@ -121,5 +119,4 @@ Task<void> cancelAndAwaitEnd(Children&... children) {
   (children.cancel(), ...);
   (co_await children.ended(), ...);
 }
-
 }  // namespace orvane

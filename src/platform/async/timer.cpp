@@ -1,11 +1,8 @@
 #include "platform/async/timer.h"
-
 #include <utility>
-
 #include "platform/async/completion.h"
 
 namespace orvane {
-
 OneShotTimer::OneShotTimer(Executor& executor, ExecutorClock::duration delay,
                            Executor::Callback callback)
     : executor_(executor), timer_(executor.schedule(executor.now() + delay, std::move(callback))) {}
@@ -50,5 +47,4 @@ Task<SleepEnd> sleepFor(ExecutorClock::duration duration) {
   const Instant when = context.executor->now() + duration;
   co_return co_await sleepUntil(when);
 }
-
 }  // namespace orvane

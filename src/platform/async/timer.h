@@ -4,7 +4,6 @@
 #include "platform/async/task.h"
 
 namespace orvane {
-
 /// Runs a callback once, after a delay, unless it is destroyed before. The callback may destroy it.
 class OneShotTimer {
  public:
@@ -45,5 +44,4 @@ enum class SleepEnd { elapsed, cancelled };
 
 /// Suspends the task for `duration`, counted from now.
 [[nodiscard]] Task<SleepEnd> sleepFor(ExecutorClock::duration duration);
-
 }  // namespace orvane

@@ -1,12 +1,9 @@
 #include "platform/bus/desktop_portal.h"
-
 #include <QDBusVariant>
 #include <utility>
 
 namespace orvane {
-
 namespace {
-
 const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const auto settingsInterface = QStringLiteral("org.freedesktop.portal.Settings");
 const auto appearanceGroup = QStringLiteral("org.freedesktop.appearance");
@@ -26,7 +23,6 @@ ColorPreference preferenceIn(QVariant value) {
       return ColorPreference::none;
   }
 }
-
 }  // namespace
 
 PortalColorPreference::PortalColorPreference(SessionBus& bus,
@@ -54,5 +50,4 @@ void PortalColorPreference::handleSetting(const QDBusMessage& message) {
     handle_(preferenceIn(arguments.value(2)));
   }
 }
-
 }  // namespace orvane

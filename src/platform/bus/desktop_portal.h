@@ -4,11 +4,9 @@
 #include <QObject>
 #include <QString>
 #include <functional>
-
 #include "platform/bus/session_bus.h"
 
 namespace orvane {
-
 /// The desktop portal's name on the session bus.
 inline const QString portalService = QStringLiteral("org.freedesktop.portal.Desktop");
 
@@ -35,5 +33,4 @@ class PortalColorPreference final : public QObject {
   std::function<void(ColorPreference)> handle_;
   BusSignal settingChanged_;
 };
-
 }  // namespace orvane

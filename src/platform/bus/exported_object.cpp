@@ -1,19 +1,15 @@
 #include "platform/bus/exported_object.h"
-
 #include <QDBusError>
 #include <QDBusVariant>
 #include <utility>
 
 namespace orvane {
-
 namespace {
-
 const auto propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 
 QDBusMessage unknown(const QDBusMessage& call, QDBusError::ErrorType kind, const QString& what) {
   return call.createErrorReply(kind, QStringLiteral("There is no ") + what);
 }
-
 }  // namespace
 
 ExportedObject::ExportedObject(QDBusConnection connection, QString path, ObjectSurface surface)
@@ -89,5 +85,4 @@ QDBusMessage ExportedObject::allProperties(const QDBusMessage& call) const {
   const bool isOurs = call.arguments().at(0).toString() == surface_.interface;
   return call.createReply(QVariant(isOurs ? surface_.properties() : QVariantMap()));
 }
-
 }  // namespace orvane

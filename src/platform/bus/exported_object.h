@@ -9,7 +9,6 @@
 #include <map>
 
 namespace orvane {
-
 /// The surface of a D-Bus object with one interface, as tables. It is written out rather than
 /// generated because hosts ask for things that generated adaptors refuse: GetAll of a misspelt
 /// interface is answered with an empty map here.
@@ -50,5 +49,4 @@ class ExportedObject final : public QDBusVirtualObject {
   QString path_;
   ObjectSurface surface_;
 };
-
 }  // namespace orvane

@@ -1,19 +1,14 @@
 #include "platform/bus/session_bus.h"
-
 #include <QDBusPendingCall>
 #include <QDBusPendingCallWatcher>
 #include <QStringList>
 #include <QUuid>
 #include <algorithm>
-#include <memory>
 #include <utility>
-
 #include "platform/async/completion.h"
 
 namespace orvane {
-
 namespace {
-
 using namespace std::chrono_literals;
 
 constexpr ExecutorClock::duration firstRetryDelay = 2s;
@@ -26,7 +21,6 @@ BusReply valuesOf(const QDBusMessage& reply) {
   const bool isReply = reply.type() == QDBusMessage::ReplyMessage;
   return isReply ? BusReply(reply.arguments()) : std::nullopt;
 }
-
 }  // namespace
 
 SessionBus::SessionBus(Executor& executor) : executor_(executor), retryDelay_(firstRetryDelay) {
@@ -184,5 +178,4 @@ void BusName::setOwned(bool isOwned) {
   isKnown_ = true;
   changed_(isOwned_);
 }
-
 }  // namespace orvane

@@ -10,14 +10,12 @@
 #include <functional>
 #include <memory>
 #include <optional>
-
 #include "platform/async/executor.h"
 #include "platform/async/signal.h"
 #include "platform/async/task.h"
 #include "platform/async/timer.h"
 
 namespace orvane {
-
 /// A connection of our own to the session bus. A bus that is missing or goes away is looked for
 /// again, at growing intervals, for as long as this exists. Main thread only, like everything here.
 class SessionBus final : public QObject {
@@ -139,5 +137,4 @@ class BusName final : public QObject {
   bool isOwned_ = false;
   Registration busObserver_;
 };
-
 }  // namespace orvane

@@ -1,13 +1,9 @@
 #include "platform/decimal/decimal.h"
-
 #include <charconv>
-#include <limits>
 #include <string>
-
 #include <boost/multiprecision/cpp_dec_float.hpp>
 
 namespace orvane {
-
 using Number = boost::multiprecision::number<boost::multiprecision::cpp_dec_float<50>,
                                              boost::multiprecision::et_off>;
 
@@ -16,7 +12,6 @@ struct Decimal::Value {
 };
 
 namespace {
-
 constexpr std::size_t maximumTextSize = 1'000;
 constexpr int maximumExponent = 1'000;
 
@@ -52,7 +47,6 @@ bool isDecimalText(std::string_view text) {
   if (digits == 0) { return false; }
   return take(text, "eE") ? isExponent(text) : text.empty();
 }
-
 }  // namespace
 
 Decimal::Decimal() : Decimal(0) {}
@@ -100,5 +94,4 @@ std::int64_t Decimal::toInt64() const {
   if (rounded <= Range::min()) { return Range::min(); }
   return rounded.convert_to<std::int64_t>();
 }
-
 }  // namespace orvane

@@ -8,7 +8,6 @@
 #include <string_view>
 
 namespace orvane {
-
 /// A decimal number: amounts are parsed, multiplied and added without ever passing through binary
 /// floating point. Holds at least 50 significant digits.
 class Decimal {
@@ -68,5 +67,4 @@ inline constexpr std::int64_t satsPerBTC = 100'000'000;
   if (value <= -beyondMaximum) { return Range::min(); }
   return static_cast<std::int64_t>(value);
 }
-
 }  // namespace orvane

@@ -1,22 +1,17 @@
 #include "platform/defaults/settings_table.h"
-
 #include <cstdint>
 #include <utility>
-
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
-
 #include "platform/json/json_document.h"
 
 namespace orvane {
-
 // Settings lie in one table, a row a key: the key, the name of the value's type, and the value in
 // SQLite's own types where there is one (a list of texts is a JSON array), so that the sqlite3
 // program shows and edits them. The database carries our application id and the version of this
 // layout; one with another of either is not ours to use.
 
 namespace {
-
 constexpr std::int64_t applicationId = 0x4F52564E;  // "ORVN"
 constexpr std::int64_t schemaVersion = 1;
 
@@ -203,7 +198,6 @@ int writeChange(sqlite3* connection, const std::string& key,
   if (change.statement && value) { std::visit(BindSetting{change.statement.get(), 2}, *value); }
   return change.step();
 }
-
 }  // namespace
 
 void SqliteClose::operator()(sqlite3* connection) const { sqlite3_close(connection); }
@@ -256,5 +250,4 @@ bool writeSettings(sqlite3* connection, const SettingChanges& changes) {
   }
   return transaction.commit() == SQLITE_OK;
 }
-
 }  // namespace orvane

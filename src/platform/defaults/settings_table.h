@@ -8,11 +8,9 @@
 #include <string_view>
 #include <variant>
 #include <vector>
-
 #include <sqlite3.h>
 
 namespace orvane {
-
 /// A text, of any bytes.
 struct SettingText {
   std::string text;
@@ -67,5 +65,4 @@ enum class SettingsState {
 
 /// Writes all changes or, when it fails, none.
 [[nodiscard]] bool writeSettings(sqlite3* connection, const SettingChanges& changes);
-
 }  // namespace orvane

@@ -1,16 +1,13 @@
 #include "platform/defaults/sqlite_defaults.h"
-
 #include <array>
 #include <system_error>
 #include <utility>
-
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace orvane {
-
 // The file's life. It is created by us and not by SQLite, so that nobody else can read it at any
 // moment. What stands in its place and is no settings file of ours is renamed to the next free
 // "settings.sqlite.set-aside-1", with the journals that belong to it and exactly as it was found;
@@ -22,7 +19,6 @@ namespace orvane {
 // SQLite stays with its rollback journal, and with waiting for the disk.
 
 namespace {
-
 namespace fs = std::filesystem;
 
 constexpr int longestWaitAtStartInMilliseconds = 500;
@@ -90,7 +86,6 @@ bool isFreeForFile(const fs::path& file) {
   if (fs::is_directory(status)) { return setAside(file); }
   return !fs::exists(status) || fs::is_regular_file(status);
 }
-
 }  // namespace
 
 SqliteDefaults::SqliteDefaults(const fs::path& file) {
@@ -194,5 +189,4 @@ void SqliteDefaults::remove(std::string_view key) {
   }
   save();
 }
-
 }  // namespace orvane

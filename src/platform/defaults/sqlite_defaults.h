@@ -1,12 +1,10 @@
 #pragma once
 
 #include <filesystem>
-
 #include "platform/defaults/settings_table.h"
 #include "platform/defaults/user_defaults.h"
 
 namespace orvane {
-
 /// Settings in one SQLite file. It is read once, at construction, so that reading never waits;
 /// what another program changes meanwhile is seen after the next start. A change is in the file
 /// when its call returns, and stays there whatever happens to the process.
@@ -47,5 +45,4 @@ class SqliteDefaults final : public UserDefaults {
   SettingValues values_;
   SettingChanges unsaved_;
 };
-
 }  // namespace orvane

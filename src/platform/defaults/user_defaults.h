@@ -6,7 +6,6 @@
 #include <vector>
 
 namespace orvane {
-
 /// The user's settings: typed values by key. A missing key, and a value of another type than the
 /// one asked for, read as nothing. A write is seen by the next read, also after a restart. Every
 /// failure is silent: a value that cannot be read is missing, one that cannot be written is not
@@ -27,5 +26,4 @@ class UserDefaults {
   virtual void setTexts(std::string_view key, const std::vector<std::string>& values) = 0;
   virtual void remove(std::string_view key) = 0;
 };
-
 }  // namespace orvane

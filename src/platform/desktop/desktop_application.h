@@ -7,11 +7,9 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
 #include "platform/async/signal.h"
 
 namespace orvane {
-
 /// The modifier flags of an event. The platform's own key ("Command") is Control here.
 struct ModifierFlags {
   bool shift = false;
@@ -152,5 +150,4 @@ class DesktopApplication {
   /// fields are, in the order of installation; the first one that swallows the key ends its way.
   [[nodiscard]] virtual Registration addKeyDownMonitor(KeyMonitor monitor) = 0;
 };
-
 }  // namespace orvane

@@ -1,5 +1,4 @@
 #include "platform/desktop/symbols.h"
-
 #include <QFile>
 #include <QIconEngine>
 #include <QPainter>
@@ -12,9 +11,7 @@
 static void initSymbolResources() { Q_INIT_RESOURCE(symbols); }
 
 namespace orvane {
-
 namespace {
-
 /// Up to this height the icon's own small drawing is used: fewer, heavier strokes.
 constexpr int smallIconLimit = 24;
 
@@ -82,7 +79,6 @@ class ApplicationIconEngine final : public QIconEngine {
   QIconEngine* clone() const override { return new ApplicationIconEngine(*this); }
   QString key() const override { return QStringLiteral("orvane-application-icon"); }
 };
-
 }  // namespace
 
 bool hasSymbol(const QString& name) { return QFile::exists(symbolPath(name)); }
@@ -110,5 +106,4 @@ QIcon applicationIcon() {
   initSymbolResources();
   return QIcon(new ApplicationIconEngine);  // the icon owns its engine
 }
-
 }  // namespace orvane

@@ -6,7 +6,6 @@
 #include <QString>
 
 namespace orvane {
-
 /// Our drawings of the system symbols, by name ("arrow.clockwise", "hourglass", ...). They are
 /// single-colour shapes, drawn in any colour.
 [[nodiscard]] bool hasSymbol(const QString& name);
@@ -21,5 +20,4 @@ namespace orvane {
 
 /// The application's own icon, in every size it is drawn for.
 [[nodiscard]] QIcon applicationIcon();
-
 }  // namespace orvane

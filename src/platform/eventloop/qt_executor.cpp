@@ -1,17 +1,14 @@
 #include "platform/eventloop/qt_executor.h"
-
 #include <QCoreApplication>
 #include <QEvent>
 #include <algorithm>
 #include <cerrno>
 #include <ctime>
 #include <system_error>
-
 #include <sys/timerfd.h>
 #include <unistd.h>
 
 namespace orvane {
-
 // Posted callbacks wait in a queue of our own, and each has one event in Qt's, which says no more
 // than "run the next one": a nested event loop so goes on with those that are left. Timers lie in
 // a map by their moments. One kernel timer on the boot clock is set to the earliest of them and
@@ -19,12 +16,10 @@ namespace orvane {
 // suspended.
 
 namespace {
-
 using std::chrono::nanoseconds;
 using std::chrono::seconds;
 
 constexpr QEvent::Type nextCallback = QEvent::User;
-
 }  // namespace
 
 BootTimer::BootTimer() : descriptor_(::timerfd_create(CLOCK_BOOTTIME, TFD_NONBLOCK | TFD_CLOEXEC)) {
@@ -118,5 +113,4 @@ void QtExecutor::runNextTimer() {
 void QtExecutor::armForEarliest() {
   bootTimer_.set(timers_.empty() ? std::nullopt : std::optional(timers_.begin()->first.first));
 }
-
 }  // namespace orvane

@@ -6,11 +6,9 @@
 #include <map>
 #include <optional>
 #include <utility>
-
 #include "platform/async/executor.h"
 
 namespace orvane {
-
 /// A kernel timer on the clock that goes on counting while the machine is suspended.
 class BootTimer {
  public:
@@ -66,5 +64,4 @@ class QtExecutor final : public Executor, private QObject {
   BootTimer bootTimer_;
   QSocketNotifier timerDue_;
 };
-
 }  // namespace orvane

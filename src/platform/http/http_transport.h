@@ -7,11 +7,9 @@
 #include <string_view>
 #include <utility>
 #include <vector>
-
 #include "platform/async/task.h"
 
 namespace orvane {
-
 /// One header, sent as it is given.
 struct HttpHeader {
   std::string name;
@@ -88,5 +86,4 @@ template <class Document, class Error>
   if (!document) { return std::unexpected(Error{.kind = Error::Kind::decoding}); }
   return *std::move(document);
 }
-
 }  // namespace orvane

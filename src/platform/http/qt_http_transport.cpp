@@ -1,5 +1,4 @@
 #include "platform/http/qt_http_transport.h"
-
 #include <QNetworkAccessManager>
 #include <QNetworkProxyFactory>
 #include <QNetworkReply>
@@ -11,18 +10,15 @@
 #include <expected>
 #include <memory>
 #include <utility>
-
 #include "platform/async/completion.h"
 #include "platform/async/executor.h"
 #include "platform/http/request_rules.h"
 
 namespace orvane {
-
 // A request is one exchange after the other: a redirect is the end of one, and whether the next
 // follows it is decided here and not by Qt. Nothing of an exchange is left for the next.
 
 namespace {
-
 // What may wait in Qt's buffers; the limit of the whole body is counted here.
 constexpr qint64 readBufferBytes = 1024LL * 1024;
 constexpr std::size_t largestBody = 32UL * 1024 * 1024;
@@ -182,7 +178,6 @@ std::optional<QSslConfiguration> trustBesideTheSystem(const std::string& caFile)
                         QSslCertificate::fromPath(QString::fromStdString(caFile)));
   return tls;
 }
-
 }  // namespace
 
 QtHttpTransport::QtHttpTransport(QtHttpOptions options)
@@ -208,5 +203,4 @@ Task<HttpResult> QtHttpTransport::get(HttpRequest request) {
     url = target;
   }
 }
-
 }  // namespace orvane

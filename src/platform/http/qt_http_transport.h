@@ -4,11 +4,9 @@
 #include <chrono>
 #include <optional>
 #include <string>
-
 #include "platform/http/http_transport.h"
 
 namespace orvane {
-
 /// What a build or a test may want otherwise.
 struct QtHttpOptions {
   std::string extraCaFile;  ///< PEM, trusted beside the system's authorities; empty: none
@@ -36,5 +34,4 @@ class QtHttpTransport final : public HttpTransport {
   QtHttpOptions options_;
   std::optional<QSslConfiguration> tls_;  ///< nothing: Qt's own, which loads roots on demand
 };
-
 }  // namespace orvane

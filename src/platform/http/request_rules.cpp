@@ -1,13 +1,10 @@
 #include "platform/http/request_rules.h"
-
 #include <algorithm>
 #include <array>
 #include <string_view>
 
 namespace orvane {
-
 namespace {
-
 constexpr int httpsPort = 443;
 constexpr int firstErrorStatus = 400;
 constexpr std::array followedStatuses{301, 302, 303, 307, 308};
@@ -63,7 +60,6 @@ HttpFailure failureOf(QNetworkReply::NetworkError error) {
       return HttpFailure::other;
   }
 }
-
 }  // namespace
 
 std::optional<QUrl> httpsUrl(const std::string& text) {
@@ -92,5 +88,4 @@ std::optional<HttpFailure> exchangeFailure(QNetworkReply::NetworkError error, in
   if (status >= firstErrorStatus && mayStandForAStatus(error)) { return std::nullopt; }
   return failureOf(error);
 }
-
 }  // namespace orvane

@@ -5,11 +5,9 @@
 #include <optional>
 #include <string>
 #include <vector>
-
 #include "platform/http/http_transport.h"
 
 namespace orvane {
-
 /// The URL, when it is an absolute https one with a host and without a user name.
 [[nodiscard]] std::optional<QUrl> httpsUrl(const std::string& text);
 
@@ -27,5 +25,4 @@ namespace orvane {
 /// it began with; so the error decides unless it only repeats the status.
 [[nodiscard]] std::optional<HttpFailure> exchangeFailure(QNetworkReply::NetworkError error,
                                                          int status);
-
 }  // namespace orvane

@@ -1,16 +1,13 @@
 #include "platform/json/json_document.h"
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <string>
 #include <utility>
 #include <vector>
-
 #include <nlohmann/json.hpp>
 
 namespace orvane {
-
 /// A stretch of a tree's text pool.
 struct JsonSpan {
   std::uint32_t offset;
@@ -47,7 +44,6 @@ struct JsonTree {
 };
 
 namespace {
-
 constexpr std::size_t maximumDepth = 512;
 
 // Offsets and node indices have 32 bits; no text yields more nodes than it has characters.
@@ -162,7 +158,6 @@ class TreeBuilder final : public nlohmann::json_sax<nlohmann::json> {
   std::vector<std::uint32_t> open_;  ///< the containers around the next value, outermost first
   JsonSpan name_ = {};               ///< the name of the next value
 };
-
 }  // namespace
 
 JsonDocument::JsonDocument(std::unique_ptr<JsonTree> tree) : tree_(std::move(tree)) {}
@@ -241,5 +236,4 @@ std::optional<JsonValue> JsonValue::last(std::string_view name) const {
   }
   return found;
 }
-
 }  // namespace orvane

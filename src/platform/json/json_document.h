@@ -6,7 +6,6 @@
 #include <string_view>
 
 namespace orvane {
-
 class JsonValue;
 struct JsonNode;
 struct JsonTree;
@@ -90,5 +89,4 @@ class JsonValue::Iterator {
   const JsonTree* tree_;
   std::uint32_t node_;
 };
-
 }  // namespace orvane

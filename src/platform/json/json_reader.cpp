@@ -1,9 +1,7 @@
 #include "platform/json/json_reader.h"
 
 namespace orvane {
-
 namespace {
-
 /// What an optional member reads as: nothing when it is missing or null, a failed match when it is
 /// of another type than `read` gives.
 template <class T>
@@ -23,7 +21,6 @@ T readRequired(const std::optional<JsonValue>& member, JsonMatch& match,
   if (!value) { match.fail(); }
   return value.value_or(T{});
 }
-
 }  // namespace
 
 JsonObjectReader::JsonObjectReader(JsonValue object, JsonMatch& match)
@@ -58,5 +55,4 @@ std::optional<double> JsonObjectReader::optionalNumber(std::string_view name) co
 std::optional<std::int64_t> JsonObjectReader::optionalInteger(std::string_view name) const {
   return readOptional(object_.last(name), match_, &JsonValue::integer);
 }
-
 }  // namespace orvane

@@ -7,11 +7,9 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
 #include "platform/json/json_document.h"
 
 namespace orvane {
-
 /// Whether a document has matched its record so far. One failed member fails the whole document:
 /// readers of the same document share one JsonMatch and decoders ask it once, at the end.
 class JsonMatch {
@@ -91,5 +89,4 @@ template <class Record>
   }
   return records;
 }
-
 }  // namespace orvane

@@ -3,13 +3,10 @@
 #include <functional>
 #include <memory>
 #include <utility>
-
 #include <gio/gio.h>
-
 #include "platform/async/completion.h"
 
 namespace orvane {
-
 /// A counted reference to a GObject.
 template <class T>
 class GRef {
@@ -62,7 +59,6 @@ template <class T>
 using GlibFinish = T (*)(GObject* source, GAsyncResult* result);
 
 namespace detail {
-
 template <class T>
 struct GlibCall {
   Completion<T> completion;
@@ -73,7 +69,6 @@ struct GlibCall {
     call->completion.resolve(call->finish(source, result));
   }
 };
-
 }  // namespace detail
 
 /// Waits for an asynchronous operation of GLib; gives T() when the task is cancelled. The operation
@@ -90,5 +85,4 @@ CompletionAwaiter<T> glibCall(GlibBegin begin, GlibFinish<T> finish) {
   };
   return untilResolved<T>(std::move(start), T());
 }
-
 }  // namespace orvane

@@ -1,18 +1,14 @@
 #include "platform/keychain/keychain.h"
-
 #include <algorithm>
 
 namespace orvane {
-
 namespace {
-
 std::string_view withoutBlanksAround(std::string_view text) {
   constexpr std::string_view blanks = " \t\r\n";
   const auto first = text.find_first_not_of(blanks);
   if (first == std::string_view::npos) { return {}; }
   return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
-
 }  // namespace
 
 std::vector<std::string> accessGroupsFromSetting(std::string_view semicolonSeparated) {
@@ -27,5 +23,4 @@ std::vector<std::string> accessGroupsFromSetting(std::string_view semicolonSepar
   }
   return groups;
 }
-
 }  // namespace orvane

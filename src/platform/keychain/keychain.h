@@ -4,11 +4,9 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
 #include "platform/async/task.h"
 
 namespace orvane {
-
 /// Names generic-password items. Only synchronisable items are ever found, written or deleted.
 struct KeychainQuery {
   std::string service;
@@ -52,5 +50,4 @@ class Keychain {
 /// The access groups that the build may use, from the setting that names them separated by
 /// semicolons. Blanks around a name do not belong to it; empty names are left out.
 [[nodiscard]] std::vector<std::string> accessGroupsFromSetting(std::string_view semicolonSeparated);
-
 }  // namespace orvane

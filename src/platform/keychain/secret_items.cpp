@@ -1,14 +1,11 @@
 #include "platform/keychain/secret_items.h"
-
 #include <algorithm>
 #include <string_view>
 #include <tuple>
 #include <utility>
 
 namespace orvane {
-
 namespace {
-
 constexpr auto groupAttribute = "access-group";
 
 /// Tells other programs that show keyrings whose items these are; nothing is searched by it.
@@ -83,7 +80,6 @@ bool isPreferred(const SecretItemRef& left, const SecretItemRef& right) {
   return std::tuple(isLocked(left), rightChange, pathOf(left)) <
          std::tuple(isLocked(right), leftChange, pathOf(right));
 }
-
 }  // namespace
 
 bool isLocked(const SecretItemRef& item) { return secret_item_get_locked(item.get()) != FALSE; }
@@ -197,5 +193,4 @@ Task<bool> createDefaultCollection() {
   };
   co_return co_await glibCall(std::move(begin), finish);
 }
-
 }  // namespace orvane

@@ -3,15 +3,12 @@
 #include <optional>
 #include <string>
 #include <vector>
-
 #include <libsecret/secret.h>
-
 #include "platform/async/task.h"
 #include "platform/keychain/glib.h"
 #include "platform/keychain/keychain.h"
 
 namespace orvane {
-
 // The Secret Service's items and collections, a step at a time. Each step takes the service for
 // granted; where it fails or is cancelled it gives nothing or false.
 
@@ -59,5 +56,4 @@ GRef<GDBusProxy> asObject(const GRef<T>& object) {
 
 /// Makes a collection for the items of every program, with a password of the user's choice.
 [[nodiscard]] Task<bool> createDefaultCollection();
-
 }  // namespace orvane

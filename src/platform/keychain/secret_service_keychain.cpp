@@ -1,14 +1,9 @@
 #include "platform/keychain/secret_service_keychain.h"
-
 #include <functional>
-#include <utility>
-
 #include "platform/keychain/glib.h"
 
 namespace orvane {
-
 namespace {
-
 /// libsecret speaks over GLib's own connection, with which GLib would end the whole program.
 Task<bool> surviveEndOfGlibsBus() {
   GlibBegin begin = [](GCancellable* cancellable, GAsyncReadyCallback callback, gpointer data) {
@@ -49,7 +44,6 @@ Task<KeychainStatus> addItem(KeychainQuery query, std::string data) {
   const bool isCreated = co_await createItem(*collection, std::move(query), std::move(data));
   co_return isCreated ? KeychainStatus::success : KeychainStatus::failed;
 }
-
 }  // namespace
 
 QString ServiceWatch::name() { return QStringLiteral("org.freedesktop.secrets"); }
@@ -128,5 +122,4 @@ Task<KeychainStatus> SecretServiceKeychain::remove(KeychainQuery query, Keychain
   Task<KeychainStatus> writing = writeToAll(std::move(query), std::move(erase));
   co_return co_await service_.answerTo(std::move(writing), KeychainStatus::failed);
 }
-
 }  // namespace orvane

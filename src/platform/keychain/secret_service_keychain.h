@@ -3,7 +3,6 @@
 #include <QString>
 #include <chrono>
 #include <utility>
-
 #include "platform/async/executor.h"
 #include "platform/async/task.h"
 #include "platform/async/task_scope.h"
@@ -13,7 +12,6 @@
 #include "platform/keychain/secret_items.h"
 
 namespace orvane {
-
 /// Stands between us and libsecret, which takes for granted that the Secret Service is there,
 /// answers and stays: it waits for the bus's time-out when there is none, as long as a silent one
 /// is silent, and for ever for the answer to a prompt of one that has ended. The bus outlives this,
@@ -103,5 +101,4 @@ class SecretServiceKeychain final : public Keychain {
 
   ServiceWatch service_;
 };
-
 }  // namespace orvane

@@ -1,13 +1,10 @@
 #include "platform/notifications/desktop_notification_center.h"
-
 #include <QVariantMap>
 #include <algorithm>
 #include <utility>
 
 namespace orvane {
-
 namespace {
-
 /// The service's name on the bus, which is its interface's name too.
 const auto serviceName = QStringLiteral("org.freedesktop.Notifications");
 const auto servicePath = QStringLiteral("/org/freedesktop/Notifications");
@@ -55,7 +52,6 @@ QDBusMessage notifyCall(const NotificationRequest& request, uint replaces,
                      expiresAsTheServiceLikes});
   return call;
 }
-
 }  // namespace
 
 DesktopNotificationCenter::DesktopNotificationCenter(SessionBus& bus,
@@ -113,5 +109,4 @@ void DesktopNotificationCenter::forgetService() {
   capabilities_.reset();
   shown_.clear();
 }
-
 }  // namespace orvane

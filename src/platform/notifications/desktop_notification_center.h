@@ -7,12 +7,10 @@
 #include <functional>
 #include <optional>
 #include <string>
-
 #include "platform/bus/session_bus.h"
 #include "platform/notifications/notification_center.h"
 
 namespace orvane {
-
 /// Notifications through the desktop's service, org.freedesktop.Notifications. Authorization is
 /// granted when the service runs or the bus can start it. Where it takes markup, bodies are
 /// escaped. It may be restarted at any time: what was learned of the old one is forgotten.
@@ -54,5 +52,4 @@ class DesktopNotificationCenter final : public NotificationCenter {
   BusName service_;
   BusSignal actionInvoked_;
 };
-
 }  // namespace orvane

@@ -1,11 +1,9 @@
 #pragma once
 
 #include <string>
-
 #include "platform/async/task.h"
 
 namespace orvane {
-
 /// `critical` is for rare news that the user should not miss.
 enum class NotificationSound { standard, critical };
 
@@ -31,5 +29,4 @@ class NotificationCenter {
   /// Shows one notification; false when the service did not take it.
   [[nodiscard]] virtual Task<bool> add(NotificationRequest request) = 0;
 };
-
 }  // namespace orvane

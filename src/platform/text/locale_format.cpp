@@ -1,11 +1,9 @@
 #include "platform/text/locale_format.h"
-
 #include <algorithm>
 #include <cstdlib>
 #include <initializer_list>
 #include <string_view>
 #include <vector>
-
 #include <unicode/datefmt.h>
 #include <unicode/locid.h>
 #include <unicode/numberformatter.h>
@@ -13,9 +11,7 @@
 #include <unicode/unistr.h>
 
 namespace orvane {
-
 namespace {
-
 using icu::number::LocalizedNumberFormatter;
 using icu::number::NumberFormatter;
 using icu::number::Precision;
@@ -100,7 +96,6 @@ LocalizedNumberFormatter fixedFormatter(const icu::Locale& locale, int digits) {
       .precision(Precision::fixedFraction(digits))
       .roundingMode(UNUM_ROUND_HALFUP);  // in ICU this is away from zero
 }
-
 }  // namespace
 
 LocaleNames LocaleNames::fromEnvironment() {
@@ -160,5 +155,4 @@ std::string LocaleFormat::mediumDateShortTime(std::chrono::sys_seconds time) con
 std::string LocaleFormat::mediumDateUtc(std::chrono::sys_seconds time) const {
   return formatted(formatters_->mediumDateUtc, milliseconds(time));
 }
-
 }  // namespace orvane

@@ -4,11 +4,9 @@
 #include <cstdint>
 #include <memory>
 #include <string>
-
 #include "platform/async/executor.h"
 
 namespace orvane {
-
 /// Which locales and which time zone the user's texts follow. Names are those of the environment
 /// ("de_DE.UTF-8@euro"); "C", "POSIX" and the empty name count as en_US. The time zone is an Olson
 /// name; empty: the system's own.
@@ -44,5 +42,4 @@ class LocaleFormat {
   struct Formatters;
   std::unique_ptr<Formatters> formatters_;
 };
-
 }  // namespace orvane

@@ -1,8 +1,6 @@
 #include "platform/text/unicode.h"
-
 #include <algorithm>
 #include <cstdint>
-
 #include <unicode/bytestream.h>
 #include <unicode/normalizer2.h>
 #include <unicode/stringpiece.h>
@@ -11,9 +9,7 @@
 #include <unicode/utf8.h>
 
 namespace orvane {
-
 namespace {
-
 constexpr std::size_t longestSequence = 4;
 
 /// One character at an end of a text; `codePoint` is negative where the bytes are not UTF-8.
@@ -57,7 +53,6 @@ char lowercasedAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c
 icu::StringPiece piece(std::string_view text) {
   return {text.data(), static_cast<std::int32_t>(text.size())};
 }
-
 }  // namespace
 
 std::string_view trimmed(std::string_view text) {
@@ -124,5 +119,4 @@ std::string percentEscaped(std::string_view text) {
   }
   return escaped;
 }
-
 }  // namespace orvane

@@ -4,7 +4,6 @@
 #include <string_view>
 
 namespace orvane {
-
 /// Unicode text operations. All texts are UTF-8.
 
 /// Without the white space and line breaks at both ends, in the Unicode sense: no-break space,
@@ -26,5 +25,4 @@ namespace orvane {
 /// Every character that is not a letter, mark or digit replaced by the percent-escapes of its
 /// UTF-8 bytes. A text that is not valid UTF-8 comes back unchanged.
 [[nodiscard]] std::string percentEscaped(std::string_view text);
-
 }  // namespace orvane

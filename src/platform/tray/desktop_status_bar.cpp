@@ -1,5 +1,4 @@
 #include "platform/tray/desktop_status_bar.h"
-
 #include <QAction>
 #include <QCursor>
 #include <QKeySequence>
@@ -7,7 +6,6 @@
 #include <QPoint>
 #include <chrono>
 #include <utility>
-
 #include "platform/async/timer.h"
 #include "platform/desktop/symbols.h"
 #include "platform/tray/notifier/notifier_presenter.h"
@@ -16,9 +14,7 @@
 #include "platform/tray/xembed/docked_presenter.h"
 
 namespace orvane {
-
 namespace {
-
 using namespace std::chrono_literals;
 
 /// A panel that starts brings its services one after the other.
@@ -182,7 +178,6 @@ class DesktopStatusItem final : public StatusItem {
   std::optional<OneShotTimer> showing_;
   Registration surroundingsObserver_;
 };
-
 }  // namespace
 
 DesktopStatusBar::DesktopStatusBar(Executor& executor, ActivationToken activationToken)
@@ -204,5 +199,4 @@ std::optional<PointSize> DesktopStatusBar::symbolSize(const std::string& name,
 PointSize DesktopStatusBar::textSize(const std::string& text, double pointSize) const {
   return textMeasure(text, pointSize);
 }
-
 }  // namespace orvane

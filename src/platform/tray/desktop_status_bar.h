@@ -5,12 +5,10 @@
 #include <optional>
 #include <string>
 #include <vector>
-
 #include "platform/async/executor.h"
 #include "platform/tray/status_item.h"
 
 namespace orvane {
-
 /// The status area of a Linux desktop: whatever tray host there is now or later. Lives on the main
 /// thread, within the life of the QApplication.
 class DesktopStatusBar final : public StatusBar {
@@ -32,5 +30,4 @@ class DesktopStatusBar final : public StatusBar {
   ActivationToken activationToken_;
   std::vector<std::string> desktopNames_;
 };
-
 }  // namespace orvane

@@ -1,14 +1,11 @@
 #include "platform/tray/presentation.h"
-
 #include <algorithm>
 #include <initializer_list>
 #include <sstream>
 #include <string_view>
 
 namespace orvane {
-
 namespace {
-
 bool isAnyOf(const TrayFacts& facts, std::initializer_list<std::string_view> names) {
   return std::ranges::any_of(facts.desktopNames, [&](const std::string& name) {
     return std::ranges::find(names, name) != names.end();
@@ -22,7 +19,6 @@ bool isMate(const TrayFacts& facts) { return isAnyOf(facts, {"MATE"}); }
 bool prefersTrayManager(const TrayFacts& facts) {
   return isXfce(facts) || !facts.notifierWatcher || !facts.notifierHost;
 }
-
 }  // namespace
 
 Presentation choosePresentation(const TrayFacts& facts) {
@@ -46,5 +42,4 @@ std::vector<std::string> desktopNames(const std::string& variable) {
   }
   return names;
 }
-
 }  // namespace orvane

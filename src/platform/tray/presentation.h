@@ -5,13 +5,11 @@
 #include <optional>
 #include <string>
 #include <vector>
-
 #include "platform/desktop/desktop_application.h"
 #include "platform/tray/drawing/status_drawing.h"
 #include "platform/tray/status_item.h"
 
 namespace orvane {
-
 /// How the status item reaches the user.
 enum class Presentation {
   labelBesideSymbol,  ///< StatusNotifier: square symbol, the host writes the text beside it
@@ -97,5 +95,4 @@ class StatusPresenter {
 
   virtual void show(const StatusContent& content) = 0;
 };
-
 }  // namespace orvane

@@ -4,11 +4,9 @@
 #include <memory>
 #include <optional>
 #include <string>
-
 #include "platform/desktop/desktop_application.h"
 
 namespace orvane {
-
 /// The colours that the status item uses; none: the symbol is a template that follows the panel.
 enum class StatusColor { systemGreen, systemOrange };
 
@@ -70,5 +68,4 @@ class StatusBar {
   /// The size of `text` in the semibold interface font with digits of equal width.
   [[nodiscard]] virtual PointSize textSize(const std::string& text, double pointSize) const = 0;
 };
-
 }  // namespace orvane

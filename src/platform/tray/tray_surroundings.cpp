@@ -1,17 +1,12 @@
 #include "platform/tray/tray_surroundings.h"
-
 #include <QDBusVariant>
 #include <utility>
-
 #include "platform/tray/notifier/notifier_item.h"
 
 namespace orvane {
-
 namespace {
-
 const auto watcherName = QLatin1String(NotifierItem::watcherName);
 const auto watcherPath = QLatin1String(NotifierItem::watcherPath);
-
 }  // namespace
 
 TraySurroundings::TraySurroundings(Executor& executor, std::vector<std::string> desktopNames)
@@ -107,5 +102,4 @@ void TraySurroundings::announce() {
 void TraySurroundings::setPreference(ColorPreference preference) {
   if (std::exchange(preferred_, preference) != preference) { changed_.send(); }
 }
-
 }  // namespace orvane

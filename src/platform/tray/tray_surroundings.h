@@ -3,7 +3,6 @@
 #include <functional>
 #include <string>
 #include <vector>
-
 #include "platform/async/executor.h"
 #include "platform/async/signal.h"
 #include "platform/bus/desktop_portal.h"
@@ -13,7 +12,6 @@
 #include "platform/tray/xembed/tray_manager.h"
 
 namespace orvane {
-
 /// Everything around the status item that its presentation depends on, followed as it changes: the
 /// tray services on the session bus and the old tray of the X screen, and the user's preference for
 /// a light or dark desktop, which panels follow as a rule. It starts no service; one that starts
@@ -60,5 +58,4 @@ class TraySurroundings {
   Signal<> changed_;
   Registration managerObserver_;
 };
-
 }  // namespace orvane

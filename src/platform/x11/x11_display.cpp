@@ -1,13 +1,10 @@
 #include "platform/x11/x11_display.h"
-
 #include <QGuiApplication>
 #include <algorithm>
 #include <cstring>
 
 namespace orvane {
-
 namespace {
-
 constexpr std::uint32_t longestProperty = 64;
 constexpr std::uint32_t allPlanes = ~0U;
 
@@ -35,7 +32,6 @@ std::string quoted(const std::string& text) {
   }
   return result + '"';
 }
-
 }  // namespace
 
 std::optional<X11Display> X11Display::ofApplication() {
@@ -155,5 +151,4 @@ void X11Display::sendEvent(xcb_window_t receiver, std::uint32_t mask,
                            const xcb_client_message_event_t& message) const {
   xcb_send_event(connection_, 0, receiver, mask, reinterpret_cast<const char*>(&message));
 }
-
 }  // namespace orvane

@@ -9,11 +9,9 @@
 #include <optional>
 #include <string>
 #include <vector>
-
 #include <xcb/xcb.h>
 
 namespace orvane {
-
 /// The reply to a request, or an event; null where there is none.
 struct FreeXReply {
   void operator()(void* reply) const { std::free(reply); }
@@ -73,5 +71,4 @@ class X11Display {
 
   xcb_connection_t* connection_;
 };
-
 }  // namespace orvane

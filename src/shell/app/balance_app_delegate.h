@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <optional>
-
 #include "platform/async/executor.h"
 #include "platform/async/timer.h"
 #include "platform/defaults/user_defaults.h"
@@ -10,7 +9,6 @@
 #include "shell/app/scenes.h"
 
 namespace orvane {
-
 /// What the application does when it starts and when it is started again: it brings the main
 /// window, found by its title, in front of the user.
 class BalanceAppDelegate {
@@ -62,5 +60,4 @@ class BalanceAppDelegate {
   UserDefaults& defaults_;
   std::optional<OneShotTimer> retry_;
 };
-
 }  // namespace orvane

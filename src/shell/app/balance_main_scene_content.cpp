@@ -1,18 +1,14 @@
 #include "shell/app/balance_main_scene_content.h"
-
 #include <QPointer>
 #include <QShowEvent>
 #include <QVBoxLayout>
 #include <functional>
 #include <optional>
 #include <utility>
-
 #include "shell/menu_bar/status_menu.h"
 
 namespace orvane {
-
 namespace {
-
 AmountText amountTextOf(const BalanceStore& store) {
   return [&store](std::int64_t sats) { return store.amountText(sats); };
 }
@@ -41,7 +37,6 @@ std::function<std::optional<Menu>()> statusMenu(const BalanceMainScene& scene) {
                            .quit = [&application] { application.terminate(); }});
   };
 }
-
 }  // namespace
 
 BalanceMainSceneContent::BalanceMainSceneContent(BalanceMainScene scene,
@@ -91,5 +86,4 @@ void BalanceMainSceneContent::openOverMainWindow(const std::string& id) {
   scene_.openWindow(id);
   scene_.application.activateIgnoringOtherApps();
 }
-
 }  // namespace orvane

@@ -3,7 +3,6 @@
 #include <QWidget>
 #include <memory>
 #include <string>
-
 #include "core/balance_store.h"
 #include "platform/async/signal.h"
 #include "platform/desktop/desktop_application.h"
@@ -14,7 +13,6 @@
 #include "shell/views/balance_view.h"
 
 namespace orvane {
-
 /// What the main window's content is made of; all of it outlives the content.
 struct BalanceMainScene {
   std::shared_ptr<BalanceStore> store;
@@ -48,5 +46,4 @@ class BalanceMainSceneContent final : public QWidget {
   bool isConnected_ = false;
   Registration openWindowObserver_;
 };
-
 }  // namespace orvane

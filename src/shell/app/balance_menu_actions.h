@@ -4,14 +4,12 @@
 #include <string>
 #include <string_view>
 #include <utility>
-
 #include "core/balance_store.h"
 #include "platform/async/signal.h"
 #include "platform/desktop/desktop_application.h"
 #include "shell/app/scenes.h"
 
 namespace orvane {
-
 /// Posted to open a window; its object is the id of the scene.
 inline constexpr const char* openWindowBroadcast = "Orvane.openWindow";
 
@@ -58,5 +56,4 @@ struct BalanceOpenWindowCommand {
 inline constexpr BalanceOpenWindowCommand aboutCommand{.title = "About Orvane", .id = aboutSceneId};
 inline constexpr BalanceOpenWindowCommand helpCommand{
     .title = "Orvane Help", .id = helpSceneId, .keyEquivalent = "?"};
-
 }  // namespace orvane

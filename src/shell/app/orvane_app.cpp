@@ -1,24 +1,18 @@
 #include "shell/app/orvane_app.h"
-
 #include <QCoreApplication>
 #include <chrono>
 #include <utility>
-
 #include "shell/app/balance_main_scene_content.h"
-#include "shell/app/balance_menu_actions.h"
 #include "shell/view_models/app_info.h"
 #include "shell/views/about_and_help.h"
 
 namespace orvane {
-
 namespace {
-
 using namespace std::chrono_literals;
 
 constexpr auto longestWaitForToken = 50ms;
 constexpr auto longestWaitForWrites = 2s;
 constexpr auto lookAtWritesEvery = 20ms;
-
 }  // namespace
 
 OrvaneApp::OrvaneApp(OrvanePlatform platform, OrvaneSettings settings)
@@ -142,5 +136,4 @@ void OrvaneApp::exitOnceWritten() {
     nextLookAtWrites_.emplace(executor, lookAtWritesEvery, [this] { exitOnceWritten(); });
   }
 }
-
 }  // namespace orvane

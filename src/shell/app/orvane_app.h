@@ -5,7 +5,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-
 #include "core/balance_store.h"
 #include "platform/async/executor.h"
 #include "platform/async/signal.h"
@@ -18,7 +17,6 @@
 #include "shell/menu_bar/background_runtime.h"
 
 namespace orvane {
-
 /// What the application works with; all of it outlives the application.
 struct OrvanePlatform {
   BalancePlatform balance;
@@ -75,5 +73,4 @@ class OrvaneApp {
   std::optional<Instant> exitDeadline_;
   std::optional<OneShotTimer> nextLookAtWrites_;
 };
-
 }  // namespace orvane

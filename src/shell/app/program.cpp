@@ -1,10 +1,8 @@
 #include "shell/app/program.h"
-
 #include <QApplication>
 #include <QStandardPaths>
 #include <filesystem>
 #include <utility>
-
 #include "platform/bus/session_bus.h"
 #include "platform/defaults/sqlite_defaults.h"
 #include "platform/desktop/qt/color_scheme.h"
@@ -21,9 +19,7 @@
 #include "shell/views/qt_text.h"
 
 namespace orvane {
-
 namespace {
-
 const QString applicationId = QStringLiteral("com.quorvex.Orvane");
 
 void introduceToDesktop(const std::string& version) {
@@ -84,7 +80,6 @@ int runInstance(SessionInstance& instance, const ProgramSettings& settings) {
   instance.setRequests({});
   return code;
 }
-
 }  // namespace
 
 int runProgram(int argc, char** argv, const ProgramSettings& settings) {
@@ -102,5 +97,4 @@ int runProgram(int argc, char** argv, const ProgramSettings& settings) {
   }
   return 1;
 }
-
 }  // namespace orvane

@@ -3,11 +3,9 @@
 #include <functional>
 #include <memory>
 #include <string>
-
 #include "core/balance_platform.h"
 
 namespace orvane {
-
 /// What a build of the program is made for.
 struct ProgramSettings {
   ServiceHosts hosts;
@@ -23,5 +21,4 @@ struct ProgramSettings {
 /// Runs the application on the real desktop until it ends, and returns the process's exit code:
 /// 0 also when another instance runs and has been asked to show itself.
 [[nodiscard]] int runProgram(int argc, char** argv, const ProgramSettings& settings);
-
 }  // namespace orvane

@@ -1,19 +1,15 @@
 #include "shell/app/scenes.h"
-
 #include <QPointer>
 #include <QScreen>
 #include <QShowEvent>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
-
 #include "shell/menu_bar/window_visibility.h"
 #include "shell/views/qt_text.h"
 
 namespace orvane {
-
 namespace {
-
 /// Stands around the content of a help or about window and leaves its place empty while the window
 /// is not on screen or the application lives in the status area alone.
 class MenuBarWindowContent final : public QWidget {
@@ -54,7 +50,6 @@ class MenuBarWindowContent final : public QWidget {
   QWidget* content_;
   WindowVisibility visibility_;
 };
-
 }  // namespace
 
 SceneWindows::SceneWindows(QtDesktopApplication& application, Executor& executor,
@@ -111,5 +106,4 @@ void SceneWindows::placeOverMainWindow(QWidget& frame) const {
              std::clamp(place.top(), screen.top(),
                         std::max(screen.top(), screen.bottom() - place.height())));
 }
-
 }  // namespace orvane

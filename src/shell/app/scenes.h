@@ -8,13 +8,11 @@
 #include <optional>
 #include <string>
 #include <string_view>
-
 #include "platform/async/executor.h"
 #include "platform/desktop/qt/qt_desktop_application.h"
 #include "shell/menu_bar/background_runtime.h"
 
 namespace orvane {
-
 struct SceneSize {
   int width;
   int height;
@@ -77,5 +75,4 @@ class SceneWindows {
   MakeContent makeContent_;
   std::map<std::string, DesktopWindow*, std::less<>> windows_;
 };
-
 }  // namespace orvane

@@ -1,14 +1,10 @@
 #include "shell/menu_bar/background_runtime.h"
-
 #include <chrono>
 #include <utility>
-
 #include "shell/menu_bar/status_button.h"
 
 namespace orvane {
-
 namespace {
-
 using namespace std::chrono_literals;
 
 constexpr auto rateInterval = 30s;
@@ -21,7 +17,6 @@ std::function<void()> weakly(const std::weak_ptr<BackgroundRuntime>& runtime,
     if (const auto alive = runtime.lock()) { action(*alive); }
   };
 }
-
 }  // namespace
 
 std::shared_ptr<BackgroundRuntime> BackgroundRuntime::create(BackgroundRuntimeOptions options,
@@ -231,5 +226,4 @@ void BackgroundRuntime::setMainWindowVisible(bool visible) {
 void BackgroundRuntime::setMenuBarOnly(bool menuBarOnly) {
   if (std::exchange(isMenuBarOnly_, menuBarOnly) != menuBarOnly) { changed_.send(); }
 }
-
 }  // namespace orvane

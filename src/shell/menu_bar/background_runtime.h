@@ -4,7 +4,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-
 #include "platform/async/executor.h"
 #include "platform/async/signal.h"
 #include "platform/async/timer.h"
@@ -13,7 +12,6 @@
 #include "platform/tray/status_item.h"
 
 namespace orvane {
-
 /// What the application wants of its status item.
 struct BackgroundRuntimeOptions {
   std::string appName = "Orvane";  ///< begins the tooltip and describes the icon
@@ -115,5 +113,4 @@ class BackgroundRuntime final : public WindowDelegate,
   bool isMenuBarOnly_ = false;
   Signal<> changed_;
 };
-
 }  // namespace orvane

@@ -1,15 +1,11 @@
 #include "shell/menu_bar/status_button.h"
-
 #include <algorithm>
 #include <array>
 #include <cmath>
-
 #include <fmt/format.h>
 
 namespace orvane {
-
 namespace {
-
 constexpr double symbolPointSize = 13;
 constexpr double textPointSize = 9;
 constexpr double gapBeforeText = 3;
@@ -55,7 +51,6 @@ void placeText(StatusImage& image, const StatusBar& statusBar, const StatusButto
                 .height = std::max({image.size.height, text.height, leastHeight})};
   image.accessibilityDescription += " " + content.text + content.spokenSuffix;
 }
-
 }  // namespace
 
 std::string menuBarRateText(double hashesPerSecond) {
@@ -77,5 +72,4 @@ StatusButton composeStatusButton(const StatusBar& statusBar, const StatusButtonC
   }
   return button;
 }
-
 }  // namespace orvane

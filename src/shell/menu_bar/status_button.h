@@ -3,11 +3,9 @@
 #include <optional>
 #include <string>
 #include <vector>
-
 #include "platform/tray/status_item.h"
 
 namespace orvane {
-
 /// "12.3 TH": a hash rate, in hashes per second, with three digits or so, for the text beside the
 /// status icon. Empty for anything but a rate above zero and up to 1e14.
 [[nodiscard]] std::string menuBarRateText(double hashesPerSecond);
@@ -33,5 +31,4 @@ struct StatusButton {
 /// image, and no text either.
 [[nodiscard]] StatusButton composeStatusButton(const StatusBar& statusBar,
                                                const StatusButtonContent& content);
-
 }  // namespace orvane

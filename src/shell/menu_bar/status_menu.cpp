@@ -1,12 +1,8 @@
 #include "shell/menu_bar/status_menu.h"
-
-#include <string>
 #include <utility>
 
 namespace orvane {
-
 namespace {
-
 std::string statusText(const BalanceState& state, const AmountText& amountText) {
   if (state.accountStatus) { return *state.accountStatus; }
   if (state.addressStatus) { return *state.addressStatus; }
@@ -28,7 +24,6 @@ void addFigures(Menu& menu, const BalanceState& state, const AmountText& amountT
   }
   if (!menu.items.empty()) { menu.items.push_back(MenuItem::separator()); }
 }
-
 }  // namespace
 
 MenuBarStatus menuBarStatus(const BalanceState& state, const AmountText& amountText) {
@@ -55,5 +50,4 @@ Menu makeStatusMenu(const BalanceState& state, const AmountText& amountText,
       {.title = "Quit Orvane", .keyEquivalent = "q", .action = std::move(actions.quit)});
   return menu;
 }
-
 }  // namespace orvane

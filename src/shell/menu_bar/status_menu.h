@@ -3,12 +3,10 @@
 #include <cstdint>
 #include <functional>
 #include <string>
-
 #include "core/balance_state.h"
 #include "platform/desktop/desktop_application.h"
 
 namespace orvane {
-
 /// "12,345 sats": an amount of satoshis in the unit that is shown.
 using AmountText = std::function<std::string(std::int64_t sats)>;
 
@@ -36,5 +34,4 @@ struct StatusMenuActions {
 /// The menu of the status item: the figures there are, then the commands.
 [[nodiscard]] Menu makeStatusMenu(const BalanceState& state, const AmountText& amountText,
                                   StatusMenuActions actions);
-
 }  // namespace orvane

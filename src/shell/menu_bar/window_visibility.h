@@ -3,12 +3,10 @@
 #include <functional>
 #include <memory>
 #include <utility>
-
 #include "platform/desktop/desktop_application.h"
 #include "shell/menu_bar/background_runtime.h"
 
 namespace orvane {
-
 /// Decides whether a help or about window shows its content: only while the window is on screen
 /// and the application does not live in the status area alone.
 class WindowVisibility {
@@ -75,5 +73,4 @@ class WindowVisibility {
   Registration windowObserver_;
   Registration runtimeObserver_;
 };
-
 }  // namespace orvane

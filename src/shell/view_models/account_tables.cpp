@@ -1,17 +1,12 @@
 #include "shell/view_models/account_tables.h"
-
 #include <algorithm>
 #include <cmath>
 #include <utility>
-
 #include <fmt/format.h>
-
 #include "core/display_texts.h"
-#include "platform/decimal/decimal.h"
 
 namespace orvane {
 namespace {
-
 /// The part of a Stratum login after its first "."; the whole when there is no such part.
 std::string_view shortWorkerName(std::string_view fullName) {
   const auto dot = fullName.find('.');
@@ -53,7 +48,6 @@ std::string rewardText(const LocaleFormat& format, const std::optional<std::stri
   const auto bitcoins = rewardBTC ? Decimal::parse(*rewardBTC) : std::nullopt;
   return bitcoins ? historySatsText(format, *bitcoins * satsPerBTC) : unknownFigure;
 }
-
 }  // namespace
 
 WorkerRow workerRow(const BraiinsWorkerStatus& worker, const LocaleFormat& format) {
@@ -111,5 +105,4 @@ std::vector<Metric> historyValueMetrics(const BraiinsHistorySummary& summary,
   return {
       {.title = fmt::format("VALUE · {}", rawValue(state.preferredFiatCurrency)), .value = *value}};
 }
-
 }  // namespace orvane

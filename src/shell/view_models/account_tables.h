@@ -4,14 +4,12 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
 #include "core/balance_state.h"
 #include "platform/decimal/decimal.h"
 #include "platform/text/locale_format.h"
 #include "shell/view_models/window_contents.h"
 
 namespace orvane {
-
 /// What the two tables of the account show, and the words around them. A row costs little, so that
 /// a table of any length asks only for the rows in sight.
 
@@ -51,5 +49,4 @@ struct HistoryRow {
 [[nodiscard]] std::vector<Metric> historyValueMetrics(const BraiinsHistorySummary& summary,
                                                       const BalanceState& state,
                                                       const LocaleFormat& format);
-
 }  // namespace orvane

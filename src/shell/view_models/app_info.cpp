@@ -1,10 +1,8 @@
 #include "shell/view_models/app_info.h"
-
 #include <fmt/format.h>
 
 namespace orvane {
 namespace {
-
 std::vector<std::string> helpParagraphs() {
   return {
       "Orvane shows what your Braiins Pool account has earned. The menu bar carries the "
@@ -41,7 +39,6 @@ std::vector<std::string> helpParagraphs() {
       "Dock and stays in the menu bar; a click on its icon brings it back. The red window "
       "control quits, as does Command-Q or the menu bar icon's Quit."};
 }
-
 }  // namespace
 
 const FennickAppInfo& orvaneAppInfo() {
@@ -61,5 +58,4 @@ std::string applicationVersionText(const std::optional<std::string>& shortVersio
   if (build && !build->empty()) { text += fmt::format(" ({})", *build); }
   return text;
 }
-
 }  // namespace orvane

@@ -5,7 +5,6 @@
 #include <vector>
 
 namespace orvane {
-
 /// What the about and help windows say of the application.
 struct FennickAppInfo {
   std::string name;
@@ -21,5 +20,4 @@ struct FennickAppInfo {
 /// one, nothing stands behind the version.
 [[nodiscard]] std::string applicationVersionText(const std::optional<std::string>& shortVersion,
                                                  const std::optional<std::string>& build);
-
 }  // namespace orvane

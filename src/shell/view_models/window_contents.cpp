@@ -1,13 +1,10 @@
 #include "shell/view_models/window_contents.h"
-
 #include <fmt/format.h>
-
 #include "core/display_texts.h"
 #include "platform/text/unicode.h"
 
 namespace orvane {
 namespace {
-
 /// The value of `sats` in money, as it stands beside an amount.
 std::string approximateValue(const BalanceState& state, const LocaleFormat& format,
                              std::int64_t sats) {
@@ -63,7 +60,6 @@ std::vector<BlockRewardLine> blockRewardLines(const BalanceState& state,
 SettingsFieldState fieldState(std::string_view stored, std::string_view draft) {
   return {.canSave = trimmed(draft) != stored, .canRemove = !stored.empty()};
 }
-
 }  // namespace
 
 WindowLayout windowLayout(const BalanceState& state) {
@@ -122,5 +118,4 @@ AccountLink accountLink(std::string_view webHost) {
   return {.text = fmt::format("Open the account at {}", webHost),
           .url = fmt::format("https://{}/", webHost)};
 }
-
 }  // namespace orvane

@@ -4,12 +4,10 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
 #include "core/balance_state.h"
 #include "platform/text/locale_format.h"
 
 namespace orvane {
-
 /// What the main window shows beside its tables: its parts, the cards and the settings' fields.
 
 /// Which parts of the main window show, and the least size they ask for in logical pixels.
@@ -106,5 +104,4 @@ struct AccountLink {
 };
 /// `webHost`: "host[:port]" of the pool's web site.
 [[nodiscard]] AccountLink accountLink(std::string_view webHost);
-
 }  // namespace orvane

@@ -1,22 +1,18 @@
 #include "shell/views/about_and_help.h"
-
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QPushButton>
 #include <QVBoxLayout>
-
 #include "platform/desktop/symbols.h"
 #include "shell/views/frames.h"
 #include "shell/views/labels.h"
 #include "shell/views/qt_text.h"
 
 namespace orvane {
-
 using theme::TextColor;
 using theme::TextStyle;
 
 namespace {
-
 constexpr int headerSpacing = 5;
 constexpr int contextualHelpPadding = 4;
 
@@ -123,7 +119,6 @@ QVBoxLayout* columnWithoutGaps(QWidget* view) {
   column->setSpacing(0);
   return column;
 }
-
 }  // namespace
 
 FennickAboutView::FennickAboutView(const FennickAppInfo& app,
@@ -150,5 +145,4 @@ FennickAppHelpView::FennickAppHelpView(const FennickAppInfo& app,
   column->addWidget(new Divider(Qt::Horizontal, this));
   column->addWidget(footer(brandUrl, closeAction, this));
 }
-
 }  // namespace orvane

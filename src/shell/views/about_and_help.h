@@ -3,11 +3,9 @@
 #include <QWidget>
 #include <functional>
 #include <string>
-
 #include "shell/view_models/app_info.h"
 
 namespace orvane {
-
 /// The about and the help window end in the same foot: the brand line, which leads to `brandUrl`
 /// or is plain text when that is empty, and a Close button, which runs `closeAction` or closes the
 /// view's window when there is none.
@@ -29,5 +27,4 @@ class FennickAppHelpView final : public QWidget {
   FennickAppHelpView(const FennickAppInfo& app, const std::function<void()>& closeAction,
                      const std::string& brandUrl, QWidget* parent = nullptr);
 };
-
 }  // namespace orvane

@@ -1,5 +1,4 @@
 #include "shell/views/balance_view.h"
-
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QMenu>
@@ -7,11 +6,7 @@
 #include <QShortcut>
 #include <QStyleOptionButton>
 #include <QStylePainter>
-#include <QWidget>
 #include <algorithm>
-#include <functional>
-
-#include "platform/desktop/desktop_application.h"
 #include "shell/view_models/window_contents.h"
 #include "shell/views/cards.h"
 #include "shell/views/controls.h"
@@ -22,9 +17,7 @@
 #include "shell/views/workers_section.h"
 
 namespace orvane {
-
 namespace {
-
 constexpr int symbolSize = theme::symbolSize + 4;
 
 /// The command's key, and the ones that a user of this desktop would try as well.
@@ -127,7 +120,6 @@ void layOutUpToWindow(QWidget& changed) {
     if (widget->layout()) { widget->layout()->activate(); }
   }
 }
-
 }  // namespace
 
 CoalescedUpdate::CoalescedUpdate(QWidget& view, std::function<void()> update)
@@ -240,5 +232,4 @@ void BalanceView::showEvent(QShowEvent* event) {
   askForSize();
   QWidget::showEvent(event);
 }
-
 }  // namespace orvane

@@ -4,7 +4,6 @@
 #include <QWidget>
 #include <functional>
 #include <string>
-
 #include "core/balance_store.h"
 #include "platform/async/signal.h"
 #include "platform/desktop/desktop_application.h"
@@ -12,7 +11,6 @@
 #include "shell/views/frames.h"
 
 namespace orvane {
-
 class AddressCardView;
 class HistorySection;
 class PoolCardView;
@@ -81,5 +79,4 @@ class BalanceView final : public QWidget {
   CoalescedUpdate update_;
   Registration subscription_;
 };
-
 }  // namespace orvane

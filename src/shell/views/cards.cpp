@@ -1,16 +1,12 @@
 #include "shell/views/cards.h"
-
 #include <array>
-
 #include "shell/views/flow_layout.h"
 
 namespace orvane {
-
 using theme::TextColor;
 using theme::TextStyle;
 
 namespace {
-
 constexpr std::array units{BalanceUnit::sats, BalanceUnit::btc};
 
 MetricBlock* cardMetric(QWidget* parent) {
@@ -34,7 +30,6 @@ QHBoxLayout* titleRow(const QString& title, SegmentedPicker* unit, QWidget* pare
   row->addWidget(unit);
   return row;
 }
-
 }  // namespace
 
 /// A card's large figure with its value in money beside it, on one baseline.
@@ -217,5 +212,4 @@ void AddressCardView::showCard(const AddressCard& card, BalanceUnit unit) {
   blockRewards_->showLines(card.blockRewards);
   status_->showStatus(card.status, card.refresh);
 }
-
 }  // namespace orvane

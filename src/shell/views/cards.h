@@ -7,7 +7,6 @@
 #include "shell/views/labels.h"
 
 namespace orvane {
-
 class BalanceRow;
 class BlockRewardList;
 class StatusRow;
@@ -44,5 +43,4 @@ class AddressCardView final : public Card {
   BlockRewardList* blockRewards_;
   StatusRow* status_;
 };
-
 }  // namespace orvane

@@ -1,18 +1,15 @@
 #include "shell/views/controls.h"
-
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QRadioButton>
 #include <QStyleOptionButton>
 #include <QStylePainter>
-
 #include "platform/desktop/symbols.h"
 #include "shell/views/theme.h"
 
 namespace orvane {
 namespace {
-
 constexpr int stepsPerTurn = 12;
 constexpr int degreesPerStep = 360 / stepsPerTurn;
 
@@ -71,7 +68,6 @@ class Segment final : public QRadioButton {
     painter.drawRoundedRect(box, trackRadius - segmentInset, trackRadius - segmentInset);
   }
 };
-
 }  // namespace
 
 QIcon symbolIcon(const QString& name, int size, const QPalette& palette) {
@@ -208,5 +204,4 @@ void SegmentedPicker::paintEvent(QPaintEvent* /*event*/) {
   painter.setBrush(theme::chipColor(palette()));
   painter.drawRoundedRect(rect(), trackRadius, trackRadius);
 }
-
 }  // namespace orvane

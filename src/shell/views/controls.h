@@ -5,13 +5,11 @@
 #include <QPushButton>
 #include <functional>
 #include <vector>
-
 #include "shell/view_models/window_contents.h"
 
 class QRadioButton;
 
 namespace orvane {
-
 /// A symbol for a button, in the colours of button texts.
 [[nodiscard]] QIcon symbolIcon(const QString& name, int size, const QPalette& palette);
 
@@ -62,5 +60,4 @@ class SegmentedPicker final : public QWidget {
   std::vector<QRadioButton*> segments_;
   bool isShowing_ = false;
 };
-
 }  // namespace orvane

@@ -1,16 +1,13 @@
 #include "shell/views/figure_table.h"
-
 #include <QEvent>
 #include <QHeaderView>
 #include <QPainter>
 #include <QStyledItemDelegate>
-
 #include "shell/views/frames.h"
 #include "shell/views/theme.h"
 
 namespace orvane {
 namespace {
-
 QRect insetCell(const QRect& cell) {
   return cell.adjusted(theme::tableCellPadding, 0, -theme::tableCellPadding, 0);
 }
@@ -100,7 +97,6 @@ class FigureCellDelegate final : public QStyledItemDelegate {
     painter->restore();
   }
 };
-
 }  // namespace
 
 FigureTable::FigureTable(QWidget* parent) : QTableView(parent) {
@@ -132,5 +128,4 @@ void FigureTable::applyStyle() {
   setFont(theme::textFont(theme::TextStyle::calloutFigure));
   horizontalHeader()->setFont(theme::textFont(theme::TextStyle::captionSemibold));
 }
-
 }  // namespace orvane

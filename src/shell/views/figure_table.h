@@ -6,11 +6,9 @@
 #include <span>
 #include <string>
 #include <vector>
-
 #include "shell/views/qt_text.h"
 
 namespace orvane {
-
 /// What a table's model says of a cell beyond its text.
 enum TableRole {
   dotColorRole = Qt::UserRole  ///< a theme::MarkColor as int: a dot before the text
@@ -110,5 +108,4 @@ class FigureTable : public QTableView {
  private:
   void applyStyle();
 };
-
 }  // namespace orvane

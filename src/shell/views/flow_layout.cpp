@@ -1,11 +1,9 @@
 #include "shell/views/flow_layout.h"
-
 #include <QStyle>
 #include <QWidget>
 #include <algorithm>
 
 namespace orvane {
-
 /// Widgets that stand side by side.
 struct FlowLayout::Row {
   std::vector<QLayoutItem*> items;
@@ -118,5 +116,4 @@ void FlowLayout::placeRow(const Row& row, const QRect& area) const {
     left += row.widths[i] + horizontalSpacing_;
   }
 }
-
 }  // namespace orvane

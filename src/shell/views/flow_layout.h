@@ -5,7 +5,6 @@
 #include <vector>
 
 namespace orvane {
-
 /// Lays widgets out in a row, each as wide as it wants to be, and goes on in a further row when
 /// the width is used up. Widgets of a row stand on one text baseline, or at the row's top.
 class FlowLayout final : public QLayout {
@@ -38,5 +37,4 @@ class FlowLayout final : public QLayout {
   int verticalSpacing_;
   std::vector<std::unique_ptr<QLayoutItem>> items_;
 };
-
 }  // namespace orvane

@@ -1,15 +1,12 @@
 #include "shell/views/frames.h"
-
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyleOptionSlider>
 #include <algorithm>
-
 #include "shell/views/flow_layout.h"
 
 namespace orvane {
 namespace {
-
 void drawRoundedFrame(QWidget& widget, int radius, const QColor& fill, const QColor& outline) {
   QPainter painter(&widget);
   painter.setRenderHint(QPainter::Antialiasing);
@@ -60,7 +57,6 @@ class ThinScrollBar final : public QScrollBar {
     painter.drawRoundedRect(handle, radius, radius);
   }
 };
-
 }  // namespace
 
 Card::Card(theme::MarkColor tint, QWidget* parent)
@@ -138,5 +134,4 @@ SectionHeader::SectionHeader(const QString& title, QWidget* parent)
   row_->addLayout(texts, 1);
   row_->setAlignment(texts, Qt::AlignVCenter);
 }
-
 }  // namespace orvane

@@ -3,12 +3,10 @@
 #include <QHBoxLayout>
 #include <QScrollArea>
 #include <QVBoxLayout>
-
 #include "shell/views/labels.h"
 #include "shell/views/theme.h"
 
 namespace orvane {
-
 /// A rounded rectangle around a card's content, in the card's tint.
 class Card : public QWidget {
  public:
@@ -82,5 +80,4 @@ class SectionHeader final : public QWidget {
   QHBoxLayout* row_;
   TextLabel* subtitle_;
 };
-
 }  // namespace orvane

@@ -1,20 +1,16 @@
 #include "shell/views/history_section.h"
-
 #include <QHeaderView>
 #include <array>
 #include <utility>
-
 #include "shell/view_models/account_tables.h"
 #include "shell/views/figure_table.h"
 #include "shell/views/labels.h"
 
 namespace orvane {
-
 using theme::TextColor;
 using theme::TextStyle;
 
 namespace {
-
 constexpr std::array<TableColumn<HistoryRow>, 4> columns{
     {{.title = "DATE", .text = &HistoryRow::date, .side = Qt::AlignLeft},
      {.title = "AVG HASHRATE", .text = &HistoryRow::averageHashRate},
@@ -38,7 +34,6 @@ class HistoryModel final : public RecordTableModel<BraiinsHistoryDay, HistoryRow
 MetricBlock* summaryMetric(QWidget* parent) {
   return new MetricBlock(TextStyle::captionBold, TextStyle::bodyBoldFigure, parent);
 }
-
 }  // namespace
 
 /// A band of totals over the daily history, with room for further figures and for a control of
@@ -149,5 +144,4 @@ void HistorySection::showHistory(const BalanceState& state) {
   summaryRow_->showSummary(*summary_, historyValueMetrics(*summary_, state, format_));
   panel_->setVisible(!isEmpty);
 }
-
 }  // namespace orvane

@@ -2,7 +2,6 @@
 
 #include <QWidget>
 #include <optional>
-
 #include "core/balance_store.h"
 #include "platform/text/locale_format.h"
 #include "pool/history.h"
@@ -10,7 +9,6 @@
 #include "shell/views/frames.h"
 
 namespace orvane {
-
 class BraiinsHistorySummaryRow;
 class BraiinsHistoryTable;
 
@@ -36,5 +34,4 @@ class HistorySection final : public QWidget {
   BraiinsHistorySummaryRow* summaryRow_;
   BraiinsHistoryTable* table_;
 };
-
 }  // namespace orvane

@@ -1,27 +1,22 @@
 #include "shell/views/labels.h"
-
 #include <QEvent>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QResizeEvent>
 #include <QVBoxLayout>
 #include <algorithm>
-
 #include "platform/desktop/symbols.h"
 #include "shell/views/flow_layout.h"
 #include "shell/views/qt_text.h"
 
 namespace orvane {
-
 namespace {
-
 /// The share of its size down to which a figure may shrink.
 constexpr double smallestShare = 0.45;
 
 int textWidth(const QFont& font, const QString& text) {
   return QFontMetrics(font).horizontalAdvance(text) + 2;  // glyphs may lean out of their advance
 }
-
 }  // namespace
 
 TextLabel::TextLabel(theme::TextStyle style, theme::TextColor color, QWidget* parent)
@@ -206,5 +201,4 @@ void MetricRow::showMetrics(const std::vector<Metric>& metrics) {
   }
   setVisible(!metrics.empty());
 }
-
 }  // namespace orvane

@@ -4,12 +4,10 @@
 #include <QWidget>
 #include <string_view>
 #include <vector>
-
 #include "shell/view_models/window_contents.h"
 #include "shell/views/theme.h"
 
 namespace orvane {
-
 /// Plain text in a style and colour of the design; both follow the desktop when it changes.
 /// The text is never taken for markup, wherever it comes from.
 class TextLabel : public QLabel {
@@ -112,5 +110,4 @@ class MetricRow final : public QWidget {
   MakeBlock makeBlock_;
   std::vector<MetricBlock*> blocks_;
 };
-
 }  // namespace orvane

@@ -6,7 +6,6 @@
 #include <string_view>
 
 namespace orvane {
-
 [[nodiscard]] inline QString toQString(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
@@ -18,5 +17,4 @@ namespace orvane {
   const auto plain = toQString(text);
   return Qt::mightBeRichText(plain) ? plain.toHtmlEscaped() : plain;
 }
-
 }  // namespace orvane

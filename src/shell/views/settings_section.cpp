@@ -1,22 +1,18 @@
 #include "shell/views/settings_section.h"
-
 #include <QAccessible>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
 #include <algorithm>
 #include <utility>
-
 #include "shell/view_models/window_contents.h"
 #include "shell/views/qt_text.h"
 
 namespace orvane {
-
 using theme::TextColor;
 using theme::TextStyle;
 
 namespace {
-
 constexpr int textMargin = 4;
 
 constexpr const char* tokenHelp =
@@ -55,7 +51,6 @@ SegmentedPicker* currencyPicker(BalanceStore& store, QWidget* parent) {
       [&store](std::size_t index) { store.setPreferredFiatCurrency(allFiatCurrencies.at(index)); },
       parent);
 }
-
 }  // namespace
 
 /// A text field with the buttons that save and remove its text.
@@ -207,5 +202,4 @@ void SettingsSection::commitAddress() {
     QAccessible::updateAccessibility(&alert);
   }
 }
-
 }  // namespace orvane

@@ -3,13 +3,11 @@
 #include <QWidget>
 #include <optional>
 #include <string>
-
 #include "core/balance_store.h"
 #include "shell/views/controls.h"
 #include "shell/views/labels.h"
 
 namespace orvane {
-
 class SettingsField;
 
 /// The settings: token, watched address, currency. What the user types into a field is a draft:
@@ -44,5 +42,4 @@ class SettingsSection final : public QWidget {
   SegmentedPicker* currency_;
   LinkLabel* accountLink_;
 };
-
 }  // namespace orvane

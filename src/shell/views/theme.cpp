@@ -1,5 +1,4 @@
 #include "shell/views/theme.h"
-
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
@@ -10,7 +9,6 @@
 
 namespace orvane::theme {
 namespace {
-
 enum class Family { interface, figures, monospaced };
 
 struct StyleDescription {
@@ -99,7 +97,6 @@ QColor mixed(const QColor& a, const QColor& b, double shareOfA) {
   };
   return {channel(a.red(), b.red()), channel(a.green(), b.green()), channel(a.blue(), b.blue())};
 }
-
 }  // namespace
 
 QFont textFont(TextStyle style) {
@@ -167,5 +164,4 @@ QColor withOpacity(QColor color, double opacity) {
   color.setAlphaF(static_cast<float>(opacity));
   return color;
 }
-
 }  // namespace orvane::theme

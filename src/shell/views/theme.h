@@ -6,7 +6,6 @@
 
 /// The design's numbers, type and colours, in one place. Lengths are logical pixels.
 namespace orvane::theme {
-
 inline constexpr int windowPadding = 24;
 inline constexpr int barPadding = 12;  ///< above and below the bar at the bottom
 inline constexpr int leftColumnWidth = 500;
@@ -102,5 +101,4 @@ enum class MarkColor { green, orange, red, gray };
 
 [[nodiscard]] bool isDark(const QPalette& palette);
 [[nodiscard]] QColor withOpacity(QColor color, double opacity);
-
 }  // namespace orvane::theme

@@ -1,15 +1,12 @@
 #include "shell/views/workers_section.h"
-
 #include <QHeaderView>
 #include <algorithm>
 #include <array>
-
 #include "shell/view_models/account_tables.h"
 #include "shell/views/figure_table.h"
 
 namespace orvane {
 namespace {
-
 enum Column { worker, state, rate5m, rate60m, rate24h, columnTotal };
 
 constexpr std::array<TableColumn<WorkerRow>, columnTotal> columns{
@@ -57,7 +54,6 @@ class WorkersModel final : public RecordTableModel<BraiinsWorkerStatus, WorkerRo
  private:
   const LocaleFormat& format_;
 };
-
 }  // namespace
 
 /// As high as its rows; a long list scrolls within.
@@ -116,5 +112,4 @@ void WorkersSection::showWorkers(const std::vector<BraiinsWorkerStatus>& workers
   emptyHint_->setVisible(workers.empty());
   panel_->setVisible(!workers.empty());
 }
-
 }  // namespace orvane

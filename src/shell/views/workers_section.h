@@ -2,13 +2,11 @@
 
 #include <QWidget>
 #include <vector>
-
 #include "platform/text/locale_format.h"
 #include "pool/account.h"
 #include "shell/views/frames.h"
 
 namespace orvane {
-
 /// "Workers": how many are well, and the table of all, in the store's order.
 class WorkersSection final : public QWidget {
  public:
@@ -24,5 +22,4 @@ class WorkersSection final : public QWidget {
   Panel* panel_;
   Table* table_;
 };
-
 }  // namespace orvane

@@ -1,15 +1,12 @@
 #include <array>
-
 #include <gtest/gtest.h>
-
 #include "platform/async/async_mutex.h"
 #include "platform/async/signal.h"
 #include "platform/async/task_scope.h"
 #include "platform/async/timer.h"
 #include "support/virtual_executor.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using namespace std::chrono_literals;
 using Log = std::vector<std::string>;
@@ -183,5 +180,4 @@ TEST(SignalTest, LetsListenersComeAndGoWhileTheyAreTold) {
   EXPECT_EQ(heard, (Log{"first 1", "first 2", "later 2"}));
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

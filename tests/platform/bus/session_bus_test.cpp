@@ -1,12 +1,9 @@
 #include "platform/bus/session_bus.h"
-
 #include <gmock/gmock.h>
-
 #include "support/desktop_session.h"
 #include "support/run_task.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using namespace std::chrono_literals;
 
@@ -81,5 +78,4 @@ TEST_F(SessionBusTest, ASignalIsHeardAgainWhenTheBusIsBack) {
   EXPECT_TRUE(letPassUntil([&] { return heard == 1; }));
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -1,14 +1,8 @@
 #include "platform/decimal/decimal.h"
-
-#include <limits>
-#include <string>
-
 #include <gtest/gtest.h>
-
 #include "support/comma_locale.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using Range = std::numeric_limits<std::int64_t>;
 
@@ -67,5 +61,4 @@ TEST(DecimalTest, RoundsHalvesAwayFromZeroAndSaturates) {
   }
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

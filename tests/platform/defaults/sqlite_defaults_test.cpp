@@ -1,22 +1,17 @@
 #include "platform/defaults/sqlite_defaults.h"
-
 #include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <fstream>
-
 #include <gmock/gmock.h>
-#include <sqlite3.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
 #include "support/memory_defaults.h"
 #include "support/temporary_folder.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
@@ -357,5 +352,4 @@ TEST_F(DamagedSettingsTest, TakeTheirLogWithThem) {
   EXPECT_FALSE(fs::exists(file.string() + "-wal"));
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -1,15 +1,11 @@
 #include "platform/desktop/qt/color_scheme.h"
-
 #include <QApplication>
 #include <QTest>
-
 #include <gtest/gtest.h>
-
 #include "platform/eventloop/qt_executor.h"
 #include "support/fake_portal.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 bool isDark() {
   const auto palette = QApplication::palette();
@@ -39,5 +35,4 @@ TEST(ColorScheme, LeavesThePaletteAloneWithoutAPortal) {
   EXPECT_EQ(QApplication::palette(), before);
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

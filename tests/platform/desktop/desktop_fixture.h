@@ -6,18 +6,11 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QVBoxLayout>
-#include <QWidget>
-#include <optional>
-#include <string>
-#include <vector>
-
 #include <gtest/gtest.h>
-
 #include "platform/desktop/qt/qt_desktop_application.h"
 #include "platform/x11/x11_display.h"
 
 namespace orvane::test {
-
 /// Answers as it is told and remembers what it was asked and told.
 class RecordingDelegate final : public WindowDelegate {
  public:
@@ -73,5 +66,4 @@ class DesktopTest : public testing::Test {
   QLineEdit& field = *widget.findChild<QLineEdit*>();
   std::shared_ptr<RecordingDelegate> delegate = std::make_shared<RecordingDelegate>(application);
 };
-
 }  // namespace orvane::test

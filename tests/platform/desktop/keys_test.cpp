@@ -1,13 +1,10 @@
 #include <QMenu>
 #include <QShortcut>
 #include <QWindow>
-
 #include <gmock/gmock.h>
-
 #include "platform/desktop/desktop_fixture.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using testing::ElementsAre;
 
@@ -90,5 +87,4 @@ TEST_F(KeysTest, ControlMMinimisesAndControlQTerminates) {
   EXPECT_TRUE(window.isMiniaturized());
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

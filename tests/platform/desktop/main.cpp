@@ -1,8 +1,6 @@
 #include <QApplication>
 #include <string_view>
-
 #include <gtest/gtest.h>
-
 #include "platform/desktop/qt/session_instance.h"
 
 /// Started as "test --claim ID", this is another start of the application: it ends with its role.

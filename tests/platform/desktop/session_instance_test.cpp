@@ -1,13 +1,10 @@
 #include "platform/desktop/qt/session_instance.h"
-
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QProcess>
-
 #include <gmock/gmock.h>
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using testing::ElementsAre;
 
@@ -80,5 +77,4 @@ TEST_F(SessionInstanceTest, AnswersLaunchers) {
   EXPECT_THAT(heard, ElementsAre("activate t", "activate ", "show-help t"));
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

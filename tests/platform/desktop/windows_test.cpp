@@ -1,7 +1,6 @@
 #include "platform/desktop/desktop_fixture.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using WindowsTest = DesktopTest;
 
@@ -91,5 +90,4 @@ TEST(StartupTime, IsReadFromTheEndOfAStartupId) {
   }
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

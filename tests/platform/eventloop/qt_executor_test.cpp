@@ -1,9 +1,7 @@
 #include <QAbstractEventDispatcher>
-
 #include "platform/eventloop/real_time.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using namespace std::chrono_literals;
 using Log = std::vector<std::string>;
@@ -104,5 +102,4 @@ TEST_F(QtExecutorTest, WakesForTheEarliestTimerAndForNothingElse) {
   EXPECT_LE(wakeUps, 3) << "begin, end of the waiting, and the end of the loop";
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -2,16 +2,12 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
-#include <optional>
 #include <stdexcept>
-
 #include <gtest/gtest.h>
-
 #include "platform/async/task_scope.h"
 #include "platform/eventloop/qt_executor.h"
 
 namespace orvane::test {
-
 namespace detail {
 
 template <class T>
@@ -20,7 +16,6 @@ Task<void> keepResult(Task<T> task, std::optional<T>& result, QEventLoop& loop) 
   result.emplace(std::move(value));
   loop.quit();
 }
-
 }  // namespace detail
 
 /// Qt's event loop and the real executor, for tests of real parts; time is as it is.
@@ -77,5 +72,4 @@ class RealTime {
 };
 
 class RealTimeTest : public ::testing::Test, public RealTime {};
-
 }  // namespace orvane::test

@@ -1,19 +1,13 @@
 #include "platform/http/qt_http_transport.h"
-
 #include <cstdlib>
-#include <fstream>
-#include <mutex>
-
 #include <gmock/gmock.h>
-
 #include "platform/eventloop/real_time.h"
 #include "services/local_services.h"
 #include "services/server/certificate_authority.h"
 #include "services/server/http_server.h"
 #include "services/working_directory.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using namespace std::chrono_literals;
 using services::FaultKind;
@@ -235,5 +229,4 @@ TEST_F(QtHttpTransportTest, TheSystemsProxyIsAskedForATunnelAndSeesNoHeaders) {
   EXPECT_EQ(request.header("Pool-Auth-Token"), nullptr);
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

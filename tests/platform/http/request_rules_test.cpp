@@ -1,9 +1,7 @@
 #include "platform/http/request_rules.h"
-
 #include <gtest/gtest.h>
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 TEST(RequestRulesTest, OnlyAbsoluteHttpsUrlsAreAccepted) {
   for (const char* url : {"https://pool.example", "HTTPS://pool.example:8443/", "https://[::1]/"}) {
@@ -57,5 +55,4 @@ TEST(RequestRulesTest, RedirectsLeadWhereHttpsAndTheHeadersMayGo) {
   }
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -1,11 +1,8 @@
-#include <gtest/gtest.h>
 #include <sched.h>
-
 #include "platform/eventloop/real_time.h"
 #include "platform/http/qt_http_transport.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using UnreachableTest = RealTimeTest;
 
@@ -29,5 +26,4 @@ TEST_F(UnreachableTest, WithoutANetworkNoAddressIsReachedAndNoHostFound) {
   }
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

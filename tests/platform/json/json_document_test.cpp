@@ -1,15 +1,9 @@
 #include "platform/json/json_document.h"
-
-#include <cstdint>
-#include <string>
 #include <vector>
-
 #include <gtest/gtest.h>
-
 #include "support/comma_locale.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using namespace std::string_literals;
 
@@ -77,5 +71,4 @@ TEST(JsonDocumentTest, VisitsEveryMemberInOrderAndFindsTheLastOfAName) {
   EXPECT_FALSE(document->root().last("b"));
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

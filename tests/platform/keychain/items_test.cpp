@@ -1,13 +1,11 @@
 #include <ctime>
-
 #include "platform/eventloop/real_time.h"
 #include "platform/keychain/secret_service_keychain.h"
 #include "support/memory_keychain.h"
 #include "support/run_task.h"
 #include "support/session_tools.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 enum class Subject { service, memory };
 
@@ -153,5 +151,4 @@ TEST(AccessGroupsTest, SettingListsGroupsBetweenSemicolons) {
   EXPECT_EQ(accessGroupsFromSetting(";A.own; Q.shared ;;B"), (Groups{"A.own", "Q.shared", "B"}));
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

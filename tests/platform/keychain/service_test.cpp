@@ -3,14 +3,12 @@
 #include <QDBusConnectionInterface>
 #include <QProcess>
 #include <csignal>
-
 #include "platform/eventloop/real_time.h"
 #include "platform/keychain/secret_service_keychain.h"
 #include "support/run_task.h"
 #include "support/session_tools.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using namespace std::chrono_literals;
 
@@ -212,5 +210,4 @@ TEST_F(PromptTest, TheEndOfTheBusIsNotTheProgramsEnd) {
   expectEveryCallInVain(keychain, allowed);
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -1,18 +1,14 @@
 #include "platform/notifications/desktop_notification_center.h"
-
 #include <QDBusConnectionInterface>
 #include <QDBusMetaType>
 #include <fstream>
-
 #include <gmock/gmock.h>
-
 #include "fake_notification_service.h"
 #include "platform/eventloop/real_time.h"
 #include "support/run_task.h"
 #include "support/temporary_folder.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using namespace std::chrono_literals;
 using testing::ElementsAre;
@@ -155,5 +151,4 @@ TEST_F(DesktopNotificationCenterTest, ARealDaemonIsStartedWhenItIsNeededAndShows
   EXPECT_EQ(shown[0].value("body"), "12,345 sats to &lt;you&gt; &amp; yours");
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

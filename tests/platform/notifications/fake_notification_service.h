@@ -5,11 +5,9 @@
 #include <QObject>
 #include <QVariantMap>
 #include <vector>
-
 #include <gtest/gtest.h>
 
 namespace orvane::test {
-
 /// One call of Notify.
 struct Notified {
   QString application;
@@ -60,5 +58,4 @@ class FakeNotificationService final : public QObject, protected QDBusContext {
   QDBusConnection connection_ =
       QDBusConnection::connectToBus(QDBusConnection::SessionBus, "fake service");
 };
-
 }  // namespace orvane::test

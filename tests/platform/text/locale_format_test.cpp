@@ -1,13 +1,9 @@
 #include "platform/text/locale_format.h"
-
 #include <cstdlib>
 #include <limits>
-#include <string>
-
 #include <gtest/gtest.h>
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using namespace std::chrono;
 
@@ -109,5 +105,4 @@ TEST(LocaleNamesTest, GoFromTheStrongestVariableToTheWeakestPastEmptyOnes) {
   }
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -1,9 +1,7 @@
 #include "platform/text/unicode.h"
-
 #include <gtest/gtest.h>
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using namespace std::string_literals;
 
@@ -49,5 +47,4 @@ TEST(UnicodeTest, EscapesEverythingButLettersMarksAndNumbers) {
   }
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -1,10 +1,8 @@
 #include <QScreen>
-
 #include "platform/x11/x11_display.h"
 #include "status_item_fixture.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 /// The least that an old system tray does: it owns the selection, takes one window in and gives it
 /// a place in a panel of one colour. It has a connection to the X server of its own.
@@ -89,5 +87,4 @@ TEST_F(DockedTest, ATrayThatTakesNothingLeavesTheItemToTheBus) {
   createRegisteredItem("XFCE");  // nobody handles what the tray is asked
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

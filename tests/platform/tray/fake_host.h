@@ -2,18 +2,14 @@
 
 #include <QDBusConnectionInterface>
 #include <QDBusPendingCall>
-#include <QImage>
 #include <QTest>
 #include <QUuid>
 #include <QtEndian>
-
 #include <gtest/gtest.h>
-
 #include "platform/bus/exported_object.h"
 #include "platform/tray/notifier/notifier_item.h"
 
 namespace orvane::test {
-
 /// A row of the exported menu, or the menu as a whole, as a host reads it.
 struct HostRow {
   explicit HostRow(const QDBusArgument& node) {
@@ -147,5 +143,4 @@ class FakeHost final : public QObject {
  public:
   QDBusConnection connection = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name_);
 };
-
 }  // namespace orvane::test

@@ -1,13 +1,10 @@
 #include <QDBusMetaType>
 #include <QDir>
-
 #include <gmock/gmock.h>
-
 #include "status_item_fixture.h"
 #include "support/fake_portal.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using testing::ElementsAre;
 
@@ -201,5 +198,4 @@ TEST_F(MenuExportTest, AChosenRowActsAndAFigureOrAGoneRowDoesNot) {
   EXPECT_THAT(log, ElementsAre("Quit Orvane"));
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -2,13 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
-#include <string>
-
 #include "platform/tray/status_item.h"
 
 namespace orvane::test {
-
 /// A green symbol with a text beside it, as large as `bar` measures them.
 inline StatusImage sampleImage(const StatusBar& bar, const std::string& text) {
   StatusImage image{.symbolName = "chart.line.uptrend.xyaxis",
@@ -51,5 +47,4 @@ inline void useItem(StatusItem& item, const StatusBar& bar, const std::string& t
   item.setImage(sampleImage(bar, text));
   item.setToolTip("Orvane · Balance " + text);
 }
-
 }  // namespace orvane::test

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "fake_host.h"
 #include "platform/eventloop/qt_executor.h"
 #include "platform/tray/desktop_status_bar.h"
@@ -11,7 +8,6 @@
 #include "support/desktop_session.h"
 
 namespace orvane::test {
-
 /// Whether a pixel has exactly this colour.
 [[nodiscard]] inline bool hasColor(const QImage& picture, const QColor& color) {
   const QImage pixels = picture.convertToFormat(QImage::Format_ARGB32);
@@ -66,5 +62,4 @@ class StatusItemTest : public ::testing::Test {
   std::optional<DesktopStatusBar> bar;
   std::unique_ptr<StatusItem> item;
 };
-
 }  // namespace orvane::test

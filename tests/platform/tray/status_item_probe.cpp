@@ -2,10 +2,7 @@
 /// does to it, one event a line: "clicked", "menu", "chosen Open Orvane".
 
 #include <QApplication>
-#include <string>
-
 #include <fmt/format.h>
-
 #include "platform/eventloop/qt_executor.h"
 #include "platform/tray/desktop_status_bar.h"
 #include "sample_status.h"

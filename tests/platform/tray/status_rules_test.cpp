@@ -1,14 +1,11 @@
 #include <cstdlib>
 #include <tuple>
-
 #include <gtest/gtest.h>
-
 #include "platform/tray/drawing/short_figure.h"
 #include "platform/tray/drawing/status_drawing.h"
 #include "platform/tray/presentation.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 TEST(Presentation, SuitsTheHostThatWillDrawIt) {
   using enum Presentation;
@@ -85,5 +82,4 @@ TEST(StatusInk, StandsOutFromThePanel) {
   }
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

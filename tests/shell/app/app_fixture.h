@@ -3,16 +3,12 @@
 #include <QLineEdit>
 #include <QTest>
 #include <QWindow>
-#include <algorithm>
-#include <optional>
-
 #include "core/store_fixture.h"
 #include "platform/desktop/qt/qt_desktop_application.h"
 #include "shell/app/orvane_app.h"
 #include "support/fake_desktop.h"
 
 namespace orvane::test {
-
 /// The application with its real windows, on services, keychain and tray that are the test's own
 /// and in time that passes only when the test says so.
 class AppTest : public StoreTest {
@@ -69,5 +65,4 @@ class AppTest : public StoreTest {
   QtDesktopApplication desktop;
   std::optional<OrvaneApp> app;
 };
-
 }  // namespace orvane::test

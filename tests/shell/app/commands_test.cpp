@@ -1,10 +1,8 @@
 #include <QAction>
 #include <QTimer>
-
 #include "shell/app/app_fixture.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 TEST_F(AppTest, CommandsAreCarriedOutWhicheverWayTheyAreGiven) {
   struct Case {
@@ -89,5 +87,4 @@ TEST_F(AppTest, QuittingWaitsForTheTokenToReachTheKeychainButNoLongerThanTwoSeco
   }
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -1,11 +1,8 @@
 #pragma once
 
-#include <chrono>
-
 #include "platform/eventloop/qt_executor.h"
 
 namespace orvane::test {
-
 /// Qt's executor with a clock that runs faster than the wall's: waits of a minute take seconds.
 /// Short waits take their real time: they are deadlines of work that is really done, by a keyring
 /// or a server, and a busy machine would miss them otherwise.
@@ -30,5 +27,4 @@ class FastExecutor final : public Executor {
   int speed_;
   Instant start_;
 };
-
 }  // namespace orvane::test

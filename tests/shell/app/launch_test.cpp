@@ -1,7 +1,6 @@
 #include "shell/app/app_fixture.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 TEST_F(AppTest, PresentsTheMainWindowAtLaunchInItsOwnSize) {
   launch();
@@ -72,5 +71,4 @@ TEST_F(AppTest, TheStatusAreaFollowsTheAccount) {
   EXPECT_EQ(statusBar.item.toolTip, "Orvane · Balance 203 sats");
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

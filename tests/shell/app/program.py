@@ -114,8 +114,9 @@ class Service:
 
     def __init__(self, kind):
         script = os.path.join(os.path.dirname(os.path.abspath(__file__)), "session_service.py")
+        # Without a buffer: select sees only what no earlier read has taken along.
         self.process = subprocess.Popen([sys.executable, script, kind], stdout=subprocess.PIPE,
-                                        text=True)
+                                        bufsize=0)
         self.name = self.next_line()
 
     def __enter__(self):
@@ -128,4 +129,4 @@ class Service:
     def next_line(self):
         """What the service prints next: its name once it has it, then its calls."""
         assert select.select([self.process.stdout], [], [], 20)[0], "was not called"
-        return self.process.stdout.readline().strip()
+        return self.process.stdout.readline().decode().strip()

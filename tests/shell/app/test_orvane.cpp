@@ -2,15 +2,12 @@
 // test_orvane pool-host explorer-host price-host fallback-host authority.pem
 
 #include <array>
-
 #include "shell/app/fast_executor.h"
 #include "shell/app/program.h"
 
 namespace {
-
 constexpr int argumentsNeeded = 6;
 constexpr int clockSpeed = 20;
-
 }  // namespace
 
 int main(int argc, char** argv) {

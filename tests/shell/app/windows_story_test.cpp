@@ -1,11 +1,9 @@
 #include <QLabel>
 #include <QScreen>
-
 #include "shell/app/app_fixture.h"
 #include "shell/views/about_and_help.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 constexpr int frameWidths = 8;
 
@@ -84,5 +82,4 @@ TEST_F(WindowsStory, StartedAgainTheMainWindowComesBackFromTheTaskBar) {
   EXPECT_TRUE(isOnScreen("Orvane"));
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -3,15 +3,13 @@
 
 #include <QApplication>
 #include <QDir>
-
 #include "platform/desktop/qt/color_scheme.h"
 #include "platform/desktop/symbols.h"
 #include "shell/sample_states.h"
 #include "shell/views/about_and_help.h"
 #include "shell/views/balance_view.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 void take(QWidget& window, const QString& path) {
   window.show();
@@ -37,8 +35,7 @@ void takeAll(const QString& folder, const QString& suffix) {
   take(help, path("help"));
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);

@@ -1,8 +1,7 @@
 #include "shell/menu_bar/runtime_fixture.h"
 #include "shell/menu_bar/window_visibility.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using BackgroundRuntimeTest = RuntimeFixture;
 using Type = DesktopEvent::Type;
@@ -146,5 +145,4 @@ TEST_F(BackgroundRuntimeTest, AWindowHasItsContentWhileItIsOnScreenWithTheApplic
   }
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -1,16 +1,12 @@
 #pragma once
 
-#include <memory>
-
 #include <gtest/gtest.h>
-
 #include "shell/menu_bar/background_runtime.h"
 #include "support/fake_desktop.h"
 #include "support/memory_defaults.h"
 #include "support/virtual_executor.h"
 
 namespace orvane::test {
-
 /// A runtime on a desktop without a screen, attached to the main window beside a help window.
 class RuntimeFixture : public testing::Test {
  protected:
@@ -33,5 +29,4 @@ class RuntimeFixture : public testing::Test {
   std::shared_ptr<BackgroundRuntime> runtime =
       BackgroundRuntime::create({}, {executor, application, statusBar, broadcasts, defaults});
 };
-
 }  // namespace orvane::test

@@ -1,12 +1,9 @@
 #include "shell/menu_bar/status_button.h"
-
 #include <cmath>
 #include <limits>
-
 #include "shell/menu_bar/runtime_fixture.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using namespace std::chrono_literals;
 
@@ -140,5 +137,4 @@ TEST_F(StatusButtonTest, WithoutATitleProviderTheHashRateStandsThereAsTheSetting
   EXPECT_EQ(image().text, "12.3 TH");
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -1,11 +1,7 @@
 #include "shell/menu_bar/status_menu.h"
-
-#include <string>
-
 #include <gtest/gtest.h>
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 /// "(Today 7 sats)|-|Quit Orvane^q": the rows, with their keys; those that cannot be chosen stand
 /// in brackets.
@@ -63,5 +59,4 @@ TEST(StatusMenu, FailuresComeFirstThenBalancesAndThePoolBeforeTheAddress) {
   }
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

@@ -1,11 +1,7 @@
 #include "shell/view_models/account_tables.h"
-
-#include <limits>
-
 #include <gmock/gmock.h>
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using namespace std::chrono_literals;
 using State = BraiinsWorkerStatus::State;
@@ -91,5 +87,4 @@ TEST(HistoryTest, TheValueOfTheTotalIsThereWithPricesOnly) {
               ElementsAre(Metric{.title = "VALUE · USD", .value = "0.500 $"}));
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

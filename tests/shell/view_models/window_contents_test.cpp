@@ -1,13 +1,8 @@
 #include "shell/view_models/window_contents.h"
-
-#include <limits>
-
 #include <gmock/gmock.h>
-
 #include "shell/view_models/app_info.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -159,5 +154,4 @@ TEST(AppInfoTest, TheVersionTextHasABuildWhereThereIsOne) {
   EXPECT_EQ(applicationVersionText({}, "345"), "Version 1.0 (345)");
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

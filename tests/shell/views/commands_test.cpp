@@ -2,12 +2,10 @@
 #include <QLineEdit>
 #include <QShortcut>
 #include <QUrl>
-
 #include "shell/views/about_and_help.h"
 #include "shell/views/view_fixture.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 /// Presses the controls of the main window, and sees what the store does.
 class CommandsTest : public ViewTest {
@@ -122,7 +120,6 @@ TEST(HelpTest, SaysAllThatItIsToldAndClosesItsWindow) {
   EXPECT_FALSE(window.isVisible());
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test
 
 #include "commands_test.moc"

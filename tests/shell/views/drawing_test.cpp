@@ -1,11 +1,8 @@
-#include <QTableView>
 
 #include "shell/views/figure_table.h"
-#include "shell/views/labels.h"
 #include "shell/views/view_fixture.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using namespace Qt::StringLiterals;
 using theme::TextColor;
@@ -117,5 +114,4 @@ TEST(ThemeTest, ColouredTextIsReadableOnADarkGround) {
   }
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

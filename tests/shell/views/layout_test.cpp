@@ -1,14 +1,10 @@
 #include <QAccessible>
 #include <QIdentityProxyModel>
-#include <QScrollArea>
 #include <QScrollBar>
 #include <QTableView>
-
-#include "shell/view_models/window_contents.h"
 #include "shell/views/view_fixture.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using namespace Qt::StringLiterals;
 
@@ -89,5 +85,4 @@ TEST_F(LayoutTest, ALargeTableAsksOnlyForTheRowsInSight) {
   table.setModel(counting.sourceModel());
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

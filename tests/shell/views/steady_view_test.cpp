@@ -1,13 +1,10 @@
 #include <QLineEdit>
-#include <QScrollArea>
 #include <QScrollBar>
 #include <QTableView>
-
 #include "shell/views/controls.h"
 #include "shell/views/view_fixture.h"
 
-namespace orvane::test {
-namespace {
+namespace orvane::test { namespace {
 
 using SteadyViewTest = ViewTest;
 
@@ -96,5 +93,4 @@ TEST_F(CoalescedUpdateTest, OutOfSightNothingIsRedrawnUntilTheViewShows) {
   EXPECT_EQ(updates, 1);
 }
 
-}  // namespace
-}  // namespace orvane::test
+}}  // namespace orvane::test

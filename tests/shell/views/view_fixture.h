@@ -1,18 +1,14 @@
 #pragma once
 
 #include <QCoreApplication>
-#include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
-
 #include <gmock/gmock.h>
-
 #include "shell/sample_states.h"
 #include "shell/views/balance_view.h"
 
 namespace orvane::test {
-
 /// The main window's content over a store on fakes.
 class ViewTest : public testing::Test {
  protected:
@@ -77,5 +73,4 @@ class ViewTest : public testing::Test {
     return found == all.end() ? nullptr : *found;
   }
 };
-
 }  // namespace orvane::test

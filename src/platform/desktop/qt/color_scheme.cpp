@@ -1,13 +1,10 @@
 #include "platform/desktop/qt/color_scheme.h"
-
 #include <QApplication>
 #include <QColor>
 #include <QPalette>
 
 namespace orvane {
-
 namespace {
-
 /// A palette in short, for desktops that name a colour scheme without giving Qt its colours.
 struct Colors {
   QRgb window;
@@ -61,7 +58,6 @@ bool isDark(const QPalette& palette) {
   return palette.color(QPalette::Window).lightness() <
          palette.color(QPalette::WindowText).lightness();
 }
-
 }  // namespace
 
 ColorScheme::ColorScheme(SessionBus& bus) : preference_(bus, &ColorScheme::apply) {
@@ -82,5 +78,4 @@ void ColorScheme::apply(ColorPreference preference) {
       break;
   }
 }
-
 }  // namespace orvane

@@ -3,7 +3,6 @@
 #include "platform/bus/desktop_portal.h"
 
 namespace orvane {
-
 /// Follows the desktop's choice between light and dark, as the desktop portal tells it, while the
 /// program runs. Where Qt knows the desktop's colours by itself, and where there is no portal,
 /// nothing is changed.
@@ -18,5 +17,4 @@ class ColorScheme {
  private:
   PortalColorPreference preference_;
 };
-
 }  // namespace orvane

@@ -1,5 +1,4 @@
 #include "platform/desktop/qt/qt_desktop_application.h"
-
 #include <QApplication>
 #include <QChar>
 #include <QEvent>
@@ -7,12 +6,9 @@
 #include <QString>
 #include <QTimer>
 #include <algorithm>
-#include <utility>
 
 namespace orvane {
-
 namespace {
-
 /// Shift and the like say something only together with another key.
 bool isModifierKey(int key) {
   return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr;
@@ -39,7 +35,6 @@ DesktopEvent keyDownEvent(const QKeyEvent& event) {
           .keyCode = event.key() == Qt::Key_Escape ? DesktopEvent::escapeKeyCode : std::uint16_t{0},
           .charactersIgnoringModifiers = charactersIgnoringModifiers(event)};
 }
-
 }  // namespace
 
 KeyDispatch::KeyDispatch(WindowKeys windowKeys) : windowKeys_(std::move(windowKeys)) {
@@ -156,5 +151,4 @@ bool QtDesktopApplication::handleWindowKey(const DesktopEvent& event) {
   }
   return true;
 }
-
 }  // namespace orvane

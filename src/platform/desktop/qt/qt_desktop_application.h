@@ -9,14 +9,12 @@
 #include <string>
 #include <utility>
 #include <vector>
-
 #include "platform/desktop/desktop_application.h"
 #include "platform/desktop/qt/qt_desktop_window.h"
 
 class QKeyEvent;
 
 namespace orvane {
-
 /// Sees every key pressed in a window of the application before shortcuts and focused fields do:
 /// asks the monitors first, then the keys that work in every window. While a menu is open its keys
 /// belong to the menu.
@@ -100,5 +98,4 @@ class QtDesktopApplication final : public QObject, public DesktopApplication {
   ActivationPolicy policy_ = ActivationPolicy::regular;
   std::function<void()> onTerminate_;
 };
-
 }  // namespace orvane

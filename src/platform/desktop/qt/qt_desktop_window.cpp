@@ -1,18 +1,14 @@
 #include "platform/desktop/qt/qt_desktop_window.h"
-
 #include <QApplication>
 #include <QEvent>
 #include <QWindow>
 #include <charconv>
 #include <string_view>
 #include <utility>
-
 #include "platform/x11/x11_display.h"
 
 namespace orvane {
-
 namespace {
-
 /// "A direct act of the user": window managers follow it where they would refuse a window that
 /// raises itself.
 constexpr std::uint32_t actOfTheUser = 2;
@@ -28,7 +24,6 @@ void noticeReturningFocus(QWidget& window) {
   QApplication::setActiveWindow(&window);
   QT_WARNING_POP
 }
-
 }  // namespace
 
 QtDesktopWindow::QtDesktopWindow(std::unique_ptr<QWidget> widget,
@@ -147,5 +142,4 @@ unsigned startupTime(const std::string& token) {
   std::from_chars(token.data() + found + mark.size(), token.data() + token.size(), time);
   return time;
 }
-
 }  // namespace orvane

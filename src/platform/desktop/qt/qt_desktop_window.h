@@ -8,11 +8,9 @@
 #include <memory>
 #include <optional>
 #include <string>
-
 #include "platform/desktop/desktop_application.h"
 
 namespace orvane {
-
 /// A top-level widget as a window of the desktop. Closing it takes it off the screen; it can be
 /// shown again, at the same place and with all it contains.
 class QtDesktopWindow final : public QObject, public DesktopWindow {
@@ -65,5 +63,4 @@ class QtDesktopWindow final : public QObject, public DesktopWindow {
 
 /// The X11 time in a startup id ("host-12-name_TIME4711"); 0 when it has none.
 [[nodiscard]] unsigned startupTime(const std::string& token);
-
 }  // namespace orvane

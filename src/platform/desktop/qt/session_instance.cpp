@@ -1,15 +1,11 @@
 #include "platform/desktop/qt/session_instance.h"
-
 #include <QDBusMessage>
 #include <QDBusReply>
 #include <utility>
-
 #include "platform/bus/session_bus.h"
 
 namespace orvane {
-
 namespace {
-
 constexpr int busTimeout = 500;   // milliseconds
 constexpr int claimAttempts = 2;  // the owner may be about to end
 constexpr uint doNotQueue = 4;    // flag of RequestName
@@ -42,7 +38,6 @@ std::string activationToken(const QVariantMap& platformData) {
   const auto startupId = platformData.value(QStringLiteral("desktop-startup-id")).toString();
   return (token.isEmpty() ? startupId : token).toStdString();
 }
-
 }  // namespace
 
 SessionInstance::SessionInstance(const QString& applicationId, std::chrono::milliseconds patience)
@@ -99,5 +94,4 @@ void SessionInstance::ActivateAction(const QString& name, const QVariantList& /*
     requests_.runAction(name.toStdString(), activationToken(platformData));
   }
 }
-
 }  // namespace orvane

@@ -10,7 +10,6 @@
 #include <string>
 
 namespace orvane {
-
 /// What other programs ask of the running application.
 struct ApplicationRequests {
   /// Show yourself. The token permits to take the focus; empty: none was given.
@@ -65,5 +64,4 @@ class SessionInstance final : public QObject {
   QDBusConnection bus_;
   ApplicationRequests requests_;
 };
-
 }  // namespace orvane

@@ -1,17 +1,13 @@
 #include "platform/desktop/qt/termination_signals.h"
-
 #include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <utility>
-
 #include <sys/socket.h>
 #include <unistd.h>
 
 namespace orvane {
-
 namespace {
-
 constexpr std::array handledSignals{SIGTERM, SIGINT, SIGHUP};
 
 /// A signal handler is a plain function and can be told where to write in no other way.
@@ -40,7 +36,6 @@ std::array<int, 2> connectedSockets() {
   socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, sockets.data());
   return sockets;
 }
-
 }  // namespace
 
 TerminationSignals::TerminationSignals(std::function<void()> onSignal)
@@ -67,5 +62,4 @@ void TerminationSignals::receive() {
   std::array<char, 16> bytes{};
   if (read(sockets_[0], bytes.data(), bytes.size()) > 0) { onSignal_(); }
 }
-
 }  // namespace orvane

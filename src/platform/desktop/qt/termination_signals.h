@@ -6,7 +6,6 @@
 #include <functional>
 
 namespace orvane {
-
 /// Hears SIGTERM, SIGINT and SIGHUP, with which sessions and service managers end a program, and
 /// passes them on in the event loop. One at a time; afterwards the signals kill again.
 class TerminationSignals final : public QObject {
@@ -25,5 +24,4 @@ class TerminationSignals final : public QObject {
   std::function<void()> onSignal_;
   QSocketNotifier notifier_;
 };
-
 }  // namespace orvane

@@ -1,14 +1,10 @@
 #include "platform/tray/drawing/short_figure.h"
-
 #include <array>
 #include <cstdint>
-
 #include "platform/decimal/decimal.h"
 
 namespace orvane {
-
 namespace {
-
 constexpr int longestShortFigure = 5;
 
 struct Magnitude {
@@ -69,7 +65,6 @@ QString shortBitcoin(std::uint64_t sats) {
 bool isNegative(QStringView figure) {
   return figure.contains(u'-') || figure.contains(QChar(0x2212));
 }
-
 }  // namespace
 
 QString shortFigure(const QString& text) {
@@ -79,5 +74,4 @@ QString shortFigure(const QString& text) {
   if (text.endsWith(QStringLiteral(" BTC"))) { return sign + shortBitcoin(digitsOf(first)); }
   return text.section(u' ', 0, 0).left(longestShortFigure);
 }
-
 }  // namespace orvane

@@ -1,5 +1,4 @@
 #include "platform/tray/drawing/status_drawing.h"
-
 #include <QFont>
 #include <QFontMetricsF>
 #include <QGuiApplication>
@@ -8,14 +7,11 @@
 #include <algorithm>
 #include <cmath>
 #include <vector>
-
 #include "platform/desktop/symbols.h"
 #include "platform/tray/drawing/short_figure.h"
 
 namespace orvane {
-
 namespace {
-
 struct Shades {
   QRgb onLight;
   QRgb onDark;
@@ -129,7 +125,6 @@ TabularText figureInSquare(const QString& figure, int side) {
   }
   return {figure, least};
 }
-
 }  // namespace
 
 PanelShade shadeOfBackground(const QColor& background) {
@@ -189,5 +184,4 @@ QImage drawFigureSquare(const StatusImage& image, int side, const StatusInk& ink
   text.draw(painter, QPointF((side - text.width()) / 2, side));
   return whole;
 }
-
 }  // namespace orvane

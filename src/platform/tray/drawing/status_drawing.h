@@ -3,11 +3,9 @@
 #include <QColor>
 #include <QImage>
 #include <string>
-
 #include "platform/tray/status_item.h"
 
 namespace orvane {
-
 /// How bright the panel is that the status item stands in, as far as that can be known.
 enum class PanelShade { light, dark, unknown };
 
@@ -39,5 +37,4 @@ struct StatusInk {
 /// The same with a short form of the text beneath the symbol, as large as it goes. Without a text
 /// the symbol has the square for itself.
 [[nodiscard]] QImage drawFigureSquare(const StatusImage& image, int side, const StatusInk& ink);
-
 }  // namespace orvane

@@ -1,5 +1,4 @@
 #include "platform/tray/notifier/menu_export.h"
-
 #include <QDBusArgument>
 #include <QDBusMetaType>
 #include <QDBusVariant>
@@ -8,7 +7,6 @@
 #include <utility>
 
 namespace orvane {
-
 // How the exported menu works. A host keeps a copy of the menu and knows its rows by number. The
 // menu has one level: number 0 is the menu as a whole, its rows count from 1.
 //
@@ -25,7 +23,6 @@ namespace orvane {
 //   Its action runs after the host has its reply, for it may take the menu off the bus.
 
 namespace {
-
 /// What the menu says about itself to those who introspect it.
 constexpr auto introspection = R"xml(
   <property name="Version" type="u" access="read"/>
@@ -133,7 +130,6 @@ QVariantMap surfaceProperties() {
            isRightToLeft ? QStringLiteral("rtl") : QStringLiteral("ltr")},
           {QStringLiteral("IconThemePath"), QStringList()}};
 }
-
 }  // namespace
 
 MenuExport::MenuExport(const QDBusConnection& connection, const QString& path, Executor& executor,
@@ -315,5 +311,4 @@ QVariantList MenuExport::eventGroup(const QVariantList& arguments) {
   events.endArray();
   return {QVariant::fromValue(missing)};
 }
-
 }  // namespace orvane

@@ -8,13 +8,11 @@
 #include <functional>
 #include <optional>
 #include <vector>
-
 #include "platform/async/executor.h"
 #include "platform/bus/exported_object.h"
 #include "platform/desktop/desktop_application.h"
 
 namespace orvane {
-
 /// The item's menu on the session bus (com.canonical.dbusmenu). It is built afresh whenever a host
 /// is about to show it. Actions run after the host has its reply.
 class MenuExport final {
@@ -64,5 +62,4 @@ class MenuExport final {
   bool wasRead_ = false;
   ExportedObject object_;
 };
-
 }  // namespace orvane

@@ -1,5 +1,4 @@
 #include "platform/tray/notifier/notifier_item.h"
-
 #include <QByteArray>
 #include <QCoreApplication>
 #include <QDBusArgument>
@@ -9,9 +8,7 @@
 #include <utility>
 
 namespace orvane {
-
 namespace {
-
 /// What the item says about itself to those who introspect it.
 constexpr auto introspection = R"xml(
   <property name="Category" type="s" access="read"/>
@@ -106,7 +103,6 @@ QVariant toolTipValue(const QString& title) {
   toolTip.endStructure();
   return QVariant::fromValue(toolTip);
 }
-
 }  // namespace
 
 NotifierItem::NotifierItem(SessionBus& bus, StatusRequests requests, NotifierState state)
@@ -204,5 +200,4 @@ ObjectSurface NotifierItem::surface() {
                       {QStringLiteral("Scroll"), {QStringLiteral("is"), nothing}}},
           .properties = [this] { return properties(); }};
 }
-
 }  // namespace orvane

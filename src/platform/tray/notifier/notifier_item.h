@@ -6,13 +6,11 @@
 #include <QString>
 #include <QVariantMap>
 #include <optional>
-
 #include "platform/bus/exported_object.h"
 #include "platform/bus/session_bus.h"
 #include "platform/tray/presentation.h"
 
 namespace orvane {
-
 /// What the StatusNotifierItem tells its hosts.
 struct NotifierState {
   QString title;  ///< what a screen reader says
@@ -54,5 +52,4 @@ class NotifierItem final {
   ExportedObject object_;
   BusName watcher_;
 };
-
 }  // namespace orvane

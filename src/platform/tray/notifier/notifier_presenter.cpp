@@ -1,5 +1,4 @@
 #include "platform/tray/notifier/notifier_presenter.h"
-
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -10,9 +9,7 @@
 #include <utility>
 
 namespace orvane {
-
 namespace {
-
 const auto folderPrefix = QStringLiteral("orvane-status-");
 
 bool isRunning(qint64 process) {
@@ -46,7 +43,6 @@ QList<QImage> drawAll(const Heights& heights, Drawing draw, const StatusImage& i
   }
   return images;
 }
-
 }  // namespace
 
 /// Hands images to hosts that read icons from files. Each image gets a name of its own, for hosts
@@ -153,5 +149,4 @@ void NotifierPresenter::addIcon(NotifierState& state, const StatusImage& image,
       return;
   }
 }
-
 }  // namespace orvane

@@ -2,7 +2,6 @@
 
 #include <memory>
 #include <optional>
-
 #include "platform/async/executor.h"
 #include "platform/bus/session_bus.h"
 #include "platform/tray/notifier/menu_export.h"
@@ -10,7 +9,6 @@
 #include "platform/tray/presentation.h"
 
 namespace orvane {
-
 class IconFolder;
 
 /// The status item as a StatusNotifierItem with its menu, in one of the four presentations that
@@ -39,5 +37,4 @@ class NotifierPresenter final : public StatusPresenter {
   std::optional<NotifierItem> item_;
   Registration busObserver_;
 };
-
 }  // namespace orvane

@@ -1,5 +1,4 @@
 #include "platform/tray/xembed/docked_presenter.h"
-
 #include <QMouseEvent>
 #include <QPainter>
 #include <QRect>
@@ -7,13 +6,10 @@
 #include <chrono>
 #include <cmath>
 #include <utility>
-
 #include "platform/x11/x11_display.h"
 
 namespace orvane {
-
 namespace {
-
 using namespace std::chrono_literals;
 
 constexpr int firstHeight = 22;
@@ -87,7 +83,6 @@ QImage panelBackground(xcb_window_t window) {
 using namespace std::chrono_literals;
 
 constexpr auto dockingPatience = 3s;
-
 }  // namespace
 
 DockedWindow::DockedWindow(Executor& executor, Look look, StatusRequests requests)
@@ -236,5 +231,4 @@ void DockedPresenter::dock() {
 xcb_window_t DockedPresenter::windowId() const {
   return static_cast<xcb_window_t>(window_->winId());
 }
-
 }  // namespace orvane

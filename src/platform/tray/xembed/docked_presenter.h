@@ -6,14 +6,12 @@
 #include <functional>
 #include <memory>
 #include <optional>
-
 #include "platform/async/executor.h"
 #include "platform/async/timer.h"
 #include "platform/tray/presentation.h"
 #include "platform/tray/xembed/tray_manager.h"
 
 namespace orvane {
-
 /// The status item as a window that an old system tray takes in. It takes the height that the tray
 /// gives it and asks for the width that its image needs.
 class DockedWindow final : public QWidget {
@@ -80,5 +78,4 @@ class DockedPresenter final : public StatusPresenter {
   Registration managerObserver_;
   Registration takenObserver_;
 };
-
 }  // namespace orvane

@@ -1,15 +1,11 @@
 #include "platform/tray/xembed/tray_manager.h"
-
 #include <QGuiApplication>
 #include <utility>
 
 namespace orvane {
-
 namespace {
-
 constexpr std::uint32_t requestDockOpcode = 0;
 constexpr int alphaDepth = 32;
-
 }  // namespace
 
 TrayManager::TrayManager() : display_(X11Display::ofApplication()) {
@@ -91,5 +87,4 @@ bool TrayManager::hasTaken(xcb_window_t icon) const {
   const auto parent = display_->parentOf(icon);
   return parent != XCB_WINDOW_NONE && parent != display_->root();
 }
-
 }  // namespace orvane

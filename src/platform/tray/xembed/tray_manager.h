@@ -4,12 +4,10 @@
 #include <QColor>
 #include <functional>
 #include <optional>
-
 #include "platform/async/signal.h"
 #include "platform/x11/x11_display.h"
 
 namespace orvane {
-
 /// The old system tray of the X screen: the owner of its selection, followed as it comes, goes and
 /// is replaced. There is none on other window systems.
 class TrayManager final : public QAbstractNativeEventFilter {
@@ -46,5 +44,4 @@ class TrayManager final : public QAbstractNativeEventFilter {
   Signal<> changed_;
   Signal<xcb_window_t> taken_;
 };
-
 }  // namespace orvane
