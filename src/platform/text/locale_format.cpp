@@ -1,8 +1,11 @@
 #include "platform/text/locale_format.h"
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <initializer_list>
 #include <string_view>
+#include <system_error>
+#include <utility>
 #include <vector>
 #include <unicode/datefmt.h>
 #include <unicode/locid.h>
@@ -66,17 +69,47 @@ icu::Locale withGregorianCalendar(icu::Locale locale) {
   return locale;
 }
 
-std::unique_ptr<icu::TimeZone> timeZoneNamed(const std::string& name) {
-  return std::unique_ptr<icu::TimeZone>(
-      name.empty() ? icu::TimeZone::createDefault()
-                   : icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(name)));
+using Zone = std::unique_ptr<icu::TimeZone>;
+
+Zone timeZoneNamed(const std::string& name) {
+  return Zone(icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(name)));
 }
 
-std::unique_ptr<icu::DateFormat> inZone(icu::DateFormat* format, const icu::TimeZone& zone) {
-  std::unique_ptr<icu::DateFormat> owned(format);
-  if (owned) { owned->setTimeZone(zone); }
-  return owned;
-}
+/// The time zone of the user's texts: a fixed one, or the system's as long as a link leads to it.
+/// ICU would find the system's only once.
+class UsersZone {
+ public:
+  explicit UsersZone(const LocaleNames& names) {
+    if (!names.timeZone.empty()) {
+      fresh_ = timeZoneNamed(names.timeZone);
+    } else if (firstSet({"TZ"}).empty()) {
+      link_ = names.systemZoneLink;
+    }
+    if (!fresh_) { fresh_.reset(icu::TimeZone::detectHostTimeZone()); }
+  }
+
+  /// The zone, when it is another one than at the last call; else null.
+  Zone takeNew() {
+    if (!link_.empty()) { followLink(); }
+    return std::exchange(fresh_, nullptr);
+  }
+
+ private:
+  void followLink() {
+    constexpr std::string_view folder = "/zoneinfo/";
+    std::error_code error;
+    const std::string target = std::filesystem::read_symlink(link_, error).string();
+    const std::size_t at = target.rfind(folder);
+    if (at == target.npos || target == target_) { return; }
+    target_ = target;
+    Zone zone = timeZoneNamed(target.substr(at + folder.size()));
+    if (*zone != icu::TimeZone::getUnknown()) { fresh_ = std::move(zone); }
+  }
+
+  Zone fresh_;
+  std::filesystem::path link_;
+  std::string target_;
+};
 
 /// The empty text when ICU has no data to make a format of.
 std::string formatted(const std::unique_ptr<icu::DateFormat>& format, UDate milliseconds) {
@@ -92,9 +125,7 @@ UDate milliseconds(std::chrono::sys_seconds time) {
 }
 
 LocalizedNumberFormatter fixedFormatter(const icu::Locale& locale, int digits) {
-  return NumberFormatter::withLocale(locale)
-      .precision(Precision::fixedFraction(digits))
-      .roundingMode(UNUM_ROUND_HALFUP);  // in ICU this is away from zero
+  return NumberFormatter::withLocale(locale).precision(Precision::fixedFraction(digits));
 }
 }  // namespace
 
@@ -104,29 +135,40 @@ LocaleNames LocaleNames::fromEnvironment() {
 }
 
 struct LocaleFormat::Formatters {
+  explicit Formatters(const LocaleNames& names) : zone(names) {}
+
   LocalizedNumberFormatter integer;
   std::vector<LocalizedNumberFormatter> fixed;  ///< by the number of digits
   std::unique_ptr<icu::DateFormat> shortTime;
   std::unique_ptr<icu::DateFormat> mediumDateShortTime;
   std::unique_ptr<icu::DateFormat> mediumDateUtc;
+  UsersZone zone;
+
+  void moveToUsersZone() {
+    const Zone moved = zone.takeNew();
+    if (!moved) { return; }
+    for (icu::DateFormat* const format : {shortTime.get(), mediumDateShortTime.get()}) {
+      if (format) { format->setTimeZone(*moved); }
+    }
+  }
 };
 
-LocaleFormat::LocaleFormat(const LocaleNames& names) : formatters_(std::make_unique<Formatters>()) {
+LocaleFormat::LocaleFormat(const LocaleNames& names)
+    : formatters_(std::make_unique<Formatters>(names)) {
   using icu::DateFormat;
   const icu::Locale numbers = localeNamed(names.numbers);
   const icu::Locale dates = localeNamed(names.dates);
-  const std::unique_ptr<icu::TimeZone> zone = timeZoneNamed(names.timeZone);
   Formatters& made = *formatters_;
   made.integer = NumberFormatter::withLocale(numbers);
   for (int digits = 0; digits <= mostDigits; ++digits) {
     made.fixed.push_back(fixedFormatter(numbers, digits));
   }
-  made.shortTime = inZone(DateFormat::createTimeInstance(DateFormat::kShort, dates), *zone);
-  made.mediumDateShortTime = inZone(
-      DateFormat::createDateTimeInstance(DateFormat::kMedium, DateFormat::kShort, dates), *zone);
-  made.mediumDateUtc =
-      inZone(DateFormat::createDateInstance(DateFormat::kMedium, withGregorianCalendar(dates)),
-             *icu::TimeZone::getGMT());
+  made.shortTime.reset(DateFormat::createTimeInstance(DateFormat::kShort, dates));
+  made.mediumDateShortTime.reset(
+      DateFormat::createDateTimeInstance(DateFormat::kMedium, DateFormat::kShort, dates));
+  made.mediumDateUtc.reset(
+      DateFormat::createDateInstance(DateFormat::kMedium, withGregorianCalendar(dates)));
+  if (made.mediumDateUtc) { made.mediumDateUtc->setTimeZone(*icu::TimeZone::getGMT()); }
 }
 
 LocaleFormat::~LocaleFormat() = default;
@@ -145,10 +187,12 @@ std::string LocaleFormat::fixed(double value, int digits) const {
 }
 
 std::string LocaleFormat::shortTime(WallTime time) const {
+  formatters_->moveToUsersZone();
   return formatted(formatters_->shortTime, static_cast<UDate>(time.time_since_epoch().count()));
 }
 
 std::string LocaleFormat::mediumDateShortTime(std::chrono::sys_seconds time) const {
+  formatters_->moveToUsersZone();
   return formatted(formatters_->mediumDateShortTime, milliseconds(time));
 }
 

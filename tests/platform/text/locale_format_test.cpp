@@ -2,6 +2,7 @@
 #include <cstdlib>
 #include <limits>
 #include <gtest/gtest.h>
+#include "support/temporary_folder.h"
 
 namespace orvane::test { namespace {
 
@@ -49,11 +50,11 @@ TEST(LocaleFormatTest, UnderstandsTheNamesOfTheEnvironment) {
   EXPECT_FALSE(format("no such locale; 100% not").integer(1).empty());
 }
 
-TEST(LocaleFormatTest, RoundsHalvesAwayFromZeroAndSurvivesTheExtremes) {
+TEST(LocaleFormatTest, RoundsHalvesToEvenAndSurvivesTheExtremes) {
   using Limits = std::numeric_limits<double>;
-  const std::tuple<double, int, std::string> cases[]{{0.5, 0, "1"},
-                                                     {-2.5, 0, "-3"},
-                                                     {0.125, 2, "0.13"},
+  const std::tuple<double, int, std::string> cases[]{{0.5, 0, "0"},
+                                                     {1.5, 0, "2"},
+                                                     {0.125, 2, "0.12"},
                                                      {999.9999, 2, "1,000.00"},
                                                      {-Limits::infinity(), 2, "-∞"},
                                                      {Limits::quiet_NaN(), 2, "NaN"}};
@@ -85,6 +86,23 @@ TEST(LocaleFormatTest, ShowsTimesInTheUsersZoneAndDaysInUtc) {
   const sys_seconds late = sys_days{2025y / November / 15} + 23h + 59min;
   EXPECT_EQ(berlin.mediumDateUtc(late), "15.11.2025");
   EXPECT_EQ(berlin.mediumDateShortTime(late), "16.11.2025, 00:59");
+}
+
+TEST(LocaleFormatTest, FollowsTheSystemsZoneWhereverItGoes) {
+  ::unsetenv("TZ");
+  const TemporaryFolder folder;
+  const std::filesystem::path link = folder.path() / "localtime";
+  const auto lead = [&link](const std::string& target) {
+    std::filesystem::remove(link);
+    std::filesystem::create_symlink(target, link);
+  };
+  lead("/usr/share/zoneinfo/Europe/Berlin");
+  const LocaleFormat moving({.numbers = "de_DE", .dates = "de_DE", .systemZoneLink = link});
+  EXPECT_EQ(moving.shortTime(afternoon), "15:05");
+  lead("../usr/share/zoneinfo/America/New_York");
+  EXPECT_EQ(moving.shortTime(afternoon), "09:05");
+  lead("/usr/share/zoneinfo/No/Such");
+  EXPECT_EQ(moving.mediumDateShortTime(afternoon), "15.11.2025, 09:05");
 }
 
 TEST(LocaleNamesTest, GoFromTheStrongestVariableToTheWeakestPastEmptyOnes) {
