@@ -8,6 +8,8 @@
 namespace orvane {
 namespace {
 constexpr std::string_view seenTransactionsKey = "balance.watchedAddressSeenTransactions";
+/// The address that they belong to.
+constexpr std::string_view seenAddressKey = "balance.watchedAddressSeenTransactionsAddress";
 
 Task<void> post(NotificationCenter& center, std::vector<NotificationRequest> requests) {
   const bool granted = co_await center.requestAuthorization();
@@ -49,7 +51,12 @@ void NewPaymentNotifications::notifyNewTransactions(const WatchedAddressSummary&
   posting_.spawn(post(center_, std::move(requests)));
 }
 
-void NewPaymentNotifications::forgetSeenTransactions() { defaults_.remove(seenTransactionsKey); }
+void NewPaymentNotifications::watch(const std::string& address) {
+  if (defaults_.text(seenAddressKey) == address) { return; }
+  // In this order: a list without its address is forgotten, one with another's would be believed.
+  defaults_.remove(seenTransactionsKey);
+  defaults_.setText(seenAddressKey, address);
+}
 
 NotificationRequest NewPaymentNotifications::makeNotificationRequest(
     const WatchedAddressTransaction& transaction) const {

@@ -23,12 +23,14 @@ class NewPaymentNotifications {
                           const LocaleFormat& format, AmountText amountText);
 
   /// Records every incoming transaction as seen before it returns, then posts one notification for
-  /// each that was not seen before, in the order of the summary. The first summary since the seen
-  /// transactions were forgotten posts nothing.
+  /// each that was not seen before, in the order of the summary. The first summary of an address
+  /// posts nothing.
   void notifyNewTransactions(const WatchedAddressSummary& summary);
 
-  /// Starts afresh: for another address.
-  void forgetSeenTransactions();
+  /// Names the address whose summaries follow; empty: none. What was seen is kept, over the end of
+  /// the program as well, for as long as it is the same one, so that payments that came while
+  /// nobody watched are told; for another one it is forgotten.
+  void watch(const std::string& address);
 
  private:
   [[nodiscard]] NotificationRequest makeNotificationRequest(

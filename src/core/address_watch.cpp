@@ -82,7 +82,7 @@ void AddressWatch::useAddresses(std::string_view payoutAddress) {
   if (effective == fields_->watchedAddress) { return; }
 
   fields_.set(&BalanceState::watchedAddress, std::move(effective));
-  notifications_.forgetSeenTransactions();
+  notifications_.watch(fields_->watchedAddress);
   fields_.set(&BalanceState::addressSummary, std::nullopt);
   fields_.set(&BalanceState::addressStatus, std::nullopt);
   fields_.set(&BalanceState::addressLastUpdate, std::nullopt);

@@ -50,6 +50,18 @@ TEST_F(NewPaymentNotificationsTest, AnnouncesAPaymentOnceWhetherConfirmedOrNot) 
   EXPECT_THAT(identifiers(), ElementsAre("address-new"));
 }
 
+TEST_F(NewPaymentNotificationsTest, WhatWasSeenIsKeptForItsAddressAndForgottenForAnother) {
+  notifications->watch("mine");
+  accept({payment("old")});
+  notifications->watch("mine");  // as the next start does
+  accept({payment("old"), payment("night")});
+  notifications->watch("another");
+  accept({payment("old"), payment("its own")});
+  notifications->watch("mine");
+  accept({payment("old"), payment("meanwhile")});
+  EXPECT_THAT(identifiers(), ElementsAre("address-night"));
+}
+
 TEST_F(NewPaymentNotificationsTest, PostsOneAfterTheOtherInTheirOrderAlsoPastOneThatFails) {
   accept({});
   center.delay = 1s;
