@@ -23,6 +23,11 @@ struct BalanceState {
   std::string token;
   /// The stored token is still being read from the keychain: `token` may yet arrive by itself.
   bool isReadingToken = false;
+  /// There is a token, or it may be on its way: the pool's figures are, and nobody is asked for
+  /// one.
+  [[nodiscard]] bool expectsAccount() const { return isReadingToken || !token.empty(); }
+  /// There is something to read: a token, an address or both.
+  [[nodiscard]] bool hasSource() const { return !token.empty() || !watchedAddress.empty(); }
   std::optional<BraiinsAccountStats> stats;
   std::vector<BraiinsWorkerStatus> workers;
   std::vector<BraiinsHistoryDay> history;  ///< newest day first

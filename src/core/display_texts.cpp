@@ -106,8 +106,8 @@ std::string lastShareText(const LocaleFormat& format,
 std::string poolStatusLine(const BalanceState& state, const LocaleFormat& format) {
   if (state.accountStatus) { return *state.accountStatus; }
   if (!state.lastUpdate) {
-    return state.token.empty() ? "Paste a read-only Braiins API token below to start."
-                               : "Asking Braiins…";
+    return state.expectsAccount() ? "Asking Braiins…"
+                                  : "Paste a read-only Braiins API token below to start.";
   }
   std::string line = updatedText(format, *state.lastUpdate);
   if (const auto price = priceText(state, format)) { line += " · " + *price; }

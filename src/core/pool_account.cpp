@@ -28,7 +28,6 @@ Task<void> PoolAccount::useStoredToken() {
   // A token that the user has entered meanwhile counts; its save follows this read.
   if (!fields_->isReadingToken) { co_return; }
   assignToken(std::move(stored).value_or(""));
-  if (fields_->token.empty()) { co_return; }
   fields_.invokeOnChange();
   restartPolling();
 }
@@ -48,6 +47,7 @@ void PoolAccount::setToken(std::string_view text) {
   fields_.set(&BalanceState::stats, std::nullopt);
   fields_.set(&BalanceState::workers, {});
   fields_.set(&BalanceState::accountStatus, std::nullopt);
+  dropHistoryLoad();
   if (token.empty()) {
     fields_.set(&BalanceState::history, {});
     settings_.removeHistory();
@@ -110,10 +110,18 @@ void PoolAccount::loadHistory() {
   fields_.set(&BalanceState::historyStatus, std::nullopt);
 }
 
+// A history belongs to one account: what was asked for with another token is of no use any more.
+void PoolAccount::dropHistoryLoad() {
+  historyTask_.cancel();
+  historyTask_ = {};
+  fields_.set(&BalanceState::isLoadingHistory, false);
+}
+
 Task<void> PoolAccount::historyLoad() {
+  const TaskContext context = co_await currentContext();
   std::expected<std::vector<BraiinsHistoryDay>, PoolError> days = co_await client_.fetchHistory();
-  // Where the token was cleared meanwhile the account's history went with it, and stays away.
-  if (!fields_->token.empty()) { applyHistory(std::move(days)); }
+  if (context.stop.stop_requested()) { co_return; }
+  applyHistory(std::move(days));
   historyTask_ = {};
   fields_.set(&BalanceState::isLoadingHistory, false);
 }

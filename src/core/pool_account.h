@@ -39,6 +39,7 @@ class PoolAccount {
   [[nodiscard]] Task<bool> refreshStats();
   [[nodiscard]] Task<void> refreshWorkers();
 
+  void dropHistoryLoad();
   [[nodiscard]] Task<void> historyLoad();
   void applyHistory(std::expected<std::vector<BraiinsHistoryDay>, PoolError> days);
 

@@ -32,14 +32,16 @@ BraiinsAccountClient::BraiinsAccountClient(Executor& executor, HttpTransport& tr
     : executor_(executor), transport_(transport), poolBaseURL_("https://" + std::move(poolHost)) {}
 
 Task<PoolResult<BraiinsAccountStats>> BraiinsAccountClient::fetchStats() {
-  const PoolResult<std::string> body = co_await fetchPoolData("/accounts/profile/json/btc/");
+  const PoolResult<std::string> body =
+      co_await fetchPoolData("/accounts/profile/json/btc/", Urgency::figures);
   const PoolResult<BraiinsProfileResponse> response = decoded(body, &decodeProfile);
   if (!response) { co_return std::unexpected(response.error()); }
   co_return accountStats(*response);
 }
 
 Task<PoolResult<std::vector<BraiinsWorkerStatus>>> BraiinsAccountClient::fetchWorkers() {
-  const PoolResult<std::string> body = co_await fetchPoolData("/accounts/workers/json/btc/");
+  const PoolResult<std::string> body =
+      co_await fetchPoolData("/accounts/workers/json/btc/", Urgency::figures);
   PoolResult<BraiinsWorkersResponse> response = decoded(body, &decodeWorkers);
   if (!response) { co_return std::unexpected(response.error()); }
   co_return workerStatuses(*std::move(response));
@@ -47,11 +49,11 @@ Task<PoolResult<std::vector<BraiinsWorkerStatus>>> BraiinsAccountClient::fetchWo
 
 Task<PoolResult<std::vector<BraiinsHistoryDay>>> BraiinsAccountClient::fetchHistory() {
   const std::string today = utcDateText(executor_.wallClock());
-  const PoolResult<std::string> rewards =
-      co_await fetchPoolData("/accounts/rewards/json/btc?from=2000-01-01&to=" + today);
+  const PoolResult<std::string> rewards = co_await fetchPoolData(
+      "/accounts/rewards/json/btc?from=2000-01-01&to=" + today, Urgency::history);
   if (!rewards) { co_return std::unexpected(rewards.error()); }
   const PoolResult<std::string> hashrate =
-      co_await fetchPoolData("/accounts/hash_rate_daily/json/group/btc");
+      co_await fetchPoolData("/accounts/hash_rate_daily/json/group/btc", Urgency::history);
   std::optional<std::string_view> hashrateBody;
   if (hashrate) { hashrateBody = *hashrate; }
   std::optional<std::vector<BraiinsHistoryDay>> days = buildHistoryDays(*rewards, hashrateBody);
@@ -59,9 +61,10 @@ Task<PoolResult<std::vector<BraiinsHistoryDay>>> BraiinsAccountClient::fetchHist
   co_return *std::move(days);
 }
 
-Task<PoolResult<std::string>> BraiinsAccountClient::fetchPoolData(std::string path) {
+Task<PoolResult<std::string>> BraiinsAccountClient::fetchPoolData(std::string path,
+                                                                  Urgency urgency) {
   if (!isSendable(token)) { co_return failure(Kind::userAuthenticationRequired); }
-  const PoolResult<void> claimed = co_await claimSlot();
+  const PoolResult<void> claimed = co_await claimSlot(urgency);
   if (!claimed) { co_return std::unexpected(claimed.error()); }
   HttpRequest request{.url = poolBaseURL_ + path, .idleTimeout = idleTimeout};
   request.headers.push_back({.name = "Pool-Auth-Token", .value = token});
@@ -72,17 +75,21 @@ Task<PoolResult<std::string>> BraiinsAccountClient::fetchPoolData(std::string pa
   co_return bodyOf<PoolError>(std::move(result));
 }
 
-Task<PoolResult<void>> BraiinsAccountClient::claimSlot() {
+Task<PoolResult<void>> BraiinsAccountClient::claimSlot(Urgency urgency) {
   const TaskContext context = co_await currentContext();
-  const std::optional<AsyncMutex::Lock> turn = co_await slot_.lock();
-  if (!turn) { co_return failure(Kind::cancelled); }
-  const SleepEnd end = co_await sleepUntil(nextRequestAt_);
-  if (end == SleepEnd::cancelled || context.stop.stop_requested()) {
-    co_return failure(Kind::cancelled);
+  for (;;) {
+    if (urgency == Urgency::history) { co_await sleepUntil(nextRequestAt_); }
+    const std::optional<AsyncMutex::Lock> turn = co_await slot_.lock();
+    if (!turn) { co_return failure(Kind::cancelled); }
+    if (urgency == Urgency::history && executor_.now() < nextRequestAt_) { continue; }
+    const SleepEnd end = co_await sleepUntil(nextRequestAt_);
+    if (end == SleepEnd::cancelled || context.stop.stop_requested()) {
+      co_return failure(Kind::cancelled);
+    }
+    // The token may have been taken away during the wait.
+    if (!isSendable(token)) { co_return failure(Kind::userAuthenticationRequired); }
+    nextRequestAt_ = executor_.now() + poolRequestGap;
+    co_return PoolResult<void>();
   }
-  // The token may have been taken away during the wait.
-  if (!isSendable(token)) { co_return failure(Kind::userAuthenticationRequired); }
-  nextRequestAt_ = executor_.now() + poolRequestGap;
-  co_return PoolResult<void>();
 }
 }  // namespace orvane

@@ -32,12 +32,15 @@ template <class T>
 using PoolResult = std::expected<T, PoolError>;
 
 /// The one way to the pool's account API. At least `poolRequestGap` lies between any two of its
-/// requests: a call that comes early waits for its slot, first come, first served. One client
-/// exists per process, so all pool requests share the pacing.
+/// requests: a call that comes early waits for its slot, figures and workers before the history,
+/// and otherwise first come, first served. One client exists per process, so all pool requests
+/// share the pacing.
 ///
 /// Calls queue for a mutex and hold it only while they wait for the slot, so the next one begins to
-/// wait as soon as this one's request leaves. The slot is claimed before the request is sent: a
-/// failure holds back the next one as an answer does, a cancelled wait does not.
+/// wait as soon as this one's request leaves. A call of the history waits for the slot first and
+/// queues only when it is open: who came meanwhile is in the queue before it, and it waits again.
+/// The slot is claimed before the request is sent: a failure holds back the next one as an answer
+/// does, a cancelled wait does not.
 class BraiinsAccountClient {
  public:
   static constexpr std::chrono::seconds poolRequestGap{60};
@@ -58,10 +61,12 @@ class BraiinsAccountClient {
   [[nodiscard]] Task<PoolResult<std::vector<BraiinsHistoryDay>>> fetchHistory();
 
  private:
+  enum class Urgency { figures, history };
+
   /// The body of the answer to one paced request; `path` begins with "/".
-  [[nodiscard]] Task<PoolResult<std::string>> fetchPoolData(std::string path);
+  [[nodiscard]] Task<PoolResult<std::string>> fetchPoolData(std::string path, Urgency urgency);
   /// Waits until a request may be sent and claims that moment. A failed claim uses no slot.
-  [[nodiscard]] Task<PoolResult<void>> claimSlot();
+  [[nodiscard]] Task<PoolResult<void>> claimSlot(Urgency urgency);
 
   Executor& executor_;
   HttpTransport& transport_;

@@ -18,6 +18,7 @@ class AddressWatchTest : public StoreTest {
 
 TEST_F(AddressWatchTest, AnEnteredAddressIsReadAtOnceAndEveryTenMinutes) {
   startAndSettle();
+  takeChanges();
   EXPECT_EQ(store->setOwnAddress(std::string(" ") + firstAddress + "\n"), std::nullopt);
   EXPECT_EQ(state().watchedAddress, "") << "before the loop's first cycle";
   executor.runUntilIdle();

@@ -164,18 +164,27 @@ TEST_F(PoolAccountTest, AnAccountWithoutDaysIsAnEmptyHistory) {
   EXPECT_EQ(defaults.data(historyKey), "[]");
 }
 
-TEST_F(PoolAccountTest, ATokenEnteredWhileALoadRunsStartsNoSecondLoad) {
-  start();
-  store->setToken("first");
-  executor.advance(65s);
-  ASSERT_EQ(transport.sentTo("/rewards"), 1U);
-  store->setToken("second");
-  executor.advance(1h);
-  EXPECT_EQ(transport.sentTo("/rewards"), 1U);
-  EXPECT_EQ(state().history.size(), 1U);
-  store->loadHistory();
-  executor.advance(1h);
-  EXPECT_EQ(transport.sentTo("/rewards"), 2U) << "a load is over";
+TEST_F(PoolAccountTest, AHistoryLoadBelongsToTheTokenItBeganWith) {
+  for (const auto moment : {65s, 130s}) {  // before the load's first request, and before its second
+    SCOPED_TRACE(moment.count());
+    start();
+    store->setToken("first");
+    executor.advance(moment);
+    const std::size_t before = transport.sent().size();
+    const std::size_t rewards = transport.sentTo("/rewards");
+    const std::size_t hashRates = transport.sentTo("/hash_rate_daily");
+    store->setToken("second");
+    EXPECT_TRUE(state().isLoadingHistory);
+    executor.advance(250s);
+    EXPECT_EQ(transport.sentTo("/rewards"), rewards + 1);
+    EXPECT_EQ(transport.sentTo("/hash_rate_daily"), hashRates + 1);
+    for (std::size_t i = before; i < transport.sent().size(); ++i) {
+      const auto& headers = transport.sent()[i].request.headers;
+      EXPECT_TRUE(headers.empty() || headers[0].value == "second");
+    }
+    EXPECT_EQ(state().history.size(), 1U);
+    EXPECT_FALSE(state().isLoadingHistory);
+  }
 }
 
 TEST_F(PoolAccountTest, AHistoryDoesNotComeBackAfterItsTokenWasCleared) {

@@ -140,6 +140,16 @@ TEST_F(AccountClientTest, OverlappingCallsQueueInTheOrderTheyCame) {
   EXPECT_TRUE(transport.sent()[2].request.url.contains("/workers/"));
 }
 
+TEST_F(AccountClientTest, FiguresAndWorkersGoBeforeAHistoryThatWaitedLonger) {
+  EXPECT_TRUE(fetchStats());
+  begin(client.fetchHistory(), history);
+  executor.advance(59s);
+  begin(client.fetchWorkers(), workers);
+  executor.advance(121s);
+  EXPECT_THAT(sendTimes(), ElementsAre(0, 60, 120, 180));
+  EXPECT_TRUE(transport.sent()[1].request.url.contains("/workers/"));
+}
+
 TEST_F(AccountClientTest, ACallCancelledWhenItsTurnHasJustComeUsesNoSlot) {
   TaskHandle waiting;
   transport.on("/workers/").respondBy([&](const HttpRequest&) {

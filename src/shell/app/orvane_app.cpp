@@ -96,7 +96,8 @@ std::unique_ptr<QWidget> OrvaneApp::makeMainContent() {
                        .format = platform_.balance.format,
                        .broadcasts = broadcasts_,
                        .application = platform_.desktop},
-      BalanceViewSettings{.poolWebHost = settings_.poolWebHost, .commands = commands()});
+      BalanceViewSettings{.poolWebHost = settings_.poolWebHost,
+                          .commands = [this] { return commands(); }});
 }
 
 OpenWindow OrvaneApp::openWindow() {
@@ -109,6 +110,7 @@ Menu OrvaneApp::commands() {
            aboutCommand.menuItem(openWindow(), application),
            MenuItem::separator(),
            {.title = "Refresh Now",
+            .enabled = store_->state().hasSource(),
             .keyEquivalent = "r",
             .action = [actions = menuActions_] { actions->refreshNow(); }},
            MenuItem::separator(),

@@ -8,7 +8,7 @@ std::string statusText(const BalanceState& state, const AmountText& amountText) 
   if (state.addressStatus) { return *state.addressStatus; }
   if (state.stats) { return "Balance " + amountText(state.stats->balanceSats); }
   if (state.addressSummary) { return "Address " + amountText(state.addressSummary->confirmedSats); }
-  if (state.token.empty() && state.watchedAddress.empty()) { return "No API token or address"; }
+  if (!state.expectsAccount() && state.watchedAddress.empty()) { return "No API token or address"; }
   return "Loading";
 }
 
@@ -39,7 +39,7 @@ Menu makeStatusMenu(const BalanceState& state, const AmountText& amountText,
   auto& items = menu.items;
   items.push_back({.title = "Open Orvane", .action = std::move(actions.showMainWindow)});
   items.push_back({.title = "Refresh Now",
-                   .enabled = !state.token.empty() || !state.watchedAddress.empty(),
+                   .enabled = state.hasSource(),
                    .keyEquivalent = "r",
                    .action = std::move(actions.refreshNow)});
   items.push_back(MenuItem::separator());

@@ -73,13 +73,13 @@ WindowLayout windowLayout(const BalanceState& state) {
 }
 
 PoolCard poolCard(const BalanceState& state, const LocaleFormat& format) {
-  const bool hasToken = !state.token.empty();
+  const char* const instead = state.expectsAccount() ? "Loading…" : "No API token";
   return {.balance = state.stats ? balanceFigure(state, format, state.stats->balanceSats)
-                                 : placeholder(hasToken ? "Loading…" : "No API token"),
+                                 : placeholder(instead),
           .metrics = accountMetrics(state, format),
           .status = {.text = poolStatusLine(state, format),
                      .isWarning = state.accountStatus.has_value()},
-          .refresh = {.isVisible = hasToken, .isBusy = state.isRefreshing}};
+          .refresh = {.isVisible = !state.token.empty(), .isBusy = state.isRefreshing}};
 }
 
 AddressCard addressCard(const BalanceState& state, const LocaleFormat& format) {

@@ -38,7 +38,6 @@ void addCommand(QMenu& menu, const MenuItem& item) {
     return;
   }
   auto* const command = menu.addAction(toQString(item.title));
-  command->setEnabled(item.enabled);
   command->setShortcuts(shortcuts(item.keyEquivalent));
   command->setShortcutContext(Qt::ApplicationShortcut);
   QObject::connect(command, &QAction::triggered, &menu, [action = item.action] {
@@ -67,6 +66,14 @@ class CommandButton final : public QPushButton {
     drawSymbol();
   }
 
+  /// Which of the commands can be given now.
+  void showCommands(const Menu& commands) {
+    const auto rows = menu()->actions();
+    for (qsizetype row = 0; row < rows.size(); ++row) {
+      rows[row]->setEnabled(commands.items[static_cast<std::size_t>(row)].enabled);
+    }
+  }
+
  protected:
   void changeEvent(QEvent* event) override {
     QPushButton::changeEvent(event);
@@ -85,6 +92,18 @@ class CommandButton final : public QPushButton {
     setIcon(symbolIcon(QStringLiteral("questionmark.circle"), symbolSize, palette()));
   }
 };
+
+/// What a window's title bar and borders take of the screen, before there is a window to ask.
+constexpr QSize usualWindowFrame(2, 40);
+
+/// Carries a change of size out at once, so that a window which is about to appear appears in its
+/// new size.
+void layOutUpToWindow(QWidget& changed) {
+  for (auto* widget = &changed; widget; widget = widget->parentWidget()) {
+    if (widget->layout()) { widget->layout()->activate(); }
+  }
+}
+}  // namespace
 
 /// The bar at the bottom of the main window: closes it, and holds a menu of the application's
 /// commands when there are any.
@@ -106,21 +125,18 @@ class CloseBar final : public QWidget {
                             theme::barPadding);
     row->addWidget(close);
     row->addStretch();
-    if (!commands.items.empty()) { row->addWidget(new CommandButton(commands, this)); }
+    if (commands.items.empty()) { return; }
+    commands_ = new CommandButton(commands, this);
+    row->addWidget(commands_);
   }
+
+  void showCommands(const Menu& commands) {
+    if (commands_) { commands_->showCommands(commands); }
+  }
+
+ private:
+  CommandButton* commands_ = nullptr;
 };
-
-/// What a window's title bar and borders take of the screen, before there is a window to ask.
-constexpr QSize usualWindowFrame(2, 40);
-
-/// Carries a change of size out at once, so that a window which is about to appear appears in its
-/// new size.
-void layOutUpToWindow(QWidget& changed) {
-  for (auto* widget = &changed; widget; widget = widget->parentWidget()) {
-    if (widget->layout()) { widget->layout()->activate(); }
-  }
-}
-}  // namespace
 
 CoalescedUpdate::CoalescedUpdate(QWidget& view, std::function<void()> update)
     : view_(view), update_(std::move(update)) {
@@ -157,6 +173,7 @@ BalanceView::BalanceView(BalanceStore& store, const LocaleFormat& format,
     : QWidget(parent),
       store_(store),
       format_(format),
+      commands_(settings.commands),
       update_(*this, [this] { showState(); }),
       subscription_(store.observe([this] { update_.request(); })) {
   // The Tab key goes from part to part in the order in which they are made.
@@ -168,11 +185,12 @@ BalanceView::BalanceView(BalanceStore& store, const LocaleFormat& format,
   rightColumn_ = new ColumnArea(tr("Workers and history"), theme::rightColumnSpacing, this);
   workers_ = new WorkersSection(format, rightColumn_->widget());
   history_ = new HistorySection(store, format, rightColumn_->widget());
-  layOut(new CloseBar(onClose, settings.commands, this));
+  closeBar_ = new CloseBar(onClose, commands_(), this);
+  layOut();
   showState();
 }
 
-void BalanceView::layOut(QWidget* closeBar) {
+void BalanceView::layOut() {
   for (QWidget* part : std::initializer_list<QWidget*>{poolCard_, addressCard_, settings_}) {
     part->setMaximumWidth(theme::readableWidth);
     leftColumn_->column()->addWidget(part);
@@ -192,7 +210,7 @@ void BalanceView::layOut(QWidget* closeBar) {
   window->setSpacing(0);
   window->addLayout(columns, 1);
   window->addWidget(new Divider(Qt::Horizontal, this));
-  window->addWidget(closeBar);
+  window->addWidget(closeBar_);
 }
 
 void BalanceView::showState() {
@@ -212,6 +230,7 @@ void BalanceView::showState() {
   columnDivider_->setVisible(layout.showsAccountColumn);
   leftColumn_->setMaximumWidth(layout.showsAccountColumn ? theme::leftColumnWidth
                                                          : QWIDGETSIZE_MAX);
+  closeBar_->showCommands(commands_());
   askForSize();
 }
 

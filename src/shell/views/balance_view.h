@@ -40,9 +40,12 @@ class CoalescedUpdate final : public QObject {
 /// What the view is told once, when it is made.
 struct BalanceViewSettings {
   std::string poolWebHost;  ///< host of the pool's web site, for the account link
-  /// Commands of the application, in a menu beside the Close button; empty: no such button.
-  Menu commands = {};
+  /// The commands of the application, as they can be given now: the same ones each time, some of
+  /// them perhaps disabled. They stand in a menu beside the Close button; none: no such button.
+  std::function<Menu()> commands = [] { return Menu(); };
 };
+
+class CloseBar;
 
 /// The content of the main window: shows the store's figures and redraws, once per turn of the
 /// event loop, when the store announces a change. Asks its window for the least size that the
@@ -60,7 +63,7 @@ class BalanceView final : public QWidget {
   void showEvent(QShowEvent* event) override;
 
  private:
-  void layOut(QWidget* closeBar);
+  void layOut();
   /// Brings every part up to date with the store; only what differs is touched, so that focus,
   /// typed text, selections and scroll positions stay.
   void showState();
@@ -76,6 +79,8 @@ class BalanceView final : public QWidget {
   SettingsSection* settings_;
   WorkersSection* workers_;
   HistorySection* history_;
+  std::function<Menu()> commands_;
+  CloseBar* closeBar_;
   CoalescedUpdate update_;
   Registration subscription_;
 };

@@ -78,6 +78,18 @@ TEST_F(KeysTest, ControlWAsksTheDelegateAndNamesTheKey) {
   EXPECT_EQ(application.currentEvent(), std::nullopt);
 }
 
+TEST_F(KeysTest, HeldDownActOnceAndWriteOn) {
+  const auto hold = [this](Qt::Key key, Qt::KeyboardModifiers modifiers, const QString& text) {
+    press(key, modifiers);
+    QKeyEvent repeat(QEvent::KeyPress, key, modifiers, text, true);
+    QCoreApplication::sendEvent(widget.windowHandle(), &repeat);
+  };
+  hold(Qt::Key_W, Qt::ControlModifier, {});
+  EXPECT_THAT(delegate->heard, ElementsAre("should close"));
+  hold(Qt::Key_A, {}, QStringLiteral("a"));
+  EXPECT_EQ(field.text(), QStringLiteral("aa"));
+}
+
 TEST_F(KeysTest, ControlMMinimisesAndControlQTerminates) {
   int ends = 0;
   application.setTerminationHandler([&ends] { ++ends; });

@@ -87,4 +87,19 @@ TEST_F(AppTest, QuittingWaitsForTheTokenToReachTheKeychainButNoLongerThanTwoSeco
   }
 }
 
+TEST_F(AppTest, RefreshNowInTheWindowsMenuWaitsForSomethingToRefresh) {
+  const auto isEnabled = [this] {
+    const auto commands = widget("Orvane").findChildren<QAction*>();
+    const auto refresh = std::ranges::find(commands, QStringLiteral("Refresh Now"), &QAction::text);
+    return (*refresh)->isEnabled();
+  };
+  launch();
+  pass(1s);
+  EXPECT_FALSE(isEnabled());
+  storeToken("stored");
+  launch();
+  pass(1s);
+  EXPECT_TRUE(isEnabled());
+}
+
 }}  // namespace orvane::test

@@ -23,6 +23,7 @@ BalanceState having(std::string_view words) {
   if (words.contains("balance")) {
     state.stats = BraiinsAccountStats{.todayRewardSats = 7, .balanceSats = 203};
   }
+  state.isReadingToken = words.contains("reading");
   if (words.contains("total")) { state.addressSummary.emplace().confirmedSats = -5; }
   if (words.contains("failure")) { state.accountStatus = "no pool"; }
   if (words.contains("refusal")) { state.addressStatus = "no explorer"; }
@@ -41,6 +42,7 @@ TEST(StatusMenu, FailuresComeFirstThenBalancesAndThePoolBeforeTheAddress) {
   };
   for (const auto& [state, status, figures] :
        {Case{"", {false, "No API token or address", false}, ""},
+        Case{"reading", {false, "Loading", false}, ""},
         Case{"token", {false, "Loading", false}, ""},
         Case{"address", {false, "Loading", false}, ""},
         Case{"token balance", {true, "Balance 203 sats", false}, pool + "-|"},
@@ -54,7 +56,8 @@ TEST(StatusMenu, FailuresComeFirstThenBalancesAndThePoolBeforeTheAddress) {
     EXPECT_EQ(shown.working, status.working) << state;
     EXPECT_EQ(shown.alert, status.alert) << state;
     EXPECT_EQ(rows(makeStatusMenu(having(state), sats, {})),
-              figures + "Open Orvane|" + (*state ? "Refresh Now" : "(Refresh Now)") + commands)
+              figures + "Open Orvane|" +
+                  (*state == 't' || *state == 'a' ? "Refresh Now" : "(Refresh Now)") + commands)
         << state;
   }
 }

@@ -32,17 +32,20 @@ TEST(WindowLayoutTest, TokenAndAddressDecideWhatShowsAndTheLeastSize) {
 }
 
 TEST(PoolCardTest, WithoutFiguresSaysWhatIsMissing) {
-  for (const bool hasToken : {false, true}) {
+  for (const auto& [token, isReading] : {std::pair{"", false}, {"t", false}, {"", true}}) {
     BalanceState state;
-    if (hasToken) { state.token = "t"; }
+    state.token = token;
+    state.isReadingToken = isReading;
+    const bool hasToken = !state.token.empty();
+    const bool isOnTheWay = hasToken || isReading;
     const auto card = poolCard(state, english);
-    EXPECT_EQ(card.balance, (BalanceFigure{.text = hasToken ? "Loading…" : "No API token",
+    EXPECT_EQ(card.balance, (BalanceFigure{.text = isOnTheWay ? "Loading…" : "No API token",
                                            .isPlaceholder = true}));
     EXPECT_THAT(card.metrics, ElementsAre(Metric{.title = "Today", .value = "—"},
                                           Metric{.title = "Hashrate 60 min", .value = "—"},
                                           Metric{.title = "Shares 24 h", .value = "—"}));
-    EXPECT_EQ(card.status.text,
-              hasToken ? "Asking Braiins…" : "Paste a read-only Braiins API token below to start.");
+    EXPECT_EQ(card.status.text, isOnTheWay ? "Asking Braiins…"
+                                           : "Paste a read-only Braiins API token below to start.");
     EXPECT_EQ(card.refresh, (RefreshButtonState{.isVisible = hasToken}));
   }
 }

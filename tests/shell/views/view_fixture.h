@@ -18,7 +18,8 @@ class ViewTest : public testing::Test {
     sample.showIn(*fakes);
     view = std::make_unique<BalanceView>(
         *fakes->store, english,
-        BalanceViewSettings{.poolWebHost = "pool.test", .commands = {{{.title = "Help"}}}},
+        BalanceViewSettings{.poolWebHost = "pool.test",
+                            .commands = [] { return Menu{{{.title = "Help"}}}; }},
         [this] { ++closes; });
     view->show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));  // keys go to no other window

@@ -64,12 +64,15 @@ bool KeyDispatch::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool KeyDispatch::answer(const QKeyEvent& key) {
+  // A key that is held down acts once: a window that it closed leaves the repeats to another one.
+  if (key.isAutoRepeat()) { return key.key() == swallowedKey_; }
   const auto event = keyDownEvent(key);
   const auto before = std::exchange(currentEvent_, event);
   const bool swallowed = monitors_.untilTrue([&event](const auto& monitor) {
     return monitor(event) == KeyDecision::swallow;
   }) || windowKeys_(event);
   currentEvent_ = before;
+  swallowedKey_ = swallowed ? key.key() : 0;
   return swallowed;
 }
 

@@ -48,6 +48,7 @@ class KeyDispatch final : public QObject {
   Listeners<DesktopApplication::KeyMonitor> monitors_;
   std::optional<DesktopEvent> currentEvent_;
   std::optional<Answer> answered_;
+  int swallowedKey_ = 0;  ///< the last key pressed, if it was used up
 };
 
 /// The running QApplication as the desktop's application. In every window Control with W closes
