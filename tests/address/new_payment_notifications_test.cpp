@@ -83,15 +83,6 @@ TEST_F(NewPaymentNotificationsTest, WhatMayNotBeShownIsNotAnnouncedLater) {
   EXPECT_THAT(identifiers(), IsEmpty());
 }
 
-TEST_F(NewPaymentNotificationsTest, PostsNothingAfterItsEnd) {
-  accept({});
-  center.delay = 1s;
-  accept({payment("a")});
-  notifications.reset();
-  executor.advance(1h);
-  EXPECT_THAT(center.received(), IsEmpty());
-}
-
 TEST_F(NewPaymentNotificationsTest, WritesTheTexts) {
   accept({});
   accept({payment("p"),

@@ -130,24 +130,16 @@ TEST_F(AccountClientTest, EarlyCallsWaitForTheirSlotFromTheLastSendingOn) {
   EXPECT_THAT(sendTimes(), ElementsAre(0, 60, 121, 211, 271));
 }
 
-TEST_F(AccountClientTest, OverlappingCallsQueueInTheOrderTheyCame) {
-  begin(client.fetchHistory(), history);
-  begin(client.fetchStats(), stats);
-  begin(client.fetchWorkers(), workers);
-  executor.advance(180s);
-  EXPECT_THAT(sendTimes(), ElementsAre(0, 60, 120, 180));
-  EXPECT_TRUE(transport.sent()[1].request.url.contains("/profile/"));
-  EXPECT_TRUE(transport.sent()[2].request.url.contains("/workers/"));
-}
-
-TEST_F(AccountClientTest, FiguresAndWorkersGoBeforeAHistoryThatWaitedLonger) {
+TEST_F(AccountClientTest, CallsQueueInTheirOrderFiguresAndWorkersBeforeAHistoryThatCameEarlier) {
   EXPECT_TRUE(fetchStats());
   begin(client.fetchHistory(), history);
   executor.advance(59s);
+  begin(client.fetchStats(), stats);
   begin(client.fetchWorkers(), workers);
-  executor.advance(121s);
-  EXPECT_THAT(sendTimes(), ElementsAre(0, 60, 120, 180));
-  EXPECT_TRUE(transport.sent()[1].request.url.contains("/workers/"));
+  executor.advance(181s);
+  EXPECT_THAT(sendTimes(), ElementsAre(0, 60, 120, 180, 240));
+  EXPECT_TRUE(transport.sent()[1].request.url.contains("/profile/"));
+  EXPECT_TRUE(transport.sent()[2].request.url.contains("/workers/"));
 }
 
 TEST_F(AccountClientTest, ACallCancelledWhenItsTurnHasJustComeUsesNoSlot) {

@@ -94,7 +94,6 @@ TEST_F(AppTest, RefreshNowInTheWindowsMenuWaitsForSomethingToRefresh) {
     return (*refresh)->isEnabled();
   };
   launch();
-  pass(1s);
   EXPECT_FALSE(isEnabled());
   storeToken("stored");
   launch();
