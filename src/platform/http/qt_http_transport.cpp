@@ -192,8 +192,8 @@ Task<HttpResult> QtHttpTransport::get(HttpRequest request) {
   const TimeLimits limits{.idle = request.idleTimeout,
                           .end = context.executor->now() + options_.longestExchange};
   for (int redirects = 0;; ++redirects) {
-    QNetworkRequest toSend = networkRequest(*url, request.headers, tls_);
-    ExchangeResult answer = co_await exchange(std::move(toSend), limits);
+    const QNetworkRequest toSend = networkRequest(*url, request.headers, tls_);
+    ExchangeResult answer = co_await exchange(toSend, limits);
     if (!answer) { co_return std::unexpected(answer.error()); }
     const std::optional<QUrl> target =
         allowedRedirect(answer->status, *url, answer->location, !request.headers.empty());
