@@ -78,6 +78,7 @@ class FakeApplication final : public DesktopApplication {
 
   [[nodiscard]] std::vector<DesktopWindow*> windows() const override {
     std::vector<DesktopWindow*> windows;
+    windows.reserve(windows_.size());
     for (const auto& window : windows_) {
       windows.push_back(window.get());
     }

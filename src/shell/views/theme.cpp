@@ -107,7 +107,7 @@ QFont textFont(TextStyle style) {
                         ? std::max(largeFigureSize, 2 * base)
                         : static_cast<int>(std::lround(base * description.scale)));
   font.setWeight(description.weight);
-  return description.family == Family::figures ? withDigitsOfEqualWidth(std::move(font)) : font;
+  return description.family == Family::figures ? withDigitsOfEqualWidth(font) : font;
 }
 
 QColor textColor(TextColor color, const QPalette& palette) {
