@@ -95,8 +95,7 @@ class FakeHost final : public QObject {
     QList<QImage> icons;
     const auto pixmaps = property("IconPixmap").value<QDBusArgument>();
     for (pixmaps.beginArray(); !pixmaps.atEnd();) {
-      int width = 0;
-      int height = 0;
+      int width = 0, height = 0;
       QByteArray bytes;
       pixmaps.beginStructure();
       pixmaps >> width >> height >> bytes;
@@ -106,6 +105,7 @@ class FakeHost final : public QObject {
       qFromBigEndian<quint32>(bytes.constData(), bytes.size() / 4, icon.bits());
       icons.append(icon);
     }
+    pixmaps.endArray();
     return icons;
   }
   [[nodiscard]] HostRow layout(int parent = 0) {
