@@ -6,6 +6,9 @@
 
 namespace orvane {
 namespace {
+/// Twice what the chain's own ids have, so that what is kept of them stays small.
+constexpr std::size_t longestTransactionId = 128;
+
 AddressStats::Stats readStats(JsonValue value, JsonMatch& match) {
   const JsonObjectReader reader(value, match);
   return {.funded_txo_sum = reader.integer("funded_txo_sum"),
@@ -36,10 +39,12 @@ Transaction::Status readStatus(JsonValue value, JsonMatch& match) {
 
 Transaction readTransaction(JsonValue value, JsonMatch& match) {
   const JsonObjectReader reader(value, match);
-  return {.txid = reader.text("txid"),
-          .vin = readJsonArray(reader.value("vin"), match, readInput),
-          .vout = readJsonArray(reader.value("vout"), match, readOutput),
-          .status = readStatus(reader.value("status"), match)};
+  Transaction transaction{.txid = reader.text("txid"),
+                          .vin = readJsonArray(reader.value("vin"), match, readInput),
+                          .vout = readJsonArray(reader.value("vout"), match, readOutput),
+                          .status = readStatus(reader.value("status"), match)};
+  if (transaction.txid.size() > longestTransactionId) { match.fail(); }
+  return transaction;
 }
 
 std::vector<Transaction> readTransactions(JsonValue value, JsonMatch& match) {

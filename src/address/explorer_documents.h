@@ -65,7 +65,7 @@ struct Transaction {
 
 /// The answer to `/address/` and an address.
 [[nodiscard]] std::optional<AddressStats> decodeAddressStats(std::string_view body);
-/// The answer to the same and `/txs`, in its order.
+/// The answer to the same and `/txs`, in its order. An id has at most 128 bytes.
 [[nodiscard]] std::optional<std::vector<Transaction>> decodeTransactions(std::string_view body);
 
 /// The tip document's text: a decimal number with an optional sign, white space around it.

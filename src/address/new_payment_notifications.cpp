@@ -4,12 +4,16 @@
 #include <string_view>
 #include <utility>
 #include <fmt/format.h>
+#include "platform/decimal/decimal.h"
 
 namespace orvane {
 namespace {
 constexpr std::string_view seenTransactionsKey = "balance.watchedAddressSeenTransactions";
 /// The address that they belong to.
 constexpr std::string_view seenAddressKey = "balance.watchedAddressSeenTransactionsAddress";
+
+/// More than an honest answer lists; beyond it one notification tells of all.
+constexpr std::size_t mostNotifications = 100;
 
 Task<void> post(NotificationCenter& center, std::vector<NotificationRequest> requests) {
   const bool granted = co_await center.requestAuthorization();
@@ -44,9 +48,13 @@ void NewPaymentNotifications::notifyNewTransactions(const WatchedAddressSummary&
   defaults_.setTexts(seenTransactionsKey, seen);
   if (!known || arrivals.empty()) { return; }
   std::vector<NotificationRequest> requests;
-  requests.reserve(arrivals.size());
-  for (const WatchedAddressTransaction* const transaction : arrivals) {
-    requests.push_back(makeNotificationRequest(*transaction));
+  if (arrivals.size() > mostNotifications) {
+    requests.push_back(makeJointRequest(arrivals));
+  } else {
+    requests.reserve(arrivals.size());
+    for (const WatchedAddressTransaction* const transaction : arrivals) {
+      requests.push_back(makeNotificationRequest(*transaction));
+    }
   }
   posting_.spawn(post(center_, std::move(requests)));
 }
@@ -56,6 +64,19 @@ void NewPaymentNotifications::watch(const std::string& address) {
   // In this order: a list without its address is forgotten, one with another's would be believed.
   defaults_.remove(seenTransactionsKey);
   defaults_.setText(seenAddressKey, address);
+}
+
+NotificationRequest NewPaymentNotifications::makeJointRequest(
+    std::span<const WatchedAddressTransaction* const> transactions) const {
+  std::int64_t sum = 0;
+  for (const WatchedAddressTransaction* const transaction : transactions) {
+    sum = saturatingSum(sum, transaction->sats);
+  }
+  const std::string number = format_.integer(static_cast<std::int64_t>(transactions.size()));
+  return {.identifier = "address-joint",
+          .title = number + " payments received",
+          .body = amountText_(sum) + " in all to your watched address.",
+          .sound = NotificationSound::standard};
 }
 
 NotificationRequest NewPaymentNotifications::makeNotificationRequest(

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <span>
 #include <string>
 #include "address/address_summary.h"
 #include "platform/async/executor.h"
@@ -23,8 +24,8 @@ class NewPaymentNotifications {
                           const LocaleFormat& format, AmountText amountText);
 
   /// Records every incoming transaction as seen before it returns, then posts one notification for
-  /// each that was not seen before, in the order of the summary. The first summary of an address
-  /// posts nothing.
+  /// each that was not seen before, in the order of the summary; for more than a hundred, a single
+  /// one with their number and sum. The first summary of an address posts nothing.
   void notifyNewTransactions(const WatchedAddressSummary& summary);
 
   /// Names the address whose summaries follow; empty: none. What was seen is kept, over the end of
@@ -33,6 +34,8 @@ class NewPaymentNotifications {
   void watch(const std::string& address);
 
  private:
+  [[nodiscard]] NotificationRequest makeJointRequest(
+      std::span<const WatchedAddressTransaction* const> transactions) const;
   [[nodiscard]] NotificationRequest makeNotificationRequest(
       const WatchedAddressTransaction& transaction) const;
 

@@ -1,4 +1,5 @@
 #include "pool/pool_documents.h"
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include "platform/decimal/decimal.h"
@@ -21,6 +22,9 @@ constexpr std::array hashRateUnits{
     HashRateUnit{.name = "th/s", .shortName = "ths", .factor = 1e12},
     HashRateUnit{.name = "ph/s", .shortName = "phs", .factor = 1e15},
 };
+
+/// A name is compared in a normal form, whose cost grows with the square of a run of marks.
+constexpr std::size_t longestWorkerName = 1000;
 
 constexpr double sharesPerFigure = 0.0009765625;
 
@@ -46,7 +50,13 @@ BraiinsWorkersResponse::Worker readWorker(JsonValue value, JsonMatch& match) {
 
 BraiinsWorkersResponse::BTC readWorkersOfCurrency(JsonValue value, JsonMatch& match) {
   const JsonObjectReader currency(value, match);
-  return {.workers = readJsonMap(currency.value("workers"), match, readWorker)};
+  BraiinsWorkersResponse::BTC entry{.workers =
+                                        readJsonMap(currency.value("workers"), match, readWorker)};
+  const auto isTooLong = [](const auto& worker) {
+    return characterCount(worker.first) > longestWorkerName;
+  };
+  if (std::ranges::any_of(entry.workers, isTooLong)) { match.fail(); }
+  return entry;
 }
 
 BraiinsWorkersResponse readWorkers(JsonValue root, JsonMatch& match) {

@@ -83,7 +83,8 @@ template <class Value>
 /// that is null counts as missing.
 
 [[nodiscard]] std::optional<BraiinsProfileResponse> decodeProfile(std::string_view body);
-/// Every currency of the document must match, not only the one that is used.
+/// Every currency of the document must match, not only the one that is used. The name of a worker
+/// has at most 1,000 characters.
 [[nodiscard]] std::optional<BraiinsWorkersResponse> decodeWorkers(std::string_view body);
 [[nodiscard]] std::optional<BraiinsRewardsResponse> decodeRewards(std::string_view body);
 /// Every group of the document must match, not only the one that is used.

@@ -74,6 +74,24 @@ TEST_F(NewPaymentNotificationsTest, PostsOneAfterTheOtherInTheirOrderAlsoPastOne
   EXPECT_EQ(center.authorizationRequests(), 1);
 }
 
+TEST_F(NewPaymentNotificationsTest, TellsOfMoreThanAHundredAtOnceInOne) {
+  const auto payments = [](int count, const std::string& name) {
+    std::vector<WatchedAddressTransaction> result;
+    for (int index = 0; index < count; ++index) {
+      result.push_back(payment(name + std::to_string(index), 1000));
+    }
+    return result;
+  };
+  accept({});
+  accept(payments(100, "few"));
+  EXPECT_EQ(center.received().size(), 100U);
+  accept(payments(101, "many"));
+  ASSERT_EQ(center.received().size(), 101U);
+  EXPECT_EQ(center.received().back(),
+            (NotificationRequest{"address-joint", "101 payments received",
+                                 "101,000 sats in all to your watched address."}));
+}
+
 TEST_F(NewPaymentNotificationsTest, WhatMayNotBeShownIsNotAnnouncedLater) {
   accept({});
   center.grantsAuthorization = false;

@@ -72,6 +72,17 @@ TEST_F(WatchedAddressClientTest, NamesTheFailureOfEachRequest) {
   }
 }
 
+TEST_F(WatchedAddressClientTest, TakesNoIdThatIsLongerThanTwoHashes) {
+  const auto listed = [this](std::size_t length) {
+    std::string body = transactions;
+    body.replace(body.find("\"t\""), 3, '"' + std::string(length, 'f') + '"');
+    on(transactionsPath).respond(200, body);
+    return summary();
+  };
+  EXPECT_TRUE(listed(128).has_value());
+  EXPECT_EQ(listed(129).error(), ExplorerError{Kind::decoding});
+}
+
 TEST_F(WatchedAddressClientTest, AFailureEndsTheOthersBeforeItIsReported) {
   on(totalsPath).respond(500).after(1s);
   on(transactionsPath).neverAnswer();

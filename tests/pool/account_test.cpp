@@ -54,6 +54,16 @@ TEST(PoolDocumentsTest, AProfileAndWorkersMatchAsAWhole) {
                  {"ltc", R"({"workers":{}})", object}});
 }
 
+TEST(PoolDocumentsTest, AWorkersNameHasAtMostAThousandCharacters) {
+  std::string name;
+  for (int count = 0; count < 500; ++count) {
+    name += "e\u0301";
+  }
+  const std::string before = R"({"btc":{"workers":{"a":{},")";
+  EXPECT_TRUE(decodeWorkers(before + name + R"(":{}}}})"));
+  EXPECT_FALSE(decodeWorkers(before + name + R"(x":{}}}})"));
+}
+
 TEST(AccountTest, MatchesStatesExactly) {
   const std::pair<std::string, State> cases[]{
       {"ok", State::ok},        {"low", State::low},          {"off", State::off},

@@ -46,6 +46,10 @@ struct JsonTree {
 namespace {
 constexpr std::size_t maximumDepth = 512;
 
+// Far beyond any honest answer; what a hostile one may cost stays bounded in time and memory.
+constexpr std::uint32_t mostEntries = 100'000;
+constexpr std::size_t mostValues = 2'000'000;
+
 // Offsets and node indices have 32 bits; no text yields more nodes than it has characters.
 constexpr std::size_t maximumTextSize = std::numeric_limits<std::uint32_t>::max() - 1;
 
@@ -65,17 +69,17 @@ class TreeBuilder final : public nlohmann::json_sax<nlohmann::json> {
 
   bool null() override {
     append(JsonType::null);
-    return true;
+    return fits();
   }
 
   bool boolean(bool value) override {
     append(JsonType::boolean).boolean = value;
-    return true;
+    return fits();
   }
 
   bool number_integer(number_integer_t value) override {
     append(JsonType::integer).integer = value;
-    return true;
+    return fits();
   }
 
   bool number_unsigned(number_unsigned_t value) override {
@@ -84,26 +88,26 @@ class TreeBuilder final : public nlohmann::json_sax<nlohmann::json> {
     } else {
       append(JsonType::number).number = static_cast<double>(value);
     }
-    return true;
+    return fits();
   }
 
   // Digits alone arrive here only when they exceed 64 bits: rounding to a double must not bring
   // such a number (-9223372036854775809) back into the range. The written form serves for nothing
   // else, because the parser puts the C locale's decimal point into it.
   bool number_float(number_float_t value, const string_t& written) override {
-    const bool fits = value >= integerMinimum && value < integerLimit;
-    if (fits && std::trunc(value) == value && !isWrittenAsInteger(written)) {
+    const bool isInRange = value >= integerMinimum && value < integerLimit;
+    if (isInRange && std::trunc(value) == value && !isWrittenAsInteger(written)) {
       append(JsonType::integer).integer = static_cast<std::int64_t>(value);
     } else {
       append(JsonType::number).number = value;
     }
-    return true;
+    return fits();
   }
 
   bool string(string_t& value) override {
     const JsonSpan text = keep(value);
     append(JsonType::text).text = text;
-    return true;
+    return fits();
   }
 
   // Only the binary formats of the parser have these.
@@ -125,6 +129,11 @@ class TreeBuilder final : public nlohmann::json_sax<nlohmann::json> {
   }
 
  private:
+  [[nodiscard]] bool fits() const {
+    return tree_.nodes.size() <= mostValues &&
+           (open_.empty() || tree_.nodes[open_.back()].childCount <= mostEntries);
+  }
+
   JsonNode& append(JsonType type) {
     if (!open_.empty()) { ++tree_.nodes[open_.back()].childCount; }
     JsonNode& node = tree_.nodes.emplace_back();
@@ -137,8 +146,9 @@ class TreeBuilder final : public nlohmann::json_sax<nlohmann::json> {
   bool open(JsonType type) {
     if (open_.size() == maximumDepth) { return false; }
     append(type).childCount = 0;
+    const bool isWithinLimits = fits();
     open_.push_back(static_cast<std::uint32_t>(tree_.nodes.size() - 1));
-    return true;
+    return isWithinLimits;
   }
 
   bool close() {
@@ -170,7 +180,7 @@ std::optional<JsonDocument> JsonDocument::parse(std::string_view text) {
   if (text.size() > maximumTextSize || text.contains('\0')) { return std::nullopt; }
   auto tree = std::make_unique<JsonTree>();
   // Fits the documents of our sources: large ones grow no block more than once or twice.
-  tree->nodes.reserve(text.size() / 16 + 1);
+  tree->nodes.reserve(std::min(text.size() / 16, mostValues) + 1);
   tree->pool.reserve(text.size() / 2);
   TreeBuilder builder(*tree);
   if (!nlohmann::json::sax_parse(text.begin(), text.end(), &builder)) { return std::nullopt; }

@@ -11,8 +11,9 @@ struct JsonNode;
 struct JsonTree;
 
 /// A parsed JSON text. Parsing is strict: the whole text is one value, strings are valid UTF-8,
-/// nesting is at most 512 levels deep, numbers fit a double. A byte-order mark before the value is
-/// skipped. Parsing never throws.
+/// nesting is at most 512 levels deep, numbers fit a double, an array or object has at most 100,000
+/// entries and the whole text two million values. A byte-order mark before the value is skipped.
+/// Parsing never throws.
 class JsonDocument {
  public:
   /// Nothing when `text` is not such a JSON text. The document does not refer to `text`.

@@ -62,7 +62,8 @@ template <class Record>
   return record;
 }
 
-/// The records of an array, in its order; fails the match when `array` is none.
+/// The records of an array, in its order; fails the match when `array` is none. Reading stops at
+/// the first failure.
 template <class Record>
 [[nodiscard]] std::vector<Record> readJsonArray(JsonValue array, JsonMatch& match,
                                                 JsonRead<Record> read) {
@@ -70,6 +71,7 @@ template <class Record>
   std::vector<Record> records;
   records.reserve(array.size());
   for (const JsonMember element : array) {
+    if (match.failed()) { break; }
     records.push_back(read(element.value, match));
   }
   return records;
@@ -84,6 +86,7 @@ template <class Record>
   if (!object.isObject()) { match.fail(); }
   std::map<std::string, Record, std::less<>> records;
   for (const JsonMember member : object) {
+    if (match.failed()) { break; }
     // Names tend to come in order: the hint spares the search then.
     records.insert_or_assign(records.end(), std::string(member.name), read(member.value, match));
   }

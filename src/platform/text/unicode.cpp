@@ -85,6 +85,13 @@ std::string nfcNormalized(std::string_view text) {
   return U_SUCCESS(status) ? result : std::string(text);
 }
 
+std::size_t characterCount(std::string_view text) {
+  constexpr auto isFirstByte = [](char byte) {
+    return !U8_IS_TRAIL(static_cast<std::uint8_t>(byte));
+  };
+  return static_cast<std::size_t>(std::ranges::count_if(text, isFirstByte));
+}
+
 bool isValidUtf8(std::string_view bytes) {
   while (!bytes.empty()) {
     const Character first = firstCharacter(bytes);

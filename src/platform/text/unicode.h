@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,9 @@ namespace orvane {
 
 /// Canonical composition (NFC). A text that is not valid UTF-8 comes back unchanged.
 [[nodiscard]] std::string nfcNormalized(std::string_view text);
+
+/// How many code points a valid text has.
+[[nodiscard]] std::size_t characterCount(std::string_view text);
 
 /// False also for overlong forms, surrogates and code points above U+10FFFF.
 [[nodiscard]] bool isValidUtf8(std::string_view bytes);

@@ -1,6 +1,7 @@
 #include "platform/json/json_document.h"
 #include <vector>
 #include <gtest/gtest.h>
+#include "platform/json/json_reader.h"
 #include "support/comma_locale.h"
 
 namespace orvane::test { namespace {
@@ -24,6 +25,38 @@ TEST(JsonDocumentTest, BoundsTheDepthWithoutTroubleForTheStack) {
     const std::string text = std::string(depth, '[') + std::string(depth, ']');
     EXPECT_EQ(JsonDocument::parse(text).has_value(), depth == 512) << depth;
   }
+}
+
+std::string listOf(std::size_t count, const std::string& element, const char* brackets = "[]") {
+  std::string text(1, brackets[0]);
+  for (std::size_t index = 0; index < count; ++index) {
+    text += (index == 0 ? "" : ",") + element;
+  }
+  return text + brackets[1];
+}
+
+TEST(JsonDocumentTest, BoundsTheNumberOfEntriesAndOfAllValues) {
+  for (const std::size_t count : {100'000UL, 100'001UL}) {
+    const bool fits = count == 100'000;
+    EXPECT_EQ(JsonDocument::parse(listOf(count, "0")).has_value(), fits);
+    EXPECT_EQ(JsonDocument::parse(listOf(count, "[]")).has_value(), fits);
+    EXPECT_EQ(JsonDocument::parse(listOf(count, "\"a\":0", "{}")).has_value(), fits);
+  }
+  EXPECT_TRUE(JsonDocument::parse(listOf(19, listOf(100'000, "0"))));
+  EXPECT_FALSE(JsonDocument::parse(listOf(21, listOf(100'000, "0"))));
+}
+
+TEST(JsonReaderTest, ReadsNoElementBehindTheFirstThatDoesNotFit) {
+  static int reads = 0;
+  constexpr JsonRead<int> read = [](JsonValue value, JsonMatch& match) {
+    if (++reads; !value.boolean()) { match.fail(); }
+    return 0;
+  };
+  const std::optional<JsonDocument> document = JsonDocument::parse("[true, 0, true, true]");
+  JsonMatch match;
+  EXPECT_EQ(readJsonArray(document.value().root(), match, read).size(), 2U);
+  EXPECT_TRUE(match.failed());
+  EXPECT_EQ(reads, 2);
 }
 
 TEST(JsonDocumentTest, KeepsTextsWithTheirEscapesAndNul) {
