@@ -32,15 +32,24 @@ void createPrivateFolder(const fs::path& folder) {
   ::mkdir(folder.c_str(), S_IRWXU);
 }
 
+/// What a link leads to is the user's own arrangement and keeps its rights.
+void closeToOthers(const fs::path& path) {
+  std::error_code ignored;
+  if (fs::is_symlink(path, ignored)) { return; }
+  fs::permissions(path, fs::perms::group_all | fs::perms::others_all, fs::perm_options::remove,
+                  ignored);
+}
+
 /// Creates `file`, empty, and the folders above it that are missing. One that exists keeps its
-/// content and is closed to other users. Failures are left for the one who opens the file to meet.
+/// content; it and its folder are closed to other users. Failures are left for the one who opens
+/// the file to meet.
 void createPrivateFile(const fs::path& file) {
   createPrivateFolder(file.parent_path());
   const int descriptor = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
-  if (descriptor >= 0) { ::close(descriptor); }
-  std::error_code ignored;
-  fs::permissions(file, fs::perms::group_all | fs::perms::others_all, fs::perm_options::remove,
-                  ignored);
+  if (descriptor < 0) { return; }
+  ::close(descriptor);
+  closeToOthers(file.parent_path());
+  closeToOthers(file);
 }
 
 fs::path withSuffix(fs::path file, std::string_view suffix) { return file += suffix; }
@@ -88,26 +97,32 @@ bool isFreeForFile(const fs::path& file) {
 }
 }  // namespace
 
-SqliteDefaults::SqliteDefaults(const fs::path& file) {
-  if (isFreeForFile(file)) { open(file); }
+fs::path settingsFile(std::string_view configHome, const fs::path& home) {
+  const fs::path folder(configHome);
+  return (folder.is_absolute() ? folder : home / ".config") / "orvane" / "settings.sqlite";
+}
+
+SqliteDefaults::SqliteDefaults(fs::path file) : file_(std::move(file)) {
+  open(longestWaitAtStartInMilliseconds);
 }
 
 SqliteDefaults::~SqliteDefaults() { save(); }
 
-void SqliteDefaults::open(const fs::path& file) {
-  createPrivateFile(file);
-  SettingsState state = openForWriting(file);
-  if (state == SettingsState::damaged && setAside(file)) {
-    createPrivateFile(file);
-    state = openForWriting(file);
+void SqliteDefaults::open(int longestWait) {
+  if (!isFreeForFile(file_)) { return; }
+  createPrivateFile(file_);
+  SettingsState state = openForWriting(longestWait);
+  if (state == SettingsState::damaged && setAside(file_)) {
+    createPrivateFile(file_);
+    state = openForWriting(longestWait);
   }
-  if (state == SettingsState::unavailable) { openUnchangeable(file); }
+  if (state == SettingsState::unavailable) { openUnchangeable(); }
 }
 
-SettingsState SqliteDefaults::openForWriting(const fs::path& file) {
-  SqliteConnection connection = openSqlite(file, SqliteAccess::readWrite);
+SettingsState SqliteDefaults::openForWriting(int longestWait) {
+  SqliteConnection connection = openSqlite(file_, SqliteAccess::readWrite);
   if (!connection) { return SettingsState::unavailable; }
-  sqlite3_busy_timeout(connection.get(), longestWaitAtStartInMilliseconds);
+  sqlite3_busy_timeout(connection.get(), longestWait);
   SettingValues values;
   const SettingsState state = readSettings(connection.get(), values);
   if (state == SettingsState::damaged) {
@@ -117,25 +132,37 @@ SettingsState SqliteDefaults::openForWriting(const fs::path& file) {
     writeAhead(connection.get());
     sqlite3_busy_timeout(connection.get(), longestWaitInMilliseconds);
     connection_ = std::move(connection);
-    values_ = std::move(values);
+    take(std::move(values));
   }
   return state;
 }
 
 // In a folder that cannot be written SQLite has no place for its log and refuses to read, unless
 // it is told that nobody else writes.
-void SqliteDefaults::openUnchangeable(const fs::path& file) {
-  const SqliteConnection connection = openSqlite(file, SqliteAccess::unchangeable);
+void SqliteDefaults::openUnchangeable() {
+  const SqliteConnection connection = openSqlite(file_, SqliteAccess::unchangeable);
   SettingValues values;
   if (connection && readSettings(connection.get(), values) == SettingsState::usable) {
-    values_ = std::move(values);
+    take(std::move(values));
+  }
+}
+
+/// What the file says, but for what has changed since.
+void SqliteDefaults::take(SettingValues values) {
+  values_ = std::move(values);
+  for (const auto& [key, value] : unsaved_) {
+    if (value) {
+      values_.insert_or_assign(key, *value);
+    } else {
+      values_.erase(key);
+    }
   }
 }
 
 void SqliteDefaults::save() {
-  if (connection_ && !unsaved_.empty() && writeSettings(connection_.get(), unsaved_)) {
-    unsaved_.clear();
-  }
+  if (unsaved_.empty()) { return; }
+  if (!connection_) { open(longestWaitInMilliseconds); }
+  if (connection_ && writeSettings(connection_.get(), unsaved_)) { unsaved_.clear(); }
 }
 
 template <class T>
@@ -182,11 +209,11 @@ void SqliteDefaults::set(std::string_view key, SettingValue value) {
 }
 
 void SqliteDefaults::remove(std::string_view key) {
-  const auto found = values_.find(key);
-  if (found != values_.end()) {
-    values_.erase(found);
+  // A file that could not be read may hold what is not among the values.
+  if (values_.contains(key) || !connection_) {
     unsaved_.insert_or_assign(std::string(key), std::nullopt);
   }
+  if (const auto found = values_.find(key); found != values_.end()) { values_.erase(found); }
   save();
 }
 }  // namespace orvane

@@ -5,6 +5,11 @@
 #include "platform/defaults/user_defaults.h"
 
 namespace orvane {
+/// The settings' place: below XDG_CONFIG_HOME where that names a folder from the root on, as its
+/// specification demands, else below the home folder's .config.
+[[nodiscard]] std::filesystem::path settingsFile(std::string_view configHome,
+                                                 const std::filesystem::path& home);
+
 /// Settings in one SQLite file. It is read once, at construction, so that reading never waits;
 /// what another program changes meanwhile is seen after the next start. A change is in the file
 /// when its call returns, and stays there whatever happens to the process.
@@ -15,8 +20,8 @@ namespace orvane {
 /// moment), changes live in memory; each later change tries to save them too.
 class SqliteDefaults final : public UserDefaults {
  public:
-  /// Creates `file` and its folder when they are missing, for the user's eyes only.
-  explicit SqliteDefaults(const std::filesystem::path& file);
+  /// Creates `file` and its folder when they are missing, and closes both to other users.
+  explicit SqliteDefaults(std::filesystem::path file);
   ~SqliteDefaults() override;
   SqliteDefaults(const SqliteDefaults&) = delete;
   SqliteDefaults& operator=(const SqliteDefaults&) = delete;
@@ -36,12 +41,15 @@ class SqliteDefaults final : public UserDefaults {
   template <class T>
   [[nodiscard]] const T* find(std::string_view key) const;
   void set(std::string_view key, SettingValue value);
-  void open(const std::filesystem::path& file);
-  SettingsState openForWriting(const std::filesystem::path& file);
-  void openUnchangeable(const std::filesystem::path& file);
+  void open(int longestWait);
+  SettingsState openForWriting(int longestWait);
+  void openUnchangeable();
+  void take(SettingValues values);
   void save();
 
-  SqliteConnection connection_;  ///< nothing when no change can be kept
+  std::filesystem::path file_;
+
+  SqliteConnection connection_;  ///< nothing while no change can be kept
   SettingValues values_;
   SettingChanges unsaved_;
 };

@@ -1,6 +1,6 @@
 #include "shell/app/program.h"
 #include <QApplication>
-#include <QStandardPaths>
+#include <QDir>
 #include <filesystem>
 #include <utility>
 #include "platform/bus/session_bus.h"
@@ -29,9 +29,8 @@ void introduceToDesktop(const std::string& version) {
   QApplication::setWindowIcon(applicationIcon());
 }
 
-std::filesystem::path settingsFile() {
-  const auto folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-  return std::filesystem::path(folder.toStdString()) / "orvane" / "settings.sqlite";
+std::filesystem::path settingsFileOfUser() {
+  return settingsFile(qgetenv("XDG_CONFIG_HOME").toStdString(), QDir::homePath().toStdString());
 }
 
 /// Everything that exists as long as the one running application does.
@@ -40,7 +39,7 @@ int runInstance(SessionInstance& instance, const ProgramSettings& settings) {
   SessionBus bus(*executor);
   const ColorScheme colorScheme(bus);
   const LocaleFormat format(LocaleNames::fromEnvironment());
-  SqliteDefaults defaults(settingsFile());
+  SqliteDefaults defaults(settingsFileOfUser());
   QtHttpTransport transport({.extraCaFile = settings.extraCaFile});
   SecretServiceKeychain keychain(bus);
   DesktopNotificationCenter notifications(bus);

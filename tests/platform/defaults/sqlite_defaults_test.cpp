@@ -128,8 +128,10 @@ TEST_F(SqliteDefaultsTest, NobodyElseMayLook) {
     }
   }
   fs::permissions(file, fs::perms::others_read, fs::perm_options::add);
+  fs::permissions(file.parent_path(), fs::perms::others_exec, fs::perm_options::add);
   EXPECT_EQ(SqliteDefaults(file).text("key"), "value");
   EXPECT_EQ(permissions(file), ownersAlone);
+  EXPECT_EQ(permissions(file.parent_path()), fs::perms::owner_all);
 }
 
 TEST_F(SqliteDefaultsTest, ValuesThatMakeNoSenseAreMissing) {
@@ -157,16 +159,26 @@ TEST_F(SqliteDefaultsTest, ALockedFileDelaysNobodyAndTheChangeIsSavedLater) {
   EXPECT_EQ(SqliteDefaults(file).text("a"), "new");
 }
 
-TEST_F(SqliteDefaultsTest, WhatCouldNotBeReadIsNotOverwritten) {
-  { SqliteDefaults(file).setText("a", "old"); }
-  OtherProgram other(file);
-  other.run("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE");
+TEST_F(SqliteDefaultsTest, WhatCouldNotBeReadAtTheStartIsReadAndChangedLater) {
+  {
+    SqliteDefaults defaults(file);
+    defaults.setText("a", "old");
+    defaults.setText("kept", "old");
+    defaults.setText("removed", "old");
+  }
+  std::optional<OtherProgram> other(file);
+  other->run("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE");
   SqliteDefaults defaults(file);
   defaults.setText("a", "new");
+  defaults.remove("removed");
   EXPECT_EQ(defaults.text("a"), "new");
-  other.run("COMMIT; PRAGMA locking_mode = NORMAL; SELECT * FROM settings");
+  other.reset();
   defaults.setText("b", "b");
-  EXPECT_EQ(SqliteDefaults(file).text("a"), "old");
+  EXPECT_EQ(defaults.text("kept"), "old");
+  const SqliteDefaults next(file);
+  EXPECT_EQ(next.text("a"), "new");
+  EXPECT_EQ(next.text("kept"), "old");
+  EXPECT_EQ(next.text("removed"), std::nullopt);
 }
 
 TEST_F(SqliteDefaultsTest, ChangesLiveInMemoryWhereNothingCanBeWritten) {
@@ -207,10 +219,14 @@ TEST_F(SqliteDefaultsTest, ReadsWhatItMayNotWrite) {
 
 TEST_F(SqliteDefaultsTest, AFullDiskLosesNothingOldAndIsNoDamage) {
   fs::create_directories(file.parent_path());
-  limitFileSize(0);
-  { SqliteDefaults(file).setText("a", "value"); }
-  limitFileSize(RLIM_INFINITY);
-  { SqliteDefaults(file).setText("a", "old"); }
+  {
+    limitFileSize(0);
+    SqliteDefaults defaults(file);
+    defaults.setText("a", "old");
+    limitFileSize(RLIM_INFINITY);
+    defaults.setText("c", "there is room");
+    EXPECT_EQ(SqliteDefaults(file).text("a"), "old") << "the empty file is tried again";
+  }
   {
     SqliteDefaults defaults(file);
     limitFileSize(100'000);
@@ -230,8 +246,18 @@ TEST_F(SqliteDefaultsTest, FollowsALinkAndTakesAnyName) {
   const fs::path target = folder.path() / "elsewhere.sqlite";
   fs::create_symlink(target, file);
   { SqliteDefaults(file).setText("a", "value"); }
+  fs::permissions(target, fs::perms::group_read, fs::perm_options::add);
+  EXPECT_EQ(SqliteDefaults(file).text("a"), "value");
+  EXPECT_EQ(fs::status(target).permissions() & fs::perms::group_all, fs::perms::group_read);
   EXPECT_TRUE(fs::is_symlink(file));
   EXPECT_EQ(SqliteDefaults(target).text("a"), "value");
+}
+
+TEST(SettingsFileTest, LiesBelowAnAbsoluteConfigHomeOnly) {
+  EXPECT_EQ(settingsFile("/c", "/h"), "/c/orvane/settings.sqlite");
+  for (const char* configHome : {"", "c", "./c"}) {
+    EXPECT_EQ(settingsFile(configHome, "/h"), "/h/.config/orvane/settings.sqlite") << configHome;
+  }
 }
 
 /// Writes number after number, each to two keys, reporting each that is written, for ever.
