@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <ranges>
 #include "platform/decimal/decimal.h"
 #include "platform/json/json_reader.h"
 #include "platform/text/unicode.h"
@@ -23,8 +24,12 @@ constexpr std::array hashRateUnits{
     HashRateUnit{.name = "ph/s", .shortName = "phs", .factor = 1e15},
 };
 
-/// A name is compared in a normal form, whose cost grows with the square of a run of marks.
 constexpr std::size_t longestWorkerName = 1000;
+
+/// Whether a name is one that a person may have given, and not one that is dear to normalize.
+bool isWorkerName(std::string_view name) {
+  return characterCount(name) <= longestWorkerName && isStreamSafe(name);
+}
 
 constexpr double sharesPerFigure = 0.0009765625;
 
@@ -52,10 +57,8 @@ BraiinsWorkersResponse::BTC readWorkersOfCurrency(JsonValue value, JsonMatch& ma
   const JsonObjectReader currency(value, match);
   BraiinsWorkersResponse::BTC entry{.workers =
                                         readJsonMap(currency.value("workers"), match, readWorker)};
-  const auto isTooLong = [](const auto& worker) {
-    return characterCount(worker.first) > longestWorkerName;
-  };
-  if (std::ranges::any_of(entry.workers, isTooLong)) { match.fail(); }
+  const auto names = entry.workers | std::views::keys;
+  if (!std::ranges::all_of(names, isWorkerName)) { match.fail(); }
   return entry;
 }
 

@@ -84,7 +84,7 @@ template <class Value>
 
 [[nodiscard]] std::optional<BraiinsProfileResponse> decodeProfile(std::string_view body);
 /// Every currency of the document must match, not only the one that is used. The name of a worker
-/// has at most 1,000 characters.
+/// has at most 1,000 characters, and at most 30 combining marks in a row.
 [[nodiscard]] std::optional<BraiinsWorkersResponse> decodeWorkers(std::string_view body);
 [[nodiscard]] std::optional<BraiinsRewardsResponse> decodeRewards(std::string_view body);
 /// Every group of the document must match, not only the one that is used.

@@ -54,14 +54,23 @@ TEST(PoolDocumentsTest, AProfileAndWorkersMatchAsAWhole) {
                  {"ltc", R"({"workers":{}})", object}});
 }
 
-TEST(PoolDocumentsTest, AWorkersNameHasAtMostAThousandCharacters) {
-  std::string name;
-  for (int count = 0; count < 500; ++count) {
-    name += "e\u0301";
+TEST(PoolDocumentsTest, AWorkersNameIsNeitherLongNorDearToNormalize) {
+  const auto repeated = [](int count, const std::string& text) {
+    std::string result;
+    while (count-- > 0) {
+      result += text;
+    }
+    return result;
+  };
+  const std::pair<std::string, bool> names[]{
+      {repeated(500, "e\u0301"), true},
+      {repeated(500, "e\u0301") + "x", false},
+      {"e" + repeated(15, "\u0301\u0323"), true},
+      {"e" + repeated(15, "\u0301\u0323") + "\u0301", false}};
+  for (const auto& [name, fits] : names) {
+    const std::string body = R"({"btc":{"workers":{"a":{},")" + name + R"(":{}}}})";
+    EXPECT_EQ(decodeWorkers(body).has_value(), fits) << name;
   }
-  const std::string before = R"({"btc":{"workers":{"a":{},")";
-  EXPECT_TRUE(decodeWorkers(before + name + R"(":{}}}})"));
-  EXPECT_FALSE(decodeWorkers(before + name + R"(x":{}}}})"));
 }
 
 TEST(AccountTest, MatchesStatesExactly) {

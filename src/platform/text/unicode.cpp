@@ -85,6 +85,18 @@ std::string nfcNormalized(std::string_view text) {
   return U_SUCCESS(status) ? result : std::string(text);
 }
 
+bool isStreamSafe(std::string_view text) {
+  constexpr int longestRun = 30;
+  int run = 0;
+  while (!text.empty()) {
+    const Character first = firstCharacter(text);
+    run = u_getCombiningClass(first.codePoint) == 0 ? 0 : run + 1;
+    if (run > longestRun) { return false; }
+    text.remove_prefix(first.size);
+  }
+  return true;
+}
+
 std::size_t characterCount(std::string_view text) {
   constexpr auto isFirstByte = [](char byte) {
     return !U8_IS_TRAIL(static_cast<std::uint8_t>(byte));

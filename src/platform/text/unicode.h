@@ -17,6 +17,11 @@ namespace orvane {
 /// Canonical composition (NFC). A text that is not valid UTF-8 comes back unchanged.
 [[nodiscard]] std::string nfcNormalized(std::string_view text);
 
+/// Whether a valid text has nowhere more than 30 combining marks in a row, the limit of the
+/// Stream-Safe Text Format (Unicode Standard Annex #15). Others cost the square of such a run to
+/// normalize.
+[[nodiscard]] bool isStreamSafe(std::string_view text);
+
 /// How many code points a valid text has.
 [[nodiscard]] std::size_t characterCount(std::string_view text);
 
