@@ -8,8 +8,9 @@
 namespace orvane {
 // Settings lie in one table, a row a key: the key, the name of the value's type, and the value in
 // SQLite's own types where there is one (a list of texts is a JSON array), so that the sqlite3
-// program shows and edits them. The database carries our application id and the version of this
-// layout; one with another of either is not ours to use.
+// program shows and edits them. What a list has gained since it was written stands in a table of
+// its own, a row a text, so that a list that only grows costs what is new. The database carries our
+// application id and the version of this layout; one with another of either is not ours to use.
 
 namespace {
 constexpr std::int64_t applicationId = 0x4F52564E;  // "ORVN"
@@ -189,14 +190,66 @@ SettingsState claimDatabase(sqlite3* connection) {
   return checkStructure(connection);
 }
 
-int writeChange(sqlite3* connection, const std::string& key,
-                const std::optional<SettingValue>& value) {
+bool hasAdditions(sqlite3* connection) {
+  const PreparedSql table(connection, "SELECT 1 FROM sqlite_schema WHERE name = 'additions'");
+  return table.step() == SQLITE_ROW;
+}
+
+/// Appends to each list what it has gained.
+int readAdditions(sqlite3* connection, SettingValues& values) {
+  const PreparedSql all(connection, "SELECT key, text FROM additions ORDER BY key, position");
+  int code = all.step();
+  for (; code == SQLITE_ROW; code = all.step()) {
+    const auto list = values.find(bytesOf(all.statement.get(), 0));
+    SettingTexts* const texts =
+        list == values.end() ? nullptr : std::get_if<SettingTexts>(&list->second);
+    if (texts) { texts->emplace_back(bytesOf(all.statement.get(), 1)); }
+  }
+  return code;
+}
+
+int writeAdditions(sqlite3* connection, const std::string& key, std::size_t position,
+                   const SettingTexts& texts) {
+  int code = execute(connection,
+                     "CREATE TABLE IF NOT EXISTS additions (key TEXT, position INTEGER,"
+                     " text TEXT NOT NULL, PRIMARY KEY (key, position)) STRICT, WITHOUT ROWID");
+  if (code != SQLITE_OK) { return code; }
+  for (code = SQLITE_DONE; code == SQLITE_DONE && position < texts.size(); ++position) {
+    const PreparedSql addition(connection, "INSERT OR REPLACE INTO additions VALUES (?1, ?2, ?3)");
+    if (addition.statement) {
+      bindText(addition.statement.get(), 1, key);
+      sqlite3_bind_int64(addition.statement.get(), 2, static_cast<sqlite3_int64>(position));
+      bindText(addition.statement.get(), 3, texts[position]);
+    }
+    code = addition.step();
+  }
+  return code;
+}
+
+int removeAdditions(sqlite3* connection, const std::string& key) {
+  const PreparedSql removal(connection, "DELETE FROM additions WHERE key = ?1");
+  if (removal.statement) { bindText(removal.statement.get(), 1, key); }
+  return removal.step();
+}
+
+int writeWhole(sqlite3* connection, const std::string& key,
+               const std::optional<SettingValue>& value) {
+  if (hasAdditions(connection)) {
+    if (const int code = removeAdditions(connection, key); code != SQLITE_DONE) { return code; }
+  }
   const PreparedSql change(
       connection, value ? "INSERT OR REPLACE INTO settings (key, type, value) VALUES (?1, ?2, ?3)"
                         : "DELETE FROM settings WHERE key = ?1");
   if (change.statement) { bindText(change.statement.get(), 1, key); }
   if (change.statement && value) { std::visit(BindSetting{change.statement.get(), 2}, *value); }
   return change.step();
+}
+
+int writeChange(sqlite3* connection, const std::string& key, const SettingChange& change) {
+  const auto* const texts = change.value ? std::get_if<SettingTexts>(&*change.value) : nullptr;
+  return texts && change.textsInFile > 0
+             ? writeAdditions(connection, key, change.textsInFile, *texts)
+             : writeWhole(connection, key, change.value);
 }
 }  // namespace
 
@@ -239,14 +292,15 @@ SettingsState readSettings(sqlite3* connection, SettingValues& values) {
       values.insert_or_assign(std::string(bytesOf(row, 0)), *std::move(value));
     }
   }
+  if (code == SQLITE_DONE && hasAdditions(connection)) { code = readAdditions(connection, values); }
   return stateOf(code);
 }
 
 bool writeSettings(sqlite3* connection, const SettingChanges& changes) {
   SqliteTransaction transaction(connection);
   if (transaction.beginCode() != SQLITE_OK) { return false; }
-  for (const auto& [key, value] : changes) {
-    if (writeChange(connection, key, value) != SQLITE_DONE) { return false; }
+  for (const auto& [key, change] : changes) {
+    if (writeChange(connection, key, change) != SQLITE_DONE) { return false; }
   }
   return transaction.commit() == SQLITE_OK;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <map>
 #include <memory>
@@ -31,8 +32,15 @@ using SettingValue = std::variant<SettingText, SettingData, bool, SettingTexts>;
 /// All settings by key.
 using SettingValues = std::map<std::string, SettingValue, std::less<>>;
 
-/// New values by key; nothing stands for a key that was removed.
-using SettingChanges = std::map<std::string, std::optional<SettingValue>, std::less<>>;
+/// The new value of a key.
+struct SettingChange {
+  std::optional<SettingValue> value;  ///< nothing: the key was removed
+  /// Of a list that has grown: how many of its first texts the file holds already, as this list's.
+  std::size_t textsInFile = 0;
+};
+
+/// What is new, by key.
+using SettingChanges = std::map<std::string, SettingChange, std::less<>>;
 
 struct SqliteClose {
   void operator()(sqlite3* connection) const;

@@ -1,4 +1,5 @@
 #include "platform/defaults/sqlite_defaults.h"
+#include <algorithm>
 #include <array>
 #include <system_error>
 #include <utility>
@@ -150,9 +151,10 @@ void SqliteDefaults::openUnchangeable() {
 /// What the file says, but for what has changed since.
 void SqliteDefaults::take(SettingValues values) {
   values_ = std::move(values);
-  for (const auto& [key, value] : unsaved_) {
-    if (value) {
-      values_.insert_or_assign(key, *value);
+  for (auto& [key, change] : unsaved_) {
+    change.textsInFile = 0;  // another file's
+    if (change.value) {
+      values_.insert_or_assign(key, *change.value);
     } else {
       values_.erase(key);
     }
@@ -202,16 +204,28 @@ void SqliteDefaults::setTexts(std::string_view key, const std::vector<std::strin
 void SqliteDefaults::set(std::string_view key, SettingValue value) {
   const auto found = values_.find(key);
   if (found == values_.end() || found->second != value) {
-    unsaved_.insert_or_assign(std::string(key), value);
+    const std::size_t textsInFile =
+        found == values_.end() ? 0 : textsKept(key, found->second, value);
+    unsaved_.insert_or_assign(std::string(key), SettingChange{value, textsInFile});
     values_.insert_or_assign(std::string(key), std::move(value));
   }
   save();
 }
 
+std::size_t SqliteDefaults::textsKept(std::string_view key, const SettingValue& old,
+                                      const SettingValue& value) const {
+  const auto* const before = std::get_if<SettingTexts>(&old);
+  const auto* const after = std::get_if<SettingTexts>(&value);
+  if (!before || !after || before->size() > after->size()) { return 0; }
+  if (!std::equal(before->begin(), before->end(), after->begin())) { return 0; }
+  const auto unsaved = unsaved_.find(key);
+  return unsaved == unsaved_.end() ? before->size() : unsaved->second.textsInFile;
+}
+
 void SqliteDefaults::remove(std::string_view key) {
   // A file that could not be read may hold what is not among the values.
   if (values_.contains(key) || !connection_) {
-    unsaved_.insert_or_assign(std::string(key), std::nullopt);
+    unsaved_.insert_or_assign(std::string(key), SettingChange{});
   }
   if (const auto found = values_.find(key); found != values_.end()) { values_.erase(found); }
   save();

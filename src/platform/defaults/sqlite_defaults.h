@@ -41,6 +41,9 @@ class SqliteDefaults final : public UserDefaults {
   template <class T>
   [[nodiscard]] const T* find(std::string_view key) const;
   void set(std::string_view key, SettingValue value);
+  /// How many of the texts of `value`, a list that begins with `old`, are in the file.
+  [[nodiscard]] std::size_t textsKept(std::string_view key, const SettingValue& old,
+                                      const SettingValue& value) const;
   void open(int longestWait);
   SettingsState openForWriting(int longestWait);
   void openUnchangeable();

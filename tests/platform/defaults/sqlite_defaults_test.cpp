@@ -260,6 +260,32 @@ TEST(SettingsFileTest, LiesBelowAnAbsoluteConfigHomeOnly) {
   }
 }
 
+TEST_F(SqliteDefaultsTest, AListThatGrowsCostsWhatIsNew) {
+  const auto written = [this] { return fs::file_size(file.string() + "-wal"); };
+  std::vector<std::string> texts(20'000, std::string(64, 'x'));
+  {
+    SqliteDefaults defaults(file);
+    defaults.setTexts("list", texts);
+    const std::uintmax_t before = written();
+    for (const char* text : {"a", "b", ""}) {
+      texts.emplace_back(text);
+      defaults.setTexts("list", texts);
+    }
+    EXPECT_LT(written() - before, 100'000U);
+    defaults.setTexts("other", {"a"});
+    defaults.setTexts("other", {"a", "b"});
+    defaults.setTexts("other", {"c"});
+    defaults.setTexts("gone", {"a"});
+    defaults.setTexts("gone", {"a", "b"});
+    defaults.remove("gone");
+  }
+  SqliteDefaults defaults(file);
+  EXPECT_EQ(defaults.texts("list"), texts);
+  EXPECT_THAT(defaults.texts("other"), Optional(ElementsAre("c")));
+  defaults.setTexts("gone", {"c"});
+  EXPECT_THAT(SqliteDefaults(file).texts("gone"), Optional(ElementsAre("c")));
+}
+
 /// Writes number after number, each to two keys, reporting each that is written, for ever.
 [[noreturn]] void writeForEver(const fs::path& file, int number, int report) {
   for (SqliteDefaults defaults(file);; ++number) {
