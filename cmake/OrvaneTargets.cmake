@@ -32,7 +32,9 @@ function(orvane_library name)
     target_link_libraries(${name} INTERFACE orvane_flags ${arg_LINK})
   endif()
   if(arg_QT)
-    set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
+    # The first format has no time stamps of the files, so that two builds give the same bytes.
+    set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON
+                          AUTORCC_OPTIONS "--format-version;1")
     target_compile_definitions(${name} PRIVATE QT_NO_CAST_FROM_ASCII)
   endif()
 endfunction()

@@ -16,6 +16,8 @@ orvane_install_compressed(${rendered}/orvane.1 orvane.1.gz ${CMAKE_INSTALL_MANDI
 orvane_install_compressed(${packaging}/debian/changelog changelog.Debian.gz ${CMAKE_INSTALL_DOCDIR})
 orvane_install_compressed(${PROJECT_SOURCE_DIR}/CHANGELOG.md changelog.gz ${CMAKE_INSTALL_DOCDIR})
 orvane_install_compressed(${PROJECT_SOURCE_DIR}/README.md README.md.gz ${CMAKE_INSTALL_DOCDIR})
+# Written by ./package, from what the program really links.
+install(FILES ${documents}/orvane.spdx.json.gz DESTINATION ${CMAKE_INSTALL_DOCDIR} OPTIONAL)
 install(FILES ${packaging}/debian/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES ${packaging}/debian/lintian-overrides
         DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides RENAME orvane)
