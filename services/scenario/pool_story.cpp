@@ -51,16 +51,31 @@ constexpr std::array cast{
 
 struct Act {
   std::string_view state;
+  seconds length;
   double share5m;  ///< part of the full rate
   double share60m;
 };
 
-constexpr std::array acts{Act{"ok", 1.0, 1.0}, Act{"low", 0.4, 0.85}, Act{"off", 0.0, 0.5},
-                          Act{"ok", 0.95, 0.6}};
+/// A client that asks every six minutes sees the worker gone twice in a row, and well twice.
+constexpr std::array acts{Act{"ok", minutes(5), 1.0, 1.0}, Act{"low", minutes(5), 0.4, 0.85},
+                          Act{"off", minutes(13), 0.0, 0.5}, Act{"ok", minutes(7), 0.95, 0.6}};
 
-std::size_t actIndexAt(const Moment& moment) {
-  const auto number = static_cast<std::int64_t>(moment.elapsed / actLength);
-  return static_cast<std::size_t>(number) % acts.size();
+struct Scene {
+  Act act;
+  seconds since;  ///< how long it has lasted
+};
+
+Scene sceneAt(const Moment& moment) {
+  seconds total(0);
+  for (const Act& act : acts) {
+    total += act.length;
+  }
+  seconds since(std::chrono::floor<seconds>(moment.elapsed).count() % total.count());
+  const Act* act = acts.data();
+  for (; since >= act->length; ++act) {
+    since -= act->length;
+  }
+  return {.act = *act, .since = since};
 }
 
 /// A rate that wanders a little from minute to minute.
@@ -70,18 +85,15 @@ double wandering(double rate, std::size_t worker, std::uint64_t figure, const Mo
 }
 
 sys_seconds lastShareOfStory(const Moment& moment, const Character& character) {
-  if (acts[actIndexAt(moment)].state != "off") {
-    return moment.calendar - character.sinceLastShare;
-  }
-  const ScenarioSeconds inAct(
-      std::fmod(moment.elapsed.count(), ScenarioSeconds(actLength).count()));
-  return moment.calendar - std::chrono::floor<seconds>(inAct) - character.sinceLastShare;
+  const Scene scene = sceneAt(moment);
+  const seconds gone = scene.act.state == "off" ? scene.since : seconds(0);
+  return moment.calendar - gone - character.sinceLastShare;
 }
 
 PoolWorker workerAt(const Moment& moment, std::size_t index) {
   const Character& character = cast[index];
   const bool story = character.state == storyteller;
-  const Act act = story ? acts[actIndexAt(moment)] : Act{character.state, 1.0, 1.0};
+  const Act act = story ? sceneAt(moment).act : Act{character.state, {}, 1.0, 1.0};
   PoolWorker worker{.name = std::string(character.name),
                     .state = std::string(act.state),
                     .unit = std::string(character.unit),

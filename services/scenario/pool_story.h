@@ -33,13 +33,10 @@ struct PoolDay {
   double shares = 0;           ///< only where there is a rate
 };
 
-/// How long the one worker with a story is well, then slow, then gone, then well again. A client
-/// that asks every five minutes sees each act.
-inline constexpr std::chrono::seconds actLength{300};
-
 /// The account of a small miner: workers in every state, of which one slows down, drops out and
-/// comes back, a reward that grows through the day, a balance that grows with it, and a year of
-/// days, some of them with gaps. All of it is a function of the moment.
+/// comes back within half an hour, each for long enough to be noticed, a reward that grows through
+/// the day, a balance that grows with it, and a year of days, some of them with gaps. All of it is
+/// a function of the moment.
 [[nodiscard]] std::vector<PoolWorker> workersAt(const Moment& moment);
 [[nodiscard]] PoolAccount accountAt(const Moment& moment);
 /// The full days before the moment, oldest first.

@@ -14,15 +14,6 @@ constexpr std::string_view seenAddressKey = "balance.watchedAddressSeenTransacti
 
 /// More than an honest answer lists; beyond it one notification tells of all.
 constexpr std::size_t mostNotifications = 100;
-
-Task<void> post(NotificationCenter& center, std::vector<NotificationRequest> requests) {
-  const bool granted = co_await center.requestAuthorization();
-  if (!granted) { co_return; }
-  for (NotificationRequest& request : requests) {
-    // One that the service does not take must not cost the user those behind it.
-    (void)co_await center.add(std::move(request));
-  }
-}
 }  // namespace
 
 NewPaymentNotifications::NewPaymentNotifications(Executor& executor, UserDefaults& defaults,
@@ -56,7 +47,7 @@ void NewPaymentNotifications::notifyNewTransactions(const WatchedAddressSummary&
       requests.push_back(makeNotificationRequest(*transaction));
     }
   }
-  posting_.spawn(post(center_, std::move(requests)));
+  posting_.spawn(postInOrder(center_, std::move(requests)));
 }
 
 void NewPaymentNotifications::watch(const std::string& address) {

@@ -39,6 +39,7 @@ struct BalanceState {
 
   BalanceUnit unit = BalanceUnit::sats;
   PreferredFiatCurrency preferredFiatCurrency = PreferredFiatCurrency::eur;
+  bool notifiesWorkerStates = false;  ///< a notification tells when a worker stops or recovers
   std::optional<CurrentBitcoinPrices> prices;
 
   std::string watchedAddress;  ///< empty: none

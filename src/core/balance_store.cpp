@@ -16,6 +16,7 @@ BalanceStore::BalanceStore(BalancePlatform platform)
       address_(platform, fields_, settings_, keychain_, prices_) {
   fields_.set(&BalanceState::unit, settings_.unit());
   fields_.set(&BalanceState::preferredFiatCurrency, settings_.preferredFiatCurrency());
+  fields_.set(&BalanceState::notifiesWorkerStates, settings_.notifiesWorkerStates());
   pool_.readStoredToken();
   fields_.set(&BalanceState::history, settings_.history());
   fields_.set(&BalanceState::ownAddress, settings_.ownAddress());
@@ -34,6 +35,12 @@ void BalanceStore::setUnit(Unit unit) {
 void BalanceStore::setPreferredFiatCurrency(PreferredFiatCurrency currency) {
   fields_.set(&BalanceState::preferredFiatCurrency, currency);
   settings_.setPreferredFiatCurrency(currency);
+}
+
+void BalanceStore::setNotifiesWorkerStates(bool on) {
+  fields_.set(&BalanceState::notifiesWorkerStates, on);
+  settings_.setNotifiesWorkerStates(on);
+  pool_.setNotifiesWorkerStates(on);
 }
 
 void BalanceStore::setToken(std::string_view text) { pool_.setToken(text); }

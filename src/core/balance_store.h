@@ -36,6 +36,8 @@ class BalanceStore {
   [[nodiscard]] std::optional<std::string> setOwnAddress(std::string_view text);
   void setUnit(Unit unit);
   void setPreferredFiatCurrency(PreferredFiatCurrency currency);
+  /// Whether a notification tells when a worker stops or recovers.
+  void setNotifiesWorkerStates(bool on);
 
   /// Loads the daily history, unless a load runs or there is no token.
   void loadHistory();

@@ -15,6 +15,7 @@ PoolAccount::PoolAccount(const BalancePlatform& platform, BalanceFields& fields,
       keychain_(keychain),
       prices_(prices),
       client_(platform.executor, platform.transport, platform.hosts.pool),
+      workerNotifications_(platform, settings.notifiesWorkerStates()),
       tasks_(platform.executor) {}
 
 void PoolAccount::readStoredToken() {
@@ -47,6 +48,7 @@ void PoolAccount::setToken(std::string_view text) {
   fields_.set(&BalanceState::stats, std::nullopt);
   fields_.set(&BalanceState::workers, {});
   fields_.set(&BalanceState::accountStatus, std::nullopt);
+  workerNotifications_.forgetWorkers();
   dropHistoryLoad();
   if (token.empty()) {
     fields_.set(&BalanceState::history, {});
@@ -100,7 +102,12 @@ Task<void> PoolAccount::refreshWorkers() {
   std::expected<std::vector<BraiinsWorkerStatus>, PoolError> workers =
       co_await client_.fetchWorkers();
   if (isCancelled(context, workers) || !workers) { co_return; }
+  workerNotifications_.noticeWorkers(*workers);
   fields_.set(&BalanceState::workers, *std::move(workers));
+}
+
+void PoolAccount::setNotifiesWorkerStates(bool on) {
+  workerNotifications_.setOn(on, fields_->workers);
 }
 
 void PoolAccount::loadHistory() {

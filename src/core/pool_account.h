@@ -6,6 +6,7 @@
 #include "core/keychain_items.h"
 #include "core/refresh_cycle.h"
 #include "core/stored_settings.h"
+#include "core/worker_notifications.h"
 #include "platform/async/task.h"
 #include "platform/async/task_scope.h"
 #include "pool/braiins_account_client.h"
@@ -29,6 +30,7 @@ class PoolAccount {
   void setToken(std::string_view text);
   void restartPolling();
   void loadHistory();
+  void setNotifiesWorkerStates(bool on);
 
  private:
   [[nodiscard]] Task<void> useStoredToken();
@@ -50,6 +52,7 @@ class PoolAccount {
   KeychainItems& keychain_;
   PriceFeed& prices_;
   BraiinsAccountClient client_;
+  WorkerNotifications workerNotifications_;
   TaskHandle pollTask_;
   TaskHandle historyTask_;  ///< set while a load runs; the state's isLoadingHistory mirrors it
   TaskScope tasks_;

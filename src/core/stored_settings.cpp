@@ -9,6 +9,7 @@ namespace {
 constexpr std::string_view unitKey = "balance.unit";
 constexpr std::string_view preferredFiatCurrencyKey = "balance.preferredFiatCurrency";
 constexpr std::string_view ownAddressKey = "balance.watchedAddress";
+constexpr std::string_view notifiesWorkerStatesKey = "balance.notifiesWorkerStates";
 constexpr std::string_view historyKey = "balance.braiinsHistory";
 
 constexpr std::string_view rawSats = "sats";
@@ -35,6 +36,13 @@ std::string StoredSettings::ownAddress() const {
 }
 void StoredSettings::setOwnAddress(std::string_view address) {
   defaults_.setText(ownAddressKey, address);
+}
+
+bool StoredSettings::notifiesWorkerStates() const {
+  return defaults_.boolean(notifiesWorkerStatesKey).value_or(false);
+}
+void StoredSettings::setNotifiesWorkerStates(bool on) {
+  defaults_.setBoolean(notifiesWorkerStatesKey, on);
 }
 
 std::vector<BraiinsHistoryDay> StoredSettings::history() const {

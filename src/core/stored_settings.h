@@ -22,6 +22,9 @@ class StoredSettings {
   /// An empty text is kept as an empty text.
   void setOwnAddress(std::string_view address);
 
+  [[nodiscard]] bool notifiesWorkerStates() const;  ///< by default off
+  void setNotifiesWorkerStates(bool on);
+
   /// Newest day first, by default empty. What does not decode stays where it is.
   [[nodiscard]] std::vector<BraiinsHistoryDay> history() const;
   void setHistory(std::span<const BraiinsHistoryDay> days);

@@ -1,7 +1,6 @@
 #include "pool/account.h"
 #include <algorithm>
 #include <array>
-#include <string_view>
 #include <tuple>
 #include <utility>
 #include "platform/text/unicode.h"
@@ -58,6 +57,12 @@ bool ranksBefore(const RankedWorker& a, const RankedWorker& b) {
          std::tie(a.worker.hashRate5m, b.comparedName, b.worker.fullName);
 }
 }  // namespace
+
+std::string_view shortWorkerName(std::string_view fullName) {
+  const auto dot = fullName.find('.');
+  if (dot == std::string_view::npos || dot + 1 == fullName.size()) { return fullName; }
+  return fullName.substr(dot + 1);
+}
 
 BraiinsAccountStats accountStats(const BraiinsProfileResponse& response) {
   const BraiinsProfileResponse::Profile& profile = response.btc;

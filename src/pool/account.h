@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 #include "pool/pool_documents.h"
 
@@ -31,6 +32,9 @@ struct BraiinsWorkerStatus {
 
   bool operator==(const BraiinsWorkerStatus&) const = default;
 };
+
+/// The part of a Stratum login after its first "."; the whole when there is no such part.
+[[nodiscard]] std::string_view shortWorkerName(std::string_view fullName);
 
 /// From the pool's documents to the records that the program shows. Nothing here can fail: unknown
 /// units and states, amounts that are no numbers and missing figures have their defaults.

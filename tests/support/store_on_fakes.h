@@ -36,6 +36,9 @@ class StoreOnFakes {
   /// The services have new figures, and both cycles bring them.
   void bring(const BalanceState& shown);
 
+  /// The services have new figures; the next cycle brings them.
+  void knowFigures(const BalanceState& shown);
+
   void storeToken(std::string token);
   void storePayoutAddress(std::string address);
   /// The summary of `address` lists these payments from now on.
@@ -55,6 +58,5 @@ class StoreOnFakes {
 
  private:
   void storeItem(std::string service, std::string account, std::string data);
-  void knowFigures(const BalanceState& shown);
 };
 }  // namespace orvane::test

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <string>
+#include <utility>
+#include <vector>
 #include "platform/async/task.h"
 
 namespace orvane {
@@ -29,4 +31,15 @@ class NotificationCenter {
   /// Shows one notification; false when the service did not take it.
   [[nodiscard]] virtual Task<bool> add(NotificationRequest request) = 0;
 };
+
+/// Shows one after the other, when notifications may be shown. `center` outlives the task.
+[[nodiscard]] inline Task<void> postInOrder(NotificationCenter& center,
+                                            std::vector<NotificationRequest> requests) {
+  const bool granted = co_await center.requestAuthorization();
+  if (!granted) { co_return; }
+  for (NotificationRequest& request : requests) {
+    // One that the service does not take must not cost the user those behind it.
+    (void)co_await center.add(std::move(request));
+  }
+}
 }  // namespace orvane

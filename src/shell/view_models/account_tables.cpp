@@ -7,13 +7,6 @@
 
 namespace orvane {
 namespace {
-/// The part of a Stratum login after its first "."; the whole when there is no such part.
-std::string_view shortWorkerName(std::string_view fullName) {
-  const auto dot = fullName.find('.');
-  if (dot == std::string_view::npos || dot + 1 == fullName.size()) { return fullName; }
-  return fullName.substr(dot + 1);
-}
-
 const char* stateWord(BraiinsWorkerStatus::State state) {
   using enum BraiinsWorkerStatus::State;
   switch (state) {

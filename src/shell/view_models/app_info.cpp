@@ -37,7 +37,10 @@ std::vector<std::string> helpParagraphs() {
       "pellam.mac.",
       "Close the window with the Close button, Command-W or Escape and the app leaves the "
       "Dock and stays in the menu bar; a click on its icon brings it back. The red window "
-      "control quits, as does Command-Q or the menu bar icon's Quit."};
+      "control quits, as does Command-Q or the menu bar icon's Quit.",
+      "With “Notify me when a worker stops or recovers” switched on under Settings, the app tells "
+      "you when Braiins lists a worker as Off, or not at all, for two refreshes or as Low for "
+      "three, and when it is OK again."};
 }
 }  // namespace
 

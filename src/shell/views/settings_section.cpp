@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <utility>
 #include "shell/view_models/window_contents.h"
+#include "shell/views/labelled_switch.h"
 #include "shell/views/qt_text.h"
 
 namespace orvane {
@@ -132,6 +133,9 @@ SettingsSection::SettingsSection(BalanceStore& store, const std::string& poolWeb
   currency_ = currencyPicker(store, this);
   const auto link = accountLink(poolWebHost);
   accountLink_ = new LinkLabel(TextStyle::callout, link.text, link.url, this);
+  workerAlerts_ = new LabelledSwitch(
+      tr("Notify me when a worker stops or recovers"),
+      [&store](bool on) { store.setNotifiesWorkerStates(on); }, this);
   layOut();
 }
 
@@ -157,6 +161,8 @@ void SettingsSection::layOut() {
   column->addLayout(currencyRow);
   column->addWidget(helpText(currencyHelp, this));
   column->addWidget(accountLink_, 0, Qt::AlignLeading);
+  column->addSpacing(theme::groupGap);
+  column->addWidget(workerAlerts_);
 }
 
 void SettingsSection::loadDrafts() {
@@ -175,6 +181,7 @@ void SettingsSection::showState() {
   const auto* const chosen = std::ranges::find(allFiatCurrencies, state.preferredFiatCurrency);
   currency_->showChoice(static_cast<std::size_t>(chosen - allFiatCurrencies.begin()));
   accountLink_->setVisible(!state.token.empty());
+  workerAlerts_->showOn(state.notifiesWorkerStates);
 }
 
 void SettingsSection::showFieldStates() {

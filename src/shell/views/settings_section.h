@@ -8,6 +8,7 @@
 #include "shell/views/labels.h"
 
 namespace orvane {
+class LabelledSwitch;
 class SettingsField;
 
 /// The settings: token, watched address, currency. What the user types into a field is a draft:
@@ -41,5 +42,6 @@ class SettingsSection final : public QWidget {
   TextLabel* addressMessageLabel_;
   SegmentedPicker* currency_;
   LinkLabel* accountLink_;
+  LabelledSwitch* workerAlerts_;
 };
 }  // namespace orvane

@@ -1,3 +1,4 @@
+#include <QCheckBox>
 #include <QDesktopServices>
 #include <QLineEdit>
 #include <QShortcut>
@@ -74,6 +75,16 @@ TEST_F(CommandsTest, AnAcceptedAddressStandsInItsFieldAsItIsKept) {
   edit.setText(u' ' + QString::fromLatin1(secondAddress) + u' ');
   Q_EMIT edit.returnPressed();
   EXPECT_EQ(edit.text(), QString::fromLatin1(secondAddress));
+}
+
+TEST_F(CommandsTest, WorkerAlertsAreOffUntilTheirTextOrBoxIsClicked) {
+  show(BalanceState{});
+  const auto text = "Notify me when a worker stops or recovers";
+  EXPECT_FALSE(find<QCheckBox>(text)->isChecked());
+  QTest::mouseClick(label(text), Qt::LeftButton);
+  EXPECT_TRUE(fakes->state().notifiesWorkerStates && find<QCheckBox>(text)->isChecked());
+  find<QCheckBox>(text)->click();
+  EXPECT_FALSE(fakes->state().notifiesWorkerStates);
 }
 
 // Not by the key itself, which depends on the window that is active.
