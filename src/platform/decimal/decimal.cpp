@@ -1,6 +1,5 @@
 #include "platform/decimal/decimal.h"
 #include <charconv>
-#include <string>
 #include <boost/multiprecision/cpp_dec_float.hpp>
 
 namespace orvane {
@@ -14,6 +13,7 @@ struct Decimal::Value {
 namespace {
 constexpr std::size_t maximumTextSize = 1'000;
 constexpr int maximumExponent = 1'000;
+constexpr int longestFraction = 50;
 
 std::string_view takeDigits(std::string_view& text) {
   const std::string_view digits = text.substr(0, text.find_first_not_of("0123456789"));
@@ -93,5 +93,14 @@ std::int64_t Decimal::toInt64() const {
   if (rounded >= Range::max()) { return Range::max(); }
   if (rounded <= Range::min()) { return Range::min(); }
   return rounded.convert_to<std::int64_t>();
+}
+
+std::string Decimal::toText() const {
+  std::string text = value_->number.str(longestFraction, std::ios_base::fixed);
+  if (text.contains('.')) {
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.back() == '.') { text.pop_back(); }
+  }
+  return text == "-0" ? "0" : text;
 }
 }  // namespace orvane

@@ -5,6 +5,7 @@
 #include <limits>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace orvane {
@@ -33,6 +34,8 @@ class Decimal {
   [[nodiscard]] double toDouble() const;
   /// The nearest whole number, halves away from zero; saturates at the ends of the range.
   [[nodiscard]] std::int64_t toInt64() const;
+  /// Its digits, "." and no exponent, as few as there are and not more than 50 behind the point.
+  [[nodiscard]] std::string toText() const;
 
  private:
   struct Value;

@@ -44,15 +44,19 @@ BalanceMainSceneContent::BalanceMainSceneContent(BalanceMainScene scene,
                                                  QWidget* parent)
     : QWidget(parent),
       scene_(std::move(scene)),
-      openWindowObserver_(
-          scene_.broadcasts.observe(openWindowBroadcast, [this](const BroadcastCenter::Object& id) {
-            if (id) { openOverMainWindow(*id); }
-          })) {
+      view_(new BalanceView(*scene_.store, scene_.format, settings,
+                            weakly(scene_.backgroundRuntime, &BackgroundRuntime::hideMainWindow),
+                            this)),
+      openWindowObserver_(scene_.broadcasts.observe(openWindowBroadcast,
+                                                    [this](const BroadcastCenter::Object& id) {
+                                                      if (id) { openOverMainWindow(*id); }
+                                                    })),
+      saveHistoryObserver_(scene_.broadcasts.observe(
+          saveHistoryBroadcast,
+          [this](const BroadcastCenter::Object& /*none*/) { view_->saveHistory(); })) {
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(
-      new BalanceView(*scene_.store, scene_.format, settings,
-                      weakly(scene_.backgroundRuntime, &BackgroundRuntime::hideMainWindow), this));
+  layout->addWidget(view_);
 }
 
 void BalanceMainSceneContent::showEvent(QShowEvent* event) {

@@ -44,6 +44,8 @@ class BalanceMainSceneContent final : public QWidget {
 
   BalanceMainScene scene_;
   bool isConnected_ = false;
+  BalanceView* view_;
   Registration openWindowObserver_;
+  Registration saveHistoryObserver_;
 };
 }  // namespace orvane

@@ -13,6 +13,9 @@ namespace orvane {
 /// Posted to open a window; its object is the id of the scene.
 inline constexpr const char* openWindowBroadcast = "Orvane.openWindow";
 
+/// Posted to save the daily history.
+inline constexpr const char* saveHistoryBroadcast = "Orvane.saveHistory";
+
 /// What the commands of the status menu do.
 class BalanceMenuActions {
  public:

@@ -97,7 +97,8 @@ std::unique_ptr<QWidget> OrvaneApp::makeMainContent() {
                        .broadcasts = broadcasts_,
                        .application = platform_.desktop},
       BalanceViewSettings{.poolWebHost = settings_.poolWebHost,
-                          .commands = [this] { return commands(); }});
+                          .commands = [this] { return commands(); },
+                          .askWhereToSave = settings_.askWhereToSave});
 }
 
 OpenWindow OrvaneApp::openWindow() {
@@ -113,6 +114,10 @@ Menu OrvaneApp::commands() {
             .enabled = store_->state().hasSource(),
             .keyEquivalent = "r",
             .action = [actions = menuActions_] { actions->refreshNow(); }},
+           {.title = "Save History as CSV…",
+            .enabled = !store_->state().history.empty(),
+            .keyEquivalent = "s",
+            .action = [this] { broadcasts_.post(saveHistoryBroadcast); }},
            MenuItem::separator(),
            {.title = "Quit Orvane", .keyEquivalent = "q", .action = [&application] {
               application.terminate();

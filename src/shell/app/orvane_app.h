@@ -15,6 +15,7 @@
 #include "shell/app/balance_menu_actions.h"
 #include "shell/app/scenes.h"
 #include "shell/menu_bar/background_runtime.h"
+#include "shell/views/history_commands.h"
 
 namespace orvane {
 /// What the application works with; all of it outlives the application.
@@ -29,6 +30,7 @@ struct OrvaneSettings {
   std::string poolWebHost;  ///< host of the pool's web site
   std::string brandUrl;     ///< destination of the brand line; empty: plain text
   std::string version;
+  AskWhereToSave askWhereToSave = {};  ///< none: the history cannot be saved
 };
 
 /// The application: its store, its runtime and its windows, from launch to end. One exists per

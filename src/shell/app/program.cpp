@@ -7,6 +7,7 @@
 #include "platform/defaults/sqlite_defaults.h"
 #include "platform/desktop/qt/color_scheme.h"
 #include "platform/desktop/qt/qt_desktop_application.h"
+#include "platform/desktop/qt/save_dialog.h"
 #include "platform/desktop/qt/session_instance.h"
 #include "platform/desktop/qt/termination_signals.h"
 #include "platform/desktop/symbols.h"
@@ -44,6 +45,7 @@ int runInstance(SessionInstance& instance, const ProgramSettings& settings) {
   SecretServiceKeychain keychain(bus);
   DesktopNotificationCenter notifications(bus);
   QtDesktopApplication desktop;
+  SaveDialog saveDialog(bus);
   DesktopStatusBar statusBar(
       *executor, [&desktop](const std::string& token) { desktop.setActivationToken(token); });
 
@@ -60,7 +62,11 @@ int runInstance(SessionInstance& instance, const ProgramSettings& settings) {
        .statusBar = statusBar},
       {.poolWebHost = settings.poolWebHost,
        .brandUrl = settings.brandUrl,
-       .version = settings.version});
+       .version = settings.version,
+       .askWhereToSave = [&saveDialog](QWidget& over, const QString& fileName,
+                                       SaveDialog::Use use) {
+         saveDialog.ask(over, fileName, std::move(use));
+       }});
   app.onEnd = [&instance] { instance.release(); };
   notifications.onActivated([&app] { app.reopen(); });
   const TerminationSignals signalsOfTheSession([&desktop] { desktop.terminate(); });

@@ -40,7 +40,9 @@ std::vector<std::string> helpParagraphs() {
       "control quits, as does Command-Q or the menu bar icon's Quit.",
       "With “Notify me when a worker stops or recovers” switched on under Settings, the app tells "
       "you when Braiins lists a worker as Off, or not at all, for two refreshes or as Low for "
-      "three, and when it is OK again."};
+      "three, and when it is OK again. “Save History as CSV…” in the menu at the bottom of the "
+      "window, or Command-S, saves the daily history for a spreadsheet or a tax return; Command-C "
+      "in the table copies a row."};
 }
 }  // namespace
 

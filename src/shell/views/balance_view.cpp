@@ -184,7 +184,7 @@ BalanceView::BalanceView(BalanceStore& store, const LocaleFormat& format,
   columnDivider_ = new Divider(Qt::Vertical, this);
   rightColumn_ = new ColumnArea(tr("Workers and history"), theme::rightColumnSpacing, this);
   workers_ = new WorkersSection(format, rightColumn_->widget());
-  history_ = new HistorySection(store, format, rightColumn_->widget());
+  history_ = new HistorySection(store, format, settings.askWhereToSave, rightColumn_->widget());
   closeBar_ = new CloseBar(onClose, commands_(), this);
   layOut();
   showState();
@@ -212,6 +212,8 @@ void BalanceView::layOut() {
   window->addWidget(new Divider(Qt::Horizontal, this));
   window->addWidget(closeBar_);
 }
+
+void BalanceView::saveHistory() { history_->saveHistory(); }
 
 void BalanceView::showState() {
   const auto& state = store_.state();

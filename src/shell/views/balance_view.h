@@ -9,6 +9,7 @@
 #include "platform/desktop/desktop_application.h"
 #include "platform/text/locale_format.h"
 #include "shell/views/frames.h"
+#include "shell/views/history_commands.h"
 
 namespace orvane {
 class AddressCardView;
@@ -43,6 +44,7 @@ struct BalanceViewSettings {
   /// The commands of the application, as they can be given now: the same ones each time, some of
   /// them perhaps disabled. They stand in a menu beside the Close button; none: no such button.
   std::function<Menu()> commands = [] { return Menu(); };
+  AskWhereToSave askWhereToSave = {};  ///< none: the history cannot be saved
 };
 
 class CloseBar;
@@ -55,6 +57,9 @@ class BalanceView final : public QWidget {
   /// `store` and `format` outlive the view. `onClose` runs for the Close button and for Escape.
   BalanceView(BalanceStore& store, const LocaleFormat& format, const BalanceViewSettings& settings,
               const std::function<void()>& onClose, QWidget* parent = nullptr);
+
+  /// Asks where, and saves the daily history as CSV.
+  void saveHistory();
 
   /// The least size, so that a window opens with the design's own proportions.
   [[nodiscard]] QSize sizeHint() const override { return minimumSize(); }

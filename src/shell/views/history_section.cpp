@@ -1,4 +1,5 @@
 #include "shell/views/history_section.h"
+#include <QAccessible>
 #include <QHeaderView>
 #include <array>
 #include <utility>
@@ -100,7 +101,8 @@ class BraiinsHistoryTable final : public FigureTable {
   bool isSharing_ = false;
 };
 
-HistorySection::HistorySection(BalanceStore& store, const LocaleFormat& format, QWidget* parent)
+HistorySection::HistorySection(BalanceStore& store, const LocaleFormat& format,
+                               AskWhereToSave askWhereToSave, QWidget* parent)
     : QWidget(parent),
       format_(format),
       header_(new SectionHeader(tr("Daily history"), this)),
@@ -114,6 +116,11 @@ HistorySection::HistorySection(BalanceStore& store, const LocaleFormat& format, 
   reloadButton_ = new RefreshButton(tr("Daily history"), load, panel_);
   summaryRow_ = new BraiinsHistorySummaryRow(format, reloadButton_, panel_);
   table_ = new BraiinsHistoryTable(format, panel_);
+  commands_ = new HistoryCommands(store, *table_, std::move(askWhereToSave), [this, &store] {
+    showStatus(store.state());
+    QAccessibleEvent alert(status_, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+  });
   status_->makeSelectable();
   header_->addControl(loadButton_);
   layOut();
@@ -133,13 +140,18 @@ void HistorySection::layOut() {
   column->addStretch();
 }
 
+void HistorySection::showStatus(const BalanceState& state) {
+  status_->showTextOrHide(
+      commands_->failure().value_or(state.historyStatus.value_or(std::string())));
+}
+
 void HistorySection::showHistory(const BalanceState& state) {
   const bool isEmpty = state.history.empty();
   header_->showSubtitle(historySubtitle(state.history));
   loadButton_->showState({.isVisible = isEmpty, .isBusy = state.isLoadingHistory});
   reloadButton_->showState({.isVisible = !isEmpty, .isBusy = state.isLoadingHistory});
   hint_->setVisible(isEmpty);
-  status_->showTextOrHide(state.historyStatus.value_or(std::string()));
+  showStatus(state);
   if (table_->showDays(state.history) || !summary_) { summary_.emplace(state.history); }
   summaryRow_->showSummary(*summary_, historyValueMetrics(*summary_, state, format_));
   panel_->setVisible(!isEmpty);

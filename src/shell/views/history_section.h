@@ -7,6 +7,7 @@
 #include "pool/history.h"
 #include "shell/views/controls.h"
 #include "shell/views/frames.h"
+#include "shell/views/history_commands.h"
 
 namespace orvane {
 class BraiinsHistorySummaryRow;
@@ -16,11 +17,15 @@ class BraiinsHistoryTable;
 class HistorySection final : public QWidget {
  public:
   /// `store` and `format` outlive the section.
-  HistorySection(BalanceStore& store, const LocaleFormat& format, QWidget* parent = nullptr);
+  HistorySection(BalanceStore& store, const LocaleFormat& format, AskWhereToSave askWhereToSave,
+                 QWidget* parent = nullptr);
   void showHistory(const BalanceState& state);
+  /// Asks where, and saves the history as CSV; what goes wrong is told in the section.
+  void saveHistory() { commands_->save(); }
 
  private:
   void layOut();
+  void showStatus(const BalanceState& state);
 
   const LocaleFormat& format_;
   /// Adding up twenty years of decimal amounts takes long enough to be done only when they change.
@@ -33,5 +38,6 @@ class HistorySection final : public QWidget {
   RefreshButton* reloadButton_;
   BraiinsHistorySummaryRow* summaryRow_;
   BraiinsHistoryTable* table_;
+  HistoryCommands* commands_;
 };
 }  // namespace orvane

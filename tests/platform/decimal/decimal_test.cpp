@@ -61,4 +61,19 @@ TEST(DecimalTest, RoundsHalvesAwayFromZeroAndSaturates) {
   }
 }
 
+TEST(DecimalTest, IsWrittenWithAsManyDigitsAsItHas) {
+  const std::pair<std::string_view, const char*> cases[]{
+      {"0.00012345e8", "12345"},
+      {"0.000000005e8", "0.5"},
+      {"-0.10", "-0.1"},
+      {"-0", "0"},
+      {"1e-1000", "0"},
+      {"20999999.97690001e8", "2099999997690001"},
+      {"100", "100"},
+      {"0.1e-40", "0.00000000000000000000000000000000000000001"}};
+  for (const auto& [text, written] : cases) {
+    EXPECT_EQ(decimal(text).toText(), written);
+  }
+}
+
 }}  // namespace orvane::test

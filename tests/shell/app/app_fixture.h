@@ -17,7 +17,7 @@ class AppTest : public StoreTest {
   void begin() {
     app.reset();
     app.emplace(OrvanePlatform{.balance = platform(), .desktop = desktop, .statusBar = statusBar},
-                OrvaneSettings{.poolWebHost = "pool.test", .brandUrl = "", .version = "1.0.0"});
+                settings);
     app->launch();
   }
   /// Starts the program and lets the first things happen.
@@ -61,6 +61,7 @@ class AppTest : public StoreTest {
     settle();
   }
 
+  OrvaneSettings settings{.poolWebHost = "pool.test", .brandUrl = "", .version = "1.0.0"};
   FakeStatusBar statusBar;
   QtDesktopApplication desktop;
   std::optional<OrvaneApp> app;

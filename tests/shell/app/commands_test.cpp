@@ -15,7 +15,7 @@ TEST_F(AppTest, CommandsAreCarriedOutWhicheverWayTheyAreGiven) {
   const auto menu = [this](const char* title) {
     return [this, title] {
       for (auto* const action : widget("Orvane").findChildren<QAction*>()) {
-        if (action->text() == QLatin1String(title)) { action->trigger(); }
+        if (action->text() == QString::fromUtf8(title)) { action->trigger(); }
       }
     };
   };
@@ -28,6 +28,11 @@ TEST_F(AppTest, CommandsAreCarriedOutWhicheverWayTheyAreGiven) {
   const auto opened = [this](const char* title) {
     return [this, title] { return isOnScreen(title) && widget(title).isActiveWindow(); };
   };
+  QString proposed;
+  settings.askWhereToSave = [&](QWidget& /*over*/, const QString& name, const auto& /*use*/) {
+    proposed = name;
+  };
+  const auto asked = [&proposed] { return proposed == QStringLiteral("orvane-history.csv"); };
   int ends = 0;
   const auto ended = [&ends] { return ends == 1; };
   const Case cases[] = {
@@ -42,8 +47,10 @@ TEST_F(AppTest, CommandsAreCarriedOutWhicheverWayTheyAreGiven) {
       {"the window's refresh", menu("Refresh Now"), refreshed},
       {"the window's help", menu("Orvane Help"), opened("Orvane Help")},
       {"the window's about", menu("About Orvane"), opened("About Orvane")},
+      {"the window's saving", menu("Save History as CSV…"), asked},
       {"the window's quit", menu("Quit Orvane"), ended},
       {"Control-R", keys(Qt::Key_R), refreshed},
+      {"Control-S", keys(Qt::Key_S), asked},
       {"F1", keys(Qt::Key_F1, {}), opened("Orvane Help")},
       {"Control-?", keys(Qt::Key_Question), opened("Orvane Help")},
       {"Control-Q", keys(Qt::Key_Q), ended},
@@ -51,10 +58,12 @@ TEST_F(AppTest, CommandsAreCarriedOutWhicheverWayTheyAreGiven) {
   };
   storeToken("stored");
   storePayoutAddress(firstAddress);
+  defaults.setData("balance.braiinsHistory", R"([{"date":86400}])");
   for (const auto& [name, give, isCarriedOut] : cases) {
     launch();
     pass(4min);  // nothing is under way any more
     transport.clearSent();
+    proposed.clear();
     ends = 0;
     app->onEnd = [&ends] { ++ends; };
     ASSERT_FALSE(isCarriedOut()) << name;

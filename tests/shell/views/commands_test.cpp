@@ -1,8 +1,12 @@
 #include <QCheckBox>
+#include <QClipboard>
 #include <QDesktopServices>
 #include <QLineEdit>
 #include <QShortcut>
+#include <QTableView>
+#include <QTemporaryDir>
 #include <QUrl>
+#include "pool/history_export.h"
 #include "shell/views/about_and_help.h"
 #include "shell/views/view_fixture.h"
 
@@ -75,6 +79,32 @@ TEST_F(CommandsTest, AnAcceptedAddressStandsInItsFieldAsItIsKept) {
   edit.setText(u' ' + QString::fromLatin1(secondAddress) + u' ');
   Q_EMIT edit.returnPressed();
   EXPECT_EQ(edit.text(), QString::fromLatin1(secondAddress));
+}
+
+TEST_F(CommandsTest, RowsOfTheHistoryAreCopiedAndAllAreSavedOrTheFailureTold) {
+  show(everything());
+  auto& table = *find<QTableView>("Daily history");
+  const auto copied = [&] {
+    return QGuiApplication::clipboard()->text().split(u'\n', Qt::SkipEmptyParts);
+  };
+  table.actions().at(1)->trigger();
+  EXPECT_EQ(copied().size(), 365);
+  table.setFocus();
+  table.setCurrentIndex(table.model()->index(1, 2));
+  QTest::keyClick(&table, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(
+      copied(),
+      QStringList{QStringLiteral("2026-11-14\t91100000000000\t1900007919\t0.00004013\t4013")});
+  const QTemporaryDir folder;
+  place = folder.filePath(QStringLiteral("no/a.csv"));
+  view->saveHistory();
+  EXPECT_TRUE(label("The history could not be saved: No such file or directory."));
+  place = folder.filePath(QStringLiteral("a.csv"));
+  view->saveHistory();
+  EXPECT_FALSE(label("The history could not be saved: No such file or directory."));
+  QFile file(place);
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  EXPECT_EQ(file.readAll().toStdString(), historyCsv(fakes->state().history));
 }
 
 TEST_F(CommandsTest, WorkerAlertsAreOffUntilTheirTextOrBoxIsClicked) {

@@ -18,8 +18,10 @@ class ViewTest : public testing::Test {
     sample.showIn(*fakes);
     view = std::make_unique<BalanceView>(
         *fakes->store, english,
-        BalanceViewSettings{.poolWebHost = "pool.test",
-                            .commands = [] { return Menu{{{.title = "Help"}}}; }},
+        BalanceViewSettings{
+            .poolWebHost = "pool.test",
+            .commands = [] { return Menu{{{.title = "Help"}}}; },
+            .askWhereToSave = [this](auto&, auto&, const auto& use) { use(place); }},
         [this] { ++closes; });
     view->show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));  // keys go to no other window
@@ -65,6 +67,7 @@ class ViewTest : public testing::Test {
   std::unique_ptr<StoreOnFakes> fakes;
   std::unique_ptr<BalanceView> view;
   int closes = 0;
+  QString place;  ///< where the user saves
 
  private:
   template <class Widget>
