@@ -143,6 +143,7 @@ SettingsState stateOf(int sqliteCode) {
     case SQLITE_NOTADB:
     case SQLITE_FORMAT:
     case SQLITE_TOOBIG:
+    case SQLITE_NOMEM:  // a size that no settings have
     case SQLITE_ERROR:  // our own statements are right, so the tables are not
       return SettingsState::damaged;
     default:
@@ -166,7 +167,7 @@ SettingsState createTable(sqlite3* connection) {
 }
 
 SettingsState checkStructure(sqlite3* connection) {
-  const PreparedSql check(connection, "PRAGMA quick_check(1)");
+  const PreparedSql check(connection, "PRAGMA integrity_check(1)");
   const int code = check.step();
   const bool isBroken = code == SQLITE_ROW && bytesOf(check.statement.get(), 0) != "ok";
   return isBroken ? SettingsState::damaged : stateOf(code);
@@ -191,7 +192,7 @@ SettingsState claimDatabase(sqlite3* connection) {
 }
 
 bool hasAdditions(sqlite3* connection) {
-  const PreparedSql table(connection, "SELECT 1 FROM sqlite_schema WHERE name = 'additions'");
+  const PreparedSql table(connection, "SELECT 1 FROM sqlite_schema WHERE name LIKE 'additions'");
   return table.step() == SQLITE_ROW;
 }
 

@@ -89,6 +89,12 @@ bool setAside(const fs::path& file) {
   return true;
 }
 
+/// Whether the header forbids to write what the file's rights allow.
+bool isInUnwritableFormat(sqlite3* connection, const fs::path& file) {
+  return sqlite3_db_readonly(connection, "main") == 1 &&
+         ::faccessat(AT_FDCWD, file.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
 /// False where something stands that is not for us to touch, a device say.
 bool isFreeForFile(const fs::path& file) {
   std::error_code ignored;
@@ -125,7 +131,8 @@ SettingsState SqliteDefaults::openForWriting(int longestWait) {
   if (!connection) { return SettingsState::unavailable; }
   sqlite3_busy_timeout(connection.get(), longestWait);
   SettingValues values;
-  const SettingsState state = readSettings(connection.get(), values);
+  SettingsState state = readSettings(connection.get(), values);
+  if (isInUnwritableFormat(connection.get(), file_)) { state = SettingsState::damaged; }
   if (state == SettingsState::damaged) {
     // Closing must not fold the log into the file.
     sqlite3_db_config(connection.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
