@@ -113,7 +113,7 @@ class DesktopStatusItem final : public StatusItem {
     const auto wanted = choosePresentation(surroundings_.facts());
     if (!presenter_ || wanted != presentation_) {
       shownMenu_.reset();
-      presenter_.reset();  // before its successor takes the same name on the bus
+      presenter_.reset();  // hosts drop the old item before they hear of the new one
       presenter_ = makePresenter(wanted);
       presentation_ = wanted;
     }
@@ -127,8 +127,7 @@ class DesktopStatusItem final : public StatusItem {
                                                requests(),
                                                [this] { surroundings_.dockingFailed(); });
     }
-    return std::make_unique<NotifierPresenter>(presentation, surroundings_.bus(), executor_,
-                                               requests());
+    return std::make_unique<NotifierPresenter>(presentation, executor_, requests());
   }
 
   [[nodiscard]] StatusRequests requests() {

@@ -31,7 +31,6 @@ class TraySurroundings {
   void dockingFailed();
   [[nodiscard]] Registration observe(std::function<void()> listener);
 
-  [[nodiscard]] SessionBus& bus() { return bus_; }
   [[nodiscard]] TrayManager& manager() { return manager_; }
 
  private:

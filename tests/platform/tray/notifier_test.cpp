@@ -95,9 +95,11 @@ TEST_F(NotifierTest, AnIndicatorServiceThatComesLaterGetsFiles) {
   const QDir runtime(qEnvironmentVariable("XDG_RUNTIME_DIR"));
   ASSERT_TRUE(runtime.mkpath("orvane-status-999999999") && runtime.mkpath("orvane-status-1"));
   createRegisteredItem();
-  host->registered.clear();
+  const QString before = host->registered.takeLast();
+  EXPECT_TRUE(before.startsWith(u':')) << "GNOME may lose an item that has a name";
   host->connection.registerService("org.ayatana.indicator.application");
   ASSERT_TRUE(isRegistered());
+  EXPECT_FALSE(host->connection.interface()->isServiceRegistered(before)) << "a ghost";
   EXPECT_FALSE(runtime.exists("orvane-status-999999999")) << "its process has ended";
   EXPECT_TRUE(runtime.exists("orvane-status-1"));
 

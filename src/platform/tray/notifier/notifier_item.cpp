@@ -1,6 +1,5 @@
 #include "platform/tray/notifier/notifier_item.h"
 #include <QByteArray>
-#include <QCoreApplication>
 #include <QDBusArgument>
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
@@ -107,8 +106,6 @@ QVariant toolTipValue(const QString& title) {
 
 NotifierItem::NotifierItem(SessionBus& bus, StatusRequests requests, NotifierState state)
     : connection_(bus.connection()),
-      busName_(QStringLiteral("org.kde.StatusNotifierItem-%1-1")
-                   .arg(QCoreApplication::applicationPid())),
       requests_(std::move(requests)),
       state_(std::move(state)),
       object_(connection_, QLatin1String(itemPath), surface()),
@@ -117,16 +114,13 @@ NotifierItem::NotifierItem(SessionBus& bus, StatusRequests requests, NotifierSta
       }) {
   qDBusRegisterMetaType<Pixmap>();
   qDBusRegisterMetaType<Pixmaps>();
-  connection_.registerService(busName_);
 }
-
-NotifierItem::~NotifierItem() { connection_.unregisterService(busName_); }
 
 void NotifierItem::registerItem() {
   const auto watcher = watcher_.name();
   auto call = callWithoutStarting(watcher, QLatin1String(watcherPath), watcher,
                                   QStringLiteral("RegisterStatusNotifierItem"));
-  call << busName_;
+  call << connection_.baseService();
   connection_.call(call, QDBus::NoBlock);
 }
 

@@ -21,9 +21,11 @@ struct NotifierState {
   std::optional<QString> label;  ///< only for hosts that write it beside the icon
 };
 
-/// A StatusNotifierItem on the session bus, with its bus name. It names itself to the watcher that
-/// is there, and again to every watcher that takes its place: hosts that start late or restart get
-/// the item back that way.
+/// A StatusNotifierItem on the session bus. It names its connection to the watcher that is there,
+/// and again to every watcher that takes its place: hosts that start late or restart get the item
+/// back that way. It owns no name of its own on the bus: GNOME's extension follows such a name, and
+/// destroys the item when it hears of the name's owner only after the item's first answer. So the
+/// end of the connection is the only sign that the item is gone.
 class NotifierItem final {
  public:
   static constexpr const char* watcherName = "org.kde.StatusNotifierWatcher";
@@ -31,9 +33,8 @@ class NotifierItem final {
   static constexpr const char* itemPath = "/StatusNotifierItem";
   static constexpr const char* menuPath = "/MenuBar";
 
-  /// While the bus is open.
+  /// While the bus is open; nothing else that outlives the item is on its connection.
   NotifierItem(SessionBus& bus, StatusRequests requests, NotifierState state);
-  ~NotifierItem();
   NotifierItem(const NotifierItem&) = delete;
   NotifierItem& operator=(const NotifierItem&) = delete;
 
@@ -46,7 +47,6 @@ class NotifierItem final {
   void registerItem();
 
   QDBusConnection connection_;
-  QString busName_;
   StatusRequests requests_;
   NotifierState state_;
   ExportedObject object_;

@@ -86,9 +86,12 @@ class IconFolder {
   int count_ = 0;
 };
 
-NotifierPresenter::NotifierPresenter(Presentation presentation, SessionBus& bus, Executor& executor,
+NotifierPresenter::NotifierPresenter(Presentation presentation, Executor& executor,
                                      StatusRequests requests)
-    : presentation_(presentation), bus_(bus), executor_(executor), requests_(std::move(requests)) {
+    : presentation_(presentation),
+      executor_(executor),
+      bus_(executor),
+      requests_(std::move(requests)) {
   if (presentation_ == Presentation::wideFile) { icons_ = std::make_unique<IconFolder>(); }
   busObserver_ = bus_.observe([this] { appear(); });
 }

@@ -12,11 +12,11 @@ namespace orvane {
 class IconFolder;
 
 /// The status item as a StatusNotifierItem with its menu, in one of the four presentations that
-/// such hosts can show.
+/// such hosts can show. It has a connection of its own to the session bus, so that every host
+/// drops the item when the presenter goes.
 class NotifierPresenter final : public StatusPresenter {
  public:
-  NotifierPresenter(Presentation presentation, SessionBus& bus, Executor& executor,
-                    StatusRequests requests);
+  NotifierPresenter(Presentation presentation, Executor& executor, StatusRequests requests);
   ~NotifierPresenter() override;
 
   void show(const StatusContent& content) override;
@@ -27,8 +27,8 @@ class NotifierPresenter final : public StatusPresenter {
   void appear();
 
   Presentation presentation_;
-  SessionBus& bus_;
   Executor& executor_;
+  SessionBus bus_;
   StatusRequests requests_;
   std::unique_ptr<IconFolder> icons_;
   std::optional<StatusContent> content_;
