@@ -8,6 +8,7 @@
 #include <utility>
 #include "platform/async/timer.h"
 #include "platform/desktop/symbols.h"
+#include "platform/tray/drawing/contrast.h"
 #include "platform/tray/notifier/notifier_presenter.h"
 #include "platform/tray/presentation.h"
 #include "platform/tray/tray_surroundings.h"
@@ -23,6 +24,7 @@ constexpr auto settlingTime = 300ms;
 /// The menu as a window of our own, for where no host shows it. An action runs after it has closed.
 std::unique_ptr<QMenu> menuWindow(const Menu& menu, Executor& executor) {
   auto window = std::make_unique<QMenu>();
+  window->setPalette(withReadableDisabledText(window->palette()));  // they hold the figures
   for (const auto& item : menu.items) {
     if (item.isSeparator()) {
       window->addSeparator();

@@ -12,6 +12,10 @@ bool isAnyOf(const TrayFacts& facts, std::initializer_list<std::string_view> nam
   });
 }
 
+/// Budgie calls itself a kind of GNOME, but has a panel of its own.
+bool isGnome(const TrayFacts& facts) {
+  return isAnyOf(facts, {"GNOME", "ubuntu", "Unity"}) && !isAnyOf(facts, {"Budgie"});
+}
 bool isXfce(const TrayFacts& facts) { return isAnyOf(facts, {"XFCE"}); }
 bool isMate(const TrayFacts& facts) { return isAnyOf(facts, {"MATE"}); }
 
@@ -25,7 +29,7 @@ Presentation choosePresentation(const TrayFacts& facts) {
   if (facts.trayManager && !facts.dockingFailed && prefersTrayManager(facts)) {
     return isXfce(facts) || isMate(facts) ? Presentation::dockedWide : Presentation::dockedSquare;
   }
-  if (isAnyOf(facts, {"GNOME", "ubuntu", "Unity"})) { return Presentation::labelBesideSymbol; }
+  if (isGnome(facts)) { return Presentation::labelBesideSymbol; }
   if (facts.indicatorService) { return Presentation::wideFile; }
   // The last four run waybar as a rule.
   if (isMate(facts) || isAnyOf(facts, {"sway", "Hyprland", "river", "niri"})) {

@@ -1,6 +1,8 @@
 #include <QDBusMetaType>
 #include <QDir>
+#include <QMenu>
 #include <gmock/gmock.h>
+#include "platform/tray/drawing/contrast.h"
 #include "status_item_fixture.h"
 #include "support/fake_portal.h"
 
@@ -120,6 +122,20 @@ TEST_F(NotifierTest, AClickActsWithTheTokenThatCameBeforeIt) {
   host->callItem("ProvideXdgActivationToken", {"t1"});
   host->callItem("Activate", {10, 10});
   EXPECT_THAT(log, ElementsAre("token t1", "clicked"));
+}
+
+TEST_F(NotifierTest, FiguresInAMenuOfOurOwnCanBeRead) {
+  createRegisteredItem();
+  for (const auto& palette : {QPalette(), QPalette(QColor(0x35383c), QColor(0x242629))}) {
+    QApplication::setPalette(palette);
+    host->callItem("ContextMenu", {10, 10});
+    auto* const shown = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_TRUE(shown);
+    const auto row = shown->actionGeometry(shown->actions().constFirst());
+    const auto ground = shown->grab(row).toImage().pixelColor(row.width() - 3, row.height() / 2);
+    EXPECT_GE(contrast(shown->palette().color(QPalette::Disabled, QPalette::Text), ground), 4.5);
+  }
+  QApplication::setPalette(QPalette());
 }
 
 class MenuExportTest : public StatusItemTest {
