@@ -1,6 +1,6 @@
-#include <cstdlib>
 #include <tuple>
 #include <gtest/gtest.h>
+#include "platform/tray/drawing/contrast.h"
 #include "platform/tray/drawing/short_figure.h"
 #include "platform/tray/drawing/status_drawing.h"
 #include "platform/tray/presentation.h"
@@ -14,6 +14,8 @@ TEST(Presentation, SuitsTheHostThatWillDrawIt) {
   const std::vector<std::tuple<const char*, std::string, Presentation>> cases{
       {"ubuntu:GNOME", "wh", labelBesideSymbol},
       {"GNOME", "", labelBesideSymbol},
+      {"Budgie:GNOME", "wht", square},
+      {"Budgie:GNOME", "t", dockedSquare},
       {"MATE", "whi", wideFile},
       {"MATE", "wht", widePixmap},
       {"MATE", "t", dockedWide},
@@ -35,6 +37,29 @@ TEST(Presentation, SuitsTheHostThatWillDrawIt) {
                           .trayManager = services.contains('t'),
                           .dockingFailed = services.contains('f')};
     EXPECT_EQ(choosePresentation(facts), expected) << desktop << ' ' << services;
+  }
+}
+
+TEST(StatusInk, StandsOutFromEveryPanelThatItIsFor) {
+  const std::vector<std::pair<PanelShade, std::vector<QColor>>> panels{
+      {PanelShade::light, {"#ffffff", "#d4d4d4"}},
+      {PanelShade::dark, {"#353535", "#000000"}},
+      {PanelShade::unknown, {"#ffffff", "#d4d4d4", "#353535", "#000000"}}};
+  StatusImage image;
+  for (const auto color : {StatusColor::systemGreen, StatusColor::systemOrange}) {
+    image.textColor = color;
+    for (const auto& [shade, backgrounds] : panels) {
+      const auto ink = inkFor(image, shade);
+      EXPECT_EQ(ink.text.hue() > 90, color == StatusColor::systemGreen);
+      for (const auto& background : backgrounds) {
+        const auto outline = ink.outline.value_or(background);
+        for (const auto& drawn : {ink.symbol, ink.text}) {
+          const auto best = std::max(contrast(drawn, background), contrast(outline, background));
+          EXPECT_GE(best, 3) << drawn.name().toStdString() << background.name().toStdString();
+          EXPECT_GE(contrast(drawn, outline), 3) << drawn.name().toStdString();
+        }
+      }
+    }
   }
 }
 
@@ -63,23 +88,6 @@ TEST(ToolTip, HasTheWholeTextUnlessItSaysItAlready) {
   EXPECT_EQ(content.toolTipWithText(), "Balance 7\n7 | 1,234 sats");
   content.image->text = "7";
   EXPECT_EQ(content.toolTipWithText(), "Balance 7");
-}
-
-TEST(StatusInk, StandsOutFromThePanel) {
-  StatusImage image;
-  const std::vector<std::tuple<PanelShade, int, int>> panels{{PanelShade::light, 0xf4, 100},
-                                                             {PanelShade::dark, 0x2b, 100},
-                                                             {PanelShade::unknown, 0xff, 70},
-                                                             {PanelShade::unknown, 0x1b, 70}};
-  for (const auto& [shade, panel, least] : panels) {
-    for (const auto color : {StatusColor::systemGreen, StatusColor::systemOrange}) {
-      image.textColor = color;
-      const auto ink = inkFor(image, shade);
-      EXPECT_GE(std::abs(qGray(ink.symbol.rgb()) - panel), least) << panel;
-      EXPECT_GE(std::abs(qGray(ink.text.rgb()) - panel), least) << panel;
-      EXPECT_EQ(ink.text.hue() > 90, color == StatusColor::systemGreen) << panel;
-    }
-  }
 }
 
 }}  // namespace orvane::test

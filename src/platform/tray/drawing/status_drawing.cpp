@@ -6,6 +6,7 @@
 #include <QPixmap>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 #include <vector>
 #include "platform/desktop/symbols.h"
 #include "platform/tray/drawing/short_figure.h"
@@ -15,24 +16,15 @@ namespace {
 struct Shades {
   QRgb onLight;
   QRgb onDark;
-  QRgb onUnknown;  ///< a contrast of at least 3.5 to white and to near-black
 
   [[nodiscard]] QColor on(PanelShade shade) const {
-    switch (shade) {
-      case PanelShade::light:
-        return QColor(onLight);
-      case PanelShade::dark:
-        return QColor(onDark);
-      case PanelShade::unknown:
-        break;
-    }
-    return QColor(onUnknown);
+    return QColor(shade == PanelShade::light ? onLight : onDark);
   }
 };
 
-constexpr Shades templates{.onLight = 0xff2e3436, .onDark = 0xfff2f2f2, .onUnknown = 0xff7f8489};
-constexpr Shades greens{.onLight = 0xff167a33, .onDark = 0xff3ddc68, .onUnknown = 0xff1f9a44};
-constexpr Shades oranges{.onLight = 0xffb45309, .onDark = 0xffffa52e, .onUnknown = 0xffd06a00};
+constexpr Shades templates{.onLight = 0xff2e3436, .onDark = 0xfff2f2f2};
+constexpr Shades greens{.onLight = 0xff167a33, .onDark = 0xff3ddc68};
+constexpr Shades oranges{.onLight = 0xffb45309, .onDark = 0xffffa52e};
 
 const Shades& shadesOf(StatusColor color) {
   return color == StatusColor::systemGreen ? greens : oranges;
@@ -107,6 +99,32 @@ QImage blank(int width, int height) {
   return image;
 }
 
+/// How far an outline reaches in an image of this height.
+int outlineReach(int height, const StatusInk& ink) {
+  return ink.outline ? std::max(1, toPixels(height / 24.0)) : 0;
+}
+
+/// With the outline that the ink has: the drawn shape in its colour, widened, behind what is drawn.
+QImage outlined(QImage drawn, const StatusInk& ink) {
+  if (!ink.outline) { return drawn; }
+  auto shape = drawn;
+  QPainter filler(&shape);
+  filler.setCompositionMode(QPainter::CompositionMode_SourceIn);
+  filler.fillRect(shape.rect(), *ink.outline);
+  filler.end();
+
+  const int reach = outlineReach(drawn.height(), ink);
+  auto whole = blank(drawn.width(), drawn.height());
+  QPainter painter(&whole);
+  for (int y = -reach; y <= reach; ++y) {
+    for (int x = -reach; x <= reach; ++x) {
+      painter.drawImage(x, y, shape);
+    }
+  }
+  painter.drawImage(0, 0, drawn);
+  return whole;
+}
+
 QPixmap symbol(const StatusImage& image, int height, const StatusInk& ink) {
   return symbolPixmap(QString::fromStdString(image.symbolName), height, ink.symbol, 1);
 }
@@ -133,7 +151,11 @@ PanelShade shadeOfBackground(const QColor& background) {
 
 StatusInk inkFor(const StatusImage& image, PanelShade shade) {
   const auto& symbolShades = image.symbolColor ? shadesOf(*image.symbolColor) : templates;
-  return {.symbol = symbolShades.on(shade), .text = shadesOf(image.textColor).on(shade)};
+  StatusInk ink{.symbol = symbolShades.on(shade),
+                .text = shadesOf(image.textColor).on(shade),
+                .outline = std::nullopt};
+  if (shade == PanelShade::unknown) { ink.outline = QColor(templates.onLight); }
+  return ink;
 }
 
 PointSize symbolMeasure(const std::string& name, double pointSize) {
@@ -155,12 +177,16 @@ QImage drawWide(const StatusImage& image, int height, const StatusInk& ink) {
   const TabularText text(QString::fromStdString(image.text), image.textPointSize * scale);
   const int textStart = drawnSymbol.width() + toPixels(gapBeforeText * scale);
 
-  auto whole = blank(textStart + static_cast<int>(std::ceil(text.width())), height);
+  const int reach = outlineReach(height, ink);
+  const int width = textStart + static_cast<int>(std::ceil(text.width())) + 2 * reach;
+  auto whole = blank(width, height);
   QPainter painter(&whole);
+  painter.translate(reach, 0);
   painter.drawPixmap(0, (height - drawnSymbol.height()) / 2, drawnSymbol);
   painter.setPen(ink.text);
   text.draw(painter, QPointF(textStart, std::round((height + text.digitHeight()) / 2)));
-  return whole;
+  painter.end();
+  return outlined(std::move(whole), ink);
 }
 
 QImage drawSymbolSquare(const StatusImage& image, int side, const StatusInk& ink) {
@@ -168,20 +194,24 @@ QImage drawSymbolSquare(const StatusImage& image, int side, const StatusInk& ink
   auto whole = blank(side, side);
   QPainter painter(&whole);
   painter.drawPixmap((side - drawn.width()) / 2, (side - drawn.height()) / 2, drawn);
-  return whole;
+  painter.end();
+  return outlined(std::move(whole), ink);
 }
 
 QImage drawFigureSquare(const StatusImage& image, int side, const StatusInk& ink) {
   if (image.text.empty()) { return drawSymbolSquare(image, side, ink); }
-  const auto text = figureInSquare(shortFigure(QString::fromStdString(image.text)), side);
+  const int margin = outlineReach(side, ink);
+  const int inner = side - 2 * margin;
+  const auto text = figureInSquare(shortFigure(QString::fromStdString(image.text)), inner);
   const int gap = std::max(1, side / 22);
-  const auto drawn = symbol(image, side - toPixels(text.digitHeight()) - gap, ink);
+  const auto drawn = symbol(image, inner - toPixels(text.digitHeight()) - gap, ink);
 
   auto whole = blank(side, side);
   QPainter painter(&whole);
-  painter.drawPixmap((side - drawn.width()) / 2, 0, drawn);
+  painter.drawPixmap((side - drawn.width()) / 2, margin, drawn);
   painter.setPen(ink.text);
-  text.draw(painter, QPointF((side - text.width()) / 2, side));
-  return whole;
+  text.draw(painter, QPointF((side - text.width()) / 2, side - margin));
+  painter.end();
+  return outlined(std::move(whole), ink);
 }
 }  // namespace orvane

@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QImage>
+#include <optional>
 #include <string>
 #include "platform/tray/status_item.h"
 
@@ -16,11 +17,13 @@ enum class PanelShade { light, dark, unknown };
 struct StatusInk {
   QColor symbol;
   QColor text;
+  std::optional<QColor> outline;  ///< around both
   bool operator==(const StatusInk&) const = default;
 };
 
-/// Colours that stand out from the panel; on an unknown panel ones that are readable on light and
-/// dark ones alike. A symbol without a colour takes the panel's own foreground, as far as it is
+/// Colours that stand out from the panel. No single one does from light and dark panels alike, so
+/// on an unknown panel the colours for dark ones have a dark outline, which is what a light panel
+/// shows them by. A symbol without a colour takes the panel's own foreground, as far as it is
 /// known.
 [[nodiscard]] StatusInk inkFor(const StatusImage& image, PanelShade shade);
 
