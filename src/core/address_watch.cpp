@@ -63,16 +63,20 @@ Task<void> AddressWatch::resolveWatchedAddress() {
   const TaskContext context = co_await currentContext();
   std::string payout;
   // An entered address does not wait for a keychain that may be waiting for the user.
-  if (fields_->ownAddress.empty()) { payout = co_await payoutAddress(); }
-  if (!context.stop.stop_requested()) { useAddresses(payout); }
+  if (fields_->ownAddress.empty()) {
+    const KeychainReading<std::string> stored = co_await keychain_.readItem(
+        payoutAddressItem.service, payoutAddressItem.account, KeychainPrompt::never);
+    if (context.stop.stop_requested()) { co_return; }
+    isPayoutAddressUnknown_ = !stored && stored.error() == KeychainMiss::unknown;
+    if (isPayoutAddressUnknown_) { co_return; }  // what is watched may still be right
+    payout = trimmed(stored.value_or(""));
+    if (!isValidMainnetAddress(payout)) { payout.clear(); }
+  }
+  useAddresses(payout);
 }
 
-Task<std::string> AddressWatch::payoutAddress() {
-  const std::optional<std::string> stored = co_await keychain_.readItem(
-      payoutAddressItem.service, payoutAddressItem.account, KeychainPrompt::never);
-  std::string address(trimmed(stored.value_or("")));
-  if (!isValidMainnetAddress(address)) { address.clear(); }
-  co_return address;
+void AddressWatch::readUnknownAddress() {
+  if (std::exchange(isPayoutAddressUnknown_, false)) { restartAddressWatch(); }
 }
 
 void AddressWatch::useAddresses(std::string_view payoutAddress) {

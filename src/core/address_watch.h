@@ -25,6 +25,10 @@ class AddressWatch {
   /// Watches the stored address, if there is one, and starts the loop.
   void start();
 
+  /// Looks again for a payout address that the last cycle could not read. Called when the keychain
+  /// has come within reach.
+  void readUnknownAddress();
+
   // See BalanceStore.
   [[nodiscard]] std::optional<std::string> setOwnAddress(std::string_view text);
   void restartAddressWatch();
@@ -33,7 +37,6 @@ class AddressWatch {
   [[nodiscard]] Task<void> watchLoop();
   [[nodiscard]] Task<void> refreshAddress();
   [[nodiscard]] Task<void> resolveWatchedAddress();
-  [[nodiscard]] Task<std::string> payoutAddress();
   void useAddresses(std::string_view payoutAddress);
   [[nodiscard]] Task<void> loadAddressSummary();
   void applySummary(std::expected<WatchedAddressSummary, ExplorerError> summary);
@@ -45,6 +48,7 @@ class AddressWatch {
   PriceFeed& prices_;
   WatchedAddressClient addressClient_;
   NewPaymentNotifications notifications_;
+  bool isPayoutAddressUnknown_ = false;
   TaskHandle addressTask_;
   TaskScope tasks_;
 };

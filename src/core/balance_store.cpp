@@ -13,7 +13,11 @@ BalanceStore::BalanceStore(BalancePlatform platform)
       prices_(fields_, BitcoinPriceService(platform.transport, platform.hosts.price,
                                            platform.hosts.fallbackPrice)),
       pool_(platform, fields_, settings_, keychain_, prices_),
-      address_(platform, fields_, settings_, keychain_, prices_) {
+      address_(platform, fields_, settings_, keychain_, prices_),
+      keychainObserver_(platform.keychain.observeArrival([this] {
+        pool_.readUnknownToken();
+        address_.readUnknownAddress();
+      })) {
   fields_.set(&BalanceState::unit, settings_.unit());
   fields_.set(&BalanceState::preferredFiatCurrency, settings_.preferredFiatCurrency());
   fields_.set(&BalanceState::notifiesWorkerStates, settings_.notifiesWorkerStates());

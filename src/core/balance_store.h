@@ -65,5 +65,6 @@ class BalanceStore {
   PriceFeed prices_;
   PoolAccount pool_;
   AddressWatch address_;
+  Registration keychainObserver_;
 };
 }  // namespace orvane

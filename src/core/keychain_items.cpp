@@ -22,32 +22,47 @@ KeychainItems::KeychainItems(Executor& executor, Keychain& keychain,
                              std::optional<std::string> accessGroup)
     : keychain_(keychain), accessGroup_(std::move(accessGroup)), writes_(executor) {}
 
-Task<std::optional<std::string>> KeychainItems::readItem(std::string service, std::string account,
-                                                         KeychainPrompt prompt) {
+Task<KeychainReading<std::string>> KeychainItems::readItem(std::string service, std::string account,
+                                                           KeychainPrompt prompt) {
   std::optional<AsyncMutex::Lock> turn = co_await order_.lock();
-  if (!turn) { co_return std::nullopt; }
+  if (!turn) { co_return std::unexpected(KeychainMiss::unknown); }
 
   const KeychainQuery query = baseQuery(std::move(service), std::move(account));
-  const std::optional<KeychainItem> item = co_await keychain_.copyMatching(query, prompt);
-  if (!item || !isValidUtf8(item->data)) { co_return std::nullopt; }
-  if (belongsElsewhere(*item)) {
-    // Cut off between its two steps, a move would lose the item: it belongs to no task that may be
-    // cancelled, and the next call waits for it.
+  const KeychainReading<KeychainItem> item = co_await keychain_.copyMatching(query, prompt);
+  if (!item) { co_return std::unexpected(item.error()); }
+  if (!isValidUtf8(item->data)) { co_return std::unexpected(KeychainMiss::absent); }
+  if (!oldGroups(*item).empty()) {
+    // The next call waits for the move, which therefore belongs to no task that may be cancelled.
     writes_.spawn(moveToSharedGroup(std::move(*turn), *item, query));
   }
   co_return item->data;
 }
 
-bool KeychainItems::belongsElsewhere(const KeychainItem& item) const {
-  return accessGroup_ && item.accessGroup && *item.accessGroup != *accessGroup_;
+std::vector<std::string> KeychainItems::oldGroups(const KeychainItem& item) const {
+  std::vector<std::string> groups;
+  if (!accessGroup_) { return groups; }
+  if (item.accessGroup) { groups.push_back(*item.accessGroup); }
+  groups.insert(groups.end(), item.copies.begin(), item.copies.end());
+  std::erase(groups, *accessGroup_);
+  return groups;
 }
 
+bool KeychainItems::isShared(const KeychainItem& item) const {
+  return item.accessGroup == accessGroup_ ||
+         std::ranges::find(item.copies, accessGroup_) != item.copies.end();
+}
+
+// In this order there is no moment in which the item is nowhere.
 Task<void> KeychainItems::moveToSharedGroup([[maybe_unused]] AsyncMutex::Lock turn,
                                             KeychainItem item, KeychainQuery query) {
-  KeychainQuery oldPlace = query;
-  oldPlace.accessGroup = item.accessGroup;
-  co_await keychain_.remove(std::move(oldPlace), KeychainPrompt::never);
-  co_await save(std::move(item.data), std::move(query), KeychainPrompt::never);
+  bool isKept = isShared(item);
+  if (!isKept) { isKept = co_await save(item.data, query, KeychainPrompt::never); }
+  if (!isKept) { co_return; }
+  for (std::string& group : oldGroups(item)) {
+    KeychainQuery oldPlace = query;
+    oldPlace.accessGroup = std::move(group);
+    co_await keychain_.remove(std::move(oldPlace), KeychainPrompt::never);
+  }
 }
 
 void KeychainItems::saveItem(std::string text, std::string service, std::string account) {
@@ -56,18 +71,19 @@ void KeychainItems::saveItem(std::string text, std::string service, std::string 
 
 Task<void> KeychainItems::saveInTurn(std::string text, KeychainQuery query) {
   const std::optional<AsyncMutex::Lock> turn = co_await order_.lock();
-  if (turn) { co_await save(std::move(text), std::move(query), KeychainPrompt::allowed); }
+  if (turn) { (void)co_await save(std::move(text), std::move(query), KeychainPrompt::allowed); }
 }
 
-Task<void> KeychainItems::save(std::string text, KeychainQuery query, KeychainPrompt prompt) {
+Task<bool> KeychainItems::save(std::string text, KeychainQuery query, KeychainPrompt prompt) {
   if (text.empty()) {
-    co_await keychain_.remove(std::move(query), prompt);
-    co_return;
+    const KeychainStatus removed = co_await keychain_.remove(std::move(query), prompt);
+    co_return removed == KeychainStatus::success;
   }
   query.accessGroup = accessGroup_;
-  const KeychainStatus updated = co_await keychain_.update(query, text, prompt);
-  if (updated == KeychainStatus::itemNotFound) {
-    co_await keychain_.add(std::move(query), std::move(text), prompt);
+  KeychainStatus status = co_await keychain_.update(query, text, prompt);
+  if (status == KeychainStatus::itemNotFound) {
+    status = co_await keychain_.add(std::move(query), std::move(text), prompt);
   }
+  co_return status == KeychainStatus::success;
 }
 }  // namespace orvane

@@ -32,11 +32,13 @@ class KeychainItems {
  public:
   KeychainItems(Executor& executor, Keychain& keychain, std::optional<std::string> accessGroup);
 
-  /// The item's text, from whichever group holds it. Nothing when it is absent, locked or not
-  /// UTF-8, or when the task was cancelled. An item in another group than the shared one is moved
-  /// there; the move goes on by itself, also when the task is cancelled.
-  [[nodiscard]] Task<std::optional<std::string>> readItem(std::string service, std::string account,
-                                                          KeychainPrompt prompt);
+  /// The item's text, from whichever group holds it. Bytes that are not UTF-8 count as absent, and
+  /// a cancelled task leaves it unknown. An item in another group than the shared one is moved
+  /// there; the move goes on by itself, also when the task is cancelled, and one that was cut off
+  /// before its end is completed.
+  [[nodiscard]] Task<KeychainReading<std::string>> readItem(std::string service,
+                                                            std::string account,
+                                                            KeychainPrompt prompt);
 
   /// Saves `text` in the shared group; an empty text removes the item from every group. It is what
   /// the user wants now, so it may prompt. Returns at once; nothing cancels a save.
@@ -46,9 +48,12 @@ class KeychainItems {
   [[nodiscard]] bool writesFinished() const { return writes_.idle(); }
 
  private:
-  [[nodiscard]] bool belongsElsewhere(const KeychainItem& item) const;
+  /// The groups that the item is to leave; none without a shared one.
+  [[nodiscard]] std::vector<std::string> oldGroups(const KeychainItem& item) const;
+  [[nodiscard]] bool isShared(const KeychainItem& item) const;
   [[nodiscard]] Task<void> saveInTurn(std::string text, KeychainQuery query);
-  [[nodiscard]] Task<void> save(std::string text, KeychainQuery query, KeychainPrompt prompt);
+  /// True when the text is in its place.
+  [[nodiscard]] Task<bool> save(std::string text, KeychainQuery query, KeychainPrompt prompt);
   [[nodiscard]] Task<void> moveToSharedGroup(AsyncMutex::Lock turn, KeychainItem item,
                                              KeychainQuery query);
 

@@ -24,13 +24,18 @@ void PoolAccount::readStoredToken() {
 }
 
 Task<void> PoolAccount::useStoredToken() {
-  std::optional<std::string> stored = co_await keychain_.readItem(
+  KeychainReading<std::string> stored = co_await keychain_.readItem(
       poolTokenItem.service, poolTokenItem.account, KeychainPrompt::allowed);
   // A token that the user has entered meanwhile counts; its save follows this read.
   if (!fields_->isReadingToken) { co_return; }
+  isStoredTokenUnknown_ = !stored && stored.error() == KeychainMiss::unknown;
   assignToken(std::move(stored).value_or(""));
   fields_.invokeOnChange();
   restartPolling();
+}
+
+void PoolAccount::readUnknownToken() {
+  if (std::exchange(isStoredTokenUnknown_, false)) { readStoredToken(); }
 }
 
 void PoolAccount::assignToken(std::string token) {
@@ -44,6 +49,7 @@ void PoolAccount::setToken(std::string_view text) {
   if (token == fields_->token) { return; }
 
   assignToken(token);
+  isStoredTokenUnknown_ = false;
   keychain_.saveItem(token, poolTokenItem.service, poolTokenItem.account);
   fields_.set(&BalanceState::stats, std::nullopt);
   fields_.set(&BalanceState::workers, {});

@@ -25,6 +25,9 @@ class PoolAccount {
   /// Reads the stored token and starts polling with it. The user may have to unlock the keychain;
   /// a token that is set meanwhile counts.
   void readStoredToken();
+  /// Reads it again where the first read could not tell, and no token was entered since. Called
+  /// when the keychain has come within reach.
+  void readUnknownToken();
 
   // See BalanceStore.
   void setToken(std::string_view text);
@@ -53,6 +56,7 @@ class PoolAccount {
   PriceFeed& prices_;
   BraiinsAccountClient client_;
   WorkerNotifications workerNotifications_;
+  bool isStoredTokenUnknown_ = false;
   TaskHandle pollTask_;
   TaskHandle historyTask_;  ///< set while a load runs; the state's isLoadingHistory mirrors it
   TaskScope tasks_;

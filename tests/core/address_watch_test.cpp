@@ -144,6 +144,32 @@ TEST_F(AddressWatchTest, IsBusyAroundTheSummaryOnly) {
   EXPECT_EQ(transport.inFlight(), 1U);
 }
 
+TEST_F(AddressWatchTest, AKeychainThatCannotBeReadTakesNothingAway) {
+  storePayoutAddress(firstAddress);
+  setPayments(firstAddress, {"told"});
+  startAndSettle();
+  for (const auto condition :
+       {MemoryKeychain::Condition::locked, MemoryKeychain::Condition::gone}) {
+    keychain.condition = condition;
+    const BalanceState before = state();
+    executor.advance(600s);
+    EXPECT_EQ(state().watchedAddress, firstAddress);
+    EXPECT_TRUE(state().addressIsFromMiner);
+    EXPECT_EQ(state().addressSummary, before.addressSummary);
+    EXPECT_EQ(defaults.texts(seenKey), std::vector<std::string>{"told"});
+  }
+}
+
+TEST_F(AddressWatchTest, APayoutAddressIsReadWhenTheKeychainStartsAfterUs) {
+  storePayoutAddress(firstAddress);
+  keychain.condition = MemoryKeychain::Condition::gone;
+  startAndSettle();
+  EXPECT_EQ(state().watchedAddress, "");
+  keychain.arrive();
+  executor.runUntilIdle();
+  EXPECT_EQ(state().watchedAddress, firstAddress);
+}
+
 // A cancelled read of the keychain is not a payout address that has gone.
 TEST_F(AddressWatchTest, ARestartDuringTheReadOfThePayoutAddressKeepsTheAddress) {
   storePayoutAddress(firstAddress);

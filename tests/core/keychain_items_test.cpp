@@ -4,7 +4,7 @@
 
 namespace orvane::test { namespace {
 
-using testing::IsEmpty;
+using testing::ElementsAre;
 using Condition = MemoryKeychain::Condition;
 using Items = std::vector<MemoryKeychain::Item>;
 
@@ -16,15 +16,21 @@ MemoryKeychain::Item item(std::string data, std::optional<std::string> group = s
 }
 
 Task<void> readAndIgnore(KeychainItems& items, KeychainPrompt prompt) {
-  co_await items.readItem(service, account, prompt);
+  (void)co_await items.readItem(service, account, prompt);
 }
 
 class KeychainItemsTest : public testing::Test {
  protected:
-  std::optional<std::string> read(KeychainItems& items) {
+  KeychainReading<std::string> readingOf(KeychainItems& items) {
     auto text = runTask(executor, items.readItem(service, account, KeychainPrompt::never));
     settle();
     return text;
+  }
+  /// The text; what is known to be absent is no text.
+  std::optional<std::string> read(KeychainItems& items) {
+    const KeychainReading<std::string> text = readingOf(items);
+    EXPECT_TRUE(text || text.error() == KeychainMiss::absent);
+    return text ? std::optional(*text) : std::nullopt;
   }
   void save(KeychainItems& items, std::string text) {
     items.saveItem(std::move(text), service, account);
@@ -92,6 +98,9 @@ TEST_F(KeychainItemsTest, ReadMovesOnlyATextOfAnotherGroupAndOnlyIntoASharedOne)
   };
   const std::vector<Case> cases{
       {"moves one", {item("a", "TEAM.own"), bystander}, shared, "a", {bystander, item("a")}},
+      {"over an older one", {item("b", "TEAM.own"), item("a")}, shared, "b", {item("b")}},
+      {"completes a move", {item("a", "TEAM.own"), item("a")}, shared, "a", {item("a")}},
+      {"completes it later", {item("a"), item("a", "TEAM.own")}, shared, "a", {item("a")}},
       {"no group", {item("a", std::nullopt)}, shared, "a", {item("a", std::nullopt)}},
       {"no shared group", {item("a", "TEAM.own")}, withoutGroup, "a", {item("a", "TEAM.own")}},
       {"no text", {bytes}, shared, std::nullopt, {bytes}},
@@ -120,16 +129,39 @@ TEST_F(KeychainItemsTest, AReadSeesTheSavesBeforeIt) {
   EXPECT_EQ(read(shared), "second");
 }
 
-// Between its two steps a move has taken the item away and not yet put it back.
-TEST_F(KeychainItemsTest, AMoveOutlivesTheTaskThatStartedIt) {
+TEST_F(KeychainItemsTest, AMoveOutlivesTheTaskThatStartedItAndTheItemIsAlwaysSomewhere) {
   keychain.delay = 1s;
   keychain.items = {item("text", "TEAM.own")};
   const TaskHandle reading = tasks.spawn(readAndIgnore(shared, KeychainPrompt::never));
-  executor.advance(2s);
+  executor.advance(3s);
   reading.cancel();
-  EXPECT_THAT(keychain.items, IsEmpty());
+  EXPECT_THAT(keychain.items, ElementsAre(item("text", "TEAM.own"), item("text")));
   EXPECT_FALSE(shared.writesFinished());
   EXPECT_EQ(read(shared), "text");
+  EXPECT_THAT(keychain.items, ElementsAre(item("text")));
+}
+
+TEST_F(KeychainItemsTest, WhatCannotBePutIntoTheSharedGroupStaysWhereItIs) {
+  keychain.delay = 1s;
+  keychain.items = {item("text", "TEAM.own")};
+  tasks.spawn(readAndIgnore(shared, KeychainPrompt::never));
+  executor.advance(1500ms);
+  keychain.condition = Condition::gone;
+  executor.advance(1s);
+  keychain.condition = Condition::working;
+  settle();
+  EXPECT_THAT(keychain.items, ElementsAre(item("text", "TEAM.own")));
+  EXPECT_EQ(read(shared), "text");
+  EXPECT_THAT(keychain.items, ElementsAre(item("text")));
+}
+
+TEST_F(KeychainItemsTest, WhatIsLockedOrOutOfReachIsNotAbsent) {
+  EXPECT_EQ(readingOf(shared).error(), KeychainMiss::absent);
+  keychain.items = {item("text")};
+  for (const Condition condition : {Condition::locked, Condition::gone}) {
+    keychain.condition = condition;
+    EXPECT_EQ(readingOf(shared).error(), KeychainMiss::unknown);
+  }
 }
 
 TEST_F(KeychainItemsTest, ACancelledReadLetsTheNextCallThrough) {
@@ -138,7 +170,7 @@ TEST_F(KeychainItemsTest, ACancelledReadLetsTheNextCallThrough) {
   const TaskHandle prompting = tasks.spawn(readAndIgnore(shared, KeychainPrompt::allowed));
   executor.runUntilIdle();
   prompting.cancel();
-  EXPECT_EQ(read(shared), std::nullopt);
+  EXPECT_EQ(readingOf(shared).error(), KeychainMiss::unknown);
   EXPECT_TRUE(prompting.finished() && !keychain.isPrompting());
 }
 

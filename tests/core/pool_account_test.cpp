@@ -36,6 +36,30 @@ TEST_F(PoolAccountTest, TheSameTokenChangesNothing) {
   EXPECT_EQ(transport.sent().size(), sentBefore);
 }
 
+TEST_F(PoolAccountTest, AKeychainThatStartsAfterUsGivesItsTokenOnceUnlessOneWasEntered) {
+  struct Case {
+    const char* entered;
+    const char* used;
+  };
+  for (const auto& [entered, used] : {Case{"", "kept"}, Case{"entered", "entered"}}) {
+    SCOPED_TRACE(entered);
+    storeToken("kept");
+    keychain.condition = MemoryKeychain::Condition::gone;
+    startAndSettle();
+    EXPECT_TRUE(state().token.empty() && !state().isReadingToken);
+    store->setToken(entered);
+    executor.runUntilIdle();
+    keychain.arrive();
+    executor.runUntilIdle();
+    EXPECT_EQ(state().token, used);
+    EXPECT_TRUE(state().stats);
+    storeToken("another program's");
+    keychain.arrive();
+    executor.runUntilIdle();
+    EXPECT_EQ(state().token, used);
+  }
+}
+
 TEST_F(PoolAccountTest, ClearingTheTokenForgetsTheAccount) {
   startWithFigures();
   store->loadHistory();

@@ -7,7 +7,7 @@
 
 namespace orvane::test {
 /// A keychain that is forgotten with the object. It has access groups and a lock with a prompt, and
-/// it can be slow.
+/// it can be slow or out of reach.
 class MemoryKeychain final : public Keychain {
  public:
   struct Item {
@@ -18,7 +18,7 @@ class MemoryKeychain final : public Keychain {
 
     bool operator==(const Item&) const = default;
   };
-  enum class Condition { working, locked };
+  enum class Condition { working, locked, gone };
 
   std::vector<Item> items;
   Condition condition = Condition::working;
@@ -31,12 +31,26 @@ class MemoryKeychain final : public Keychain {
     std::exchange(prompt_, std::nullopt)->resolve(unlock);
   }
 
-  [[nodiscard]] Task<std::optional<KeychainItem>> copyMatching(KeychainQuery query,
-                                                               KeychainPrompt prompt) override {
+  /// The service starts.
+  void arrive() {
+    condition = Condition::working;
+    arrived_.send();
+  }
+
+  [[nodiscard]] Task<KeychainReading<KeychainItem>> copyMatching(KeychainQuery query,
+                                                                 KeychainPrompt prompt) override {
     const KeychainStatus status = co_await reach(query, true, prompt);
+    if (status == KeychainStatus::itemNotFound) { co_return std::unexpected(KeychainMiss::absent); }
     const auto found = std::ranges::find_if(items, matches(query));
-    if (status != KeychainStatus::success || found == items.end()) { co_return std::nullopt; }
-    co_return KeychainItem{.data = found->data, .accessGroup = found->accessGroup};
+    if (status != KeychainStatus::success || found == items.end()) {
+      co_return std::unexpected(KeychainMiss::unknown);
+    }
+    KeychainItem item{.data = found->data, .accessGroup = found->accessGroup};
+    for (auto other = std::next(found); other != items.end(); ++other) {
+      const bool isCopy = matches(query)(*other) && other->accessGroup && other->data == item.data;
+      if (isCopy) { item.copies.push_back(*other->accessGroup); }
+    }
+    co_return item;
   }
   [[nodiscard]] Task<KeychainStatus> update(KeychainQuery query, std::string data,
                                             KeychainPrompt prompt) override {
@@ -58,6 +72,10 @@ class MemoryKeychain final : public Keychain {
     co_return status;
   }
 
+  [[nodiscard]] Registration observeArrival(std::function<void()> listener) override {
+    return arrived_.subscribe(std::move(listener));
+  }
+
  private:
   static std::function<bool(const Item&)> matches(const KeychainQuery& query) {
     return [query](const Item& item) {
@@ -69,7 +87,9 @@ class MemoryKeychain final : public Keychain {
   /// Success when the keychain has such an item, or has none, as `exists` says, and is open.
   Task<KeychainStatus> reach(KeychainQuery query, bool exists, KeychainPrompt prompt) {
     const SleepEnd end = co_await sleepFor(delay);
-    if (end != SleepEnd::elapsed) { co_return KeychainStatus::failed; }
+    if (end != SleepEnd::elapsed || condition == Condition::gone) {
+      co_return KeychainStatus::failed;
+    }
     if (std::ranges::any_of(items, matches(query)) != exists) {
       co_return KeychainStatus::itemNotFound;
     }
@@ -84,5 +104,6 @@ class MemoryKeychain final : public Keychain {
   }
 
   std::optional<Completion<bool>> prompt_;
+  Signal<> arrived_;
 };
 }  // namespace orvane::test

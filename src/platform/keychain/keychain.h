@@ -1,9 +1,12 @@
 #pragma once
 
+#include <expected>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+#include "platform/async/signal.h"
 #include "platform/async/task.h"
 
 namespace orvane {
@@ -18,7 +21,15 @@ struct KeychainQuery {
 struct KeychainItem {
   std::string data;                        ///< bytes, not necessarily text
   std::optional<std::string> accessGroup;  ///< nothing when the item carries none
+  std::vector<std::string> copies = {};    ///< groups that hold the same data under the same names
 };
+
+/// Why a read gives no item: there is none, or it cannot be known now (no service or a silent one,
+/// a keychain that is locked and stays so, a cancelled call).
+enum class KeychainMiss { absent, unknown };
+
+template <class T>
+using KeychainReading = std::expected<T, KeychainMiss>;
 
 /// How a write ended. `failed`: refused, locked, without a service, or cancelled.
 enum class KeychainStatus { success, itemNotFound, failed };
@@ -33,10 +44,9 @@ class Keychain {
  public:
   virtual ~Keychain() = default;
 
-  /// One matching item with its data. Nothing when there is none, or when it is locked and the
-  /// user did not unlock it.
-  [[nodiscard]] virtual Task<std::optional<KeychainItem>> copyMatching(KeychainQuery query,
-                                                                       KeychainPrompt prompt) = 0;
+  /// One matching item with its data.
+  [[nodiscard]] virtual Task<KeychainReading<KeychainItem>> copyMatching(KeychainQuery query,
+                                                                         KeychainPrompt prompt) = 0;
   /// Replaces the data of the matching item.
   [[nodiscard]] virtual Task<KeychainStatus> update(KeychainQuery query, std::string data,
                                                     KeychainPrompt prompt) = 0;
@@ -45,6 +55,9 @@ class Keychain {
                                                  KeychainPrompt prompt) = 0;
   /// Removes every matching item.
   [[nodiscard]] virtual Task<KeychainStatus> remove(KeychainQuery query, KeychainPrompt prompt) = 0;
+
+  /// Tells when the keychain has come within reach: what was unknown may be known now.
+  [[nodiscard]] virtual Registration observeArrival(std::function<void()> listener) = 0;
 };
 
 /// The access groups that the build may use, from the setting that names them separated by

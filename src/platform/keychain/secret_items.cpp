@@ -1,5 +1,6 @@
 #include "platform/keychain/secret_items.h"
 #include <algorithm>
+#include <ranges>
 #include <string_view>
 #include <tuple>
 #include <utility>
@@ -69,6 +70,24 @@ FoundCollection takeCollection(GAsyncResult* result) {
   return failure ? std::nullopt : FoundCollection(std::move(collection));
 }
 
+bool listsNoItems(GDBusProxy* collection) {
+  const GVariantRef items(g_dbus_proxy_get_cached_property(collection, "Items"));
+  return !items || g_variant_n_children(items.get()) == 0;
+}
+
+std::optional<SecretObjects> takeSecretive(GAsyncResult* result) {
+  const auto service = GRef<SecretService>::adopt(secret_service_open_finish(result, nullptr));
+  if (!service) { return std::nullopt; }
+  const std::unique_ptr<GList, ListOfItems> list(secret_service_get_collections(service.get()));
+  SecretObjects secretive;
+  for (const GList* entry = list.get(); entry != nullptr; entry = entry->next) {
+    const auto collection = GRef<GDBusProxy>::adopt(g_object_ref(entry->data));
+    const bool locked = secret_collection_get_locked(SECRET_COLLECTION(entry->data)) != FALSE;
+    if (locked && listsNoItems(collection.get())) { secretive.push_back(collection); }
+  }
+  return secretive;
+}
+
 std::string_view pathOf(const SecretItemRef& item) {
   return g_dbus_proxy_get_object_path(G_DBUS_PROXY(item.get()));
 }
@@ -88,6 +107,7 @@ bool isLocked(const SecretCollectionRef& collection) {
   return secret_collection_get_locked(collection.get()) != FALSE;
 }
 
+namespace {
 std::optional<KeychainItem> contentOf(const SecretItemRef& item) {
   const SecretValueRef value(secret_item_get_secret(item.get()));
   if (!value) { return std::nullopt; }
@@ -99,6 +119,18 @@ std::optional<KeychainItem> contentOf(const SecretItemRef& item) {
     content.accessGroup = static_cast<const char*>(group);
   }
   return content;
+}
+}  // namespace
+
+std::optional<KeychainItem> contentOf(const SecretItems& items) {
+  std::optional<KeychainItem> first = contentOf(items.front());
+  if (!first) { return first; }
+  for (const SecretItemRef& other : items | std::views::drop(1)) {
+    std::optional<KeychainItem> copy = contentOf(other);
+    const bool isSame = copy && copy->accessGroup && copy->data == first->data;
+    if (isSame) { first->copies.push_back(*std::move(copy->accessGroup)); }
+  }
+  return first;
 }
 
 Task<FoundItems> findItems(KeychainQuery query) {
@@ -113,6 +145,19 @@ Task<FoundItems> findItems(KeychainQuery query) {
   FoundItems items = co_await glibCall(std::move(begin), finish);
   if (items) { std::ranges::sort(*items, isPreferred); }
   co_return items;
+}
+
+// A service object of its own each time: libsecret's shared one learns of a lock by a signal that
+// not every service sends.
+Task<std::optional<SecretObjects>> secretiveCollections() {
+  GlibBegin begin = [](GCancellable* cancellable, GAsyncReadyCallback callback, gpointer data) {
+    secret_service_open(SECRET_TYPE_SERVICE, nullptr, SECRET_SERVICE_LOAD_COLLECTIONS, cancellable,
+                        callback, data);
+  };
+  const GlibFinish<std::optional<SecretObjects>> finish = [](GObject*, GAsyncResult* result) {
+    return takeSecretive(result);
+  };
+  co_return co_await glibCall(std::move(begin), finish);
 }
 
 Task<FoundCollection> defaultCollection() {

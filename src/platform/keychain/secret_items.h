@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,11 +17,15 @@ using SecretItemRef = GRef<SecretItem>;
 using SecretItems = std::vector<SecretItemRef>;
 using SecretCollectionRef = GRef<SecretCollection>;
 
+/// Items or collections, for a prompt about them.
+using SecretObjects = std::vector<GRef<GDBusProxy>>;
+
 [[nodiscard]] bool isLocked(const SecretItemRef& item);
 [[nodiscard]] bool isLocked(const SecretCollectionRef& collection);
 
-/// The item with its data; nothing when it is locked.
-[[nodiscard]] std::optional<KeychainItem> contentOf(const SecretItemRef& item);
+/// The first of matching items with its data, and which others hold the same; nothing when it is
+/// locked.
+[[nodiscard]] std::optional<KeychainItem> contentOf(const SecretItems& items);
 
 // Searching. Asks nobody to unlock anything and creates nothing.
 
@@ -29,11 +34,17 @@ using SecretCollectionRef = GRef<SecretCollection>;
 /// their schema.
 [[nodiscard]] Task<std::optional<SecretItems>> findItems(KeychainQuery query);
 
+/// The locked collections of a service that tells nobody what they hold: those that seem to have no
+/// items at all. What is searched for may be in one of them.
+[[nodiscard]] Task<std::optional<SecretObjects>> secretiveCollections();
+
 /// The collection that new items go to; null when the user has none.
 [[nodiscard]] Task<std::optional<SecretCollectionRef>> defaultCollection();
 
 // Writing. True when the service has done it. None of these asks the user for anything, so a locked
 // item or collection must be left alone by the caller: the service would want to.
+
+using SecretItemWrite = std::function<Task<bool>(SecretItemRef)>;
 
 [[nodiscard]] Task<bool> createItem(SecretCollectionRef collection, KeychainQuery query,
                                     std::string data);
@@ -42,9 +53,6 @@ using SecretCollectionRef = GRef<SecretCollection>;
 
 // Prompts: the service asks the user, in a dialog of its own. Each ends with the user's answer;
 // cancelling ends the waiting and leaves the dialog.
-
-/// Items or collections, for a prompt about them.
-using SecretObjects = std::vector<GRef<GDBusProxy>>;
 
 template <class T>
 GRef<GDBusProxy> asObject(const GRef<T>& object) {

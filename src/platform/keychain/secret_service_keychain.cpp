@@ -1,5 +1,4 @@
 #include "platform/keychain/secret_service_keychain.h"
-#include <functional>
 #include "platform/keychain/glib.h"
 
 namespace orvane {
@@ -17,14 +16,15 @@ Task<bool> surviveEndOfGlibsBus() {
   co_return co_await glibCall(std::move(begin), finish);
 }
 
-using Write = std::function<Task<bool>(SecretItemRef)>;
-
 /// Writes to every matching item that is not locked.
-Task<KeychainStatus> writeToAll(KeychainQuery query, Write write) {
+Task<KeychainStatus> writeToAll(KeychainQuery query, SecretItemWrite write) {
   const std::optional<SecretItems> items = co_await findItems(std::move(query));
   if (!items) { co_return KeychainStatus::failed; }
-  if (items->empty()) { co_return KeychainStatus::itemNotFound; }
-
+  if (items->empty()) {
+    const std::optional<SecretObjects> secretive = co_await secretiveCollections();
+    const bool isKnown = secretive && secretive->empty();
+    co_return isKnown ? KeychainStatus::itemNotFound : KeychainStatus::failed;
+  }
   bool isDone = true;
   for (const SecretItemRef& item : *items) {
     bool isWritten = false;
@@ -46,6 +46,11 @@ Task<KeychainStatus> addItem(KeychainQuery query, std::string data) {
 }
 }  // namespace
 
+SecretServiceKeychain::SecretServiceKeychain(SessionBus& bus, ExecutorClock::duration deadline)
+    : service_(bus, deadline), owner_(bus, ServiceWatch::name(), [this](bool isOwned) {
+        if (isOwned) { arrived_.send(); }
+      }) {}
+
 QString ServiceWatch::name() { return QStringLiteral("org.freedesktop.secrets"); }
 
 Task<bool> ServiceWatch::isPresent() const {
@@ -59,6 +64,10 @@ Task<std::optional<SecretItems>> SecretServiceKeychain::find(KeychainQuery query
   return service_.answerTo(std::move(search), std::optional<SecretItems>());
 }
 
+Task<std::optional<SecretObjects>> SecretServiceKeychain::findSecretive() {
+  return service_.answerTo(secretiveCollections(), std::optional<SecretObjects>());
+}
+
 // Whether anything has come of a prompt shows when what it was about is looked for again.
 Task<void> SecretServiceKeychain::askToUnlock(SecretObjects locked) {
   Task<bool> prompt = unlock(std::move(locked));
@@ -67,11 +76,18 @@ Task<void> SecretServiceKeychain::askToUnlock(SecretObjects locked) {
 
 Task<void> SecretServiceKeychain::unlockMatching(KeychainQuery query) {
   const std::optional<SecretItems> items = co_await find(std::move(query));
+  if (!items) { co_return; }
+  if (items->empty()) { co_await unlockSecretive(); }
   SecretObjects locked;
-  for (const SecretItemRef& item : items.value_or(SecretItems())) {
+  for (const SecretItemRef& item : *items) {
     if (isLocked(item)) { locked.push_back(asObject(item)); }
   }
   if (!locked.empty()) { co_await askToUnlock(std::move(locked)); }
+}
+
+Task<void> SecretServiceKeychain::unlockSecretive() {
+  const std::optional<SecretObjects> secretive = co_await findSecretive();
+  if (secretive && !secretive->empty()) { co_await askToUnlock(*secretive); }
 }
 
 Task<void> SecretServiceKeychain::openDefaultCollection() {
@@ -88,23 +104,35 @@ Task<void> SecretServiceKeychain::openDefaultCollection() {
   }
 }
 
-Task<std::optional<KeychainItem>> SecretServiceKeychain::copyMatching(KeychainQuery query,
-                                                                      KeychainPrompt prompt) {
+Task<KeychainReading<KeychainItem>> SecretServiceKeychain::copyMatching(KeychainQuery query,
+                                                                        KeychainPrompt prompt) {
   std::optional<SecretItems> items = co_await find(query);
-  const bool isAllLocked = items && !items->empty() && isLocked(items->front());
-  if (isAllLocked && prompt == KeychainPrompt::allowed) {
+  const bool mayAsk = items && prompt == KeychainPrompt::allowed;
+  if (mayAsk && items->empty()) {
+    co_await unlockSecretive();
+    items = co_await find(std::move(query));
+  } else if (mayAsk && isLocked(items->front())) {
     SecretObjects locked{asObject(items->front())};
     co_await askToUnlock(std::move(locked));
     items = co_await find(std::move(query));
   }
-  if (!items || items->empty()) { co_return std::nullopt; }
-  co_return contentOf(items->front());
+  if (!items) { co_return std::unexpected(KeychainMiss::unknown); }
+  if (items->empty()) {
+    const std::optional<SecretObjects> secretive = co_await findSecretive();
+    const bool isKnown = secretive && secretive->empty();
+    co_return std::unexpected(isKnown ? KeychainMiss::absent : KeychainMiss::unknown);
+  }
+  std::optional<KeychainItem> item = contentOf(*items);
+  if (!item) { co_return std::unexpected(KeychainMiss::unknown); }
+  co_return *std::move(item);
 }
 
 Task<KeychainStatus> SecretServiceKeychain::update(KeychainQuery query, std::string data,
                                                    KeychainPrompt prompt) {
   if (prompt == KeychainPrompt::allowed) { co_await unlockMatching(query); }
-  Write replace = [data](SecretItemRef item) { return replaceData(std::move(item), data); };
+  SecretItemWrite replace = [data](SecretItemRef item) {
+    return replaceData(std::move(item), data);
+  };
   Task<KeychainStatus> writing = writeToAll(std::move(query), std::move(replace));
   co_return co_await service_.answerTo(std::move(writing), KeychainStatus::failed);
 }
@@ -118,7 +146,7 @@ Task<KeychainStatus> SecretServiceKeychain::add(KeychainQuery query, std::string
 
 Task<KeychainStatus> SecretServiceKeychain::remove(KeychainQuery query, KeychainPrompt prompt) {
   if (prompt == KeychainPrompt::allowed) { co_await unlockMatching(query); }
-  Write erase = [](SecretItemRef item) { return deleteItem(std::move(item)); };
+  SecretItemWrite erase = [](SecretItemRef item) { return deleteItem(std::move(item)); };
   Task<KeychainStatus> writing = writeToAll(std::move(query), std::move(erase));
   co_return co_await service_.answerTo(std::move(writing), KeychainStatus::failed);
 }

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <chrono>
+#include <functional>
 #include <utility>
 #include "platform/async/executor.h"
 #include "platform/async/task.h"
@@ -47,8 +48,9 @@ class ServiceWatch {
     co_return result;
   }
 
- private:
   [[nodiscard]] static QString name();
+
+ private:
   [[nodiscard]] Task<bool> isPresent() const;
 
   template <class T>
@@ -69,10 +71,12 @@ class ServiceWatch {
 ///
 /// A read that may prompt asks the user to unlock a matching item when all of them are locked, a
 /// write when any of them is; adding asks to unlock the default collection, or to make one where
-/// the user has none. Each waits for the answer. Without a prompt locked items count as absent for
-/// reads, and writes to them, or to a locked or missing default collection, fail. So does adding an
-/// item that exists. Where other programs have made an item exist several times, reads give the one
-/// changed last, and updates change all of them.
+/// the user has none. Some services list nothing of a locked collection: where nothing is found,
+/// what they hide is asked for and searched again. Each waits for the answer. Without a prompt, or
+/// when the user refuses, what is locked or may be hidden is unknown to reads, and writes to it, or
+/// to a locked or missing default collection, fail. So does adding an item that exists. Where other
+/// programs have made an item exist several times, reads give the one changed last, and updates
+/// change all of them.
 ///
 /// Answers arrive through GLib's default main context, which Qt's event loop iterates on Linux; in
 /// a program where nobody does, every call ends unsuccessfully at its deadline. Tasks must not
@@ -82,23 +86,29 @@ class SecretServiceKeychain final : public Keychain {
   static constexpr std::chrono::milliseconds usualDeadline{5000};
 
   /// `deadline` is for everything that waits for the service and not for the user.
-  explicit SecretServiceKeychain(SessionBus& bus, ExecutorClock::duration deadline = usualDeadline)
-      : service_(bus, deadline) {}
+  explicit SecretServiceKeychain(SessionBus& bus, ExecutorClock::duration deadline = usualDeadline);
 
-  [[nodiscard]] Task<std::optional<KeychainItem>> copyMatching(KeychainQuery query,
-                                                               KeychainPrompt prompt) override;
+  [[nodiscard]] Task<KeychainReading<KeychainItem>> copyMatching(KeychainQuery query,
+                                                                 KeychainPrompt prompt) override;
   [[nodiscard]] Task<KeychainStatus> update(KeychainQuery query, std::string data,
                                             KeychainPrompt prompt) override;
   [[nodiscard]] Task<KeychainStatus> add(KeychainQuery query, std::string data,
                                          KeychainPrompt prompt) override;
   [[nodiscard]] Task<KeychainStatus> remove(KeychainQuery query, KeychainPrompt prompt) override;
+  [[nodiscard]] Registration observeArrival(std::function<void()> listener) override {
+    return arrived_.subscribe(std::move(listener));
+  }
 
  private:
   [[nodiscard]] Task<std::optional<SecretItems>> find(KeychainQuery query);
+  [[nodiscard]] Task<std::optional<SecretObjects>> findSecretive();
   [[nodiscard]] Task<void> askToUnlock(SecretObjects locked);
   [[nodiscard]] Task<void> unlockMatching(KeychainQuery query);
+  [[nodiscard]] Task<void> unlockSecretive();
   [[nodiscard]] Task<void> openDefaultCollection();
 
   ServiceWatch service_;
+  Signal<> arrived_;
+  BusName owner_;
 };
 }  // namespace orvane

@@ -18,7 +18,7 @@ class KeychainTest : public testing::TestWithParam<Subject> {
     return GetParam() == Subject::service ? realTime.run(std::move(task))
                                           : runTask(virtualTime, std::move(task));
   }
-  std::optional<KeychainItem> read(const KeychainQuery& query) {
+  KeychainReading<KeychainItem> read(const KeychainQuery& query) {
     return run(keychain.copyMatching(query, never));
   }
   KeychainStatus add(const KeychainQuery& query, const std::string& data) {
@@ -48,7 +48,7 @@ INSTANTIATE_TEST_SUITE_P(Service, KeychainTest, testing::Values(Subject::service
 INSTANTIATE_TEST_SUITE_P(Memory, KeychainTest, testing::Values(Subject::memory));
 
 TEST_P(KeychainTest, AnItemIsFoundByServiceAndAccountTogetherAndItsDataAreBytes) {
-  EXPECT_FALSE(read(token));
+  EXPECT_EQ(read(token).error(), KeychainMiss::absent);
   const std::string bytes("\xff\0\xc3(\n", 5);
   EXPECT_EQ(add(token, bytes), KeychainStatus::success);
   const auto item = read(token);
@@ -75,6 +75,17 @@ TEST_P(KeychainTest, AddingWhatExistsChangesNothing) {
   EXPECT_EQ(read(token)->data, "first");
   EXPECT_EQ(add(inGroup("b"), "of another group"), KeychainStatus::success);
   EXPECT_EQ(read(inGroup("a"))->data, "first");
+}
+
+TEST_P(KeychainTest, AReadNamesTheOtherGroupsThatHoldTheSame) {
+  add(inGroup("a"), "same");
+  add(inGroup("b"), "same");
+  add(inGroup("c"), "another");
+  const std::vector<std::string> copies = read(token).value().copies;
+  const std::optional<std::string> group = read(token).value().accessGroup;
+  if (group != "c") { EXPECT_EQ(copies, std::vector<std::string>{group == "a" ? "b" : "a"}); }
+  EXPECT_EQ(remove(inGroup("c")), KeychainStatus::success);
+  EXPECT_EQ(read(token).value().copies.size(), 1U);
 }
 
 TEST_P(KeychainTest, RemoveTakesEveryMatchAndNothingElse) {

@@ -11,6 +11,7 @@
 namespace orvane::test { namespace {
 
 using namespace std::chrono_literals;
+using namespace std::string_view_literals;
 
 /// Well below the usual deadline, and enough for a machine with other things to do.
 constexpr auto atOnce = 3s;
@@ -74,7 +75,7 @@ class Prompter : public Program {
 class ServiceTest : public RealTimeTest {
  protected:
   void expectEveryCallInVain(Keychain& asked, KeychainPrompt prompt) {
-    EXPECT_FALSE(run(asked.copyMatching(query, prompt)));
+    EXPECT_EQ(run(asked.copyMatching(query, prompt)).error(), KeychainMiss::unknown);
     EXPECT_EQ(run(asked.update(query, "x", prompt)), KeychainStatus::failed);
     EXPECT_EQ(run(asked.add(fresh, "x", prompt)), KeychainStatus::failed);
     EXPECT_EQ(run(asked.remove(query, prompt)), KeychainStatus::failed);
@@ -101,10 +102,44 @@ TEST_F(ServiceTest, AServiceThatNeverAnswersIsWaitedForNoLongerThanTheDeadline) 
 }
 
 TEST_F(ServiceTest, AServiceMayBeRestarted) {
+  int arrivals = 0;
+  const Registration observer = keychain.observeArrival([&arrivals] { ++arrivals; });
   std::optional<Daemon> daemon(std::in_place, *this, bus);
   EXPECT_EQ(run(keychain.add(query, "secret", never)), KeychainStatus::success);
   daemon.emplace(*this, bus);
   EXPECT_TRUE(run(keychain.copyMatching(query, never)));
+  EXPECT_EQ(arrivals, 2);
+}
+
+/// A keyring that lists nothing while it is locked.
+class HidingKeyring : public Program {
+ public:
+  HidingKeyring(RealTime& time, SessionBus& bus, const char* answerOfUser)
+      : Program(ORVANE_HIDING_KEYRING, {answerOfUser}) {
+    EXPECT_TRUE(time.letPassUntil([&] { return time.run(isServicePresent(bus, serviceName)); }));
+  }
+};
+
+TEST_F(ServiceTest, WhatALockedKeyringHidesIsUnlockedAndSearchedAgain) {
+  for (const char* call : {"read", "update", "remove"}) {
+    SCOPED_TRACE(call);
+    const HidingKeyring service(*this, bus, "open");
+    EXPECT_EQ(run(keychain.copyMatching(query, never)).error(), KeychainMiss::unknown);
+    EXPECT_EQ(run(keychain.update(query, "x", never)), KeychainStatus::failed);
+    if (call == "read"sv) { EXPECT_EQ(run(keychain.copyMatching(query, allowed))->data, "secret"); }
+    if (call == "update"sv) {
+      EXPECT_EQ(run(keychain.update(query, "new", allowed)), KeychainStatus::success);
+      EXPECT_EQ(run(keychain.copyMatching(query, never))->data, "new");
+    }
+    EXPECT_EQ(run(keychain.remove(query, allowed)), KeychainStatus::success);
+    EXPECT_EQ(run(keychain.copyMatching(query, never)).error(), KeychainMiss::absent);
+    EXPECT_EQ(run(keychain.add(query, "again", never)), KeychainStatus::success);
+  }
+}
+
+TEST_F(ServiceTest, WhatStaysHiddenIsUnknownAndNothingIsWrittenBesideIt) {
+  const HidingKeyring service(*this, bus, "refuse");
+  expectEveryCallInVain(keychain, allowed);
 }
 
 /// A keyring with one item, locked.
@@ -140,7 +175,7 @@ class PromptTest : public ServiceTest {
 
   Daemon daemon{*this, bus};
   Prompter prompter;
-  std::optional<std::optional<KeychainItem>> item;
+  std::optional<KeychainReading<KeychainItem>> item;
   TaskHandle call;
   TaskScope scope{*executor};
 };
