@@ -42,10 +42,16 @@ void AddressWatch::restartAddressWatch() {
   addressTask_ = tasks_.spawn(watchLoop());
 }
 
+void AddressWatch::takeNetwork() {
+  if (networkNeed_.takeNetwork()) { restartAddressWatch(); }
+}
+
 Task<void> AddressWatch::watchLoop() {
   const TaskContext context = co_await currentContext();
   while (!context.stop.stop_requested()) {
+    networkNeed_.beginCycle();
     co_await refreshAddress();
+    if (networkNeed_.endCycle()) { continue; }
     const SleepEnd sleep = co_await sleepFor(watchInterval);
     if (sleep == SleepEnd::cancelled) { co_return; }
   }
@@ -111,6 +117,7 @@ void AddressWatch::applySummary(std::expected<WatchedAddressSummary, ExplorerErr
     fields_.set(&BalanceState::addressLastUpdate, executor_.wallClock());
     fields_.set(&BalanceState::addressStatus, std::nullopt);
   } else {
+    networkNeed_.noteFailure(summary.error());
     fields_.set(&BalanceState::addressStatus, explorerErrorText());
   }
   fields_.invokeOnChange();

@@ -33,6 +33,9 @@ class AddressWatch {
   [[nodiscard]] std::optional<std::string> setOwnAddress(std::string_view text);
   void restartAddressWatch();
 
+  /// A network has come: refreshes at once when the last cycle lacked one.
+  void takeNetwork();
+
  private:
   [[nodiscard]] Task<void> watchLoop();
   [[nodiscard]] Task<void> refreshAddress();
@@ -49,6 +52,7 @@ class AddressWatch {
   WatchedAddressClient addressClient_;
   NewPaymentNotifications notifications_;
   bool isPayoutAddressUnknown_ = false;
+  NetworkNeed networkNeed_;
   TaskHandle addressTask_;
   TaskScope tasks_;
 };

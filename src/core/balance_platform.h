@@ -6,6 +6,7 @@
 #include "platform/defaults/user_defaults.h"
 #include "platform/http/http_transport.h"
 #include "platform/keychain/keychain.h"
+#include "platform/network/network_watch.h"
 #include "platform/notifications/notification_center.h"
 #include "platform/text/locale_format.h"
 
@@ -25,6 +26,7 @@ struct BalancePlatform {
   UserDefaults& defaults;
   Keychain& keychain;
   NotificationCenter& notifications;
+  NetworkWatch& network;
   const LocaleFormat& format;
   ServiceHosts hosts;
   std::vector<std::string> accessGroups = {};  ///< the keychain groups this build may use

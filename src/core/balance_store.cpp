@@ -17,6 +17,10 @@ BalanceStore::BalanceStore(BalancePlatform platform)
       keychainObserver_(platform.keychain.observeArrival([this] {
         pool_.readUnknownToken();
         address_.readUnknownAddress();
+      })),
+      networkWatch_(platform.network.onReachable([this] {
+        pool_.takeNetwork();
+        address_.takeNetwork();
       })) {
   fields_.set(&BalanceState::unit, settings_.unit());
   fields_.set(&BalanceState::preferredFiatCurrency, settings_.preferredFiatCurrency());

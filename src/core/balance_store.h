@@ -66,5 +66,6 @@ class BalanceStore {
   PoolAccount pool_;
   AddressWatch address_;
   Registration keychainObserver_;
+  Registration networkWatch_;
 };
 }  // namespace orvane

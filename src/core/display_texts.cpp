@@ -25,22 +25,6 @@ std::string btcText(std::int64_t sats) {
   const std::int64_t fraction = sats % satsPerBTC;
   return fmt::format("{}{}.{:08}", sats < 0 ? "-" : "", std::abs(whole), std::abs(fraction));
 }
-
-bool meansUnreachable(HttpFailure failure) {
-  switch (failure) {
-    case HttpFailure::notConnectedToInternet:
-    case HttpFailure::networkConnectionLost:
-    case HttpFailure::cannotFindHost:
-    case HttpFailure::cannotConnectToHost:
-    case HttpFailure::timedOut:
-      return true;
-    case HttpFailure::invalidUrl:
-    case HttpFailure::cancelled:
-    case HttpFailure::other:
-      return false;
-  }
-  return false;
-}
 }  // namespace
 
 std::string amountNumberText(const BalanceState& state, const LocaleFormat& format,

@@ -71,11 +71,17 @@ void PoolAccount::restartPolling() {
   pollTask_ = fields_->token.empty() ? TaskHandle() : tasks_.spawn(pollLoop());
 }
 
+void PoolAccount::takeNetwork() {
+  if (networkNeed_.takeNetwork()) { restartPolling(); }
+}
+
 Task<void> PoolAccount::pollLoop() {
   const TaskContext context = co_await currentContext();
   while (!context.stop.stop_requested()) {
+    networkNeed_.beginCycle();
     co_await refreshAccount();
     co_await prices_.refreshPrices();
+    if (networkNeed_.endCycle()) { continue; }
     const SleepEnd sleep = co_await sleepFor(pollInterval);
     if (sleep == SleepEnd::cancelled) { co_return; }
   }
@@ -97,6 +103,7 @@ Task<bool> PoolAccount::refreshStats() {
     fields_.set(&BalanceState::lastUpdate, executor_.wallClock());
     fields_.set(&BalanceState::accountStatus, std::nullopt);
   } else {
+    networkNeed_.noteFailure(stats.error());
     fields_.set(&BalanceState::accountStatus, poolErrorText(stats.error(), "account"));
   }
   fields_.invokeOnChange();
@@ -107,7 +114,11 @@ Task<void> PoolAccount::refreshWorkers() {
   const TaskContext context = co_await currentContext();
   std::expected<std::vector<BraiinsWorkerStatus>, PoolError> workers =
       co_await client_.fetchWorkers();
-  if (isCancelled(context, workers) || !workers) { co_return; }
+  if (isCancelled(context, workers)) { co_return; }
+  if (!workers) {
+    networkNeed_.noteFailure(workers.error());
+    co_return;
+  }
   workerNotifications_.noticeWorkers(*workers);
   fields_.set(&BalanceState::workers, *std::move(workers));
 }

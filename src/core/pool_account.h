@@ -35,6 +35,9 @@ class PoolAccount {
   void loadHistory();
   void setNotifiesWorkerStates(bool on);
 
+  /// A network has come: refreshes at once when the last cycle lacked one.
+  void takeNetwork();
+
  private:
   [[nodiscard]] Task<void> useStoredToken();
   void assignToken(std::string token);
@@ -57,6 +60,7 @@ class PoolAccount {
   BraiinsAccountClient client_;
   WorkerNotifications workerNotifications_;
   bool isStoredTokenUnknown_ = false;
+  NetworkNeed networkNeed_;
   TaskHandle pollTask_;
   TaskHandle historyTask_;  ///< set while a load runs; the state's isLoadingHistory mirrors it
   TaskScope tasks_;

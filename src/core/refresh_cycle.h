@@ -3,6 +3,7 @@
 #include <utility>
 #include "core/balance_state.h"
 #include "platform/async/task.h"
+#include "platform/http/http_transport.h"
 #include "prices/bitcoin_price_service.h"
 
 namespace orvane {
@@ -19,6 +20,35 @@ template <class Result>
   if (context.stop.stop_requested()) { return true; }
   return !result && result.error().kind == Result::error_type::Kind::cancelled;
 }
+
+/// Whether a cycle is to be repeated as soon as there is a network. A failure that has another
+/// cause than the want of one keeps to the cycle's own pace.
+class NetworkNeed {
+ public:
+  void beginCycle() {
+    *this = {};
+    isRunning_ = true;
+  }
+  template <class Error>
+  void noteFailure(const Error& error) {
+    if (error.kind == Error::Kind::transport && meansUnreachable(error.failure)) { fails_ = true; }
+  }
+  /// True when the network that the cycle lacked came while it ran: it may begin again at once.
+  [[nodiscard]] bool endCycle() {
+    isRunning_ = false;
+    return fails_ && hasCome_;
+  }
+  /// A network has come. True when the last cycle ended for want of one.
+  [[nodiscard]] bool takeNetwork() {
+    hasCome_ = true;
+    return fails_ && !isRunning_;
+  }
+
+ private:
+  bool isRunning_ = false;
+  bool fails_ = false;    ///< for want of a network
+  bool hasCome_ = false;  ///< a network, since the cycle began
+};
 
 /// Keeps the prices fresh; run by the pool's cycle, or by the address's when there is no token.
 class PriceFeed {

@@ -264,6 +264,48 @@ TEST_F(LongRunTest, AfterANightBothSidesAreFreshAtOnceAndGoOnInTheirUsualPace) {
   EXPECT_THAT(momentsOf("explorer.test"), ElementsAre(0, 0, 0)) << "the next is due at 600";
 }
 
+TEST_F(LongRunTest, ANetworkThatComesHelpsAtOnceWhatFailedForWantOfIt) {
+  using enum HttpFailure;
+  const auto failed = [](HttpFailure failure) -> HttpResult { return std::unexpected(failure); };
+  const std::vector<std::pair<HttpResult, bool>> cases{
+      {failed(notConnectedToInternet), true},
+      {failed(networkConnectionLost), true},
+      {failed(cannotFindHost), true},
+      {failed(cannotConnectToHost), true},
+      {failed(timedOut), true},
+      {failed(other), false},
+      {HttpResponse{.status = 401, .body = {}}, false},
+      {HttpResponse{.status = 200, .body = "{"}, false}};
+  for (const auto& [result, isHelped] : cases) {
+    const auto answer = [result](const HttpRequest&) { return result; };
+    transport.on("pool.test").respondBy(answer).times(1);
+    transport.on("explorer.test").respondBy(answer).times(3);
+    begin = executor.now();
+    transport.clearSent();
+    start();
+    executor.advance(10s);
+    network.come();
+    network.come();  // the second finds the first one's cycle
+    executor.advance(299s);
+    EXPECT_THAT(momentsOf("/profile"), isHelped ? ElementsAre(0, 60) : ElementsAre(0, 300));
+    EXPECT_EQ(transport.sentTo("/height"), isHelped ? 2U : 1U);
+    network.come();
+    executor.advance(60s);
+    EXPECT_EQ(transport.sentTo("/height"), isHelped ? 2U : 1U) << "nothing is wanting";
+  }
+}
+
+TEST_F(LongRunTest, ANetworkThatComesWhileACycleFailsBeginsTheNextOne) {
+  transport.on("/profile").fail(HttpFailure::timedOut).after(15s).times(1);
+  transport.on("/height").fail(HttpFailure::timedOut).after(15s).times(1);
+  start();
+  executor.advance(14s);
+  network.come();
+  executor.advance(100s);
+  EXPECT_THAT(momentsOf("/profile"), ElementsAre(0, 60));
+  EXPECT_THAT(momentsOf("/height"), ElementsAre(0, 15));
+}
+
 TEST_F(LongRunTest, CallsThatWaitedForTheirSlotStillTakeTurns) {
   start();
   executor.advance(10s);

@@ -75,6 +75,7 @@ BalancePlatform StoreOnFakes::platform() {
           defaults,
           keychain,
           notifications,
+          network,
           format,
           {"pool.test", "explorer.test", "price.test", "fallback.test"},
           {"TEAM.own", sharedGroup}};

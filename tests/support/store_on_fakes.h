@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/balance_store.h"
+#include "support/fake_network_watch.h"
 #include "support/fake_notification_center.h"
 #include "support/memory_defaults.h"
 #include "support/memory_keychain.h"
@@ -52,6 +53,7 @@ class StoreOnFakes {
   MemoryDefaults defaults;
   MemoryKeychain keychain;
   FakeNotificationCenter notifications;
+  FakeNetworkWatch network;
   LocaleFormat format{{.numbers = "de_DE.UTF-8", .dates = "de_DE.UTF-8", .timeZone = "UTC"}};
   std::optional<BalanceStore> store;
   int changes = 0;  ///< how often onChange was invoked

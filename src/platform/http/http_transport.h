@@ -41,6 +41,23 @@ enum class HttpFailure {
   other,      ///< among others: a certificate that is not trusted, a body over 32 MiB
 };
 
+/// Whether the host may be there and only the way to it was missing.
+[[nodiscard]] constexpr bool meansUnreachable(HttpFailure failure) {
+  switch (failure) {
+    case HttpFailure::notConnectedToInternet:
+    case HttpFailure::networkConnectionLost:
+    case HttpFailure::cannotFindHost:
+    case HttpFailure::cannotConnectToHost:
+    case HttpFailure::timedOut:
+      return true;
+    case HttpFailure::invalidUrl:
+    case HttpFailure::cancelled:
+    case HttpFailure::other:
+      return false;
+  }
+  return false;
+}
+
 using HttpResult = std::expected<HttpResponse, HttpFailure>;
 
 /// Sends HTTPS GET requests. A redirect is followed within https, and a request with headers of

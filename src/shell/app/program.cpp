@@ -14,6 +14,7 @@
 #include "platform/http/qt_http_transport.h"
 #include "platform/keychain/keychain.h"
 #include "platform/keychain/secret_service_keychain.h"
+#include "platform/network/qt_network_watch.h"
 #include "platform/notifications/desktop_notification_center.h"
 #include "platform/tray/desktop_status_bar.h"
 #include "shell/app/orvane_app.h"
@@ -42,6 +43,7 @@ int runInstance(SessionInstance& instance, const ProgramSettings& settings) {
   const LocaleFormat format(LocaleNames::fromEnvironment());
   SqliteDefaults defaults(settingsFileOfUser());
   QtHttpTransport transport({.extraCaFile = settings.extraCaFile});
+  QtNetworkWatch network;
   SecretServiceKeychain keychain(bus);
   DesktopNotificationCenter notifications(bus);
   QtDesktopApplication desktop;
@@ -55,6 +57,7 @@ int runInstance(SessionInstance& instance, const ProgramSettings& settings) {
                    .defaults = defaults,
                    .keychain = keychain,
                    .notifications = notifications,
+                   .network = network,
                    .format = format,
                    .hosts = settings.hosts,
                    .accessGroups = accessGroupsFromSetting(settings.keychainAccessGroups)},

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QNetworkInformation>
+#include <QObject>
+#include "platform/network/network_watch.h"
+
+namespace orvane {
+/// What NetworkManager says, or else GLib, through whichever of Qt's plugins is installed and finds
+/// its service. Lives on the main thread, after the QCoreApplication's construction.
+class QtNetworkWatch final : public NetworkWatch {
+ public:
+  QtNetworkWatch();
+
+  [[nodiscard]] Registration onReachable(std::function<void()> listener) override {
+    return reachable_.subscribe(std::move(listener));
+  }
+
+ private:
+  using Reachability = QNetworkInformation::Reachability;
+
+  void notice(Reachability now);
+
+  Reachability known_ = Reachability::Unknown;
+  Signal<> reachable_;
+  QObject receiver_;  ///< of Qt's signal
+};
+}  // namespace orvane
