@@ -2,11 +2,14 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 
 namespace orvane {
-void require(bool holds) {
-  if (!holds) { std::abort(); }
+void require(bool holds, std::source_location where) {
+  if (holds) { return; }
+  std::fprintf(stderr, "%s:%u: does not hold\n", where.file_name(), where.line());
+  std::abort();
 }
 
 std::string_view takeLine(std::string_view& rest) {

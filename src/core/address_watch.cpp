@@ -70,8 +70,11 @@ Task<void> AddressWatch::resolveWatchedAddress() {
   std::string payout;
   // An entered address does not wait for a keychain that may be waiting for the user.
   if (fields_->ownAddress.empty()) {
+    // What is watched already is read again, whether or not the user answers a prompt meanwhile.
+    std::optional<ExecutorClock::duration> patience;
+    if (!fields_->watchedAddress.empty()) { patience = keychainPatience; }
     const KeychainReading<std::string> stored = co_await keychain_.readItem(
-        payoutAddressItem.service, payoutAddressItem.account, KeychainPrompt::never);
+        payoutAddressItem.service, payoutAddressItem.account, KeychainPrompt::never, patience);
     if (context.stop.stop_requested()) { co_return; }
     isPayoutAddressUnknown_ = !stored && stored.error() == KeychainMiss::unknown;
     if (isPayoutAddressUnknown_) { co_return; }  // what is watched may still be right

@@ -17,6 +17,7 @@ namespace orvane {
 class AddressWatch {
  public:
   static constexpr std::chrono::seconds watchInterval{600};
+  static constexpr std::chrono::seconds keychainPatience{20};
 
   /// Everything given outlives the object.
   AddressWatch(const BalancePlatform& platform, BalanceFields& fields, StoredSettings& settings,

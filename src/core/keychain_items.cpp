@@ -1,6 +1,7 @@
 #include "core/keychain_items.h"
 #include <algorithm>
 #include <utility>
+#include "platform/async/timer.h"
 #include "platform/text/unicode.h"
 
 namespace orvane {
@@ -22,9 +23,11 @@ KeychainItems::KeychainItems(Executor& executor, Keychain& keychain,
                              std::optional<std::string> accessGroup)
     : keychain_(keychain), accessGroup_(std::move(accessGroup)), writes_(executor) {}
 
-Task<KeychainReading<std::string>> KeychainItems::readItem(std::string service, std::string account,
-                                                           KeychainPrompt prompt) {
-  std::optional<AsyncMutex::Lock> turn = co_await order_.lock();
+Task<KeychainReading<std::string>> KeychainItems::readItem(
+    std::string service, std::string account, KeychainPrompt prompt,
+    std::optional<ExecutorClock::duration> patience) {
+  Task<Turn> waiting = patience ? turnWithin(*patience) : order_.lock();
+  Turn turn = co_await std::move(waiting);
   if (!turn) { co_return std::unexpected(KeychainMiss::unknown); }
 
   const KeychainQuery query = baseQuery(std::move(service), std::move(account));
@@ -36,6 +39,14 @@ Task<KeychainReading<std::string>> KeychainItems::readItem(std::string service, 
     writes_.spawn(moveToSharedGroup(std::move(*turn), *item, query));
   }
   co_return item->data;
+}
+
+Task<KeychainItems::Turn> KeychainItems::turnWithin(ExecutorClock::duration patience) {
+  const TaskContext context = co_await currentContext();
+  ChildTask<Turn> waiting(context, order_.lock());
+  const OneShotTimer end(*context.executor, patience, [&waiting] { waiting.cancel(); });
+  Turn turn = co_await waiting.result();
+  co_return turn;
 }
 
 std::vector<std::string> KeychainItems::oldGroups(const KeychainItem& item) const {

@@ -36,9 +36,12 @@ class KeychainItems {
   /// a cancelled task leaves it unknown. An item in another group than the shared one is moved
   /// there; the move goes on by itself, also when the task is cancelled, and one that was cut off
   /// before its end is completed.
-  [[nodiscard]] Task<KeychainReading<std::string>> readItem(std::string service,
-                                                            std::string account,
-                                                            KeychainPrompt prompt);
+  ///
+  /// A call before this one may be waiting for the user; `patience`, where it is given, bounds how
+  /// long this one waits for its turn, and then leaves the item unknown.
+  [[nodiscard]] Task<KeychainReading<std::string>> readItem(
+      std::string service, std::string account, KeychainPrompt prompt,
+      std::optional<ExecutorClock::duration> patience = std::nullopt);
 
   /// Saves `text` in the shared group; an empty text removes the item from every group. It is what
   /// the user wants now, so it may prompt. Returns at once; nothing cancels a save.
@@ -48,6 +51,9 @@ class KeychainItems {
   [[nodiscard]] bool writesFinished() const { return writes_.idle(); }
 
  private:
+  using Turn = std::optional<AsyncMutex::Lock>;
+  [[nodiscard]] Task<Turn> turnWithin(ExecutorClock::duration patience);
+
   /// The groups that the item is to leave; none without a shared one.
   [[nodiscard]] std::vector<std::string> oldGroups(const KeychainItem& item) const;
   [[nodiscard]] bool isShared(const KeychainItem& item) const;

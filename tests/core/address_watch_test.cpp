@@ -160,6 +160,18 @@ TEST_F(AddressWatchTest, AKeychainThatCannotBeReadTakesNothingAway) {
   }
 }
 
+TEST_F(AddressWatchTest, ADialogThatNobodyAnswersHoldsUpNoFigures) {
+  storePayoutAddress(firstAddress);
+  startAndSettle();
+  keychain.condition = MemoryKeychain::Condition::locked;
+  store->setToken("new");
+  executor.advance(600s);
+  const auto updated = state().addressLastUpdate;
+  executor.advance(600s);
+  EXPECT_TRUE(keychain.isPrompting());
+  EXPECT_GT(state().addressLastUpdate, updated);
+}
+
 TEST_F(AddressWatchTest, APayoutAddressIsReadWhenTheKeychainStartsAfterUs) {
   storePayoutAddress(firstAddress);
   keychain.condition = MemoryKeychain::Condition::gone;
