@@ -1,10 +1,9 @@
 #include "shell/app/scenes.h"
 #include <QPointer>
-#include <QScreen>
 #include <QShowEvent>
 #include <QVBoxLayout>
-#include <algorithm>
 #include <utility>
+#include "platform/desktop/qt/window_placement.h"
 #include "shell/menu_bar/window_visibility.h"
 #include "shell/views/qt_text.h"
 
@@ -100,10 +99,6 @@ void SceneWindows::placeOverMainWindow(QWidget& frame) const {
   const auto& mainWidget = QtDesktopApplication::widgetOf(*main->second);
   QRect place(QPoint(), frame.size());
   place.moveCenter(mainWidget.geometry().center());
-  const auto screen = mainWidget.screen()->availableGeometry();
-  frame.move(std::clamp(place.left(), screen.left(),
-                        std::max(screen.left(), screen.right() - place.width())),
-             std::clamp(place.top(), screen.top(),
-                        std::max(screen.top(), screen.bottom() - place.height())));
+  frame.setGeometry(placeWithin(roomOf(mainWidget), place));
 }
 }  // namespace orvane

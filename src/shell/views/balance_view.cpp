@@ -2,11 +2,11 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QMenu>
-#include <QScreen>
 #include <QShortcut>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 #include <algorithm>
+#include "platform/desktop/qt/window_placement.h"
 #include "shell/view_models/window_contents.h"
 #include "shell/views/cards.h"
 #include "shell/views/controls.h"
@@ -93,15 +93,21 @@ class CommandButton final : public QPushButton {
   }
 };
 
-/// What a window's title bar and borders take of the screen, before there is a window to ask.
-constexpr QSize usualWindowFrame(2, 40);
-
 /// Carries a change of size out at once, so that a window which is about to appear appears in its
 /// new size.
 void layOutUpToWindow(QWidget& changed) {
   for (auto* widget = &changed; widget; widget = widget->parentWidget()) {
     if (widget->layout()) { widget->layout()->activate(); }
   }
+}
+
+/// A window on screen that has to make room for `size` within it does so on both sides alike; one
+/// that is yet to appear is placed when it does.
+void makeRoom(QWidget& content, const QSize& size) {
+  auto& window = *content.window();
+  const QSize missing = (size - content.size()).expandedTo({0, 0});
+  if (missing.isNull() || !isPlaced(window)) { return; }
+  window.setGeometry(grownAboutCentre(roomOf(window), window.geometry(), window.size() + missing));
 }
 }  // namespace
 
@@ -238,12 +244,11 @@ void BalanceView::showState() {
 
 void BalanceView::askForSize() {
   const auto wanted = windowLayout(store_.state());
-  const auto frame = window()->isVisible() ? window()->frameGeometry().size() - window()->size()
-                                           : usualWindowFrame;
-  const auto available = screen()->availableGeometry().size() - frame.expandedTo(usualWindowFrame);
-  const QSize size = QSize(wanted.minimumWidth, wanted.minimumHeight).boundedTo(available);
+  const QSize size =
+      QSize(wanted.minimumWidth, wanted.minimumHeight).boundedTo(largestSize(roomOf(*window())));
   if (size == minimumSize()) { return; }
   leftColumn_->setMinimumWidth(std::min(theme::leftColumnWidth, size.width()));
+  makeRoom(*this, size);
   setMinimumSize(size);
   layOutUpToWindow(*this);
 }

@@ -1,3 +1,4 @@
+#include <QScreen>
 #include "platform/desktop/desktop_fixture.h"
 
 namespace orvane::test { namespace {
@@ -37,17 +38,55 @@ TEST_F(WindowsTest, DoNotHoldUpTheEndOfTheSessionByRefusingToClose) {
 
 TEST_F(WindowsTest, KeepPlaceSizeAndFocusWhileHidden) {
   bringUp();
-  const QRect place(311, 173, 420, 333);
-  widget.setGeometry(place);
+  const auto place = [this] {
+    return X11Display::ofApplication()->areaOf(static_cast<xcb_window_t>(widget.winId()));
+  };
+  // As a user moves it: the program has not asked for this place.
+  const QRect before = place();
+  QProcess::execute("xdotool", {"windowmove", QString::number(widget.winId()), "311", "173"});
+  ASSERT_TRUE(QTest::qWaitFor([&] { return widget.geometry().topLeft() == QPoint(311, 173); }));
+  const QRect moved = place();
+  EXPECT_NE(moved, before);
   field.setFocus();
-  const auto isInPlace = [this, &place] { return widget.geometry() == place; };
-  ASSERT_TRUE(QTest::qWaitFor(isInPlace));
 
   window.orderOut();
   QTest::qWait(50);  // what the window manager makes of it
   bringUp();
   EXPECT_TRUE(QTest::qWaitFor([this] { return field.hasFocus(); }));
-  EXPECT_TRUE(isInPlace()) << widget.x() << ' ' << widget.y();
+  EXPECT_EQ(place(), moved) << place().x() << ' ' << place().y();
+}
+
+TEST_F(WindowsTest, AppearWholeUnderAWindowManagerThatBoundsNothing) {
+  widget.resize(5000, 4000);
+  bringUp();
+  const auto workArea = widget.screen()->availableGeometry();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return workArea.contains(widget.frameGeometry()); }))
+      << widget.frameGeometry().width() << ' ' << widget.frameGeometry().bottom();
+}
+
+TEST(WindowPlacement, CountsFramesAndPanels) {
+  const WindowRoom room{.workArea = {0, 30, 1366, 708}, .frame = {2, 25, 2, 5}};
+  const QRect left(2, 60, 640, 600);
+  const QRect halfOff(-300, 400, 640, 600);
+  const auto returning = [&](const QRect& workArea) {
+    return placeToReturnTo(room, {.place = halfOff, .workArea = workArea});
+  };
+  struct Case {
+    const char* name;
+    QRect is;
+    QRect expected;
+  };
+  for (const auto& [name, is, expected] :
+       {Case{"fits", placeWithin(room, left), left},
+        Case{"too large", placeWithin(room, {-9, -9, 2000, 900}), {2, 55, 1362, 678}},
+        Case{"too far", placeWithin(room, {1300, 700, 640, 600}), {724, 133, 640, 600}},
+        Case{"grows", grownAboutCentre(room, {300, 60, 640, 600}, {840, 640}), {200, 55, 840, 640}},
+        Case{"grows at the edge", grownAboutCentre(room, left, {1190, 600}), {2, 60, 1190, 600}},
+        Case{"returns", returning(room.workArea), halfOff},
+        Case{"another screen", returning({0, 0, 1920, 1200}), {2, 133, 640, 600}}}) {
+    EXPECT_EQ(is, expected) << name << ": " << is.x() << ' ' << is.y() << ' ' << is.width() << ' '
+                            << is.height();
+  }
 }
 
 TEST_F(WindowsTest, TellWhenTheyAreMinimisedByWhomeverAndComeBackWhole) {

@@ -63,10 +63,20 @@ TEST_F(WindowsStory, ComeUpInTheirSizeInTheMiddleOfTheMainWindow) {
 }
 
 TEST_F(WindowsStory, AreKeptOnTheScreen) {
-  widget("Orvane").move(-400, 400);
+  widget("Orvane").move(-400, 800);
   const auto apart = open("show-help", "Orvane Help").geometry().bottomLeft() -
                      widget("Orvane").screen()->availableGeometry().bottomLeft();
   EXPECT_LE(apart.manhattanLength(), frameWidths) << apart.x() << ' ' << apart.y();
+}
+
+TEST_F(WindowsStory, TheMainWindowWidensForItsSecondColumnOnBothSidesAlike) {
+  auto& main = widget("Orvane");
+  main.setGeometry(500, 30, 640, 900);
+  settle();
+  tokenField().setText(QStringLiteral("fresh"));
+  Q_EMIT tokenField().returnPressed();
+  settle();
+  EXPECT_EQ(main.geometry(), QRect(225, 30, 1190, 900)) << main.x() << ' ' << main.width();
 }
 
 TEST_F(WindowsStory, TheAboutWindowNamesTheVersion) {

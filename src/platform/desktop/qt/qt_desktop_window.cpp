@@ -1,6 +1,7 @@
 #include "platform/desktop/qt/qt_desktop_window.h"
 #include <QApplication>
 #include <QEvent>
+#include <QScreen>
 #include <QWindow>
 #include <charconv>
 #include <string_view>
@@ -24,6 +25,8 @@ void noticeReturningFocus(QWidget& window) {
   QApplication::setActiveWindow(&window);
   QT_WARNING_POP
 }
+
+bool fillsScreen(const QWidget& window) { return window.isMaximized() || window.isFullScreen(); }
 }  // namespace
 
 QtDesktopWindow::QtDesktopWindow(std::unique_ptr<QWidget> widget,
@@ -32,7 +35,10 @@ QtDesktopWindow::QtDesktopWindow(std::unique_ptr<QWidget> widget,
   widget_->installEventFilter(this);
 }
 
-QtDesktopWindow::~QtDesktopWindow() { widget_->removeEventFilter(this); }
+QtDesktopWindow::~QtDesktopWindow() {
+  widget_->removeEventFilter(this);
+  if (widget_->windowHandle()) { widget_->windowHandle()->removeEventFilter(this); }
+}
 
 void QtDesktopWindow::activate(const std::string& token) {
   const auto display = X11Display::ofApplication();
@@ -66,10 +72,7 @@ void QtDesktopWindow::orderOut() { widget_->hide(); }
 void QtDesktopWindow::makeKeyAndOrderFront() {
   onOrderFront_(*this);
   if (isMiniaturized()) { deminiaturize(); }
-  // A window manager places a window anew each time it appears unless it asks for its place.
-  if (const auto place = std::exchange(placeWhenHidden_, std::nullopt)) {
-    widget_->setGeometry(*place);
-  }
+  if (!widget_->isVisible()) { takePlace(); }
   widget_->show();
   if (focusWhenHidden_) { focusWhenHidden_->setFocus(); }
   focusWhenHidden_.clear();
@@ -90,6 +93,12 @@ Registration QtDesktopWindow::observe(std::function<void(const WindowNotificatio
 
 bool QtDesktopWindow::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
+    case QEvent::Expose:
+      // Framed and placed by now; what Qt makes of this event itself comes first.
+      if (isPlaced(*widget_) && std::exchange(isAppearing_, false)) {
+        QMetaObject::invokeMethod(this, &QtDesktopWindow::comeOntoScreen, Qt::QueuedConnection);
+      }
+      return false;
     case QEvent::Close:
       if (mayClose()) { break; }
       event->ignore();
@@ -109,8 +118,36 @@ bool QtDesktopWindow::eventFilter(QObject* watched, QEvent* event) {
   return QObject::eventFilter(watched, event);
 }
 
+/// Before the window appears.
+void QtDesktopWindow::takePlace() {
+  widget_->winId();  // makes the window that is listened to
+  widget_->windowHandle()->installEventFilter(this);
+  isAppearing_ = true;
+  if (fillsScreen(*widget_)) { return; }
+  const auto room = roomOf(*widget_);
+  if (!placeWhenHidden_) {
+    widget_->resize(placeWithin(room, widget_->geometry()).size());
+    return;
+  }
+  const QRect place = placeToReturnTo(room, *placeWhenHidden_);
+  widget_->setGeometry(place);
+  // A window manager places a window anew each time it appears unless it asks for its place, and
+  // Qt asks only for a place that its window was told itself.
+  widget_->windowHandle()->setGeometry(place);
+}
+
+/// Once the window has appeared.
+void QtDesktopWindow::comeOntoScreen() {
+  const bool isWhereTheUserLeftIt =
+      placeWhenHidden_ && placeWhenHidden_->place.size() == widget_->size();
+  if (!isPlaced(*widget_) || fillsScreen(*widget_) || isWhereTheUserLeftIt) { return; }
+  const QRect place = placeWithin(roomOf(*widget_), widget_->geometry());
+  if (place != widget_->geometry()) { widget_->setGeometry(place); }
+}
+
 void QtDesktopWindow::remember() {
-  placeWhenHidden_ = widget_->geometry();
+  placeWhenHidden_ = {.place = widget_->geometry(),
+                      .workArea = widget_->screen()->availableGeometry()};
   focusWhenHidden_ = widget_->focusWidget();
 }
 

@@ -2,17 +2,18 @@
 
 #include <QObject>
 #include <QPointer>
-#include <QRect>
 #include <QWidget>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include "platform/desktop/desktop_application.h"
+#include "platform/desktop/qt/window_placement.h"
 
 namespace orvane {
 /// A top-level widget as a window of the desktop. Closing it takes it off the screen; it can be
-/// shown again, at the same place and with all it contains.
+/// shown again, at the same place and with all it contains. It appears as large as the screen lets
+/// it, and where the window manager puts it unless that leaves part of it off screen.
 class QtDesktopWindow final : public QObject, public DesktopWindow {
   Q_OBJECT
 
@@ -48,6 +49,8 @@ class QtDesktopWindow final : public QObject, public DesktopWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void takePlace();
+  void comeOntoScreen();
   void remember();
   [[nodiscard]] bool mayClose();
   void handleStateChange();
@@ -57,7 +60,8 @@ class QtDesktopWindow final : public QObject, public DesktopWindow {
   std::weak_ptr<WindowDelegate> delegate_;
   Signal<WindowNotification> notifications_;
   bool wasMiniaturized_ = false;
-  std::optional<QRect> placeWhenHidden_;
+  bool isAppearing_ = false;
+  std::optional<RememberedPlace> placeWhenHidden_;
   QPointer<QWidget> focusWhenHidden_;
 };
 
