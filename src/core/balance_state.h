@@ -17,6 +17,10 @@ namespace orvane {
 /// The unit in which amounts are shown.
 enum class BalanceUnit { sats, btc };
 
+/// How the daily history is shown, and how much of it a picture shows.
+enum class HistoryView { table, chart };
+enum class HistorySpan { days30, days90, year, all };
+
 /// Every figure, status text and setting that the application shows. The store is its only
 /// writer; everything shown is a function of it.
 struct BalanceState {
@@ -39,6 +43,8 @@ struct BalanceState {
 
   BalanceUnit unit = BalanceUnit::sats;
   PreferredFiatCurrency preferredFiatCurrency = PreferredFiatCurrency::eur;
+  HistoryView historyView = HistoryView::table;
+  HistorySpan historySpan = HistorySpan::year;
   bool notifiesWorkerStates = false;  ///< a notification tells when a worker stops or recovers
   std::optional<CurrentBitcoinPrices> prices;
 

@@ -24,6 +24,8 @@ BalanceStore::BalanceStore(BalancePlatform platform)
       })) {
   fields_.set(&BalanceState::unit, settings_.unit());
   fields_.set(&BalanceState::preferredFiatCurrency, settings_.preferredFiatCurrency());
+  fields_.set(&BalanceState::historyView, settings_.historyView());
+  fields_.set(&BalanceState::historySpan, settings_.historySpan());
   fields_.set(&BalanceState::notifiesWorkerStates, settings_.notifiesWorkerStates());
   pool_.readStoredToken();
   fields_.set(&BalanceState::history, settings_.history());
@@ -43,6 +45,16 @@ void BalanceStore::setUnit(Unit unit) {
 void BalanceStore::setPreferredFiatCurrency(PreferredFiatCurrency currency) {
   fields_.set(&BalanceState::preferredFiatCurrency, currency);
   settings_.setPreferredFiatCurrency(currency);
+}
+
+void BalanceStore::setHistoryView(HistoryView view) {
+  fields_.set(&BalanceState::historyView, view);
+  settings_.setHistoryView(view);
+}
+
+void BalanceStore::setHistorySpan(HistorySpan span) {
+  fields_.set(&BalanceState::historySpan, span);
+  settings_.setHistorySpan(span);
 }
 
 void BalanceStore::setNotifiesWorkerStates(bool on) {

@@ -36,6 +36,8 @@ class BalanceStore {
   [[nodiscard]] std::optional<std::string> setOwnAddress(std::string_view text);
   void setUnit(Unit unit);
   void setPreferredFiatCurrency(PreferredFiatCurrency currency);
+  void setHistoryView(HistoryView view);
+  void setHistorySpan(HistorySpan span);
   /// Whether a notification tells when a worker stops or recovers.
   void setNotifiesWorkerStates(bool on);
 

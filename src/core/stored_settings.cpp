@@ -1,5 +1,6 @@
 #include "core/stored_settings.h"
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <optional>
 #include "pool/history.h"
@@ -9,11 +10,17 @@ namespace {
 constexpr std::string_view unitKey = "balance.unit";
 constexpr std::string_view preferredFiatCurrencyKey = "balance.preferredFiatCurrency";
 constexpr std::string_view ownAddressKey = "balance.watchedAddress";
+constexpr std::string_view historyViewKey = "balance.historyView";
+constexpr std::string_view historySpanKey = "balance.historySpan";
 constexpr std::string_view notifiesWorkerStatesKey = "balance.notifiesWorkerStates";
 constexpr std::string_view historyKey = "balance.braiinsHistory";
 
 constexpr std::string_view rawSats = "sats";
 constexpr std::string_view rawBtc = "btc";
+constexpr std::string_view rawChart = "chart";
+constexpr std::string_view rawTable = "table";
+/// In the order of `HistorySpan`.
+constexpr std::array<std::string_view, 4> rawSpans{"30", "90", "365", "all"};
 }  // namespace
 
 BalanceUnit StoredSettings::unit() const {
@@ -36,6 +43,22 @@ std::string StoredSettings::ownAddress() const {
 }
 void StoredSettings::setOwnAddress(std::string_view address) {
   defaults_.setText(ownAddressKey, address);
+}
+
+HistoryView StoredSettings::historyView() const {
+  return defaults_.text(historyViewKey) == rawChart ? HistoryView::chart : HistoryView::table;
+}
+void StoredSettings::setHistoryView(HistoryView view) {
+  defaults_.setText(historyViewKey, view == HistoryView::chart ? rawChart : rawTable);
+}
+
+HistorySpan StoredSettings::historySpan() const {
+  const auto* const raw = std::ranges::find(rawSpans, defaults_.text(historySpanKey).value_or(""));
+  return raw == rawSpans.end() ? HistorySpan::year
+                               : static_cast<HistorySpan>(raw - rawSpans.begin());
+}
+void StoredSettings::setHistorySpan(HistorySpan span) {
+  defaults_.setText(historySpanKey, rawSpans.at(static_cast<std::size_t>(span)));
 }
 
 bool StoredSettings::notifiesWorkerStates() const {

@@ -22,6 +22,11 @@ class StoredSettings {
   /// An empty text is kept as an empty text.
   void setOwnAddress(std::string_view address);
 
+  [[nodiscard]] HistoryView historyView() const;  ///< by default the table
+  void setHistoryView(HistoryView view);
+  [[nodiscard]] HistorySpan historySpan() const;  ///< by default a year
+  void setHistorySpan(HistorySpan span);
+
   [[nodiscard]] bool notifiesWorkerStates() const;  ///< by default off
   void setNotifiesWorkerStates(bool on);
 

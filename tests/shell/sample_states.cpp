@@ -107,11 +107,14 @@ std::vector<Sample> samples() {
   BalanceState loading;
   loading.token = "sample-token";
   loading.watchedAddress = firstAddress;
+  BalanceState chart = everything();
+  chart.historyView = HistoryView::chart;
   return {{.name = "nothing", .figures = {}},
           {.name = "loading", .figures = loading},
           {.name = "pool", .figures = poolAccount()},
           {.name = "address", .figures = watchedAddress()},
           {.name = "both", .figures = everything()},
+          {.name = "chart", .figures = chart},
           {.name = "long-texts", .figures = withLongTexts(), .servicesFail = true}};
 }
 }  // namespace orvane::test

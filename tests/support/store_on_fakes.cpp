@@ -97,6 +97,7 @@ void StoreOnFakes::startShowing(const BalanceState& shown) {
   settings.setPreferredFiatCurrency(shown.preferredFiatCurrency);
   settings.setOwnAddress(shown.addressIsFromMiner ? "" : shown.watchedAddress);
   settings.setHistory(shown.history);
+  settings.setHistoryView(shown.historyView);
   const auto updated = shown.lastUpdate ? shown.lastUpdate : shown.addressLastUpdate;
   if (updated) { executor.setWallClock(*updated); }
   start();

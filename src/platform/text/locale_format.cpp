@@ -124,6 +124,16 @@ UDate milliseconds(std::chrono::sys_seconds time) {
   return static_cast<UDate>(time.time_since_epoch().count()) * 1000;
 }
 
+/// In the order that the locale writes the parts in.
+std::unique_ptr<icu::DateFormat> utcFormatter(const icu::Locale& locale, const char* parts) {
+  UErrorCode status = U_ZERO_ERROR;
+  std::unique_ptr<icu::DateFormat> format(icu::DateFormat::createInstanceForSkeleton(
+      icu::UnicodeString::fromUTF8(parts), withGregorianCalendar(locale), status));
+  if (U_FAILURE(status)) { return nullptr; }
+  format->setTimeZone(*icu::TimeZone::getGMT());
+  return format;
+}
+
 LocalizedNumberFormatter fixedFormatter(const icu::Locale& locale, int digits) {
   return NumberFormatter::withLocale(locale).precision(Precision::fixedFraction(digits));
 }
@@ -142,6 +152,7 @@ struct LocaleFormat::Formatters {
   std::unique_ptr<icu::DateFormat> shortTime;
   std::unique_ptr<icu::DateFormat> mediumDateShortTime;
   std::unique_ptr<icu::DateFormat> mediumDateUtc;
+  std::vector<std::unique_ptr<icu::DateFormat>> calendarUtc;  ///< by the part
   UsersZone zone;
 
   void moveToUsersZone() {
@@ -169,6 +180,9 @@ LocaleFormat::LocaleFormat(const LocaleNames& names)
   made.mediumDateUtc.reset(
       DateFormat::createDateInstance(DateFormat::kMedium, withGregorianCalendar(dates)));
   if (made.mediumDateUtc) { made.mediumDateUtc->setTimeZone(*icu::TimeZone::getGMT()); }
+  for (const char* const parts : {"MMMd", "MMM", "y"}) {
+    made.calendarUtc.push_back(utcFormatter(dates, parts));
+  }
 }
 
 LocaleFormat::~LocaleFormat() = default;
@@ -198,5 +212,9 @@ std::string LocaleFormat::mediumDateShortTime(std::chrono::sys_seconds time) con
 
 std::string LocaleFormat::mediumDateUtc(std::chrono::sys_seconds time) const {
   return formatted(formatters_->mediumDateUtc, milliseconds(time));
+}
+
+std::string LocaleFormat::calendarUtc(CalendarPart part, std::chrono::sys_seconds time) const {
+  return formatted(formatters_->calendarUtc.at(static_cast<std::size_t>(part)), milliseconds(time));
 }
 }  // namespace orvane

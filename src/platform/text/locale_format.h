@@ -20,6 +20,9 @@ struct LocaleNames {
   [[nodiscard]] static LocaleNames fromEnvironment();
 };
 
+/// A part of a date: "Nov 15", "Nov" or "2026".
+enum class CalendarPart { dayOfMonth, month, year };
+
 /// Numbers, dates and times in the user's own style. One is made at start and shared by all
 /// texts; its formatters are expensive to make and cheap to use.
 class LocaleFormat {
@@ -38,6 +41,8 @@ class LocaleFormat {
   [[nodiscard]] std::string mediumDateShortTime(std::chrono::sys_seconds time) const;
   /// Nov 15, 2026: the Gregorian calendar day in UTC.
   [[nodiscard]] std::string mediumDateUtc(std::chrono::sys_seconds time) const;
+  /// A part of the Gregorian calendar day in UTC, in its short form.
+  [[nodiscard]] std::string calendarUtc(CalendarPart part, std::chrono::sys_seconds time) const;
 
  private:
   struct Formatters;

@@ -42,7 +42,9 @@ std::vector<std::string> helpParagraphs() {
       "you when Braiins lists a worker as Off, or not at all, for two refreshes or as Low for "
       "three, and when it is OK again. “Save History as CSV…” in the menu at the bottom of the "
       "window, or Command-S, saves the daily history for a spreadsheet or a tax return; Command-C "
-      "in the table copies a row."};
+      "in the table copies a row. “Chart” in its header draws the history instead: rewards as "
+      "bars, "
+      "the average hashrate as a line, with the pointer or the arrow keys to read day by day."};
 }
 }  // namespace
 

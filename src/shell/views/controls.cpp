@@ -5,6 +5,7 @@
 #include <QRadioButton>
 #include <QStyleOptionButton>
 #include <QStylePainter>
+#include <algorithm>
 #include "platform/desktop/symbols.h"
 #include "shell/views/theme.h"
 
@@ -33,7 +34,8 @@ class Segment final : public QRadioButton {
   using QRadioButton::QRadioButton;
 
   [[nodiscard]] QSize sizeHint() const override {
-    return {fontMetrics().horizontalAdvance(text()) + 2 * theme::smallSpacing, trackHeight};
+    return {fontMetrics().horizontalAdvance(text()) + 2 * theme::smallSpacing,
+            std::max(trackHeight, fontMetrics().height() + theme::smallSpacing)};
   }
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -174,7 +176,7 @@ SegmentedPicker::SegmentedPicker(const QString& accessibleName, const QStringLis
                                  const std::function<void(std::size_t)>& onChoose, QWidget* parent)
     : QWidget(parent) {
   setAccessibleName(accessibleName);
-  setFixedSize(theme::pickerWidth, trackHeight);
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   auto* const row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(0);
@@ -189,6 +191,15 @@ SegmentedPicker::SegmentedPicker(const QString& accessibleName, const QStringLis
     row->addWidget(segment, 1);
     segments_.push_back(segment);
   }
+}
+
+QSize SegmentedPicker::sizeHint() const {
+  QSize widest;
+  for (const auto* const segment : segments_) {
+    widest = widest.expandedTo(segment->sizeHint());
+  }
+  const auto all = widest.width() * static_cast<int>(segments_.size());
+  return {std::max(theme::pickerWidth, all), widest.height()};
 }
 
 void SegmentedPicker::showChoice(std::size_t index) {

@@ -53,6 +53,10 @@ class SegmentedPicker final : public QWidget {
                   const std::function<void(std::size_t)>& onChoose, QWidget* parent = nullptr);
   void showChoice(std::size_t index);
 
+  /// The design's width, or as wide as equal segments need.
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
  protected:
   void paintEvent(QPaintEvent* event) override;
 

@@ -5,6 +5,7 @@
 #include <utility>
 #include "shell/view_models/account_tables.h"
 #include "shell/views/figure_table.h"
+#include "shell/views/history_chart_panel.h"
 #include "shell/views/labels.h"
 
 namespace orvane {
@@ -111,17 +112,22 @@ HistorySection::HistorySection(BalanceStore& store, const LocaleFormat& format,
                          TextStyle::callout, TextColor::secondary, this)),
       status_(wrappingText({}, TextStyle::caption, TextColor::secondary, this)),
       panel_(new Panel(this)) {
+  view_ = new SegmentedPicker(
+      tr("Show the daily history as"), {tr("Table"), tr("Chart")},
+      [&store](std::size_t index) { store.setHistoryView(static_cast<HistoryView>(index)); }, this);
   const auto load = [&store] { store.loadHistory(); };
   loadButton_ = new RefreshButton(tr("Daily history"), load, this);
   reloadButton_ = new RefreshButton(tr("Daily history"), load, panel_);
   summaryRow_ = new BraiinsHistorySummaryRow(format, reloadButton_, panel_);
   table_ = new BraiinsHistoryTable(format, panel_);
+  chart_ = new HistoryChartPanel(store, format, panel_);
   commands_ = new HistoryCommands(store, *table_, std::move(askWhereToSave), [this, &store] {
     showStatus(store.state());
     QAccessibleEvent alert(status_, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
   });
   status_->makeSelectable();
+  header_->addControl(view_);
   header_->addControl(loadButton_);
   layOut();
 }
@@ -130,6 +136,7 @@ void HistorySection::layOut() {
   panel_->rows()->addWidget(summaryRow_);
   panel_->rows()->addWidget(new Divider(Qt::Horizontal, panel_));
   panel_->rows()->addWidget(table_, 1);
+  panel_->rows()->addWidget(chart_, 1);
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(theme::smallSpacing);
@@ -138,6 +145,16 @@ void HistorySection::layOut() {
   column->addWidget(status_);
   column->addWidget(panel_, 1);
   column->addStretch();
+}
+
+void HistorySection::showView(const BalanceState& state, bool areNewDays) {
+  const bool isChart = state.historyView == HistoryView::chart;
+  chartIsOld_ = chartIsOld_ || areNewDays;
+  if (isChart) { chart_->showHistory(std::exchange(chartIsOld_, false)); }
+  view_->showChoice(static_cast<std::size_t>(state.historyView));
+  view_->setVisible(!state.history.empty());
+  table_->setVisible(!isChart);
+  chart_->setVisible(isChart);
 }
 
 void HistorySection::showStatus(const BalanceState& state) {
@@ -152,8 +169,10 @@ void HistorySection::showHistory(const BalanceState& state) {
   reloadButton_->showState({.isVisible = !isEmpty, .isBusy = state.isLoadingHistory});
   hint_->setVisible(isEmpty);
   showStatus(state);
-  if (table_->showDays(state.history) || !summary_) { summary_.emplace(state.history); }
+  const bool areNewDays = table_->showDays(state.history);
+  if (areNewDays || !summary_) { summary_.emplace(state.history); }
   summaryRow_->showSummary(*summary_, historyValueMetrics(*summary_, state, format_));
+  showView(state, areNewDays);
   panel_->setVisible(!isEmpty);
 }
 }  // namespace orvane

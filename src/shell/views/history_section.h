@@ -12,8 +12,9 @@
 namespace orvane {
 class BraiinsHistorySummaryRow;
 class BraiinsHistoryTable;
+class HistoryChartPanel;
 
-/// "Daily history": totals and table, or an invitation to load the days.
+/// "Daily history": totals and table or picture, or an invitation to load the days.
 class HistorySection final : public QWidget {
  public:
   /// `store` and `format` outlive the section.
@@ -26,11 +27,14 @@ class HistorySection final : public QWidget {
  private:
   void layOut();
   void showStatus(const BalanceState& state);
+  void showView(const BalanceState& state, bool areNewDays);
 
   const LocaleFormat& format_;
   /// Adding up twenty years of decimal amounts takes long enough to be done only when they change.
   std::optional<BraiinsHistorySummary> summary_;
+  bool chartIsOld_ = true;  ///< it is drawn when it is looked at
   SectionHeader* header_;
+  SegmentedPicker* view_;
   RefreshButton* loadButton_;
   TextLabel* hint_;
   TextLabel* status_;
@@ -38,6 +42,7 @@ class HistorySection final : public QWidget {
   RefreshButton* reloadButton_;
   BraiinsHistorySummaryRow* summaryRow_;
   BraiinsHistoryTable* table_;
+  HistoryChartPanel* chart_;
   HistoryCommands* commands_;
 };
 }  // namespace orvane
