@@ -57,6 +57,8 @@ struct BalanceOpenWindowCommand {
 };
 
 inline constexpr BalanceOpenWindowCommand aboutCommand{.title = "About Orvane", .id = aboutSceneId};
+inline constexpr BalanceOpenWindowCommand paymentsCommand{.title = "Payments…",
+                                                          .id = paymentsSceneId};
 inline constexpr BalanceOpenWindowCommand helpCommand{
     .title = "Orvane Help", .id = helpSceneId, .keyEquivalent = "?"};
 }  // namespace orvane

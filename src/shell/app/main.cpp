@@ -11,6 +11,7 @@ int main(int argc, char** argv) {
                  .price = built::priceHost,
                  .fallbackPrice = built::fallbackPriceHost},
        .poolWebHost = built::poolWebHost,
+       .explorerWebHost = built::explorerWebHost,
        .extraCaFile = built::extraCaFile,
        .keychainAccessGroups = built::keychainAccessGroups,
        .brandUrl = built::brandUrl,

@@ -5,6 +5,7 @@
 #include "shell/app/balance_main_scene_content.h"
 #include "shell/view_models/app_info.h"
 #include "shell/views/about_and_help.h"
+#include "shell/views/payments_view.h"
 
 namespace orvane {
 namespace {
@@ -84,6 +85,10 @@ std::unique_ptr<QWidget> OrvaneApp::makeContent(const WindowScene& scene) {
         orvaneAppInfo(), nullptr, settings_.brandUrl,
         applicationVersionText(settings_.version, std::nullopt));
   }
+  if (scene.id == paymentsSceneId) {
+    return std::make_unique<PaymentsView>(*store_, platform_.balance.format,
+                                          settings_.explorerWebHost);
+  }
   return makeMainContent();
 }
 
@@ -107,6 +112,8 @@ OpenWindow OrvaneApp::openWindow() {
 
 Menu OrvaneApp::commands() {
   auto& application = platform_.desktop;
+  auto payments = paymentsCommand.menuItem(openWindow(), application);
+  payments.enabled = !store_->state().watchedAddress.empty();
   return {{helpCommand.menuItem(openWindow(), application),
            aboutCommand.menuItem(openWindow(), application),
            MenuItem::separator(),
@@ -118,6 +125,7 @@ Menu OrvaneApp::commands() {
             .enabled = !store_->state().history.empty(),
             .keyEquivalent = "s",
             .action = [this] { broadcasts_.post(saveHistoryBroadcast); }},
+           std::move(payments),
            MenuItem::separator(),
            {.title = "Quit Orvane", .keyEquivalent = "q", .action = [&application] {
               application.terminate();

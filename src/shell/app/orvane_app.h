@@ -27,8 +27,9 @@ struct OrvanePlatform {
 
 /// What a build or a test chooses.
 struct OrvaneSettings {
-  std::string poolWebHost;  ///< host of the pool's web site
-  std::string brandUrl;     ///< destination of the brand line; empty: plain text
+  std::string poolWebHost;      ///< host of the pool's web site
+  std::string explorerWebHost;  ///< host of the block explorer's web site
+  std::string brandUrl;         ///< destination of the brand line; empty: plain text
   std::string version;
   AskWhereToSave askWhereToSave = {};  ///< none: the history cannot be saved
 };

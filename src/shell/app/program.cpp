@@ -64,6 +64,7 @@ int runInstance(SessionInstance& instance, const ProgramSettings& settings) {
        .desktop = desktop,
        .statusBar = statusBar},
       {.poolWebHost = settings.poolWebHost,
+       .explorerWebHost = settings.explorerWebHost,
        .brandUrl = settings.brandUrl,
        .version = settings.version,
        .askWhereToSave = [&saveDialog](QWidget& over, const QString& fileName,

@@ -10,6 +10,7 @@ namespace orvane {
 struct ProgramSettings {
   ServiceHosts hosts;
   std::string poolWebHost;
+  std::string explorerWebHost;
   std::string extraCaFile;           ///< PEM; empty: the system's authorities alone
   std::string keychainAccessGroups;  ///< separated by semicolons
   std::string brandUrl;              ///< empty: none

@@ -28,6 +28,7 @@ struct WindowScene {
 inline constexpr std::string_view mainSceneId = "balance-main";
 inline constexpr std::string_view helpSceneId = "balance-help";
 inline constexpr std::string_view aboutSceneId = "balance-about";
+inline constexpr std::string_view paymentsSceneId = "balance-payments";
 
 /// The title by which every part finds the main window; the application's name.
 inline constexpr std::string_view mainWindowTitle = "Orvane";
@@ -35,7 +36,8 @@ inline constexpr std::string_view mainWindowTitle = "Orvane";
 inline constexpr std::array windowScenes{
     WindowScene{.id = mainSceneId, .title = mainWindowTitle, .defaultSize = SceneSize{640, 860}},
     WindowScene{.id = helpSceneId, .title = "Orvane Help", .defaultSize = SceneSize{720, 650}},
-    WindowScene{.id = aboutSceneId, .title = "About Orvane", .defaultSize = {}}};
+    WindowScene{.id = aboutSceneId, .title = "About Orvane", .defaultSize = {}},
+    WindowScene{.id = paymentsSceneId, .title = "Payments", .defaultSize = SceneSize{720, 420}}};
 
 /// Nothing when there is no such window.
 [[nodiscard]] constexpr const WindowScene* findScene(std::string_view id) {

@@ -44,7 +44,9 @@ std::vector<std::string> helpParagraphs() {
       "window, or Command-S, saves the daily history for a spreadsheet or a tax return; Command-C "
       "in the table copies a row. “Chart” in its header draws the history instead: rewards as "
       "bars, "
-      "the average hashrate as a line, with the pointer or the arrow keys to read day by day."};
+      "the average hashrate as a line, with the pointer or the arrow keys to read day by day. "
+      "“Payments…” in the same menu lists what the watched address has received, and opens the "
+      "explorer's page of one payment in your browser."};
 }
 }  // namespace
 

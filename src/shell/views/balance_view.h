@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QObject>
 #include <QWidget>
 #include <functional>
 #include <string>
@@ -8,6 +7,7 @@
 #include "platform/async/signal.h"
 #include "platform/desktop/desktop_application.h"
 #include "platform/text/locale_format.h"
+#include "shell/views/coalesced_update.h"
 #include "shell/views/frames.h"
 #include "shell/views/history_commands.h"
 
@@ -17,26 +17,6 @@ class HistorySection;
 class PoolCardView;
 class SettingsSection;
 class WorkersSection;
-
-/// Folds any number of announcements into one update a turn of the event loop. A view that is
-/// not on screen is not updated until it shows again.
-class CoalescedUpdate final : public QObject {
- public:
-  /// `view` outlives this object.
-  CoalescedUpdate(QWidget& view, std::function<void()> update);
-  void request();
-
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
- private:
-  void run();
-
-  QWidget& view_;
-  std::function<void()> update_;
-  bool isNeeded_ = false;
-  bool isQueued_ = false;
-};
 
 /// What the view is told once, when it is made.
 struct BalanceViewSettings {

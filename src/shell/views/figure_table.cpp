@@ -81,7 +81,9 @@ class FigureCellDelegate final : public QStyledItemDelegate {
       box = drawDot(*painter, box, theme::markColor(color, option.palette), option.direction);
     }
     painter->setFont(option.font);
-    painter->setPen(option.palette.color(QPalette::Text));
+    const bool isChosen = option.state.testFlag(QStyle::State_Selected);
+    if (isChosen) { painter->fillRect(option.rect, option.palette.brush(QPalette::Highlight)); }
+    painter->setPen(option.palette.color(isChosen ? QPalette::HighlightedText : QPalette::Text));
     const auto alignment = Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt());
     drawElided(*painter, box, index.data(Qt::DisplayRole).toString(),
                QStyle::visualAlignment(option.direction, alignment));

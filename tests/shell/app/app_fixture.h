@@ -61,7 +61,10 @@ class AppTest : public StoreTest {
     settle();
   }
 
-  OrvaneSettings settings{.poolWebHost = "pool.test", .brandUrl = "", .version = "1.0.0"};
+  OrvaneSettings settings{.poolWebHost = "pool.test",
+                          .explorerWebHost = "explorer.test",
+                          .brandUrl = "",
+                          .version = "1.0.0"};
   FakeStatusBar statusBar;
   QtDesktopApplication desktop;
   std::optional<OrvaneApp> app;

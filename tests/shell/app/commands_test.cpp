@@ -47,6 +47,7 @@ TEST_F(AppTest, CommandsAreCarriedOutWhicheverWayTheyAreGiven) {
       {"the window's refresh", menu("Refresh Now"), refreshed},
       {"the window's help", menu("Orvane Help"), opened("Orvane Help")},
       {"the window's about", menu("About Orvane"), opened("About Orvane")},
+      {"the window's payments", menu("Payments…"), opened("Payments")},
       {"the window's saving", menu("Save History as CSV…"), asked},
       {"the window's quit", menu("Quit Orvane"), ended},
       {"Control-R", keys(Qt::Key_R), refreshed},

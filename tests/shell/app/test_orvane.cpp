@@ -16,6 +16,7 @@ int main(int argc, char** argv) {
       1, argv,
       {.hosts = {.pool = argv[1], .explorer = argv[2], .price = argv[3], .fallbackPrice = argv[4]},
        .poolWebHost = "pool.test",
+       .explorerWebHost = "explorer.test",
        .extraCaFile = argv[5],
        .keychainAccessGroups = "TEAM.com.quorvex.hashwick.shared",
        .brandUrl = "",

@@ -8,6 +8,7 @@
 #include <QUrl>
 #include "pool/history_export.h"
 #include "shell/views/about_and_help.h"
+#include "shell/views/payments_view.h"
 #include "shell/views/view_fixture.h"
 
 namespace orvane::test { namespace {
@@ -142,6 +143,34 @@ TEST_F(CommandsTest, ALinkOpensItsPage) {
   auto* const link = find<QLabel>("Open the account at pool.test");
   QTest::mouseClick(link, Qt::LeftButton, {}, {5, link->height() / 2});
   EXPECT_EQ(browser.opened, QStringList{QStringLiteral("https://pool.test/")});
+  QDesktopServices::unsetUrlHandler(QStringLiteral("https"));
+}
+
+TEST_F(CommandsTest, PaymentsOpenAPageOrAreCopiedWhenOneIsChosenWhichStaysTheChosenOne) {
+  Browser browser;
+  QDesktopServices::setUrlHandler(QStringLiteral("https"), &browser, "open");
+  show(watchedAddress());
+  PaymentsView payments(*fakes->store, english, "explorer.test");
+  payments.show();
+  auto& table = *payments.findChild<QTableView*>();
+  const auto buttons = payments.findChildren<QPushButton*>();
+  EXPECT_FALSE(buttons[0]->isEnabled() || buttons[1]->isEnabled());
+  table.selectRow(1);
+  auto figures = watchedAddress();
+  figures.addressSummary->incoming.insert(figures.addressSummary->incoming.begin(),
+                                          {.txid = "new", .sats = 1, .blockHeight = {}});
+  fakes->bring(figures);
+  settle();
+  EXPECT_EQ(table.model()->rowCount(), 4);
+  EXPECT_EQ(table.model()->index(2, 3).data(Qt::ToolTipRole).toString(), QStringLiteral("b"));
+  EXPECT_TRUE(browser.opened.isEmpty());
+  buttons[1]->click();
+  EXPECT_EQ(browser.opened, QStringList{QStringLiteral("https://explorer.test/tx/b")});
+  QTest::keyClick(&table, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("b"));
+  fakes->store->setUnit(BalanceUnit::btc);
+  settle();
+  EXPECT_EQ(table.model()->index(0, 0).data().toString(), QStringLiteral("0.00000001 BTC"));
   QDesktopServices::unsetUrlHandler(QStringLiteral("https"));
 }
 
