@@ -24,11 +24,14 @@ constexpr qint64 readBufferBytes = 1024LL * 1024;
 constexpr std::size_t largestBody = 32UL * 1024 * 1024;
 constexpr int mostRedirects = 5;
 
-class SystemProxies final : public QNetworkProxyFactory {
+/// What has been found out before, so that Qt asks nobody.
+class KnownProxies final : public QNetworkProxyFactory {
  public:
-  QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery& query) override {
-    return systemProxyForQuery(query);
-  }
+  explicit KnownProxies(Proxies proxies) : proxies_(std::move(proxies)) {}
+  Proxies queryProxy(const QNetworkProxyQuery& /*query*/) override { return proxies_; }
+
+ private:
+  Proxies proxies_;
 };
 
 /// The end of an answer as it came, a redirect too.
@@ -52,13 +55,13 @@ struct TimeLimits {
 /// lost before the answer has begun; here that counts as a lost connection.
 class HttpExchange {
  public:
-  HttpExchange(Executor& executor, const QNetworkRequest& request, TimeLimits limits,
-               Completion<ExchangeResult> completion)
+  HttpExchange(Executor& executor, const QNetworkRequest& request, Proxies proxies,
+               TimeLimits limits, Completion<ExchangeResult> completion)
       : executor_(executor),
         limits_(limits),
         completion_(std::move(completion)),
         lastArrival_(executor.now()) {
-    manager_.setProxyFactory(new SystemProxies);
+    manager_.setProxyFactory(new KnownProxies(std::move(proxies)));
     reply_.reset(manager_.get(request));
     reply_->setReadBufferSize(readBufferBytes);
     const QNetworkReply* const reply = reply_.get();
@@ -141,12 +144,12 @@ class HttpExchange {
   QObject receiver_;  ///< of the reply's signals; last, so that none meets a half-destroyed object
 };
 
-Task<ExchangeResult> exchange(QNetworkRequest request, TimeLimits limits) {
+Task<ExchangeResult> exchange(QNetworkRequest request, Proxies proxies, TimeLimits limits) {
   const TaskContext context = co_await currentContext();
   Executor* const executor = context.executor;
   CompletionAwaiter<ExchangeResult>::Start start = [&](Completion<ExchangeResult> completion) {
     auto running =
-        std::make_shared<HttpExchange>(*executor, request, limits, std::move(completion));
+        std::make_shared<HttpExchange>(*executor, request, proxies, limits, std::move(completion));
     return [running = std::move(running)] {};  // dropping it ends the exchange
   };
   ExchangeResult whenCancelled = std::unexpected(HttpFailure::cancelled);
@@ -193,7 +196,10 @@ Task<HttpResult> QtHttpTransport::get(HttpRequest request) {
                           .end = context.executor->now() + options_.longestExchange};
   for (int redirects = 0;; ++redirects) {
     const QNetworkRequest toSend = networkRequest(*url, request.headers, tls_);
-    ExchangeResult answer = co_await exchange(toSend, limits);
+    const Instant patience = std::min(context.executor->now() + limits.idle, limits.end);
+    const ProxyResult proxies = co_await findProxies(options_.resolver, *url, patience);
+    if (!proxies) { co_return std::unexpected(proxies.error()); }
+    ExchangeResult answer = co_await exchange(toSend, *proxies, limits);
     if (!answer) { co_return std::unexpected(answer.error()); }
     const std::optional<QUrl> target =
         allowedRedirect(answer->status, *url, answer->location, !request.headers.empty());

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include "platform/http/http_transport.h"
+#include "platform/http/proxy_lookup.h"
 
 namespace orvane {
 /// What a build or a test may want otherwise.
@@ -12,6 +13,7 @@ struct QtHttpOptions {
   std::string extraCaFile;  ///< PEM, trusted beside the system's authorities; empty: none
   /// An answer that goes on arriving is given up after so long, redirects included, as `timedOut`.
   std::chrono::seconds longestExchange{std::chrono::minutes(4)};
+  ProxyResolver resolver = systemProxies;
 };
 
 /// The transport on Qt's network stack: the system's proxy and certificate authorities, HTTP/1.1,

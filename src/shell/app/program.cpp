@@ -1,6 +1,7 @@
 #include "shell/app/program.h"
 #include <QApplication>
 #include <QDir>
+#include <cstdlib>
 #include <filesystem>
 #include <utility>
 #include "platform/bus/session_bus.h"
@@ -11,6 +12,7 @@
 #include "platform/desktop/qt/session_instance.h"
 #include "platform/desktop/qt/termination_signals.h"
 #include "platform/desktop/symbols.h"
+#include "platform/http/proxy_lookup.h"
 #include "platform/http/qt_http_transport.h"
 #include "platform/keychain/keychain.h"
 #include "platform/keychain/secret_service_keychain.h"
@@ -89,9 +91,8 @@ int runInstance(SessionInstance& instance, const ProgramSettings& settings) {
   instance.setRequests({});
   return code;
 }
-}  // namespace
 
-int runProgram(int argc, char** argv, const ProgramSettings& settings) {
+int runApplication(int argc, char** argv, const ProgramSettings& settings) {
   const QApplication application(argc, argv);
   introduceToDesktop(settings.version);
   SessionInstance instance(applicationId);
@@ -105,5 +106,13 @@ int runProgram(int argc, char** argv, const ProgramSettings& settings) {
       return 1;
   }
   return 1;
+}
+}  // namespace
+
+int runProgram(int argc, char** argv, const ProgramSettings& settings) {
+  const int code = runApplication(argc, argv, settings);
+  // All that is ours has ended; what is left would wait for the network.
+  if (isResolverAtWork()) { std::quick_exit(code); }
+  return code;
 }
 }  // namespace orvane

@@ -214,6 +214,55 @@ TEST_F(QtHttpTransportTest, DestructionInTheMiddleOfAnythingIsClean) {
   }
 }
 
+/// A resolver that answers when it is let.
+class SlowResolver {
+ public:
+  ~SlowResolver() { answer(); }
+  [[nodiscard]] ProxyResolver resolver() const {
+    return [state = state_](const QUrl&) {
+      state->asked = std::this_thread::get_id();
+      state->mayAnswer.wait(false);
+      return Proxies{QNetworkProxy(QNetworkProxy::NoProxy)};
+    };
+  }
+  [[nodiscard]] std::thread::id asked() const { return state_->asked; }
+  void answer() {
+    state_->mayAnswer = true;
+    state_->mayAnswer.notify_all();
+  }
+
+ private:
+  struct State {
+    std::atomic<std::thread::id> asked;
+    std::atomic<bool> mayAnswer = false;
+  };
+  std::shared_ptr<State> state_ = std::make_shared<State>();
+};
+
+TEST_F(QtHttpTransportTest, AResolverThatTakesItsTimeHoldsUpNothingButItsOwnRequest) {
+  for (const auto& [end, failure] : {std::pair("time-out", std::optional(HttpFailure::timedOut)),
+                                     {"cancelling", HttpFailure::cancelled},
+                                     {"answer", std::nullopt}}) {
+    SlowResolver slow;
+    QtHttpTransport waiting({.extraCaFile = local.caFile(), .resolver = slow.resolver()});
+    HttpRequest request = tipRequest;
+    if (failure == HttpFailure::timedOut) { request.idleTimeout = 1s; }
+    std::optional<HttpResult> result;
+    QEventLoop loop;
+    TaskScope scope(*executor);
+    const TaskHandle task = scope.spawn(detail::keepResult(waiting.get(request), result, loop));
+    ASSERT_TRUE(letPassUntil([&] { return slow.asked() != std::thread::id(); })) << end;
+    EXPECT_NE(slow.asked(), std::this_thread::get_id());
+    EXPECT_TRUE(isResolverAtWork());
+    EXPECT_TRUE(get(profileRequest)) << end;
+    EXPECT_TRUE(local.requests(Service::explorer).empty()) << end;
+    if (!failure) { slow.answer(); }
+    if (failure == HttpFailure::cancelled) { task.cancel(); }
+    ASSERT_TRUE(letPassUntil([&] { return result.has_value(); })) << end;
+    EXPECT_EQ(result->has_value() ? std::nullopt : std::optional(result->error()), failure) << end;
+  }
+}
+
 TEST_F(QtHttpTransportTest, TheSystemsProxyIsAskedForATunnelAndSeesNoHeaders) {
   const OddServer proxy([](const Request&) { return emptyAnswer("403 Forbidden"); },
                         Outcome::finish, true);
