@@ -1,5 +1,6 @@
 #include "shell/views/cards.h"
 #include <array>
+#include "shell/views/block_reward_list.h"
 #include "shell/views/flow_layout.h"
 
 namespace orvane {
@@ -60,58 +61,6 @@ class BalanceRow final : public QWidget {
  private:
   FigureLabel* amount_;
   TextLabel* fiatValue_;
-};
-
-/// The block rewards of the watched address, a line each.
-class BlockRewardList final : public QWidget {
- public:
-  explicit BlockRewardList(QWidget* parent) : QWidget(parent), column_(new QVBoxLayout(this)) {
-    column_->setContentsMargins(0, 0, 0, 0);
-    column_->setSpacing(theme::smallSpacing);
-  }
-
-  void showLines(const std::vector<BlockRewardLine>& lines) {
-    while (lines_.size() > lines.size()) {
-      delete lines_.back().row;
-      lines_.pop_back();
-    }
-    while (lines_.size() < lines.size()) {
-      lines_.push_back(makeLine());
-    }
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-      const bool isSpendable = lines[i].isSpendable;
-      const auto color = isSpendable ? TextColor::green : TextColor::orange;
-      lines_[i].symbol->showSymbol(
-          isSpendable ? QStringLiteral("checkmark.seal.fill") : QStringLiteral("hourglass"), color);
-      lines_[i].text->setColor(color);
-      lines_[i].text->showText(lines[i].text);
-    }
-    setVisible(!lines.empty());
-  }
-
- private:
-  struct Line {
-    QWidget* row;
-    SymbolLabel* symbol;
-    TextLabel* text;
-  };
-
-  [[nodiscard]] Line makeLine() {
-    auto* const row = new QWidget(this);
-    auto* const symbol = new SymbolLabel(row);
-    auto* const text = wrappingText({}, TextStyle::calloutFigure, TextColor::primary, row);
-    text->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    auto* const parts = new QHBoxLayout(row);
-    parts->setContentsMargins(0, 0, 0, 0);
-    parts->setSpacing(theme::smallSpacing);
-    parts->addWidget(symbol);
-    parts->addWidget(text, 1);
-    column_->addWidget(row);
-    return {.row = row, .symbol = symbol, .text = text};
-  }
-
-  QVBoxLayout* column_;
-  std::vector<Line> lines_;
 };
 
 /// The line beneath a card's figures: when they were read, or what went wrong, and a button that

@@ -1,4 +1,5 @@
 
+#include <QListView>
 #include "shell/views/figure_table.h"
 #include "shell/views/view_fixture.h"
 
@@ -39,12 +40,19 @@ TEST_F(DrawingTest, AFailureIsOrangeBehindATriangle) {
 
 TEST_F(DrawingTest, ABlockRewardIsGreenOnceItCanBeSpent) {
   show(watchedAddress());
-  const auto& young = *label("Block #871,000 · 312,731,002 sats · 13 of 100 confirmations");
-  EXPECT_TRUE(isIn(TextColor::orange, young));
-  EXPECT_TRUE(standsBeside(young, "hourglass", TextColor::orange));
-  const auto& ripe = *label("Block #870,400 · 312,604,177 sats · spendable");
-  EXPECT_TRUE(isIn(TextColor::green, ripe));
-  EXPECT_TRUE(standsBeside(ripe, "checkmark.seal.fill", TextColor::green));
+  auto& list = *find<QListView>("Block rewards");
+  for (const auto& [row, text, symbol, color] :
+       {std::tuple(1, "Block #871,000 · 312,731,002 sats · 13 of 100 confirmations", "hourglass",
+                   TextColor::orange),
+        {2, "Block #870,400 · 312,604,177 sats · spendable", "checkmark.seal.fill",
+         TextColor::green}}) {
+    EXPECT_EQ(list.model()->index(row, 0).data().toString(), QString::fromUtf8(text));
+    const QSize size(theme::symbolSize, theme::symbolSize);
+    SymbolLabel wanted(&list);
+    wanted.showSymbol(QString::fromLatin1(symbol), color);
+    const QRect place(list.visualRect(list.model()->index(row, 0)).topLeft(), size);
+    EXPECT_EQ(list.viewport()->grab(place).toImage(), wanted.grab().toImage()) << text;
+  }
 }
 
 TEST_F(DrawingTest, WhatBelongsToAnAccountOrAMinerIsThereWithThemOnly) {

@@ -70,19 +70,32 @@ struct CountingModel final : QIdentityProxyModel {
   mutable std::set<int> rows;
 };
 
-TEST_F(LayoutTest, ALargeTableAsksOnlyForTheRowsInSight) {
+TEST_F(LayoutTest, ALargeListAsksOnlyForTheRowsInSight) {
   auto figures = everything();
   figures.workers = manyWorkers(10'000);
+  auto reward = figures.addressSummary->incoming.at(0);
+  reward.isCoinbase = true;
+  figures.addressSummary->incoming.assign(10'000, reward);
   show(figures);
-  auto& table = *find<QTableView>("Workers");
-  CountingModel counting;
-  counting.setSourceModel(table.model());
-  table.setModel(&counting);
-  table.scrollToBottom();
-  table.grab();
-  EXPECT_LT(counting.rows.size(), 60U);
-  EXPECT_TRUE(counting.rows.contains(9'999));
-  table.setModel(counting.sourceModel());
+  auto* const column = find<QScrollArea>("Balance and settings");
+  for (const char* name : {"Workers", "Block rewards"}) {
+    auto& list = *find<QAbstractItemView>(name);
+    const QModelIndex last = list.model()->index(9'999, 0);
+    const auto* const spoken = QAccessible::queryAccessibleInterface(&list);
+    EXPECT_FALSE(spoken->child(spoken->childCount() - 1)->text(QAccessible::Name).isEmpty());
+    list.setFocus();
+    list.setCurrentIndex(last);  // brings it into sight
+    settle();
+    CountingModel counting;
+    counting.setSourceModel(list.model());
+    list.setModel(&counting);
+    if (auto* const bar = list.verticalScrollBar()) { bar->setValue(bar->maximum()); }
+    view->grab();
+    EXPECT_LT(counting.rows.size(), 60U) << name;
+    EXPECT_TRUE(counting.rows.contains(9'999)) << name;
+    list.setModel(counting.sourceModel());
+  }
+  EXPECT_GT(column->verticalScrollBar()->value(), 10'000);
 }
 
 }}  // namespace orvane::test
