@@ -59,6 +59,11 @@ DesktopNotificationCenter::DesktopNotificationCenter(SessionBus& bus,
     : bus_(bus),
       deadline_(deadline),
       service_(bus, serviceName, [this](bool) { forgetService(); }),
+      activationToken_(bus, servicePath, serviceName, QStringLiteral("ActivationToken"),
+                       [this](const QDBusMessage& message) {
+                         const QVariantList values = message.arguments();
+                         noticeToken(values.value(0).toUInt(), values.value(1).toString());
+                       }),
       actionInvoked_(bus, servicePath, serviceName, QStringLiteral("ActionInvoked"),
                      [this](const QDBusMessage& message) {
                        const QVariantList values = message.arguments();
@@ -79,7 +84,14 @@ Task<bool> DesktopNotificationCenter::add(NotificationRequest request) {
 
 void DesktopNotificationCenter::noticeAction(uint number, const QString& action) {
   const bool isOurs = std::ranges::find(shown_, number, &Shown::number) != shown_.end();
-  if (isOurs && action == defaultAction && activated_) { activated_(); }
+  const std::string token = std::exchange(token_, std::string());
+  if (!isOurs || action != defaultAction || !activated_) { return; }
+  activated_(tokenNumber_ == number ? token : std::string());
+}
+
+void DesktopNotificationCenter::noticeToken(uint number, const QString& token) {
+  tokenNumber_ = number;
+  token_ = token.toStdString();
 }
 
 Task<BusReply> DesktopNotificationCenter::call(const QDBusMessage& message) {

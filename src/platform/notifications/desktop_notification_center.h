@@ -24,8 +24,11 @@ class DesktopNotificationCenter final : public NotificationCenter {
   DesktopNotificationCenter(const DesktopNotificationCenter&) = delete;
   DesktopNotificationCenter& operator=(const DesktopNotificationCenter&) = delete;
 
-  /// What happens when the user clicks on one of our notifications.
-  void onActivated(std::function<void()> callback) { activated_ = std::move(callback); }
+  /// What happens when the user clicks on one of our notifications. The token permits to take the
+  /// focus; empty where the service hands none out.
+  void onActivated(std::function<void(const std::string& activationToken)> callback) {
+    activated_ = std::move(callback);
+  }
 
   [[nodiscard]] Task<bool> requestAuthorization() override;
   [[nodiscard]] Task<bool> add(NotificationRequest request) override;
@@ -37,6 +40,7 @@ class DesktopNotificationCenter final : public NotificationCenter {
     uint number;
   };
 
+  void noticeToken(uint number, const QString& token);
   void noticeAction(uint number, const QString& action);
   [[nodiscard]] Task<BusReply> call(const QDBusMessage& message);
   [[nodiscard]] Task<QStringList> capabilities();
@@ -46,10 +50,13 @@ class DesktopNotificationCenter final : public NotificationCenter {
 
   SessionBus& bus_;
   std::chrono::milliseconds deadline_;
-  std::function<void()> activated_;
+  std::function<void(const std::string&)> activated_;
+  uint tokenNumber_ = 0;  ///< of the notification that the token came with
+  std::string token_;     ///< comes before the action that it is for
   std::optional<QStringList> capabilities_;
   std::deque<Shown> shown_;
   BusName service_;
+  BusSignal activationToken_;
   BusSignal actionInvoked_;
 };
 }  // namespace orvane

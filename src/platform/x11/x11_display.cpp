@@ -46,6 +46,29 @@ const xcb_screen_t& X11Display::screen() const {
   return *xcb_setup_roots_iterator(xcb_get_setup(connection_)).data;
 }
 
+// An event tells the time, and those of the shared connection are Qt's to read.
+std::uint32_t X11Display::currentTime() {
+  const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> connection(
+      xcb_connect(nullptr, nullptr), xcb_disconnect);
+  if (xcb_connection_has_error(connection.get()) != 0) { return 0; }
+  const X11Display display(*connection);
+  const xcb_window_t window = xcb_generate_id(connection.get());
+  const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+  xcb_create_window(connection.get(), XCB_COPY_FROM_PARENT, window, display.root(), 0, 0, 1, 1, 0,
+                    XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &events);
+  display.setProperty(window, "WM_CLIENT_MACHINE", {});
+  display.flush();
+  const XReply<xcb_generic_event_t> event(xcb_wait_for_event(connection.get()));
+  constexpr unsigned sentBySomebodyElse = 0x80;
+  const bool tellsTime =
+      event && (event->response_type & ~sentBySomebodyElse) == XCB_PROPERTY_NOTIFY;
+  return tellsTime ? reinterpret_cast<const xcb_property_notify_event_t&>(*event).time : 0;
+}
+
+bool X11Display::hasWindowManager() const {
+  return !property(root(), "_NET_SUPPORTING_WM_CHECK").empty();
+}
+
 xcb_atom_t X11Display::atom(const char* name) const {
   const auto length = static_cast<std::uint16_t>(std::strlen(name));
   const auto reply =

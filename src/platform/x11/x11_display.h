@@ -33,6 +33,10 @@ class X11Display {
   [[nodiscard]] static std::optional<X11Display> ofApplication();
 
   [[nodiscard]] xcb_atom_t atom(const char* name) const;
+  /// The server's time, in milliseconds; 0 when it cannot be reached.
+  [[nodiscard]] static std::uint32_t currentTime();
+  [[nodiscard]] bool hasWindowManager() const;
+
   /// The window of the screen that the connection was opened for.
   [[nodiscard]] xcb_window_t root() const { return screen().root; }
   /// The owner of a selection; 0 when nobody owns it.

@@ -54,9 +54,16 @@ void OrvaneApp::finishLaunching() {
   longestWaitForToken_.reset();
   tokenRead_ = {};
   appDelegate_.didFinishLaunching();
+  platform_.balance.executor.post([this] {
+    for (const std::string& name : std::exchange(actionsAtLaunch_, {})) {
+      runAction(name);
+    }
+  });
 }
 
 void OrvaneApp::reopen() {
+  // The launch is about to bring the window up, in its size.
+  if (isLaunching()) { return; }
   if (backgroundRuntime_->isMenuBarOnly()) {
     backgroundRuntime_->showMainWindow();
   } else if (appDelegate_.shouldHandleReopen()) {
@@ -65,7 +72,9 @@ void OrvaneApp::reopen() {
 }
 
 void OrvaneApp::runAction(std::string_view name) {
-  if (name == "refresh-now") {
+  if (isLaunching()) {
+    actionsAtLaunch_.emplace_back(name);
+  } else if (name == "refresh-now") {
     menuActions_->refreshNow();
   } else if (name == "show-help") {
     menuActions_->showHelp();

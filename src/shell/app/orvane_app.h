@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 #include "core/balance_store.h"
 #include "platform/async/executor.h"
 #include "platform/async/signal.h"
@@ -59,6 +60,7 @@ class OrvaneApp {
   [[nodiscard]] std::unique_ptr<QWidget> makeMainContent();
   [[nodiscard]] OpenWindow openWindow();
   [[nodiscard]] Menu commands();
+  [[nodiscard]] bool isLaunching() const { return longestWaitForToken_.has_value(); }
   void finishLaunching();
   void end();
   void exitOnceWritten();
@@ -73,6 +75,7 @@ class OrvaneApp {
   BalanceAppDelegate appDelegate_;
   Registration tokenRead_;
   std::optional<OneShotTimer> longestWaitForToken_;
+  std::vector<std::string> actionsAtLaunch_;  ///< what was asked for before the window was up
   std::optional<Instant> exitDeadline_;
   std::optional<OneShotTimer> nextLookAtWrites_;
 };

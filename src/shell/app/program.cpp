@@ -38,9 +38,8 @@ std::filesystem::path settingsFileOfUser() {
 }
 
 /// Everything that exists as long as the one running application does.
-int runInstance(SessionInstance& instance, const ProgramSettings& settings) {
-  const auto executor = settings.makeExecutor();
-  SessionBus bus(*executor);
+int runInstance(Executor& executor, SessionBus& bus, SessionInstance& instance,
+                const ProgramSettings& settings) {
   const ColorScheme colorScheme(bus);
   const LocaleFormat format(LocaleNames::fromEnvironment());
   SqliteDefaults defaults(settingsFileOfUser());
@@ -51,10 +50,10 @@ int runInstance(SessionInstance& instance, const ProgramSettings& settings) {
   QtDesktopApplication desktop;
   SaveDialog saveDialog(bus);
   DesktopStatusBar statusBar(
-      *executor, [&desktop](const std::string& token) { desktop.setActivationToken(token); });
+      executor, [&desktop](const std::string& token) { desktop.setActivationToken(token); });
 
   OrvaneApp app(
-      {.balance = {.executor = *executor,
+      {.balance = {.executor = executor,
                    .transport = transport,
                    .defaults = defaults,
                    .keychain = keychain,
@@ -74,18 +73,18 @@ int runInstance(SessionInstance& instance, const ProgramSettings& settings) {
          saveDialog.ask(over, fileName, std::move(use));
        }});
   app.onEnd = [&instance] { instance.release(); };
-  notifications.onActivated([&app] { app.reopen(); });
+  const auto reopen = [&app, &desktop](const std::string& token) {
+    desktop.setActivationToken(token);
+    app.reopen();
+  };
+  notifications.onActivated(reopen);
   const TerminationSignals signalsOfTheSession([&desktop] { desktop.terminate(); });
-  instance.setRequests({.activate =
-                            [&app, &desktop](const std::string& token) {
-                              desktop.setActivationToken(token);
-                              app.reopen();
-                            },
-                        .runAction =
-                            [&app, &desktop](const std::string& name, const std::string& token) {
-                              desktop.setActivationToken(token);
-                              app.runAction(name);
-                            }});
+  instance.setRequests(
+      {.activate = reopen,
+       .runAction = [&app, &desktop](const std::string& name, const std::string& token) {
+         desktop.setActivationToken(token);
+         app.runAction(name);
+       }});
   app.launch();
   const int code = QApplication::exec();
   instance.setRequests({});
@@ -93,13 +92,16 @@ int runInstance(SessionInstance& instance, const ProgramSettings& settings) {
 }
 
 int runApplication(int argc, char** argv, const ProgramSettings& settings) {
+  const auto permission = StartupPermission::fromEnvironment();
   const QApplication application(argc, argv);
   introduceToDesktop(settings.version);
-  SessionInstance instance(applicationId);
-  switch (instance.claim()) {
+  const auto executor = settings.makeExecutor();
+  SessionBus bus(*executor);
+  SessionInstance instance(bus, applicationId);
+  switch (instance.claim(permission)) {
     case InstanceRole::first:
     case InstanceRole::alone:
-      return runInstance(instance, settings);
+      return runInstance(*executor, bus, instance, settings);
     case InstanceRole::handedOver:
       return 0;
     case InstanceRole::unreachable:

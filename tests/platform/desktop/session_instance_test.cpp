@@ -3,6 +3,7 @@
 #include <QEventLoop>
 #include <QProcess>
 #include <gmock/gmock.h>
+#include "platform/eventloop/qt_executor.h"
 
 namespace orvane::test { namespace {
 
@@ -40,11 +41,13 @@ class SessionInstanceTest : public testing::Test {
         {.activate = [this](const std::string& token) { heard.push_back("activate " + token); },
          .runAction = [this](const std::string& name,
                              const std::string& token) { heard.push_back(name + " " + token); }});
-    ASSERT_EQ(instance.claim(), InstanceRole::first);
+    ASSERT_EQ(instance.claim({}), InstanceRole::first);
   }
   void TearDown() override { instance.release(); }
 
-  SessionInstance instance{id};
+  QtExecutor executor;
+  SessionBus bus{executor};
+  SessionInstance instance{bus, id};
   std::vector<std::string> heard;
 };
 

@@ -117,6 +117,13 @@ TEST_F(WindowsTest, TakeTheFocusFromAnotherProgramForAPermissionToDoSo) {
   other.waitForFinished();
 }
 
+TEST_F(WindowsTest, AskToBeActivatedAtTheServersTime) {
+  const std::uint32_t before = X11Display::currentTime();
+  EXPECT_GT(before, 0U);
+  QTest::qWait(5);
+  EXPECT_GT(X11Display::currentTime(), before);
+}
+
 TEST(StartupTime, IsReadFromTheEndOfAStartupId) {
   struct Case {
     const char* token;

@@ -112,15 +112,16 @@ TEST_F(DesktopNotificationCenterTest, ACancelledRequestWaitsForNoAnswer) {
 
 TEST_F(DesktopNotificationCenterTest, AClickOnOurNotificationActivates) {
   FakeNotificationService service;
-  int activations = 0;
-  center.onActivated([&] { ++activations; });
+  std::vector<std::string> tokens;
+  center.onActivated([&](const std::string& token) { tokens.push_back(token); });
   EXPECT_TRUE(add(payment("a")));
-  service.click(2, "default");
-  service.click(1, "other");
+  service.click(2, "default", "another program's");
+  service.click(1, "other", "unused");
   service.click(1, "default");
-  letPassUntil([&] { return activations > 0; });
+  service.click(1, "default", "token");
+  letPassUntil([&] { return tokens.size() > 1; });
   EXPECT_TRUE(add(payment("b")));  // whatever came with the click has arrived too
-  EXPECT_EQ(activations, 1);
+  EXPECT_EQ(tokens, (std::vector<std::string>{"", "token"}));
 }
 
 TEST_F(DesktopNotificationCenterTest, ARealDaemonIsStartedWhenItIsNeededAndShowsAndReplaces) {

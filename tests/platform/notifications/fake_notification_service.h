@@ -38,7 +38,10 @@ class FakeNotificationService final : public QObject, protected QDBusContext {
   std::vector<Notified> notified;
   bool answers = true;  ///< otherwise a call waits for ever
 
-  void click(uint number, const QString& action) { Q_EMIT ActionInvoked(number, action); }
+  void click(uint number, const QString& action, const QString& token = {}) {
+    if (!token.isEmpty()) { Q_EMIT ActivationToken(number, token); }
+    Q_EMIT ActionInvoked(number, action);
+  }
 
  public Q_SLOTS:
   QStringList GetCapabilities() { return capabilities_; }
@@ -51,6 +54,7 @@ class FakeNotificationService final : public QObject, protected QDBusContext {
   }
 
  Q_SIGNALS:
+  void ActivationToken(uint number, const QString& token);
   void ActionInvoked(uint number, const QString& action);
 
  private:

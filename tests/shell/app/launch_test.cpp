@@ -45,6 +45,19 @@ TEST_F(AppTest, WaitsForAQuickKeychainButNotForOneThatAsksTheUser) {
   }
 }
 
+TEST_F(AppTest, WhatIsAskedForDuringTheLaunchWaitsForItsEnd) {
+  storeToken("stored");
+  keychain.delay = 30ms;
+  begin();
+  app->reopen();
+  app->runAction("show-help");
+  settle();
+  EXPECT_FALSE(isOnScreen("Orvane") || isOnScreen("Orvane Help"));
+  pass(30ms);
+  EXPECT_TRUE(isOnScreen("Orvane"));
+  EXPECT_EQ(QApplication::activeWindow(), &widget("Orvane Help"));
+}
+
 TEST_F(AppTest, ATokenThatArrivesLateFillsItsFieldUnlessSomethingIsTypedThere) {
   storeToken("stored");
   for (const auto& typed : {QString(), QStringLiteral("new")}) {

@@ -112,11 +112,11 @@ class Program:
 class Service:
     """A service of the desktop that a test can take away."""
 
-    def __init__(self, kind):
+    def __init__(self, kind, **environment):
         script = os.path.join(os.path.dirname(os.path.abspath(__file__)), "session_service.py")
         # Without a buffer: select sees only what no earlier read has taken along.
         self.process = subprocess.Popen([sys.executable, script, kind], stdout=subprocess.PIPE,
-                                        bufsize=0)
+                                        bufsize=0, env=os.environ | environment)
         self.name = self.next_line()
 
     def __enter__(self):

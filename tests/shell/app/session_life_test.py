@@ -13,7 +13,7 @@ from gi.repository import Gio, GLib
 from program import (ADDRESS_FIELD, TOKEN_FIELD, WATCHED_ADDRESS, Program, Service, output_of,
                      running_services, wait_for)
 
-BUS_WITHOUT_SERVICES = """<busconfig><type>session</type><listen>unix:tmpdir=/tmp</listen>
+BUS_WITHOUT_SERVICES = """<busconfig><type>session</type><listen>unix:path={}</listen>
   <policy context="default"><allow send_destination="*" eavesdrop="true"/>
     <allow eavesdrop="true"/><allow own="*"/></policy></busconfig>"""
 
@@ -63,23 +63,27 @@ def tray_restarts(watcher):
         assert successor.next_line() == item
 
 
+def pay(services):
+    order = json.dumps({"sats": 1234}).encode()
+    urllib.request.urlopen(f"http://127.0.0.1:{services['control']}/pay", order).close()
+
+
 def notification_service_restarts(program, services):
-    def pay():
-        order = json.dumps({"sats": 1234}).encode()
-        urllib.request.urlopen(f"http://127.0.0.1:{services['control']}/pay", order).close()
+    def pay_and_look():
+        pay(services)
         program.press("Refresh", WATCHED_ADDRESS)
 
     program.save(ADDRESS_FIELD, services["address"])
     program.wait_for(r"[\d,]+ sats", WATCHED_ADDRESS)
     for _ in range(2):
         with Service("notifications") as service:
-            pay()
+            pay_and_look()
             assert service.next_line()
             program.press("Close")
             wait_for("no window", lambda: not program.windows())
             service.process.send_signal(signal.SIGUSR1)  # a click on the notification
             wait_for("the window again", program.windows)
-    pay()  # to nobody
+    pay_and_look()  # to nobody
 
 
 def services_come_back_without_a_restart(services):
@@ -96,29 +100,53 @@ def processor_seconds(process):
     return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
 
 
-def the_bus_goes_and_nothing_spins(services):
+def start_bus(path):
     with tempfile.NamedTemporaryFile("w") as configuration:
-        configuration.write(BUS_WITHOUT_SERVICES)
+        configuration.write(BUS_WITHOUT_SERVICES.format(path))
         configuration.flush()
         bus = subprocess.Popen(["dbus-daemon", f"--config-file={configuration.name}", "--nofork",
                                 "--print-address"], stdout=subprocess.PIPE, text=True)
-        address = bus.stdout.readline().strip()
-    with Program(services, DBUS_SESSION_BUS_ADDRESS=address) as program:
-        wait_for("a window", program.windows)
+        bus.stdout.readline()
+    return bus
+
+
+def everything_is_on_the_bus_again(services, bus):
+    with Service("watcher", **bus) as watcher, Service("notifications", **bus) as notifications:
+        assert watcher.next_line(), "no item"
+        pay(services)
+        refresh = ["gdbus", "call", "--session", "--dest", "com.quorvex.Orvane", "--object-path",
+                   "/com/quorvex/Orvane", "--method", "org.freedesktop.Application.ActivateAction",
+                   "refresh-now", "[]", "{}"]
+        wait_for("the program by its name", lambda: subprocess.run(
+            refresh, env=os.environ | bus, check=False, capture_output=True).returncode == 0)
+        assert notifications.next_line(), "no notification"
+
+
+def the_bus_goes_and_comes_back(services):
+    with tempfile.TemporaryDirectory() as folder:
+        environment = {"DBUS_SESSION_BUS_ADDRESS": f"unix:path={folder}/bus"}
+        bus = start_bus(f"{folder}/bus")
+        with Program(services, **environment) as program:
+            wait_for("a window", program.windows)
+            bus.kill()
+            bus.wait()
+            os.unlink(f"{folder}/bus")
+            time.sleep(1)  # whatever the loss itself takes
+            before = processor_seconds(program.process)
+            time.sleep(2)
+            assert program.process.poll() is None, "ended with the bus"
+            assert processor_seconds(program.process) - before < 0.2, "spins"
+            bus = start_bus(f"{folder}/bus")
+            everything_is_on_the_bus_again(services, environment)
+            assert program.end(signal.SIGTERM) == 0
         bus.kill()
         bus.wait()
-        time.sleep(1)  # whatever the loss itself takes
-        before = processor_seconds(program.process)
-        time.sleep(2)
-        assert program.process.poll() is None, "ended with the bus"
-        assert processor_seconds(program.process) - before < 0.2, "spins"
-        assert program.end(signal.SIGTERM) == 0
 
 
 def main():
     with running_services() as services:
         for story in (signals_end_it_and_lose_no_write, services_come_back_without_a_restart,
-                      the_bus_goes_and_nothing_spins):
+                      the_bus_goes_and_comes_back):
             print(story.__name__, flush=True)
             story(services)
 

@@ -6,9 +6,16 @@
 #include <QString>
 #include <QTimer>
 #include <algorithm>
+#include <chrono>
 
 namespace orvane {
 namespace {
+using namespace std::chrono_literals;
+
+/// As long as a menu may stay open before something is chosen from it; compositors themselves
+/// forget a permission after about that time.
+constexpr auto tokenLifetime = 30s;
+
 /// Shift and the like say something only together with another key.
 bool isModifierKey(int key) {
   return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr;
@@ -84,8 +91,11 @@ QtDesktopApplication::QtDesktopApplication()
 }
 
 DesktopWindow& QtDesktopApplication::addWindow(std::unique_ptr<QWidget> widget) {
-  return *windows_.emplace_back(std::make_unique<QtDesktopWindow>(
-      std::move(widget), [this](QtDesktopWindow& window) { frontWindow_ = &window; }));
+  return *windows_.emplace_back(
+      std::make_unique<QtDesktopWindow>(std::move(widget), [this](QtDesktopWindow& window) {
+        frontWindow_ = &window;
+        return takeActivationToken();
+      }));
 }
 
 QWidget& QtDesktopApplication::widgetOf(DesktopWindow& window) {
@@ -98,6 +108,12 @@ void QtDesktopApplication::setTerminationHandler(std::function<void()> handler) 
 
 void QtDesktopApplication::setActivationToken(std::string token) {
   activationToken_ = std::move(token);
+  tokenExpires_.setRemainingTime(tokenLifetime);
+}
+
+std::string QtDesktopApplication::takeActivationToken() {
+  std::string token = std::exchange(activationToken_, std::string());
+  return tokenExpires_.hasExpired() ? std::string() : token;
 }
 
 std::vector<DesktopWindow*> QtDesktopApplication::windows() const {
@@ -115,7 +131,7 @@ std::optional<DesktopEvent> QtDesktopApplication::currentEvent() const {
 
 void QtDesktopApplication::activateIgnoringOtherApps() {
   if (frontWindow_ && frontWindow_->widget().isVisible()) {
-    frontWindow_->activate(std::exchange(activationToken_, std::string()));
+    frontWindow_->activate(takeActivationToken());
   }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDeadlineTimer>
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
@@ -70,7 +71,8 @@ class QtDesktopApplication final : public QObject, public DesktopApplication {
   /// What `terminate`, and a desktop that asks the application to quit, lead to; unless set, the
   /// event loop ends with 0.
   void setTerminationHandler(std::function<void()> handler);
-  /// The permission to take the focus that came with a request; used by the next activation.
+  /// The permission to take the focus that came with a request; used by the next activation, once,
+  /// and by none that comes later than half a minute after it.
   void setActivationToken(std::string token);
   [[nodiscard]] ActivationPolicy activationPolicy() const { return policy_; }
 
@@ -95,7 +97,10 @@ class QtDesktopApplication final : public QObject, public DesktopApplication {
   std::vector<std::unique_ptr<QtDesktopWindow>> windows_;
   KeyDispatch keys_;
   QPointer<QtDesktopWindow> frontWindow_;
+  [[nodiscard]] std::string takeActivationToken();
+
   std::string activationToken_;
+  QDeadlineTimer tokenExpires_;
   ActivationPolicy policy_ = ActivationPolicy::regular;
   std::function<void()> onTerminate_;
 };

@@ -26,11 +26,19 @@ void noticeReturningFocus(QWidget& window) {
   QT_WARNING_POP
 }
 
+/// For compositors that hand out permissions; Qt takes one from the environment. Without one it
+/// asks the compositor itself, which answers a program that is not in front with "is ready".
+void activateByPermission(QWidget& window, const std::string& token) {
+  if (!token.empty()) { qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(token)); }
+  if (!token.empty() || QGuiApplication::focusWindow()) { window.activateWindow(); }
+  qunsetenv("XDG_ACTIVATION_TOKEN");  // it was for this window
+}
+
 bool fillsScreen(const QWidget& window) { return window.isMaximized() || window.isFullScreen(); }
 }  // namespace
 
 QtDesktopWindow::QtDesktopWindow(std::unique_ptr<QWidget> widget,
-                                 std::function<void(QtDesktopWindow&)> onOrderFront)
+                                 std::function<std::string(QtDesktopWindow&)> onOrderFront)
     : widget_(std::move(widget)), onOrderFront_(std::move(onOrderFront)) {
   widget_->installEventFilter(this);
 }
@@ -41,16 +49,18 @@ QtDesktopWindow::~QtDesktopWindow() {
 }
 
 void QtDesktopWindow::activate(const std::string& token) {
-  const auto display = X11Display::ofApplication();
-  // Where the compositor hands out permissions, Qt takes them from the environment.
-  if (!display && !token.empty()) {
-    qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(token));
-  }
   widget_->raise();
-  widget_->activateWindow();
-  if (!display) { return; }
+  const auto display = X11Display::ofApplication();
+  if (!display) {
+    activateByPermission(*widget_, token);
+    return;
+  }
+  if (!display->hasWindowManager()) { widget_->activateWindow(); }
+  // Qt would give the time of the last event that it has seen, which may be none.
+  const std::uint32_t givenTime = startupTime(token);
+  const std::uint32_t time = givenTime != 0 ? givenTime : X11Display::currentTime();
   const auto id = static_cast<xcb_window_t>(widget_->winId());
-  display->sendToWindowManager(id, "_NET_ACTIVE_WINDOW", {actOfTheUser, startupTime(token)});
+  display->sendToWindowManager(id, "_NET_ACTIVE_WINDOW", {actOfTheUser, time});
   if (!token.empty()) { display->endStartupSequence(id, token); }
   display->flush();
 }
@@ -70,14 +80,13 @@ void QtDesktopWindow::deminiaturize() {
 void QtDesktopWindow::orderOut() { widget_->hide(); }
 
 void QtDesktopWindow::makeKeyAndOrderFront() {
-  onOrderFront_(*this);
+  const std::string token = onOrderFront_(*this);
   if (isMiniaturized()) { deminiaturize(); }
   if (!widget_->isVisible()) { takePlace(); }
   widget_->show();
   if (focusWhenHidden_) { focusWhenHidden_->setFocus(); }
   focusWhenHidden_.clear();
-  widget_->raise();
-  widget_->activateWindow();
+  activate(token);
   noticeReturningFocus(*widget_);
 }
 

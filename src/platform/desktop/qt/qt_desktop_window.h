@@ -18,9 +18,10 @@ class QtDesktopWindow final : public QObject, public DesktopWindow {
   Q_OBJECT
 
  public:
-  /// `onOrderFront` is told when the window is about to come to the front.
+  /// `onOrderFront` is asked when the window is about to come to the front, for the permission to
+  /// take the focus that came with what the user did; empty: none.
   QtDesktopWindow(std::unique_ptr<QWidget> widget,
-                  std::function<void(QtDesktopWindow&)> onOrderFront);
+                  std::function<std::string(QtDesktopWindow&)> onOrderFront);
   ~QtDesktopWindow() override;
 
   [[nodiscard]] QWidget& widget() const { return *widget_; }
@@ -56,7 +57,7 @@ class QtDesktopWindow final : public QObject, public DesktopWindow {
   void handleStateChange();
 
   std::unique_ptr<QWidget> widget_;
-  std::function<void(QtDesktopWindow&)> onOrderFront_;
+  std::function<std::string(QtDesktopWindow&)> onOrderFront_;
   std::weak_ptr<WindowDelegate> delegate_;
   Signal<WindowNotification> notifications_;
   bool wasMiniaturized_ = false;

@@ -2,7 +2,6 @@
 #include <QDBusMessage>
 #include <QDBusReply>
 #include <utility>
-#include "platform/bus/session_bus.h"
 
 namespace orvane {
 namespace {
@@ -22,42 +21,46 @@ uint requestName(const QDBusConnection& bus, const QString& name) {
   return reply.isValid() ? reply.value() : 0;
 }
 
-/// What a launcher has put into the environment of a process that it started, for that process's
-/// window to take the focus.
-QVariantMap ownPlatformData() {
+QVariantMap platformData(const StartupPermission& permission) {
   QVariantMap data;
-  const auto startupId = qEnvironmentVariable("DESKTOP_STARTUP_ID");
-  const auto token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN", startupId);
-  if (!startupId.isEmpty()) { data.insert(QStringLiteral("desktop-startup-id"), startupId); }
-  if (!token.isEmpty()) { data.insert(QStringLiteral("activation-token"), token); }
+  if (!permission.startupId.isEmpty()) {
+    data.insert(QStringLiteral("desktop-startup-id"), permission.startupId);
+  }
+  if (!permission.activationToken.isEmpty()) {
+    data.insert(QStringLiteral("activation-token"), permission.activationToken);
+  }
   return data;
 }
 
-std::string activationToken(const QVariantMap& platformData) {
-  const auto token = platformData.value(QStringLiteral("activation-token")).toString();
-  const auto startupId = platformData.value(QStringLiteral("desktop-startup-id")).toString();
+std::string activationToken(const QVariantMap& data) {
+  const auto token = data.value(QStringLiteral("activation-token")).toString();
+  const auto startupId = data.value(QStringLiteral("desktop-startup-id")).toString();
   return (token.isEmpty() ? startupId : token).toStdString();
 }
 }  // namespace
 
-SessionInstance::SessionInstance(const QString& applicationId, std::chrono::milliseconds patience)
-    : id_(applicationId),
-      path_(objectPath(applicationId)),
-      patience_(patience),
-      bus_(QDBusConnection::sessionBus()) {}
+StartupPermission StartupPermission::fromEnvironment() {
+  const auto startupId = qEnvironmentVariable("DESKTOP_STARTUP_ID");
+  return {.startupId = startupId,
+          .activationToken = qEnvironmentVariable("XDG_ACTIVATION_TOKEN", startupId)};
+}
 
-SessionInstance::~SessionInstance() { bus_.unregisterObject(path_); }
+SessionInstance::SessionInstance(SessionBus& bus, const QString& applicationId,
+                                 std::chrono::milliseconds patience)
+    : bus_(bus), id_(applicationId), path_(objectPath(applicationId)), patience_(patience) {}
 
-InstanceRole SessionInstance::claim() {
-  if (!bus_.isConnected()) { return InstanceRole::alone; }
-  // The object comes before the name: who waits for the name may call at once.
-  bus_.registerObject(path_, this, QDBusConnection::ExportAllSlots);
+SessionInstance::~SessionInstance() { unexportObject(); }
+
+InstanceRole SessionInstance::claim(const StartupPermission& permission) {
+  busObserver_ = bus_.observe([this] { claimAgain(); });
+  if (!bus_.isOpen()) { return InstanceRole::alone; }
+  exportObject();
   for (int attempt = 0; attempt < claimAttempts; ++attempt) {
-    switch (requestName(bus_, id_)) {
+    switch (requestName(bus_.connection(), id_)) {
       case primaryOwner:
         return InstanceRole::first;
       case nameHasOtherOwner:
-        if (activateOther()) { return InstanceRole::handedOver; }
+        if (activateOther(permission)) { return InstanceRole::handedOver; }
         break;
       default:
         return InstanceRole::alone;
@@ -66,32 +69,52 @@ InstanceRole SessionInstance::claim() {
   return InstanceRole::unreachable;
 }
 
+// The object comes before the name: who waits for the name may call at once.
+void SessionInstance::exportObject() {
+  QDBusConnection connection = bus_.connection();
+  connection.registerObject(path_, this, QDBusConnection::ExportAllSlots);
+}
+
+void SessionInstance::unexportObject() {
+  if (!bus_.isOpen()) { return; }
+  QDBusConnection connection = bus_.connection();
+  connection.unregisterObject(path_);
+}
+
+/// On another bus, or the same one restarted. Somebody else who has the name there keeps it.
+void SessionInstance::claimAgain() {
+  if (!bus_.isOpen()) { return; }
+  exportObject();
+  bus_.connection().asyncCall(callOfBusItself(QStringLiteral("RequestName"), {id_, doNotQueue}));
+}
+
 void SessionInstance::release() {
-  bus_.asyncCall(callOfBusItself(QStringLiteral("ReleaseName"), {id_}));
+  busObserver_ = {};
+  if (!bus_.isOpen()) { return; }
+  bus_.connection().asyncCall(callOfBusItself(QStringLiteral("ReleaseName"), {id_}));
 }
 
 void SessionInstance::setRequests(ApplicationRequests requests) { requests_ = std::move(requests); }
 
-bool SessionInstance::activateOther() const {
+bool SessionInstance::activateOther(const StartupPermission& permission) const {
   auto request =
       QDBusMessage::createMethodCall(id_, path_, interfaceName, QStringLiteral("Activate"));
-  request << ownPlatformData();
-  const auto answer = bus_.call(request, QDBus::Block, static_cast<int>(patience_.count()));
+  request << platformData(permission);
+  const auto answer =
+      bus_.connection().call(request, QDBus::Block, static_cast<int>(patience_.count()));
   return answer.type() == QDBusMessage::ReplyMessage;
 }
 
-void SessionInstance::Activate(const QVariantMap& platformData) {
-  if (requests_.activate) { requests_.activate(activationToken(platformData)); }
+void SessionInstance::Activate(const QVariantMap& data) {
+  if (requests_.activate) { requests_.activate(activationToken(data)); }
 }
 
-void SessionInstance::Open(const QStringList& /*uris*/, const QVariantMap& platformData) {
-  Activate(platformData);  // there is nothing that the application opens
+void SessionInstance::Open(const QStringList& /*uris*/, const QVariantMap& data) {
+  Activate(data);  // there is nothing that the application opens
 }
 
 void SessionInstance::ActivateAction(const QString& name, const QVariantList& /*parameters*/,
-                                     const QVariantMap& platformData) {
-  if (requests_.runAction) {
-    requests_.runAction(name.toStdString(), activationToken(platformData));
-  }
+                                     const QVariantMap& data) {
+  if (requests_.runAction) { requests_.runAction(name.toStdString(), activationToken(data)); }
 }
 }  // namespace orvane

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QDBusConnection>
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -8,6 +7,7 @@
 #include <chrono>
 #include <functional>
 #include <string>
+#include "platform/bus/session_bus.h"
 
 namespace orvane {
 /// What other programs ask of the running application.
@@ -26,21 +26,32 @@ enum class InstanceRole {
   alone,        ///< no session bus: nobody can ask, and nobody can be asked
 };
 
+/// What a launcher gave this process for its window to take the focus.
+struct StartupPermission {
+  QString startupId;        ///< X11's
+  QString activationToken;  ///< Wayland's
+
+  /// Reads it before the QApplication is made, which takes it away. An empty field: none was given.
+  [[nodiscard]] static StartupPermission fromEnvironment();
+};
+
 /// Makes the application one of its kind on the session bus, under the name `applicationId`, where
-/// launchers and second starts talk to it by the interface org.freedesktop.Application.
+/// launchers and second starts talk to it by the interface org.freedesktop.Application. A bus that
+/// was lost and comes back gets the name again.
 class SessionInstance final : public QObject {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
  public:
   /// `applicationId`: "com.example.Name"; its object is "/com/example/Name". `patience`: how long
-  /// another instance, which may be busy, is given for its answer.
-  explicit SessionInstance(const QString& applicationId,
-                           std::chrono::milliseconds patience = std::chrono::seconds(3));
+  /// another instance, which may be busy, is given for its answer. The bus outlives this.
+  SessionInstance(SessionBus& bus, const QString& applicationId,
+                  std::chrono::milliseconds patience = std::chrono::seconds(3));
   ~SessionInstance() override;
 
-  /// Takes the name, or asks its owner to show itself. Waits for the bus at most half a second.
-  [[nodiscard]] InstanceRole claim();
+  /// Takes the name, or asks its owner to show itself, with the permission that was meant for this
+  /// process. Waits for the bus at most half a second; called before there is a window.
+  [[nodiscard]] InstanceRole claim(const StartupPermission& permission);
   /// Gives the name up, so that a start from now on brings a new instance. Does not wait.
   void release();
 
@@ -56,12 +67,16 @@ class SessionInstance final : public QObject {
                       const QVariantMap& platformData);
 
  private:
-  [[nodiscard]] bool activateOther() const;
+  void exportObject();
+  void unexportObject();
+  void claimAgain();
+  [[nodiscard]] bool activateOther(const StartupPermission& permission) const;
 
+  SessionBus& bus_;
   QString id_;
   QString path_;
   std::chrono::milliseconds patience_;
-  QDBusConnection bus_;
   ApplicationRequests requests_;
+  Registration busObserver_;
 };
 }  // namespace orvane
