@@ -10,6 +10,7 @@
 #include <QStyledItemDelegate>
 #include <QTextDocument>
 #include <QTextOption>
+#include <QWheelEvent>
 #include <algorithm>
 #include <array>
 #include "platform/desktop/symbols.h"
@@ -211,6 +212,9 @@ void BlockRewardList::changeEvent(QEvent* event) {
   if (event->type() == QEvent::ApplicationFontChange) { applyStyle(); }
 }
 
+// The column around the card scrolls, not the list.
+void BlockRewardList::wheelEvent(QWheelEvent* event) { event->ignore(); }
+
 void BlockRewardList::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QListView::currentChanged(current, previous);
   if (hasFocus() && current.isValid()) { bringCursorIntoSight(); }
@@ -229,7 +233,7 @@ void BlockRewardList::copyLine() const {
   }
 }
 
-// The column around the card scrolls, not the list.
+// As a scroll area does for what has the focus in it.
 void BlockRewardList::bringCursorIntoSight() {
   const QRect line = visualRect(currentIndex());
   for (auto* around = parentWidget(); around; around = around->parentWidget()) {

@@ -20,6 +20,7 @@ class BlockRewardList final : public QListView {
 
  protected:
   void changeEvent(QEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
  private:
