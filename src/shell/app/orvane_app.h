@@ -35,6 +35,11 @@ struct OrvaneSettings {
   AskWhereToSave askWhereToSave = {};  ///< none: the history cannot be saved
 };
 
+/// Whether a launcher's command brings a window up.
+[[nodiscard]] inline bool opensWindow(std::string_view command) {
+  return command == "show-help" || command == "show-about";
+}
+
 /// The application: its store, its runtime and its windows, from launch to end. One exists per
 /// process.
 class OrvaneApp {

@@ -82,7 +82,8 @@ int runInstance(Executor& executor, SessionBus& bus, SessionInstance& instance,
   instance.setRequests(
       {.activate = reopen,
        .runAction = [&app, &desktop](const std::string& name, const std::string& token) {
-         desktop.setActivationToken(token);
+         // One that came with a refresh is for no window, now or later.
+         desktop.setActivationToken(opensWindow(name) ? token : std::string());
          app.runAction(name);
        }});
   app.launch();

@@ -3,6 +3,8 @@
 #include <QDBusArgument>
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
+#include <QGuiApplication>
+#include <QScreen>
 #include <QtEndian>
 #include <utility>
 
@@ -102,6 +104,16 @@ QVariant toolTipValue(const QString& title) {
   toolTip.endStructure();
   return QVariant::fromValue(toolTip);
 }
+
+/// A host's point, in the screen's own pixels, where Qt counts in larger ones.
+QPoint fromScreenPixels(const QPoint& point) {
+  for (const QScreen* const screen : QGuiApplication::screens()) {
+    const QPoint origin = screen->geometry().topLeft();
+    const QRect area(origin, screen->size() * screen->devicePixelRatio());
+    if (area.contains(point)) { return origin + (point - origin) / screen->devicePixelRatio(); }
+  }
+  return point;
+}
 }  // namespace
 
 NotifierItem::NotifierItem(SessionBus& bus, StatusRequests requests, NotifierState state)
@@ -180,7 +192,8 @@ ObjectSurface NotifierItem::surface() {
                       {QStringLiteral("ContextMenu"),
                        {QStringLiteral("ii"),
                         [this](const QVariantList& arguments) {
-                          requests_.popUpMenu({arguments.at(0).toInt(), arguments.at(1).toInt()});
+                          const QPoint place(arguments.at(0).toInt(), arguments.at(1).toInt());
+                          requests_.popUpMenu(fromScreenPixels(place));
                           return QVariantList();
                         }}},
                       {QStringLiteral("ProvideXdgActivationToken"),
