@@ -122,6 +122,7 @@ struct FakeStatusItemState {
   std::optional<Menu> poppedUp;  ///< the menu that the last click showed
   int draws = 0;
   StatusItem::Action action;
+  bool hasHost = true;
 };
 
 class FakeStatusItem final : public StatusItem {
@@ -143,6 +144,7 @@ class FakeStatusItem final : public StatusItem {
   void setAction(Action action) override { state_.action = std::move(action); }
   void setMenu(std::optional<Menu> menu) override { state_.menu = std::move(menu); }
   void performClick() override { state_.poppedUp = state_.menu; }
+  [[nodiscard]] bool hasHost() const override { return state_.hasHost; }
 
  private:
   FakeStatusItemState& state_;

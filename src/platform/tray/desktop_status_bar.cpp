@@ -88,6 +88,12 @@ class DesktopStatusItem final : public StatusItem {
     }
   }
 
+  [[nodiscard]] bool hasHost() const override {
+    const auto facts = surroundings_.facts();
+    return surroundings_.isKnown() &&
+           (facts.notifierHost || (facts.trayManager && !facts.dockingFailed));
+  }
+
  private:
   /// Image and tool tip change together as a rule: one turn of the event loop shows both.
   void showSoon() {

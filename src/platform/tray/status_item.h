@@ -52,6 +52,9 @@ class StatusItem {
   virtual void setMenu(std::optional<Menu> menu) = 0;
   /// Shows the menu that is set.
   virtual void performClick() = 0;
+
+  /// Somebody is there to draw it. False as long as that is not known.
+  [[nodiscard]] virtual bool hasHost() const = 0;
 };
 
 /// The status area of the desktop.

@@ -61,10 +61,11 @@ BalanceMainSceneContent::BalanceMainSceneContent(BalanceMainScene scene,
 
 void BalanceMainSceneContent::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  if (!std::exchange(isConnected_, true)) { connectStatusItem(); }
+  connectStatusItem();
 }
 
 void BalanceMainSceneContent::connectStatusItem() {
+  if (std::exchange(isConnected_, true)) { return; }
   auto& runtime = *scene_.backgroundRuntime;
   runtime.menuBarTextProvider = [weak =
                                      std::weak_ptr(scene_.store)]() -> std::optional<std::string> {

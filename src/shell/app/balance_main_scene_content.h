@@ -24,8 +24,8 @@ struct BalanceMainScene {
   DesktopApplication& application;
 };
 
-/// The content of the main window. When it is first shown it connects the status item with the
-/// store, and from then on every change of the store reaches both.
+/// The content of the main window. When it is first shown, or told to, it connects the status item
+/// with the store, and from then on every change of the store reaches both.
 class BalanceMainSceneContent final : public QWidget {
   Q_OBJECT
 
@@ -33,11 +33,13 @@ class BalanceMainSceneContent final : public QWidget {
   BalanceMainSceneContent(BalanceMainScene scene, const BalanceViewSettings& settings,
                           QWidget* parent = nullptr);
 
+  /// Does so once, for an application that starts without showing its window.
+  void connectStatusItem();
+
  protected:
   void showEvent(QShowEvent* event) override;
 
  private:
-  void connectStatusItem();
   void updateMenuBarStatus();
   /// Opens a scene's window over the main window, which comes forward first.
   void openOverMainWindow(const std::string& id);

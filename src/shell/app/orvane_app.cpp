@@ -53,7 +53,12 @@ void OrvaneApp::launch() {
 void OrvaneApp::finishLaunching() {
   longestWaitForToken_.reset();
   tokenRead_ = {};
-  appDelegate_.didFinishLaunching();
+  if (startsQuietly_ && mainContent_) {
+    mainContent_->connectStatusItem();
+    backgroundRuntime_->startHidden();
+  } else {
+    appDelegate_.didFinishLaunching();
+  }
   platform_.balance.executor.post([this] {
     for (const std::string& name : std::exchange(actionsAtLaunch_, {})) {
       runAction(name);
@@ -62,6 +67,7 @@ void OrvaneApp::finishLaunching() {
 }
 
 void OrvaneApp::reopen() {
+  startsQuietly_ = false;
   // The launch is about to bring the window up, in its size.
   if (isLaunching()) { return; }
   if (backgroundRuntime_->isMenuBarOnly()) {
@@ -72,7 +78,9 @@ void OrvaneApp::reopen() {
 }
 
 void OrvaneApp::runAction(std::string_view name) {
-  if (isLaunching()) {
+  if (name == "start-quietly") {
+    startsQuietly_ = isLaunching();
+  } else if (isLaunching()) {
     actionsAtLaunch_.emplace_back(name);
   } else if (name == "refresh-now") {
     menuActions_->refreshNow();
@@ -102,7 +110,7 @@ std::unique_ptr<QWidget> OrvaneApp::makeContent(const WindowScene& scene) {
 }
 
 std::unique_ptr<QWidget> OrvaneApp::makeMainContent() {
-  return std::make_unique<BalanceMainSceneContent>(
+  auto content = std::make_unique<BalanceMainSceneContent>(
       BalanceMainScene{.store = store_,
                        .backgroundRuntime = backgroundRuntime_,
                        .openWindow = openWindow(),
@@ -113,6 +121,8 @@ std::unique_ptr<QWidget> OrvaneApp::makeMainContent() {
       BalanceViewSettings{.poolWebHost = settings_.poolWebHost,
                           .commands = [this] { return commands(); },
                           .askWhereToSave = settings_.askWhereToSave});
+  mainContent_ = content.get();
+  return content;
 }
 
 OpenWindow OrvaneApp::openWindow() {

@@ -19,6 +19,8 @@
 #include "shell/views/history_commands.h"
 
 namespace orvane {
+class BalanceMainSceneContent;
+
 /// What the application works with; all of it outlives the application.
 struct OrvanePlatform {
   BalancePlatform balance;
@@ -56,8 +58,9 @@ class OrvaneApp {
   void launch();
   /// The user has started the application again: brings the main window back.
   void reopen();
-  /// Carries out a command that a launcher names: "refresh-now", "show-help", "show-about" or
-  /// "quit". Others are ignored.
+  /// Carries out a command that a launcher names: "refresh-now", "show-help", "show-about",
+  /// "start-quietly" or "quit". Others are ignored. To start quietly, into the status area without
+  /// a window, is for a launch that has not shown one yet.
   void runAction(std::string_view name);
 
  private:
@@ -81,6 +84,8 @@ class OrvaneApp {
   Registration tokenRead_;
   std::optional<OneShotTimer> longestWaitForToken_;
   std::vector<std::string> actionsAtLaunch_;  ///< what was asked for before the window was up
+  bool startsQuietly_ = false;
+  BalanceMainSceneContent* mainContent_ = nullptr;
   std::optional<Instant> exitDeadline_;
   std::optional<OneShotTimer> nextLookAtWrites_;
 };

@@ -87,6 +87,7 @@ int runInstance(Executor& executor, SessionBus& bus, SessionInstance& instance,
          app.runAction(name);
        }});
   app.launch();
+  instance.answerEarlyRequests();
   const int code = QApplication::exec();
   instance.setRequests({});
   return code;

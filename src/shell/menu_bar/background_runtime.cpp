@@ -10,6 +10,9 @@ using namespace std::chrono_literals;
 constexpr auto rateInterval = 30s;
 constexpr auto firstRateRetryDelay = 5s;
 
+/// At login a panel may come some seconds later.
+constexpr auto patienceForHost = 10s;
+
 /// What `member` does, as long as the runtime exists.
 std::function<void()> weakly(const std::weak_ptr<BackgroundRuntime>& runtime,
                              std::function<void(BackgroundRuntime&)> action) {
@@ -168,6 +171,23 @@ void BackgroundRuntime::hideMainWindow() {
   platform_.executor.post(weakly(weak_from_this(), [](BackgroundRuntime& runtime) {
     runtime.platform_.application.setActivationPolicy(ActivationPolicy::accessory);
   }));
+}
+
+void BackgroundRuntime::startHidden() {
+  setMenuBarOnly(true);
+  setMainWindowVisible(false);
+  platform_.application.setActivationPolicy(ActivationPolicy::accessory);
+  waitForHost_.emplace(platform_.executor, patienceForHost,
+                       weakly(weak_from_this(), &BackgroundRuntime::showWithoutHost));
+}
+
+void BackgroundRuntime::showWithoutHost() {
+  waitForHost_.reset();
+  auto* const window = mainWindow();
+  if (!window || !isMenuBarOnly_ || (statusItem_ && statusItem_->hasHost())) { return; }
+  setMenuBarOnly(false);
+  platform_.application.setActivationPolicy(ActivationPolicy::regular);
+  window->miniaturize();
 }
 
 void BackgroundRuntime::installKeyMonitors() {

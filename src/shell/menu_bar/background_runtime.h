@@ -62,6 +62,10 @@ class BackgroundRuntime final : public WindowDelegate,
   void showMainWindow();
   /// Moves the application into the status area: no window stays on screen.
   void hideMainWindow();
+  /// Has the application live in the status area from its start, before any window has been shown.
+  /// Where nobody draws the status item after a while the main window comes up minimised, so that
+  /// there is something to find.
+  void startHidden();
   void handleStatusItemClick(const std::optional<DesktopEvent>& event);
 
   [[nodiscard]] const BackgroundRuntimeOptions& options() const { return options_; }
@@ -93,6 +97,7 @@ class BackgroundRuntime final : public WindowDelegate,
   [[nodiscard]] bool showsHashRate() const;
   void popUpStatusMenu();
 
+  void showWithoutHost();
   void setMainWindowVisible(bool visible);
   void setMenuBarOnly(bool menuBarOnly);
 
@@ -107,6 +112,7 @@ class BackgroundRuntime final : public WindowDelegate,
   bool displayedAlert_ = false;
   std::optional<RepeatingTimer> menuBarRateTimer_;
   std::optional<OneShotTimer> firstRateRetry_;
+  std::optional<OneShotTimer> waitForHost_;
   Registration rateSettingObserver_;
   std::string displayedMenuBarRate_;
   bool isMainWindowVisible_ = true;

@@ -46,7 +46,8 @@ std::vector<std::string> helpParagraphs() {
       "bars, "
       "the average hashrate as a line, with the pointer or the arrow keys to read day by day. "
       "“Payments…” in the same menu lists what the watched address has received, and opens the "
-      "explorer's page of one payment in your browser."};
+      "explorer's page of one payment in your browser. The entry for start at login that comes "
+      "with the app starts it into the menu bar, without its window."};
 }
 }  // namespace
 

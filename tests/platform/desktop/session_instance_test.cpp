@@ -80,4 +80,16 @@ TEST_F(SessionInstanceTest, AnswersLaunchers) {
   EXPECT_THAT(heard, ElementsAre("activate t", "activate ", "show-help t"));
 }
 
+TEST_F(SessionInstanceTest, AnswersWhatCameWithTheStartBeforeAnythingElseHappens) {
+  auto launcher = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "launcher");
+  auto request = QDBusMessage::createMethodCall(id, "/com/quorvex/OrvaneTest",
+                                                "org.freedesktop.Application", "ActivateAction");
+  request << "start-quietly" << QVariantList() << QVariantMap();
+  launcher.send(request);
+  launcher.call(callOfBusItself("GetId"));  // it is on its way to us
+  instance.answerEarlyRequests();
+  EXPECT_THAT(heard, ElementsAre("start-quietly "));
+  QDBusConnection::disconnectFromBus("launcher");
+}
+
 }}  // namespace orvane::test

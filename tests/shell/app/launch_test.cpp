@@ -73,6 +73,35 @@ TEST_F(AppTest, ATokenThatArrivesLateFillsItsFieldUnlessSomethingIsTypedThere) {
   }
 }
 
+TEST_F(AppTest, AQuietStartIsInTheStatusAreaAloneOrMinimisedWhereNobodyDrawsIt) {
+  for (const bool hasHost : {true, false}) {
+    begin();
+    statusBar.item.hasHost = hasHost;
+    app->runAction("start-quietly");
+    pass(9s);
+    EXPECT_FALSE(isOnScreen("Orvane"));
+    EXPECT_EQ(desktop.activationPolicy(), ActivationPolicy::accessory);
+    EXPECT_EQ(statusBar.item.toolTip, "Orvane · No API token or address");
+    pass(1s);
+    EXPECT_EQ(desktop.windowTitled("Orvane")->isMiniaturized(), !hasHost);
+    if (hasHost) {
+      chooseFromTray("Open Orvane");
+    } else {
+      app->reopen();
+    }
+    settle();
+    EXPECT_TRUE(isOnScreen("Orvane"));
+    app->runAction("start-quietly");
+    pass(10s);
+    EXPECT_TRUE(isOnScreen("Orvane")) << "it has started";
+  }
+  begin();
+  app->runAction("start-quietly");
+  app->reopen();
+  settle();
+  EXPECT_TRUE(isOnScreen("Orvane")) << "somebody wants to see it";
+}
+
 TEST_F(AppTest, TheStatusAreaFollowsTheAccount) {
   storeToken("stored");
   transport.on("/profile").fail(HttpFailure::cannotConnectToHost).times(1);

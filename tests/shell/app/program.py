@@ -47,12 +47,17 @@ def running_services(*options):
             server.terminate()
 
 
+def command_with(services):
+    """The program's command line, to meet these services."""
+    hosts = [f"localhost:{services[name]}" for name in ("pool", "explorer", "price", "fallback")]
+    return [PROGRAM, *hosts, services["ca"]]
+
+
 class Program:
     """One run of the program, and its windows as a screen reader reads and operates them."""
 
     def __init__(self, services, **environment):
-        hosts = [f"localhost:{services[name]}" for name in ("pool", "explorer", "price", "fallback")]
-        self.command = [PROGRAM, *hosts, services["ca"]]
+        self.command = command_with(services)
         self.process = subprocess.Popen(self.command, env=os.environ | environment)
 
     def __enter__(self):

@@ -1,7 +1,10 @@
 """Ends sessions and their services around the program: session_life_test.py program services."""
 
+import configparser
 import json
 import os
+import pathlib
+import shlex
 import signal
 import subprocess
 import tempfile
@@ -10,8 +13,8 @@ import urllib.request
 
 from gi.repository import Gio, GLib
 
-from program import (ADDRESS_FIELD, TOKEN_FIELD, WATCHED_ADDRESS, Program, Service, output_of,
-                     running_services, wait_for)
+from program import (ADDRESS_FIELD, TOKEN_FIELD, WATCHED_ADDRESS, Program, Service, command_with,
+                     output_of, running_services, wait_for)
 
 BUS_WITHOUT_SERVICES = """<busconfig><type>session</type><listen>unix:path={}</listen>
   <policy context="default"><allow send_destination="*" eavesdrop="true"/>
@@ -30,17 +33,21 @@ def signals_end_it_and_lose_no_write(services):
         assert kept_token() == number.name
 
 
+def ask_bus(method, *names):
+    return Gio.bus_get_sync(Gio.BusType.SESSION).call_sync(
+        "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", method,
+        GLib.Variant(f"({'s' * len(names)})", names), None, Gio.DBusCallFlags.NONE, -1,
+        None).unpack()
+
+
+def is_owned(name):
+    return ask_bus("NameHasOwner", name)[0]
+
+
 def keyring_restarts(program):
-    bus = Gio.bus_get_sync(Gio.BusType.SESSION)
-
-    def ask_bus(method, name):
-        return bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus",
-                             "org.freedesktop.DBus", method, GLib.Variant("(s)", (name,)), None,
-                             Gio.DBusCallFlags.NONE, -1, None).unpack()[0]
-
     secrets = "org.freedesktop.secrets"
-    os.kill(ask_bus("GetConnectionUnixProcessID", secrets), signal.SIGKILL)
-    wait_for("no keyring", lambda: not ask_bus("NameHasOwner", secrets))
+    os.kill(ask_bus("GetConnectionUnixProcessID", secrets)[0], signal.SIGKILL)
+    wait_for("no keyring", lambda: not is_owned(secrets))
     program.save(TOKEN_FIELD, "kept nowhere")
     with subprocess.Popen(["gnome-keyring-daemon", "--foreground", "--unlock",
                            "--components=secrets"], stdin=subprocess.PIPE,
@@ -48,7 +55,7 @@ def keyring_restarts(program):
         try:
             daemon.stdin.write(b"password")
             daemon.stdin.close()
-            wait_for("the keyring again", lambda: ask_bus("NameHasOwner", secrets))
+            wait_for("the keyring again", lambda: is_owned(secrets))
             program.save(TOKEN_FIELD, "kept again")
             wait_for("the token kept", lambda: kept_token() == "kept again")
         finally:
@@ -143,10 +150,31 @@ def the_bus_goes_and_comes_back(services):
         bus.wait()
 
 
+def login_starts_it_into_the_tray(services):
+    application = "com.quorvex.Orvane"
+    entry = configparser.RawConfigParser()
+    entry.read(pathlib.Path(__file__).parents[3] / "packaging/autostart" / f"{application}.desktop")
+    command = shlex.join(["env", f"DISPLAY={os.environ['DISPLAY']}", *command_with(services)])
+    services_of_bus = pathlib.Path(os.environ["XDG_DATA_HOME"], "dbus-1", "services")
+    (services_of_bus / f"{application}.service").write_text(
+        f"[D-BUS Service]\nName={application}\nExec=/usr/bin/{command}\n", encoding="ascii")
+    ask_bus("ReloadConfig")
+    windows = ["xdotool", "search", "--onlyvisible", "--name", "^Orvane$"]
+    with Service("watcher") as watcher:
+        subprocess.run(shlex.split(entry["Desktop Entry"]["Exec"]), timeout=20, check=True)
+        assert watcher.next_line(), "no item"
+        time.sleep(0.5)
+        assert not output_of(*windows), "it shows itself"
+        for action, is_done in ((["launch"], lambda: output_of(*windows)),
+                                (["action", "quit"], lambda: not is_owned(application))):
+            subprocess.run(["gapplication", action[0], application, *action[1:]], check=True)
+            wait_for(action, is_done)
+
+
 def main():
     with running_services() as services:
         for story in (signals_end_it_and_lose_no_write, services_come_back_without_a_restart,
-                      the_bus_goes_and_comes_back):
+                      login_starts_it_into_the_tray, the_bus_goes_and_comes_back):
             print(story.__name__, flush=True)
             story(services)
 

@@ -1,4 +1,5 @@
 #include "platform/desktop/qt/session_instance.h"
+#include <QCoreApplication>
 #include <QDBusMessage>
 #include <QDBusReply>
 #include <utility>
@@ -95,6 +96,13 @@ void SessionInstance::release() {
 }
 
 void SessionInstance::setRequests(ApplicationRequests requests) { requests_ = std::move(requests); }
+
+void SessionInstance::answerEarlyRequests() {
+  if (!bus_.isOpen()) { return; }
+  // The bus hands them over together with the name, so they are in when it answers once more.
+  bus_.connection().call(callOfBusItself(QStringLiteral("GetId")), QDBus::Block, busTimeout);
+  QCoreApplication::sendPostedEvents(this);
+}
 
 bool SessionInstance::activateOther(const StartupPermission& permission) const {
   auto request =

@@ -58,6 +58,9 @@ class SessionInstance final : public QObject {
   /// Requests that came earlier are answered in the event loop, so none is lost when this follows
   /// `claim` directly.
   void setRequests(ApplicationRequests requests);
+  /// Carries out, now, the requests that were made before the name was claimed: one of them may be
+  /// why the bus has started this process. For after `setRequests`, while no window is up.
+  void answerEarlyRequests();
 
  public Q_SLOTS:
   // The methods on the bus; their names are the interface's.
