@@ -71,6 +71,11 @@ class FigureCellDelegate final : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
 
+  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                               const QModelIndex& index) const override {
+    return QStyledItemDelegate::sizeHint(option, index) + QSize(2 * theme::tableCellPadding, 0);
+  }
+
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override {
     painter->save();

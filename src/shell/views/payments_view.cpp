@@ -49,7 +49,9 @@ class PaymentsView::Table final : public FigureTable {
     setSelectionMode(SingleSelection);
     setSelectionBehavior(SelectRows);
     setContextMenuPolicy(Qt::ActionsContextMenu);
-    horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    // Amounts are never cut off; an id that is has the whole in its tool tip.
+    horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    horizontalHeader()->setSectionResizeMode(transaction, QHeaderView::Stretch);
   }
 
   void showPayments(std::vector<Payment> payments, BalanceUnit unit) {
