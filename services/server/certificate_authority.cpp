@@ -86,13 +86,13 @@ std::string CertificateAuthority::certificatePem() const {
   return {text, static_cast<std::size_t>(size)};
 }
 
-TlsContext CertificateAuthority::makeServerContext() const {
+TlsContext CertificateAuthority::makeServerContext(const char* alternativeNames) const {
   const PrivateKey key = makeKey();
   const Certificate certificate = makeCertificate("localhost", *key);
   addExtension(*certificate, *certificate_, NID_basic_constraints, "critical,CA:FALSE");
   addExtension(*certificate, *certificate_, NID_key_usage, "critical,digitalSignature");
   addExtension(*certificate, *certificate_, NID_ext_key_usage, "serverAuth");
-  addExtension(*certificate, *certificate_, NID_subject_alt_name, "DNS:localhost,IP:127.0.0.1");
+  addExtension(*certificate, *certificate_, NID_subject_alt_name, alternativeNames);
   sign(*certificate, *certificate_, *key_);
 
   TlsContext context(SSL_CTX_new(TLS_server_method()));

@@ -14,8 +14,10 @@ class CertificateAuthority {
   /// The authority's own certificate, for the clients' list of trusted ones.
   [[nodiscard]] std::string certificatePem() const;
 
-  /// What a TLS server needs to be believed as "localhost" and 127.0.0.1.
-  [[nodiscard]] TlsContext makeServerContext() const;
+  /// What a TLS server needs to be believed as "localhost" and 127.0.0.1, or as other names (as
+  /// OpenSSL writes them); the common name is "localhost" all the same.
+  [[nodiscard]] TlsContext makeServerContext(
+      const char* alternativeNames = "DNS:localhost,IP:127.0.0.1") const;
 
  private:
   PrivateKey key_;

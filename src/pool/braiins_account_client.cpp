@@ -11,6 +11,7 @@ namespace {
 using Kind = PoolError::Kind;
 
 constexpr std::chrono::seconds idleTimeout{15};
+constexpr int mostRedirects = 5;
 
 std::unexpected<PoolError> failure(Kind kind) { return std::unexpected(PoolError{.kind = kind}); }
 
@@ -64,15 +65,22 @@ Task<PoolResult<std::vector<BraiinsHistoryDay>>> BraiinsAccountClient::fetchHist
 Task<PoolResult<std::string>> BraiinsAccountClient::fetchPoolData(std::string path,
                                                                   Urgency urgency) {
   if (!isSendable(token)) { co_return failure(Kind::userAuthenticationRequired); }
-  const PoolResult<void> claimed = co_await claimSlot(urgency);
-  if (!claimed) { co_return std::unexpected(claimed.error()); }
-  HttpRequest request{.url = poolBaseURL_ + path, .idleTimeout = idleTimeout};
-  request.headers.push_back({.name = "Pool-Auth-Token", .value = token});
-  HttpResult result = co_await transport_.get(std::move(request));
-  if (result && (result->status == 401 || result->status == 403)) {
-    co_return failure(Kind::userAuthenticationRequired);
+  std::string url = poolBaseURL_ + path;
+  // A redirect leads to one more request, which takes its turn like any other.
+  for (int redirects = 0;; ++redirects) {
+    const PoolResult<void> claimed = co_await claimSlot(urgency);
+    if (!claimed) { co_return std::unexpected(claimed.error()); }
+    HttpRequest request{.url = url, .idleTimeout = idleTimeout};
+    request.headers.push_back({.name = "Pool-Auth-Token", .value = token});
+    HttpResult result = co_await transport_.get(std::move(request));
+    if (result && (result->status == 401 || result->status == 403)) {
+      co_return failure(Kind::userAuthenticationRequired);
+    }
+    if (!result || result->redirect.empty() || redirects == mostRedirects) {
+      co_return bodyOf<PoolError>(std::move(result));
+    }
+    url = std::move(result->redirect);
   }
-  co_return bodyOf<PoolError>(std::move(result));
 }
 
 Task<PoolResult<void>> BraiinsAccountClient::claimSlot(Urgency urgency) {

@@ -119,6 +119,22 @@ TEST_F(AccountClientTest, AHistoryWithoutHashratesCarriesRewards) {
   EXPECT_THAT(fetchHistory().value(), ElementsAre(rewardOnly));
 }
 
+TEST_F(AccountClientTest, ARedirectTakesATurnOfItsOwnAndTheSixthIsNotFollowed) {
+  const auto movedTo = [](const std::string& url) {
+    return [url](const HttpRequest&) {
+      return HttpResponse{.status = 302, .body = "", .redirect = url};
+    };
+  };
+  transport.on("/profile/").respondBy(movedTo("https://pool.test:8443/moved")).times(1);
+  transport.on("/moved").respond(200, profileBody).times(1);
+  EXPECT_EQ(fetchStats()->balanceSats, 12'345);
+  EXPECT_THAT(sendTimes(), ElementsAre(0, 60));
+  EXPECT_EQ(transport.sent().back().request.headers.at(0).value, "secret");
+  transport.on("").respondBy(movedTo("https://pool.test:8443/on"));
+  EXPECT_EQ(fetchStats().error().kind, Kind::badServerResponse);
+  EXPECT_EQ(transport.sent().size(), 8U);
+}
+
 TEST_F(AccountClientTest, EarlyCallsWaitForTheirSlotFromTheLastSendingOn) {
   transport.on("/profile/").respond(200, profileBody).after(10s);
   EXPECT_TRUE(fetchStats());

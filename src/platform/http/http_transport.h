@@ -27,6 +27,9 @@ struct HttpRequest {
 struct HttpResponse {
   int status = 0;
   std::string body;
+  /// Where the answer sends the client, within the origin, when the request had headers of its own:
+  /// whoever may send them decides whether and when to follow. Else empty.
+  std::string redirect = {};
 };
 
 /// Why an exchange brought no answer. A status of any kind is an answer, not a failure.
@@ -60,9 +63,9 @@ enum class HttpFailure {
 
 using HttpResult = std::expected<HttpResponse, HttpFailure>;
 
-/// Sends HTTPS GET requests. A redirect is followed within https, and a request with headers of
-/// its own only within its origin; one that is not followed is an answer with its 3xx status.
-/// Every request is sent once: the transport does not retry.
+/// Sends HTTPS GET requests. A redirect is followed within the origin and nowhere else, since the
+/// URL alone may tell what the user would not tell another host; one that is not followed is an
+/// answer with its 3xx status. Every request is sent once: the transport does not retry.
 class HttpTransport {
  public:
   virtual ~HttpTransport() = default;

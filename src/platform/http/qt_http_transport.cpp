@@ -85,6 +85,11 @@ class HttpExchange {
       end(std::unexpected(HttpFailure::networkConnectionLost));
       return;
     }
+    // Qt is content with a common name, whatever the other names say.
+    if (!namesHost(reply_->sslConfiguration().peerCertificate(), reply_->url().host())) {
+      end(std::unexpected(HttpFailure::other));
+      return;
+    }
     noteArrival();
   }
 
@@ -201,10 +206,12 @@ Task<HttpResult> QtHttpTransport::get(HttpRequest request) {
     if (!proxies) { co_return std::unexpected(proxies.error()); }
     ExchangeResult answer = co_await exchange(toSend, *proxies, limits);
     if (!answer) { co_return std::unexpected(answer.error()); }
-    const std::optional<QUrl> target =
-        allowedRedirect(answer->status, *url, answer->location, !request.headers.empty());
-    if (!target || redirects == mostRedirects) {
-      co_return HttpResponse{.status = answer->status, .body = std::move(answer->body)};
+    const std::optional<QUrl> target = allowedRedirect(answer->status, *url, answer->location);
+    const bool isCallersToFollow = target && !request.headers.empty();
+    if (!target || isCallersToFollow || redirects == mostRedirects) {
+      HttpResponse response{.status = answer->status, .body = std::move(answer->body)};
+      if (isCallersToFollow) { response.redirect = target->toEncoded().toStdString(); }
+      co_return response;
     }
     url = target;
   }

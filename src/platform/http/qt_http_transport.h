@@ -19,7 +19,8 @@ struct QtHttpOptions {
 /// The transport on Qt's network stack: the system's proxy and certificate authorities, HTTP/1.1,
 /// a connection for each request, and no cookie, cache or credential that outlives one. A request
 /// carries the headers it was given and those that the stack adds (Host, Connection, User-Agent,
-/// Accept-Encoding, Accept-Language). At most five redirects are followed.
+/// Accept-Encoding, Accept-Language). At most five redirects are followed. Of a certificate only
+/// the alternative names count.
 ///
 /// A request whose headers could not be sent as they are is not sent at all: `other`. A body that
 /// announces no length ends where the connection does; one that was cut off there passes as whole.

@@ -1,4 +1,5 @@
 #include "platform/http/request_rules.h"
+#include <QHostAddress>
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -29,6 +30,17 @@ bool canBeSent(const HttpHeader& header) {
   using namespace std::string_view_literals;
   return !header.name.empty() && std::ranges::all_of(header.name, isTokenCharacter) &&
          header.value.find_first_of("\r\n\0"sv) == std::string::npos;
+}
+
+/// Whether a certificate's name stands for the host. An asterisk stands for the whole first label,
+/// and never for a top-level domain's.
+bool stands(const QString& name, const QString& host) {
+  if (name.compare(host, Qt::CaseInsensitive) == 0) { return true; }
+  if (!name.startsWith(QStringLiteral("*."))) { return false; }
+  const QStringView domain = QStringView(name).mid(1);
+  const auto firstLabel = host.indexOf(u'.');
+  return domain.count(u'.') > 1 && firstLabel > 0 &&
+         domain.compare(QStringView(host).mid(firstLabel), Qt::CaseInsensitive) == 0;
 }
 
 // Below these values are the failures of connections to hosts and proxies.
@@ -71,14 +83,24 @@ bool canBeSent(const std::vector<HttpHeader>& headers) {
   return std::ranges::all_of(headers, [](const HttpHeader& header) { return canBeSent(header); });
 }
 
-std::optional<QUrl> allowedRedirect(int status, const QUrl& url, const QUrl& location,
-                                    bool hasOwnHeaders) {
+std::optional<QUrl> allowedRedirect(int status, const QUrl& url, const QUrl& location) {
   const bool isFollowed = std::ranges::find(followedStatuses, status) != followedStatuses.end();
   if (!isFollowed || location.isEmpty()) { return std::nullopt; }
   QUrl target = url.resolved(location);
-  if (!isPlainHttps(target)) { return std::nullopt; }
-  if (hasOwnHeaders && !isSameOrigin(url, target)) { return std::nullopt; }
+  if (!isPlainHttps(target) || !isSameOrigin(url, target)) { return std::nullopt; }
   return target;
+}
+
+bool namesHost(const QSslCertificate& certificate, const QString& host) {
+  const QHostAddress address(host);
+  const auto names = certificate.subjectAlternativeNames();
+  if (!address.isNull()) {
+    const QStringList addresses = names.values(QSsl::IpAddressEntry);
+    return std::ranges::any_of(addresses,
+                               [&](const QString& name) { return QHostAddress(name) == address; });
+  }
+  const QStringList hosts = names.values(QSsl::DnsEntry);
+  return std::ranges::any_of(hosts, [&](const QString& name) { return stands(name, host); });
 }
 
 std::optional<HttpFailure> exchangeFailure(QNetworkReply::NetworkError error, int status) {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QNetworkReply>
+#include <QSslCertificate>
+#include <QString>
 #include <QUrl>
 #include <optional>
 #include <string>
@@ -15,10 +17,13 @@ namespace orvane {
 [[nodiscard]] bool canBeSent(const std::vector<HttpHeader>& headers);
 
 /// Where an answer to a request for `url` sends the client, when the client may go there: within
-/// https, and within the origin when the request has headers of its own. `location` is what the
-/// answer says, relative or absolute.
-[[nodiscard]] std::optional<QUrl> allowedRedirect(int status, const QUrl& url, const QUrl& location,
-                                                  bool hasOwnHeaders);
+/// the origin. `location` is what the answer says, relative or absolute.
+[[nodiscard]] std::optional<QUrl> allowedRedirect(int status, const QUrl& url,
+                                                  const QUrl& location);
+
+/// Whether one of the certificate's alternative names stands for `host` (RFC 9525): a name, perhaps
+/// with an asterisk for its first label, or an address. The subject's common name says nothing.
+[[nodiscard]] bool namesHost(const QSslCertificate& certificate, const QString& host);
 
 /// What the end of a reply means: a failure of the exchange, or nothing when `status` stands for
 /// a whole answer. Qt reports statuses as errors too, and an answer that broke off with the status

@@ -22,8 +22,9 @@ constexpr auto profileTarget = "/accounts/profile/json/btc/";
 class OddServer {
  public:
   explicit OddServer(std::function<std::string(const Request&)> answer,
-                     Outcome afterwards = Outcome::keep, bool isPlain = false)
-      : server_(0, isPlain ? nullptr : authority_.makeServerContext(),
+                     Outcome afterwards = Outcome::keep, bool isPlain = false,
+                     const char* names = "DNS:localhost")
+      : server_(0, isPlain ? nullptr : authority_.makeServerContext(names),
                 [this, answer, afterwards](const Request& request, auto& connection) {
                   const std::lock_guard lock(mutex_);
                   requests_.push_back(request);
@@ -92,22 +93,35 @@ TEST_F(QtHttpTransportTest, EveryStatusIsAnAnswer) {
   EXPECT_EQ(local.requests().size(), 5U);
 }
 
-TEST_F(QtHttpTransportTest, RedirectsKeepTheHeadersWithinTheOriginAndLeaveItOnlyWithoutThem) {
-  local.fault({.service = Service::pool, .kind = FaultKind::redirectWithin, .count = 1});
-  EXPECT_EQ(get(profileRequest).value().status, 200);
-  EXPECT_EQ(local.requests().back().target, std::string("/moved") + profileTarget);
-
-  local.fault({.service = Service::pool, .kind = FaultKind::redirect});
-  EXPECT_EQ(get(profileRequest).value().status, 302);
-  EXPECT_TRUE(local.requests(Service::other).empty());
-
-  local.fault({.service = Service::explorer, .kind = FaultKind::redirect});
-  EXPECT_EQ(get(tipRequest).value().status, 200);
-  EXPECT_EQ(local.requests(Service::other).size(), 1U);
-}
-
 std::string emptyAnswer(const std::string& statusAndHeaders) {
   return "HTTP/1.1 " + statusAndHeaders + "\r\nContent-Length: 0\r\n\r\n";
+}
+
+TEST_F(QtHttpTransportTest, RedirectsStayWithinTheOriginAndHeadersAreTheCallersToSendOn) {
+  local.fault({.service = Service::explorer, .kind = FaultKind::redirectWithin, .count = 1});
+  EXPECT_EQ(get(tipRequest).value().status, 200);
+  EXPECT_EQ(local.requests().back().target, "/moved/api/blocks/tip/height");
+  local.fault({.service = Service::pool, .kind = FaultKind::redirectWithin, .count = 1});
+  const HttpResponse moved = get(profileRequest).value();
+  EXPECT_EQ(moved.status, 302);
+  EXPECT_EQ(moved.redirect, "https://" + local.host(Service::pool) + "/moved" + profileTarget);
+  EXPECT_EQ(local.requests(Service::pool).size(), 1U);
+
+  for (const auto& [service, request] :
+       {std::pair(Service::pool, profileRequest), std::pair(Service::explorer, tipRequest)}) {
+    local.fault({.service = service, .kind = FaultKind::redirect});
+    const HttpResponse answer = get(request).value();
+    EXPECT_EQ(answer.status, 302);
+    EXPECT_EQ(answer.redirect, "");
+  }
+  EXPECT_TRUE(local.requests(Service::other).empty());
+}
+
+TEST_F(QtHttpTransportTest, ACertificateForAnotherNameIsRefusedWhateverItsCommonName) {
+  const OddServer server([](const Request&) { return emptyAnswer("200 OK"); }, Outcome::keep, false,
+                         "DNS:elsewhere.example");
+  expectFailure(getFrom(server), HttpFailure::other);
+  EXPECT_TRUE(server.requests().empty());
 }
 
 TEST_F(QtHttpTransportTest, RedirectsEndSomewhereAndACookieIsNeverSentBack) {
