@@ -27,12 +27,14 @@ bool prefersTrayManager(const TrayFacts& facts) {
 
 Presentation choosePresentation(const TrayFacts& facts) {
   if (facts.trayManager && !facts.dockingFailed && prefersTrayManager(facts)) {
-    return isXfce(facts) || isMate(facts) ? Presentation::dockedWide : Presentation::dockedSquare;
+    const bool isWide = (isXfce(facts) || isMate(facts)) && !facts.verticalTray;
+    return isWide ? Presentation::dockedWide : Presentation::dockedSquare;
   }
   if (isGnome(facts)) { return Presentation::labelBesideSymbol; }
-  if (facts.indicatorService) { return Presentation::wideFile; }
+  if (facts.indicatorService) { return Presentation::labelBesideFile; }
   // The last four run waybar as a rule.
-  if (isMate(facts) || isAnyOf(facts, {"sway", "Hyprland", "river", "niri"})) {
+  const bool isWideMate = isMate(facts) && !facts.verticalTray;
+  if (isWideMate || isAnyOf(facts, {"sway", "Hyprland", "river", "niri"})) {
     return Presentation::widePixmap;
   }
   return Presentation::square;

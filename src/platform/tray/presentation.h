@@ -13,7 +13,7 @@ namespace orvane {
 /// How the status item reaches the user.
 enum class Presentation {
   labelBesideSymbol,  ///< StatusNotifier: square symbol, the host writes the text beside it
-  wideFile,           ///< StatusNotifier: symbol and text in one image, read from a file
+  labelBesideFile,    ///< the same, with a symbol that is read from a file
   widePixmap,         ///< StatusNotifier: symbol and text in one image, sent over the bus
   square,             ///< StatusNotifier: square image that carries a short form of the text
   dockedWide,         ///< a window of our own in the old system tray, as wide as its text
@@ -31,7 +31,8 @@ struct TrayFacts {
   bool notifierHost = false;                   ///< and says that somebody draws its items
   bool indicatorService = false;               ///< the service that feeds indicator panels is there
   bool trayManager = false;                    ///< an old system tray is on the X screen
-  bool dockingFailed = false;                  ///< that tray did not take our window
+  bool verticalTray = false;                   ///< and in a vertical panel
+  bool dockingFailed = false;                  ///< it did not take our window
 
   bool operator==(const TrayFacts&) const = default;
 };
@@ -42,16 +43,19 @@ struct TrayFacts {
 /// - GNOME's indicator extension and Unity write a label of their own beside a square icon:
 ///   `labelBesideSymbol`.
 /// - Panels that the indicator service feeds (MATE's indicator applet) ignore pixmaps that come
-///   over the bus, and draw a wide picture that they read from a file: `wideFile`.
+///   over the bus and crop wide pictures in vertical panels, but write a label in the panel's own
+///   colour, turned where the panel is vertical: `labelBesideFile`.
 /// - MATE's notification area, and waybar (on sway, Hyprland, river, niri), draw a wide pixmap as
 ///   it is: `widePixmap`.
 /// - Xfce's panel squeezes wide images of all these kinds and ignores labels, but takes a window
-///   of our own as wide as it wants to be, unless its icons are set to be square: `dockedWide`.
-///   When docking fails the item goes to the notifier host that this panel is as well.
+///   of our own as wide as it wants to be: `dockedWide`. Where it is told to make icons square,
+///   that window shows the square image in what it gets. When docking fails the item goes to the
+///   notifier host that this panel is as well.
 /// - Plasma, LXQt and hosts that we do not know squeeze wide images and ignore labels: `square`,
 ///   with the whole text in the tool tip.
 /// - Where there is only an old tray (tint2), a wide window is cropped: `dockedSquare`. MATE's old
 ///   tray takes a wide one.
+/// - In vertical panels there is no room beside the symbol: `square` and `dockedSquare`.
 ///
 /// Without any host the item prepares for the one that will most likely come.
 [[nodiscard]] Presentation choosePresentation(const TrayFacts& facts);

@@ -29,6 +29,7 @@ TraySurroundings::TraySurroundings(Executor& executor, std::vector<std::string> 
     dockingFailed_ = false;
     changed_.send();
   });
+  lookObserver_ = manager_.observeLook([this] { changed_.send(); });
 }
 
 bool TraySurroundings::isKnown() const {
@@ -43,6 +44,7 @@ TrayFacts TraySurroundings::facts() const {
       .notifierHost = watcher_.isOwned() && hasHost_,
       .indicatorService = ayatanaIndicators_.isOwned() || canonicalIndicators_.isOwned(),
       .trayManager = manager_.window() != XCB_WINDOW_NONE,
+      .verticalTray = manager_.isVertical(),
       .dockingFailed = dockingFailed_,
   };
 }
@@ -51,7 +53,9 @@ PanelShade TraySurroundings::shade() const {
   // GNOME's panel is dark whatever the user prefers for windows.
   const bool isGnome =
       choosePresentation({.desktopNames = desktopNames_}) == Presentation::labelBesideSymbol;
-  if (isGnome || preferred_ == ColorPreference::dark) { return PanelShade::dark; }
+  if (isGnome) { return PanelShade::dark; }
+  if (const auto foreground = manager_.foreground()) { return shadeForText(*foreground); }
+  if (preferred_ == ColorPreference::dark) { return PanelShade::dark; }
   return preferred_ == ColorPreference::light ? PanelShade::light : PanelShade::unknown;
 }
 

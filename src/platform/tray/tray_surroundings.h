@@ -25,7 +25,7 @@ class TraySurroundings {
   /// The first answers are in, or there is no bus to ask.
   [[nodiscard]] bool isKnown() const;
   [[nodiscard]] TrayFacts facts() const;
-  /// Unknown without a portal that tells, or without a preference.
+  /// As the old tray tells it, or the portal by the user's preference; unknown where neither does.
   [[nodiscard]] PanelShade shade() const;
   /// The tray did not take our window; this holds until another tray is there.
   void dockingFailed();
@@ -56,5 +56,6 @@ class TraySurroundings {
   bool dockingFailed_ = false;
   Signal<> changed_;
   Registration managerObserver_;
+  Registration lookObserver_;
 };
 }  // namespace orvane

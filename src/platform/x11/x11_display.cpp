@@ -6,6 +6,7 @@
 namespace orvane {
 namespace {
 constexpr std::uint32_t longestProperty = 64;
+constexpr std::uint32_t longestText = 16'384;  ///< in units of four bytes
 constexpr std::uint32_t allPlanes = ~0U;
 
 /// Waits for the answer to one request.
@@ -112,6 +113,14 @@ std::vector<std::uint32_t> X11Display::property(xcb_window_t window, const char*
       longestProperty);
   if (!reply || reply->format != 32) { return {}; }
   const auto* const first = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
+  return {first, first + reply->value_len};
+}
+
+std::vector<std::uint8_t> X11Display::bytes(xcb_window_t window, const char* name) const {
+  const auto reply = ask<xcb_get_property, xcb_get_property_reply>(
+      connection_, std::uint8_t{0}, window, atom(name), xcb_atom_t{XCB_ATOM_ANY}, 0U, longestText);
+  if (!reply || reply->format != 8) { return {}; }
+  const auto* const first = static_cast<const std::uint8_t*>(xcb_get_property_value(reply.get()));
   return {first, first + reply->value_len};
 }
 

@@ -49,6 +49,8 @@ class X11Display {
   [[nodiscard]] int depthOf(xcb_visualid_t visual) const;
   /// The 32-bit values of a property; empty when there is none.
   [[nodiscard]] std::vector<std::uint32_t> property(xcb_window_t window, const char* name) const;
+  /// The bytes of a property; empty when there is none.
+  [[nodiscard]] std::vector<std::uint8_t> bytes(xcb_window_t window, const char* name) const;
   /// What stands on the screen; null where it cannot be read as 32 bits a pixel.
   [[nodiscard]] QImage picture(const QRect& area) const;
 

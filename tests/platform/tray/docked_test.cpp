@@ -24,6 +24,9 @@ class FakeTray {
   }
   ~FakeTray() { xcb_disconnect(connection_); }
 
+  /// The width that the icon gets whatever it asks for; 0 leaves it the choice.
+  void allot(std::uint32_t width) { width_ = width; }
+
   /// The icon as it stands on the screen; null until a window asked to be taken in.
   [[nodiscard]] QImage picture() {
     const auto request = display_.atom("_NET_SYSTEM_TRAY_OPCODE");
@@ -38,6 +41,10 @@ class FakeTray {
       display_.flush();
     }
     if (icon_ == XCB_WINDOW_NONE) { return {}; }
+    if (width_ != 0) {
+      xcb_configure_window(connection_, icon_, XCB_CONFIG_WINDOW_WIDTH, &width_);
+      display_.flush();
+    }
     return QGuiApplication::primaryScreen()->grabWindow(icon_).toImage();
   }
 
@@ -46,7 +53,12 @@ class FakeTray {
   X11Display display_{*connection_};
   xcb_window_t panel_ = xcb_generate_id(connection_);
   xcb_window_t icon_ = XCB_WINDOW_NONE;
+  std::uint32_t width_ = 0;
 };
+
+QColor average(const QImage& image) {
+  return image.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixelColor(0, 0);
+}
 
 class DockedTest : public StatusItemTest {
  protected:
@@ -73,6 +85,20 @@ TEST_F(DockedTest, ASquareIconInColoursThatSuitThePanelAroundIt) {
     EXPECT_TRUE(isOn(panel)) << panel.name().toStdString();
     item.reset();
   }
+}
+
+TEST_F(DockedTest, APanelWithSquareIconsGetsAWholeSymbolUntilItMakesRoom) {
+  tray.emplace(lightPanel);
+  tray->allot(FakeTray::slotHeight);
+  createItem("XFCE");
+  const auto hasFigureAtItsFoot = [&] {
+    const QImage picture = tray->picture();
+    const QImage foot = picture.copy(0, picture.height() - 2, picture.width(), 2);
+    return picture.width() == FakeTray::slotHeight && average(foot) != lightPanel;
+  };
+  EXPECT_TRUE(QTest::qWaitFor(hasFigureAtItsFoot)) << "nothing of a wide image reaches down there";
+  tray->allot(120);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return tray->picture().width() == 120; }));
 }
 
 TEST_F(DockedTest, ALateTrayGetsTheIconOfAWatcherThatDrawsNothing) {

@@ -4,25 +4,29 @@
 #include "platform/tray/drawing/short_figure.h"
 #include "platform/tray/drawing/status_drawing.h"
 #include "platform/tray/presentation.h"
+#include "platform/x11/x_settings.h"
 
 namespace orvane::test { namespace {
 
 TEST(Presentation, SuitsTheHostThatWillDrawIt) {
   using enum Presentation;
   // Where there are a watcher (w), a host (h), an indicator service (i) and an old tray (t); the
-  // tray did not take the window in (f).
+  // tray is vertical (v) or did not take the window in (f).
   const std::vector<std::tuple<const char*, std::string, Presentation>> cases{
       {"ubuntu:GNOME", "wh", labelBesideSymbol},
       {"GNOME", "", labelBesideSymbol},
       {"Budgie:GNOME", "wht", square},
       {"Budgie:GNOME", "t", dockedSquare},
-      {"MATE", "whi", wideFile},
+      {"MATE", "whi", labelBesideFile},
       {"MATE", "wht", widePixmap},
+      {"MATE", "whtv", square},
       {"MATE", "t", dockedWide},
+      {"MATE", "tv", dockedSquare},
       {"MATE", "", widePixmap},
       {"sway", "wh", widePixmap},
       {"Hyprland", "w", widePixmap},
       {"XFCE", "wht", dockedWide},
+      {"XFCE", "whtv", dockedSquare},
       {"XFCE", "whtf", square},
       {"XFCE", "wh", square},
       {"KDE", "wht", square},
@@ -35,6 +39,7 @@ TEST(Presentation, SuitsTheHostThatWillDrawIt) {
                           .notifierHost = services.contains('h'),
                           .indicatorService = services.contains('i'),
                           .trayManager = services.contains('t'),
+                          .verticalTray = services.contains('v'),
                           .dockingFailed = services.contains('f')};
     EXPECT_EQ(choosePresentation(facts), expected) << desktop << ' ' << services;
   }
@@ -60,6 +65,20 @@ TEST(StatusInk, StandsOutFromEveryPanelThatItIsFor) {
         }
       }
     }
+  }
+}
+
+TEST(XSettings, FindsANumberBehindOthersAndNothingBeyondTheEnd) {
+  using namespace std::string_view_literals;
+  constexpr auto wire =
+      "\0\0\0\0\1\0\0\0\3\0\0\0"
+      "\1\0\1\0t\0\0\0\0\0\0\0\2\0\0\0ab\0\0"
+      "\2\0\1\0c\0\0\0\0\0\0\0\1\1\1\1\1\1\1\1"
+      "\0\0\2\0sc\0\0\0\0\0\0\2\0\0\0"sv;
+  const std::vector<std::uint8_t> settings(wire.begin(), wire.end());
+  EXPECT_EQ(integerAmong(settings, "sc"), 2);
+  for (std::size_t length = 0; length < settings.size(); ++length) {
+    EXPECT_NE(integerAmong({settings.begin(), settings.begin() + length}, "sc"), 2) << length;
   }
 }
 

@@ -149,6 +149,10 @@ PanelShade shadeOfBackground(const QColor& background) {
   return qGray(background.rgb()) < 128 ? PanelShade::dark : PanelShade::light;
 }
 
+PanelShade shadeForText(const QColor& text) {
+  return shadeOfBackground(text) == PanelShade::dark ? PanelShade::light : PanelShade::dark;
+}
+
 StatusInk inkFor(const StatusImage& image, PanelShade shade) {
   const auto& symbolShades = image.symbolColor ? shadesOf(*image.symbolColor) : templates;
   StatusInk ink{.symbol = symbolShades.on(shade),

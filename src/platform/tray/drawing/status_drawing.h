@@ -13,6 +13,9 @@ enum class PanelShade { light, dark, unknown };
 /// The shade that a panel of this background colour counts as.
 [[nodiscard]] PanelShade shadeOfBackground(const QColor& background);
 
+/// The shade of a panel that writes its texts in this colour.
+[[nodiscard]] PanelShade shadeForText(const QColor& text);
+
 /// The colours to draw a status image with.
 struct StatusInk {
   QColor symbol;

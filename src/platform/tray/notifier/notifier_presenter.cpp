@@ -92,7 +92,7 @@ NotifierPresenter::NotifierPresenter(Presentation presentation, Executor& execut
       executor_(executor),
       bus_(executor),
       requests_(std::move(requests)) {
-  if (presentation_ == Presentation::wideFile) { icons_ = std::make_unique<IconFolder>(); }
+  if (presentation_ == Presentation::labelBesideFile) { icons_ = std::make_unique<IconFolder>(); }
   busObserver_ = bus_.observe([this] { appear(); });
 }
 
@@ -137,11 +137,14 @@ void NotifierPresenter::addIcon(NotifierState& state, const StatusImage& image,
       state.icons = drawAll(squareSides, drawSymbolSquare, image, ink);
       state.label = QString::fromStdString(image.text);
       return;
-    case Presentation::wideFile:
+    case Presentation::labelBesideFile:
       state.iconThemePath = icons_->path();
-      state.iconName = icons_->store(drawWide(image, fileHeight, ink));
-      if (!state.iconName.isEmpty()) { return; }
-      [[fallthrough]];
+      state.label = QString::fromStdString(image.text);
+      state.iconName = icons_->store(drawSymbolSquare(image, fileHeight, ink));
+      if (state.iconName.isEmpty()) {
+        state.icons = drawAll(squareSides, drawSymbolSquare, image, ink);
+      }
+      return;
     case Presentation::widePixmap:
       state.icons = drawAll(wideHeights, drawWide, image, ink);
       return;

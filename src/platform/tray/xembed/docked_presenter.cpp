@@ -1,12 +1,11 @@
 #include "platform/tray/xembed/docked_presenter.h"
 #include <QMouseEvent>
 #include <QPainter>
-#include <QRect>
 #include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <utility>
-#include "platform/x11/x11_display.h"
+#include "platform/tray/xembed/panel_around.h"
 
 namespace orvane {
 namespace {
@@ -19,68 +18,9 @@ constexpr int smallestIcon = 12;
 constexpr int wideMargin = 4;
 constexpr auto panelPaintingTime = 400ms;
 
-PanelShade shadeForText(const QColor& text) {
-  return shadeOfBackground(text) == PanelShade::dark ? PanelShade::light : PanelShade::dark;
-}
-
 QColor average(const QImage& image) {
   return image.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixelColor(0, 0);
 }
-
-/// The panel around a window: its outermost parent below the root.
-xcb_window_t outermostParent(const X11Display& display, xcb_window_t window) {
-  const auto root = display.root();
-  for (auto parent = display.parentOf(window); parent != root; parent = display.parentOf(window)) {
-    if (parent == XCB_WINDOW_NONE) { return XCB_WINDOW_NONE; }
-    window = parent;
-  }
-  return window;
-}
-
-/// An image that runs from a line above it to one below, or from a column left of it to one right;
-/// one of the two may be missing.
-QImage blendBetween(const QImage& near, const QImage& far, const QSize& size) {
-  if (near.isNull() && far.isNull()) { return {}; }
-  QImage whole(size, QImage::Format_RGB32);
-  QPainter painter(&whole);
-  painter.drawImage(whole.rect(), near.isNull() ? far : near);
-  if (near.isNull() || far.isNull()) { return whole; }
-
-  const bool isVertical = near.height() == 1;
-  const int steps = isVertical ? size.height() : size.width();
-  for (int step = 0; step < steps; ++step) {
-    const QRect line =
-        isVertical ? QRect(0, step, size.width(), 1) : QRect(step, 0, 1, size.height());
-    painter.setOpacity((step + 1.0) / (steps + 1.0));
-    painter.drawImage(line, far);
-  }
-  return whole;
-}
-
-/// What a window in a panel would show if panels let anything shine through: trays with and
-/// without a compositing manager paint black behind a transparent window as a rule. It is put
-/// together from the panel's pixels right above and below the window, or left and right of one
-/// that fills the panel's height. Null when there is nothing to read, for example before the
-/// window is on the screen. In device pixels.
-QImage panelBackground(xcb_window_t window) {
-  const auto display = X11Display::ofApplication();
-  if (!display) { return {}; }
-  const auto panel = outermostParent(*display, window);
-  if (panel == XCB_WINDOW_NONE || panel == window) { return {}; }
-  const auto panelArea = display->areaOf(panel);
-  const auto area = display->areaOf(window);
-  const auto read = [&](const QRect& edge) {
-    return panelArea.contains(edge) ? display->picture(edge) : QImage();
-  };
-  const auto above = read(QRect(area.x(), area.y() - 1, area.width(), 1));
-  const auto below = read(QRect(area.x(), area.bottom() + 1, area.width(), 1));
-  if (!above.isNull() || !below.isNull()) { return blendBetween(above, below, area.size()); }
-  const auto left = read(QRect(area.x() - 1, area.y(), 1, area.height()));
-  const auto right = read(QRect(area.right() + 1, area.y(), 1, area.height()));
-  return blendBetween(left, right, area.size());
-}
-
-using namespace std::chrono_literals;
 
 constexpr auto dockingPatience = 3s;
 }  // namespace
@@ -100,16 +40,26 @@ DockedWindow::DockedWindow(Executor& executor, Look look, StatusRequests request
 
 void DockedWindow::setContent(const StatusContent& content) {
   content_ = content;
-  setToolTip(QString::fromStdString(look_.shape == Shape::square ? content.toolTipWithText()
-                                                                 : content.toolTip));
   const auto name =
       content.image ? QString::fromStdString(content.image->accessibilityDescription) : QString();
   setAccessibleName(name);
   setWindowTitle(name);
+  readBackground();  // some panels change their look without a word
   redraw();
 }
 
-int DockedWindow::iconHeight() const { return std::clamp(height(), smallestIcon, largestIcon); }
+void DockedWindow::handlePanel(const std::optional<QColor>& foreground) {
+  look_.foreground = foreground;
+  readBackgroundSoon();
+  redraw();
+}
+
+/// Panels that GTK enlarges give pixels in larger numbers; where Qt enlarges as well, our own are
+/// larger already.
+int DockedWindow::iconHeight() const {
+  const double scale = std::max(1.0, panelScale() / devicePixelRatio());
+  return std::clamp(height(), smallestIcon, static_cast<int>(std::lround(largestIcon * scale)));
+}
 
 PanelShade DockedWindow::shade() const {
   if (!background_.isNull()) { return shadeOfBackground(average(background_)); }
@@ -118,23 +68,31 @@ PanelShade DockedWindow::shade() const {
 }
 
 void DockedWindow::redraw() {
-  drawn_ = {};
-  if (content_.image) {
-    const auto ink = inkFor(*content_.image, shade());
-    const auto ratio = devicePixelRatio();
-    const auto draw = look_.shape == Shape::wide ? drawWide : drawFigureSquare;
-    drawn_ = draw(*content_.image, static_cast<int>(std::lround(iconHeight() * ratio)), ink);
-    drawn_.setDevicePixelRatio(ratio);
-  }
-  askForWidth();
+  drawn_ = draw(look_.shape, iconHeight());
+  const int needed = drawn_.deviceIndependentSize().toSize().width();
+  askForWidth(needed);
+  const bool isSqueezed = look_.shape == Shape::wide && width() < needed;
+  if (isSqueezed) { drawn_ = draw(Shape::square, std::min(iconHeight(), width())); }
+  const bool showsWholeText = look_.shape == Shape::wide && !isSqueezed;
+  setToolTip(
+      QString::fromStdString(showsWholeText ? content_.toolTip : content_.toolTipWithText()));
   update();
 }
 
-void DockedWindow::askForWidth() {
+QImage DockedWindow::draw(Shape shape, int height) const {
+  if (!content_.image) { return {}; }
+  const auto ratio = devicePixelRatio();
+  const auto drawShape = shape == Shape::wide ? drawWide : drawFigureSquare;
+  auto image = drawShape(*content_.image, static_cast<int>(std::lround(height * ratio)),
+                         inkFor(*content_.image, shade()));
+  image.setDevicePixelRatio(ratio);
+  return image;
+}
+
+void DockedWindow::askForWidth(int imageWidth) {
   // Trays take the least size for the wanted one, and some of them only its proportions.
-  const int drawnWidth = drawn_.deviceIndependentSize().toSize().width();
-  const int margins = drawnWidth > iconHeight() ? 2 * wideMargin : 0;
-  const QSize needed(std::max(drawnWidth + margins, smallestIcon), iconHeight());
+  const int margins = imageWidth > iconHeight() ? 2 * wideMargin : 0;
+  const QSize needed(std::max(imageWidth + margins, smallestIcon), iconHeight());
   if (minimumSize() == needed) { return; }
   setMinimumSize(needed);
   resize(needed.width(), height());
@@ -177,6 +135,8 @@ void DockedWindow::resizeEvent(QResizeEvent* /*event*/) {
 void DockedWindow::moveEvent(QMoveEvent* /*event*/) { readBackgroundSoon(); }
 void DockedWindow::showEvent(QShowEvent* /*event*/) { readBackgroundSoon(); }
 
+void DockedWindow::enterEvent(QEnterEvent* /*event*/) { readBackground(); }
+
 void DockedWindow::mouseReleaseEvent(QMouseEvent* event) {
   if (!rect().contains(event->position().toPoint())) { return; }
   if (event->button() == Qt::LeftButton) { requests_.click(); }
@@ -195,6 +155,9 @@ DockedPresenter::DockedPresenter(Presentation presentation, TrayManager& manager
       requests_(std::move(requests)),
       failed_(std::move(failed)) {
   managerObserver_ = manager_.observe([this] { dock(); });
+  lookObserver_ = manager_.observeLook([this] {
+    if (window_) { window_->handlePanel(manager_.foreground()); }
+  });
   takenObserver_ = manager_.observeTaken([this](xcb_window_t icon) {
     // Shown earlier, it would stand on the screen for a moment.
     if (window_ && icon == windowId()) { window_->show(); }

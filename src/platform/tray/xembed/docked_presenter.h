@@ -13,7 +13,8 @@
 
 namespace orvane {
 /// The status item as a window that an old system tray takes in. It takes the height that the tray
-/// gives it and asks for the width that its image needs.
+/// gives it and asks for the width that its image needs. Where it gets less than it asks for, it
+/// shows the square image and keeps asking: a panel that is told to make room gets the wide one.
 class DockedWindow final : public QWidget {
   Q_OBJECT
 
@@ -28,17 +29,21 @@ class DockedWindow final : public QWidget {
   DockedWindow(Executor& executor, Look look, StatusRequests requests);
 
   void setContent(const StatusContent& content);
+  /// The panel looks different now, or may do so.
+  void handlePanel(const std::optional<QColor>& foreground);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  void enterEvent(QEnterEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
   void redraw();
-  void askForWidth();
+  [[nodiscard]] QImage draw(Shape shape, int height) const;
+  void askForWidth(int imageWidth);
   [[nodiscard]] int iconHeight() const;
   [[nodiscard]] PanelShade shade() const;
   void readBackgroundSoon();
@@ -77,5 +82,6 @@ class DockedPresenter final : public StatusPresenter {
   std::optional<OneShotTimer> check_;
   Registration managerObserver_;
   Registration takenObserver_;
+  Registration lookObserver_;
 };
 }  // namespace orvane

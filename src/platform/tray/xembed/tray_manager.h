@@ -23,8 +23,13 @@ class TrayManager final : public QAbstractNativeEventFilter {
 
   /// The tray wants windows that are transparent by their alpha channel.
   [[nodiscard]] bool wantsAlpha() const;
+  /// The tray stands in a vertical panel.
+  [[nodiscard]] bool isVertical() const;
   /// The colour of the panel's texts, where the tray tells it.
   [[nodiscard]] std::optional<QColor> foreground() const;
+  /// Tells when the tray may say something else about itself, or the desktop has changed what its
+  /// panels look like.
+  [[nodiscard]] Registration observeLook(std::function<void()> listener);
   /// Asks the tray to take a window in.
   void requestDock(xcb_window_t icon) const;
   /// Tells of each window of the application that is put into another one.
@@ -36,12 +41,18 @@ class TrayManager final : public QAbstractNativeEventFilter {
 
  private:
   void findOwner();
+  void findSettings();
 
   std::optional<X11Display> display_;
   xcb_atom_t selection_ = XCB_ATOM_NONE;
   xcb_atom_t managerMessage_ = XCB_ATOM_NONE;
+  xcb_atom_t orientation_ = XCB_ATOM_NONE;
+  xcb_atom_t colors_ = XCB_ATOM_NONE;
+  xcb_atom_t settings_ = XCB_ATOM_NONE;
+  xcb_window_t settingsWindow_ = XCB_WINDOW_NONE;
   xcb_window_t window_ = XCB_WINDOW_NONE;
   Signal<> changed_;
+  Signal<> lookChanged_;
   Signal<xcb_window_t> taken_;
 };
 }  // namespace orvane
