@@ -11,6 +11,14 @@ namespace orvane {
 namespace {
 using namespace std::chrono_literals;
 
+/// Kept once the user has been told that there is no tray.
+constexpr const char* toldOfMissingTrayKey = "menuBar.toldOfMissingTray";
+
+Task<void> post(NotificationCenter& center, NotificationRequest request) {
+  const bool granted = co_await center.requestAuthorization();
+  if (granted) { (void)co_await center.add(std::move(request)); }
+}
+
 constexpr auto longestWaitForToken = 50ms;
 constexpr auto longestWaitForWrites = 2s;
 constexpr auto lookAtWritesEvery = 20ms;
@@ -28,8 +36,10 @@ OrvaneApp::OrvaneApp(OrvanePlatform platform, OrvaneSettings settings)
       menuActions_(std::make_shared<BalanceMenuActions>(broadcasts_)),
       windows_(platform_.desktop, platform_.balance.executor, backgroundRuntime_,
                [this](const WindowScene& scene) { return makeContent(scene); }),
-      appDelegate_(platform_.balance.executor, platform_.desktop, platform_.balance.defaults) {
+      appDelegate_(platform_.balance.executor, platform_.desktop, platform_.balance.defaults),
+      notifying_(platform_.balance.executor) {
   menuActions_->setStore(store_);
+  backgroundRuntime_->onKeptWithoutHost = [this] { tellOfMissingTray(); };
   platform_.desktop.setTerminationHandler([this] { end(); });
 }
 
@@ -149,6 +159,17 @@ Menu OrvaneApp::commands() {
            {.title = "Quit Orvane", .keyEquivalent = "q", .action = [&application] {
               application.terminate();
             }}}};
+}
+
+void OrvaneApp::tellOfMissingTray() {
+  UserDefaults& defaults = platform_.balance.defaults;
+  if (defaults.boolean(toldOfMissingTrayKey).value_or(false)) { return; }
+  defaults.setBoolean(toldOfMissingTrayKey, true);
+  notifying_.spawn(post(platform_.balance.notifications,
+                        {.identifier = "missing-tray",
+                         .title = "Orvane is still running",
+                         .body = "No tray shows its icon here, so closing minimises the window. "
+                                 "Ctrl+Q ends Orvane."}));
 }
 
 void OrvaneApp::end() {

@@ -9,6 +9,7 @@
 #include "core/balance_store.h"
 #include "platform/async/executor.h"
 #include "platform/async/signal.h"
+#include "platform/async/task_scope.h"
 #include "platform/async/timer.h"
 #include "platform/desktop/qt/qt_desktop_application.h"
 #include "platform/tray/status_item.h"
@@ -68,6 +69,7 @@ class OrvaneApp {
   [[nodiscard]] std::unique_ptr<QWidget> makeMainContent();
   [[nodiscard]] OpenWindow openWindow();
   [[nodiscard]] Menu commands();
+  void tellOfMissingTray();
   [[nodiscard]] bool isLaunching() const { return longestWaitForToken_.has_value(); }
   void finishLaunching();
   void end();
@@ -81,6 +83,7 @@ class OrvaneApp {
   std::shared_ptr<BalanceMenuActions> menuActions_;
   SceneWindows windows_;
   BalanceAppDelegate appDelegate_;
+  TaskScope notifying_;
   Registration tokenRead_;
   std::optional<OneShotTimer> longestWaitForToken_;
   std::vector<std::string> actionsAtLaunch_;  ///< what was asked for before the window was up

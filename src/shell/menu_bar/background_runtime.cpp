@@ -73,7 +73,11 @@ void BackgroundRuntime::ensureStatusItem() {
   statusItem_ = std::move(item);
 
   const auto refresh = weakly(weak_from_this(), &BackgroundRuntime::refreshMenuBarRate);
-  menuBarRateTimer_.emplace(platform_.executor, rateInterval, refresh);
+  menuBarRateTimer_.emplace(platform_.executor, rateInterval,
+                            weakly(weak_from_this(), [](BackgroundRuntime& runtime) {
+                              runtime.refreshMenuBarRate();
+                              runtime.lookForHost();
+                            }));
   if (!rateSettingObserver_) {
     rateSettingObserver_ = platform_.broadcasts.observe(
         rateSettingChanged, [refresh](const BroadcastCenter::Object& /*object*/) { refresh(); });
@@ -148,6 +152,7 @@ void BackgroundRuntime::popUpStatusMenu() {
 void BackgroundRuntime::showMainWindow() {
   auto* const window = mainWindow();
   if (!window) { return; }
+  awaitsHost_ = false;
   setMenuBarOnly(false);
   platform_.application.setActivationPolicy(ActivationPolicy::regular);
   platform_.application.unhide();
@@ -159,6 +164,10 @@ void BackgroundRuntime::showMainWindow() {
 
 void BackgroundRuntime::hideMainWindow() {
   if (!mainWindow()) { return; }
+  if (!hasHost()) {
+    keepMinimised();
+    return;
+  }
   setMenuBarOnly(true);
   setMainWindowVisible(false);
   auto& application = platform_.application;
@@ -173,6 +182,30 @@ void BackgroundRuntime::hideMainWindow() {
   }));
 }
 
+void BackgroundRuntime::keepMinimised() {
+  awaitsHost_ = true;
+  for (auto* const window : platform_.application.windows()) {
+    if (isMainWindow(*window)) {
+      window->miniaturize();
+    } else if (window->level() != DesktopWindow::statusBarLevel) {
+      window->orderOut();
+    }
+  }
+  if (onKeptWithoutHost) { onKeptWithoutHost(); }
+}
+
+// Looked at twice before anything is done, since a panel that restarts is back soon. A desktop that
+// takes its tray away while the screen is locked gets everything hidden again afterwards.
+void BackgroundRuntime::lookForHost() {
+  const bool isMissing = isMenuBarOnly_ && !waitForHost_ && !hasHost();
+  if (std::exchange(lacksHost_, isMissing) && isMissing) { showWithoutHost(); }
+  const auto* const window = mainWindow();
+  if (awaitsHost_ && hasHost() && window && window->isMiniaturized()) {
+    awaitsHost_ = false;
+    hideMainWindow();
+  }
+}
+
 void BackgroundRuntime::startHidden() {
   setMenuBarOnly(true);
   setMainWindowVisible(false);
@@ -184,7 +217,8 @@ void BackgroundRuntime::startHidden() {
 void BackgroundRuntime::showWithoutHost() {
   waitForHost_.reset();
   auto* const window = mainWindow();
-  if (!window || !isMenuBarOnly_ || (statusItem_ && statusItem_->hasHost())) { return; }
+  if (!window || !isMenuBarOnly_ || hasHost()) { return; }
+  awaitsHost_ = true;
   setMenuBarOnly(false);
   platform_.application.setActivationPolicy(ActivationPolicy::regular);
   window->miniaturize();
@@ -236,7 +270,9 @@ void BackgroundRuntime::windowDidMiniaturize(DesktopWindow& window) {
 }
 
 void BackgroundRuntime::windowDidDeminiaturize(DesktopWindow& window) {
-  if (isMainWindow(window) && !isMenuBarOnly_) { setMainWindowVisible(true); }
+  if (!isMainWindow(window) || isMenuBarOnly_) { return; }
+  awaitsHost_ = false;
+  setMainWindowVisible(true);
 }
 
 void BackgroundRuntime::setMainWindowVisible(bool visible) {

@@ -50,6 +50,8 @@ class BackgroundRuntime final : public WindowDelegate,
   std::function<std::optional<std::string>()> menuBarTextProvider;
   /// The hash rate, in hashes per second, that stands there then.
   std::function<std::optional<double>()> menuBarRateProvider;
+  /// Told when the main window was minimised for want of somebody who draws the status item.
+  std::function<void()> onKeptWithoutHost;
   /// Builds the menu of the status item, each time it is asked for.
   std::function<std::optional<Menu>()> statusMenuProvider;
 
@@ -60,7 +62,9 @@ class BackgroundRuntime final : public WindowDelegate,
   void updateStatus(bool working, const std::string& status, bool alert);
 
   void showMainWindow();
-  /// Moves the application into the status area: no window stays on screen.
+  /// Moves the application into the status area: no window stays on screen. Where nobody draws the
+  /// status item the main window is minimised instead, so that there is something to find, and goes
+  /// once somebody does.
   void hideMainWindow();
   /// Has the application live in the status area from its start, before any window has been shown.
   /// Where nobody draws the status item after a while the main window comes up minimised, so that
@@ -97,7 +101,10 @@ class BackgroundRuntime final : public WindowDelegate,
   [[nodiscard]] bool showsHashRate() const;
   void popUpStatusMenu();
 
+  [[nodiscard]] bool hasHost() const { return statusItem_ && statusItem_->hasHost(); }
+  void keepMinimised();
   void showWithoutHost();
+  void lookForHost();
   void setMainWindowVisible(bool visible);
   void setMenuBarOnly(bool menuBarOnly);
 
@@ -117,6 +124,8 @@ class BackgroundRuntime final : public WindowDelegate,
   std::string displayedMenuBarRate_;
   bool isMainWindowVisible_ = true;
   bool isMenuBarOnly_ = false;
+  bool awaitsHost_ = false;  ///< minimised until there is one
+  bool lacksHost_ = false;   ///< hidden, and there was none at the last look
   Signal<> changed_;
 };
 }  // namespace orvane

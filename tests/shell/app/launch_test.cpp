@@ -102,6 +102,22 @@ TEST_F(AppTest, AQuietStartIsInTheStatusAreaAloneOrMinimisedWhereNobodyDrawsIt) 
   EXPECT_TRUE(isOnScreen("Orvane")) << "somebody wants to see it";
 }
 
+TEST_F(AppTest, WhereNoTrayIsTheFirstClosingTellsWhereTheProgramIs) {
+  for (int start = 0; start < 2; ++start) {
+    launch();
+    statusBar.item.hasHost = false;
+    for (int time = 0; time < 2; ++time) {
+      press(Qt::Key_W, Qt::ControlModifier);
+      EXPECT_TRUE(desktop.windowTitled("Orvane")->isMiniaturized());
+      app->reopen();
+      settle();
+      EXPECT_TRUE(isOnScreen("Orvane"));
+    }
+    ASSERT_EQ(notifications.received().size(), 1U);
+  }
+  EXPECT_EQ(notifications.received()[0].title, "Orvane is still running");
+}
+
 TEST_F(AppTest, TheStatusAreaFollowsTheAccount) {
   storeToken("stored");
   transport.on("/profile").fail(HttpFailure::cannotConnectToHost).times(1);

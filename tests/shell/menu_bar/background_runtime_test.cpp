@@ -5,6 +5,7 @@ namespace orvane::test { namespace {
 
 using BackgroundRuntimeTest = RuntimeFixture;
 using Type = DesktopEvent::Type;
+using namespace std::chrono_literals;
 
 DesktopEvent key(std::string characters, ModifierFlags modifiers = {}) {
   const bool isEscape = characters == "\x1b";
@@ -84,6 +85,48 @@ TEST_F(BackgroundRuntimeTest, OnlyItsKeysHideTheMainWindowWhichNeverCloses) {
     window.resignKey();
     EXPECT_FALSE(application.press(*event)) << name << " in the help window";
   }
+}
+
+TEST_F(BackgroundRuntimeTest, WithoutAHostTheWindowStaysMinimisedUntilThereIsOne) {
+  int told = 0;
+  runtime->onKeptWithoutHost = [&told] { ++told; };
+  statusBar.item.hasHost = false;
+  runtime->showMainWindow();
+  log.clear();
+  runtime->hideMainWindow();
+  EXPECT_EQ(log, (CallLog{"Orvane Help: order out", "Orvane: miniaturize"}));
+  EXPECT_FALSE(runtime->isMenuBarOnly());
+  EXPECT_EQ(told, 1);
+
+  statusBar.item.hasHost = true;
+  executor.advance(30s);
+  EXPECT_TRUE(runtime->isMenuBarOnly());
+  EXPECT_EQ(log.back(), "policy accessory");
+  EXPECT_FALSE(window.isMiniaturized() || window.isVisible());
+
+  // What the user has brought back meanwhile stays.
+  statusBar.item.hasHost = false;
+  runtime->showMainWindow();
+  runtime->hideMainWindow();
+  window.deminiaturize();
+  statusBar.item.hasHost = true;
+  executor.advance(1min);
+  EXPECT_FALSE(runtime->isMenuBarOnly());
+}
+
+TEST_F(BackgroundRuntimeTest, AHostThatGoesForGoodStrandsNobodyAndOneThatIsBackSoonChangesNothing) {
+  runtime->hideMainWindow();
+  statusBar.item.hasHost = false;
+  executor.advance(31s);
+  statusBar.item.hasHost = true;
+  executor.advance(1min);
+  EXPECT_TRUE(runtime->isMenuBarOnly() && !window.isMiniaturized());
+  statusBar.item.hasHost = false;
+  executor.advance(1min);
+  EXPECT_TRUE(!runtime->isMenuBarOnly() && window.isMiniaturized());
+  statusBar.item.hasHost = true;
+  executor.advance(30s);
+  EXPECT_TRUE(runtime->isMenuBarOnly() && !window.isMiniaturized());
 }
 
 TEST_F(BackgroundRuntimeTest, ARightClickShowsTheMenuAndTakesItAwayAgain) {
