@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 #include "core/display_texts.h"
+#include "platform/text/unicode.h"
 
 namespace orvane {
 namespace {
@@ -61,10 +62,10 @@ WatchedWorkers workersToldOf(const UserDefaults& defaults) {
 
 /// "mac, garage and 3 more".
 std::string namesOf(const std::vector<WorkerAlert>& alerts, std::optional<Kind> wanted) {
-  std::vector<std::string_view> names;
+  std::vector<std::string> names;
   for (const WorkerAlert& alert : alerts) {
     if (!wanted || alert.kind == *wanted) {
-      names.push_back(shortWorkerName(alert.worker.fullName));
+      names.push_back(controlsMarked(shortWorkerName(alert.worker.fullName)));
     }
   }
   const std::size_t more = names.size() - std::min(names.size(), mostNames);
@@ -149,7 +150,7 @@ NotificationRequest WorkerNotifications::makeNotificationRequest(WorkerMessage m
 }
 
 std::string WorkerNotifications::bodyOf(const WorkerAlert& alert) const {
-  const std::string_view name = shortWorkerName(alert.worker.fullName);
+  const std::string name = controlsMarked(shortWorkerName(alert.worker.fullName));
   switch (alert.kind) {
     case Kind::off: {
       const std::string lastShare = lastShareText(format_, alert.worker.lastShare);

@@ -2,6 +2,7 @@
 #include <QVariantMap>
 #include <algorithm>
 #include <utility>
+#include "platform/text/unicode.h"
 
 namespace orvane {
 namespace {
@@ -39,7 +40,7 @@ QVariantMap hintsFor(NotificationSound sound) {
 /// of the notification that it takes the place of, 0 for none.
 QDBusMessage notifyCall(const NotificationRequest& request, uint replaces,
                         const QStringList& capabilities) {
-  const QString text = QString::fromStdString(request.body);
+  const QString text = QString::fromStdString(numbersIsolated(request.body));
   const bool readsMarkup = capabilities.contains(QStringLiteral("body-markup"));
   // The label is for services that draw a click on the notification as a button.
   const bool hasActions = capabilities.contains(QStringLiteral("actions"));

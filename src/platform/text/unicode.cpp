@@ -40,6 +40,64 @@ bool isWhiteSpace(Character character) {
   return character.codePoint >= 0 && u_isUWhiteSpace(character.codePoint) != 0;
 }
 
+bool runsFromRightToLeft(UChar32 codePoint) {
+  const UCharDirection direction = u_charDirection(codePoint);
+  return direction == U_RIGHT_TO_LEFT || direction == U_RIGHT_TO_LEFT_ARABIC ||
+         direction == U_ARABIC_NUMBER;
+}
+
+bool isDirectionMark(UChar32 codePoint) {
+  return codePoint == 0x061C || codePoint == 0x200E || codePoint == 0x200F;
+}
+
+bool isSign(UChar32 codePoint) {
+  return codePoint == '-' || codePoint == '+' || codePoint == 0x2212;
+}
+
+/// What stands between the digits of amounts, dates and times.
+bool isBetweenDigits(UChar32 codePoint) {
+  constexpr std::u32string_view separators = U".,:/'-\u2019\u00A0\u202F\u066B\u066C";
+  return isDirectionMark(codePoint) || separators.contains(static_cast<char32_t>(codePoint));
+}
+
+/// How long the number is that the text begins with, with its sign; 0 when it begins with none.
+std::size_t numberLength(std::string_view text) {
+  std::size_t length = 0;
+  bool hasDigit = false;
+  for (std::size_t at = 0; at < text.size();) {
+    const Character next = firstCharacter(text.substr(at));
+    at += next.size;
+    if (u_isdigit(next.codePoint) != 0) {
+      hasDigit = true;
+      length = at;
+    } else if (hasDigit ? !isBetweenDigits(next.codePoint)
+                        : !isDirectionMark(next.codePoint) && !isSign(next.codePoint)) {
+      break;
+    }
+  }
+  return length;
+}
+
+bool isReorderingOrShapeless(UChar32 codePoint) {
+  const bool isLineEnd = codePoint == 0x2028 || codePoint == 0x2029;
+  const bool embeds = codePoint >= 0x202A && codePoint <= 0x202E;
+  const bool isolates = codePoint >= 0x2066 && codePoint <= 0x2069;
+  return isLineEnd || embeds || isolates || isDirectionMark(codePoint) ||
+         u_charType(codePoint) == U_CONTROL_CHAR;
+}
+
+/// What `replace` makes of each character.
+template <class Replace>
+std::string eachReplaced(std::string_view text, Replace replace) {
+  std::string result;
+  while (!text.empty()) {
+    const Character first = firstCharacter(text);
+    result += replace(first.codePoint, text.substr(0, first.size));
+    text.remove_prefix(first.size);
+  }
+  return result;
+}
+
 bool isLetterMarkOrNumber(UChar32 codePoint) {
   return (U_GET_GC_MASK(codePoint) & (U_GC_L_MASK | U_GC_M_MASK | U_GC_N_MASK)) != 0;
 }
@@ -117,6 +175,31 @@ std::string decodedLossily(std::string_view bytes) {
   if (isValidUtf8(bytes)) { return std::string(bytes); }
   std::string text;
   return icu::UnicodeString::fromUTF8(piece(bytes)).toUTF8String(text);
+}
+
+std::string numbersIsolated(std::string_view text) {
+  bool isMixed = false;
+  for (std::string_view rest = text; !rest.empty() && !isMixed;) {
+    const Character first = firstCharacter(rest);
+    isMixed = runsFromRightToLeft(first.codePoint);
+    rest.remove_prefix(first.size);
+  }
+  if (!isMixed) { return std::string(text); }
+  std::string result;
+  while (!text.empty()) {
+    const std::size_t number = numberLength(text);
+    const std::size_t size = number > 0 ? number : firstCharacter(text).size;
+    const std::string_view piece = text.substr(0, size);
+    result += number > 0 ? "\u2068" + std::string(piece) + "\u2069" : std::string(piece);
+    text.remove_prefix(size);
+  }
+  return result;
+}
+
+std::string controlsMarked(std::string_view text) {
+  return eachReplaced(text, [](UChar32 codePoint, std::string_view bytes) {
+    return isReorderingOrShapeless(codePoint) ? std::string_view("\uFFFD") : bytes;
+  });
 }
 
 std::string percentEscaped(std::string_view text) {

@@ -31,6 +31,16 @@ namespace orvane {
 /// The bytes as text; every invalid sequence becomes the replacement character U+FFFD.
 [[nodiscard]] std::string decodedLossily(std::string_view bytes);
 
+/// The text for drawing, with every number in it, its sign and separators included, isolated from
+/// what stands around it (U+2068, U+2069): in a text that runs from right to left, or whose digits
+/// do, two numbers would change places otherwise. A text in which nothing does comes back
+/// unchanged.
+[[nodiscard]] std::string numbersIsolated(std::string_view text);
+
+/// The text with a visible mark (U+FFFD) for each character that would reorder or break the line
+/// around it, or that has no shape at all.
+[[nodiscard]] std::string controlsMarked(std::string_view text);
+
 /// Every character that is not a letter, mark or digit replaced by the percent-escapes of its
 /// UTF-8 bytes. A text that is not valid UTF-8 comes back unchanged.
 [[nodiscard]] std::string percentEscaped(std::string_view text);

@@ -8,6 +8,7 @@
 #include <utility>
 #include "platform/async/timer.h"
 #include "platform/desktop/symbols.h"
+#include "platform/text/unicode.h"
 #include "platform/tray/drawing/contrast.h"
 #include "platform/tray/notifier/notifier_presenter.h"
 #include "platform/tray/presentation.h"
@@ -30,7 +31,7 @@ std::unique_ptr<QMenu> menuWindow(const Menu& menu, Executor& executor) {
       window->addSeparator();
       continue;
     }
-    auto title = QString::fromStdString(item.title);
+    auto title = QString::fromStdString(numbersIsolated(item.title));
     auto* const row = window->addAction(title.replace(u'&', QStringLiteral("&&")));
     row->setEnabled(item.enabled);
     if (!item.keyEquivalent.empty()) {

@@ -4,6 +4,7 @@
 #include <utility>
 #include <fmt/format.h>
 #include "core/display_texts.h"
+#include "platform/text/unicode.h"
 
 namespace orvane {
 namespace {
@@ -44,8 +45,8 @@ std::string rewardText(const LocaleFormat& format, const std::optional<std::stri
 }  // namespace
 
 WorkerRow workerRow(const BraiinsWorkerStatus& worker, const LocaleFormat& format) {
-  return {.name = std::string(shortWorkerName(worker.fullName)),
-          .nameToolTip = worker.fullName,
+  return {.name = controlsMarked(shortWorkerName(worker.fullName)),
+          .nameToolTip = controlsMarked(worker.fullName),
           .stateWord = stateWord(worker.state),
           .stateToolTip = lastShareText(format, worker.lastShare),
           .rate5m = hashRateText(worker.hashRate5m),

@@ -154,7 +154,7 @@ class BlockRewardList::Delegate final : public QStyledItemDelegate {
     text_.setDocumentMargin(0);
     text_.setDefaultFont(list_.font());
     text_.setDefaultTextOption(option);
-    text_.setPlainText(text);
+    text_.setPlainText(toQString(numbersIsolated(toUtf8(text))));
     text_.setTextWidth(std::max(1, width));
     return text_.size().toSize().height();
   }

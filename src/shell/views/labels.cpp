@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include "platform/desktop/symbols.h"
+#include "platform/text/unicode.h"
 #include "shell/views/flow_layout.h"
 #include "shell/views/qt_text.h"
 
@@ -33,8 +34,11 @@ TextLabel::TextLabel(const QString& text, theme::TextStyle style, theme::TextCol
 }
 
 void TextLabel::showText(std::string_view text) {
-  const auto wanted = toQString(text);
-  if (wanted != this->text()) { setText(wanted); }
+  const auto wanted = toQString(numbersIsolated(text));
+  if (wanted == this->text()) { return; }
+  setText(wanted);
+  const auto spoken = toQString(text);
+  if (wanted != spoken) { setAccessibleName(spoken); }
 }
 
 void TextLabel::showTextOrHide(std::string_view text) {

@@ -4,6 +4,7 @@
 #include <QTextDocument>
 #include <string>
 #include <string_view>
+#include "platform/text/unicode.h"
 
 namespace orvane {
 [[nodiscard]] inline QString toQString(std::string_view text) {
@@ -14,7 +15,7 @@ namespace orvane {
 
 /// A tool tip that shows `text` as it is, also when it looks like markup.
 [[nodiscard]] inline QString plainToolTip(std::string_view text) {
-  const auto plain = toQString(text);
+  const auto plain = toQString(numbersIsolated(text));
   return Qt::mightBeRichText(plain) ? plain.toHtmlEscaped() : plain;
 }
 }  // namespace orvane

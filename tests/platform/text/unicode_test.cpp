@@ -47,4 +47,21 @@ TEST(UnicodeTest, EscapesEverythingButLettersMarksAndNumbers) {
   }
 }
 
+TEST(UnicodeTest, IsolatesNumbersWhereOthersWouldChangePlacesWithThem) {
+  const std::pair<const char*, const char*> cases[]{
+      {"Block #900,001 · 5 sats", "Block #900,001 · 5 sats"},
+      {"Block #٩٠٠٬٠٠١ · ٥ sats", "Block #\u2068٩٠٠٬٠٠١\u2069 · \u2068٥\u2069 sats"},
+      {"٢٠٣ | ٠ sats", "\u2068٢٠٣\u2069 | \u2068٠\u2069 sats"},
+      {"\u061C-٥٫٥ BTC.", "\u2068\u061C-٥٫٥\u2069 BTC."},
+      {"٢:٠٥ م, 3.", "\u2068٢:٠٥\u2069 م, \u20683\u2069."}};
+  for (const auto& [text, isolated] : cases) {
+    EXPECT_EQ(numbersIsolated(text), isolated);
+  }
+}
+
+TEST(UnicodeTest, MarksWhatWouldReorderOrBreakALine) {
+  EXPECT_EQ(controlsMarked("é gnp\u202Eexe.\u2066a\u2028b\n\x7f"),
+            "é gnp\uFFFDexe.\uFFFDa\uFFFDb\uFFFD\uFFFD");
+}
+
 }}  // namespace orvane::test

@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <algorithm>
 #include <utility>
+#include "platform/text/unicode.h"
 
 namespace orvane {
 // How the exported menu works. A host keeps a copy of the menu and knows its rows by number. The
@@ -104,7 +105,8 @@ bool looksLike(const MenuItem& a, const MenuItem& b) {
 QVariantMap rowProperties(const MenuItem& item) {
   if (item.isSeparator()) { return {{QStringLiteral("type"), QStringLiteral("separator")}}; }
   // An underscore would otherwise underline the letter after it.
-  const auto label = QString::fromStdString(item.title).replace(u'_', QStringLiteral("__"));
+  const auto label =
+      QString::fromStdString(numbersIsolated(item.title)).replace(u'_', QStringLiteral("__"));
   QVariantMap properties{{QStringLiteral("label"), label}};
   if (!item.enabled) { properties.insert(QStringLiteral("enabled"), false); }
   if (!item.keyEquivalent.empty()) {

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <csignal>
 #include <utility>
+#include "platform/text/unicode.h"
 
 namespace orvane {
 namespace {
@@ -122,8 +123,8 @@ void NotifierPresenter::appear() {
 
 NotifierState NotifierPresenter::stateFor(const StatusContent& content) {
   NotifierState state;
-  state.toolTip = QString::fromStdString(
-      presentation_ == Presentation::square ? content.toolTipWithText() : content.toolTip);
+  state.toolTip = QString::fromStdString(numbersIsolated(
+      presentation_ == Presentation::square ? content.toolTipWithText() : content.toolTip));
   if (!content.image) { return state; }
   state.title = QString::fromStdString(content.image->accessibilityDescription);
   addIcon(state, *content.image, inkFor(*content.image, content.shade));
@@ -135,11 +136,11 @@ void NotifierPresenter::addIcon(NotifierState& state, const StatusImage& image,
   switch (presentation_) {
     case Presentation::labelBesideSymbol:
       state.icons = drawAll(squareSides, drawSymbolSquare, image, ink);
-      state.label = QString::fromStdString(image.text);
+      state.label = QString::fromStdString(numbersIsolated(image.text));
       return;
     case Presentation::labelBesideFile:
       state.iconThemePath = icons_->path();
-      state.label = QString::fromStdString(image.text);
+      state.label = QString::fromStdString(numbersIsolated(image.text));
       state.iconName = icons_->store(drawSymbolSquare(image, fileHeight, ink));
       if (state.iconName.isEmpty()) {
         state.icons = drawAll(squareSides, drawSymbolSquare, image, ink);
