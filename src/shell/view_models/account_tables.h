@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <span>
 #include <string>
 #include <string_view>
@@ -12,6 +13,9 @@
 namespace orvane {
 /// What the two tables of the account show, and the words around them. A row costs little, so that
 /// a table of any length asks only for the rows in sight.
+
+/// Every word that a worker's state can be shown as.
+inline constexpr std::array stateWords{"OK", "Low", "Off", "Disabled", unknownFigure};
 
 /// One worker.
 struct WorkerRow {

@@ -1,13 +1,17 @@
 #include "shell/views/figure_table.h"
 #include <QEvent>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
+#include <QToolTip>
 #include "shell/views/frames.h"
 #include "shell/views/theme.h"
 
 namespace orvane {
 namespace {
+constexpr int dotWidth = theme::stateDotSize + theme::smallSpacing;
+
 QRect insetCell(const QRect& cell) {
   return cell.adjusted(theme::tableCellPadding, 0, -theme::tableCellPadding, 0);
 }
@@ -73,7 +77,22 @@ class FigureCellDelegate final : public QStyledItemDelegate {
 
   [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
                                const QModelIndex& index) const override {
-    return QStyledItemDelegate::sizeHint(option, index) + QSize(2 * theme::tableCellPadding, 0);
+    const int dot = index.data(dotColorRole).isValid() ? dotWidth : 0;
+    return QStyledItemDelegate::sizeHint(option, index) +
+           QSize(2 * theme::tableCellPadding + dot, 0);
+  }
+
+  /// A text that does not fit shows itself whole.
+  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) override {
+    const bool hasOwnTip = !index.data(Qt::ToolTipRole).toString().isEmpty();
+    if (event->type() != QEvent::ToolTip || hasOwnTip || !index.isValid() ||
+        sizeHint(option, index).width() <= option.rect.width()) {
+      return QStyledItemDelegate::helpEvent(event, view, option, index);
+    }
+    QToolTip::showText(event->globalPos(),
+                       plainToolTip(toUtf8(index.data(Qt::DisplayRole).toString())), view);
+    return true;
   }
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -134,5 +153,15 @@ void FigureTable::changeEvent(QEvent* event) {
 void FigureTable::applyStyle() {
   setFont(theme::textFont(theme::TextStyle::calloutFigure));
   horizontalHeader()->setFont(theme::textFont(theme::TextStyle::captionSemibold));
+  fitColumns();
+}
+
+int FigureTable::cellWidth(std::string_view text, bool hasDot) const {
+  return fontMetrics().horizontalAdvance(toQString(text)) + 2 * theme::tableCellPadding +
+         (hasDot ? dotWidth : 0);
+}
+
+int FigureTable::titleWidth(int column) const {
+  return horizontalHeader()->sectionSizeHint(column);
 }
 }  // namespace orvane

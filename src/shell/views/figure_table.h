@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 #include "shell/views/qt_text.h"
 
@@ -104,6 +105,11 @@ class FigureTable : public QTableView {
 
  protected:
   void changeEvent(QEvent* event) override;
+  /// Gives the columns their widths, by the font at hand: a figure is never cut off.
+  virtual void fitColumns() {}
+  /// What a cell with this text needs, and what a column's title needs.
+  [[nodiscard]] int cellWidth(std::string_view text, bool hasDot = false) const;
+  [[nodiscard]] int titleWidth(int column) const;
 
  private:
   void applyStyle();

@@ -79,7 +79,11 @@ class BraiinsHistoryTable final : public FigureTable {
   }
 
   /// Returns whether the days differ from those shown before.
-  bool showDays(const std::vector<BraiinsHistoryDay>& days) { return model_->setRecords(days); }
+  bool showDays(const std::vector<BraiinsHistoryDay>& days) {
+    const bool isNew = model_->setRecords(days);
+    if (isNew) { fitColumns(); }
+    return isNew;
+  }
 
  protected:
   void resizeEvent(QResizeEvent* event) override {
@@ -87,17 +91,43 @@ class BraiinsHistoryTable final : public FigureTable {
     FigureTable::resizeEvent(event);
   }
 
+  void fitColumns() override {
+    for (std::size_t column = 0; column < columns.size(); ++column) {
+      const auto index = static_cast<int>(column);
+      neededWidths_[column] = std::max(titleWidth(index), sizeHintForColumn(index));
+    }
+    if (sharesWidth_) { shareWidth(); }
+  }
+
  private:
+  /// Equal widths, but for a column that needs more than its share.
   void shareWidth() {
+    int width = viewport()->width();
+    auto sharers = static_cast<int>(columns.size());
+    std::array<bool, columns.size()> isWide{};
+    const auto needsMore = [&](std::size_t column) {
+      return !isWide[column] && neededWidths_[column] > width / sharers;
+    };
+    for (std::size_t column = 0; column < columns.size() && sharers > 1;) {
+      if (!needsMore(column)) {
+        ++column;
+        continue;
+      }
+      isWide[column] = true;
+      width -= neededWidths_[column];
+      --sharers;
+      column = 0;  // the others' share has become smaller
+    }
     isSharing_ = true;
-    const int columnTotal = model_->columnCount();
-    for (int column = 0; column + 1 < columnTotal; ++column) {
-      horizontalHeader()->resizeSection(column, viewport()->width() / columnTotal);
+    for (std::size_t column = 0; column + 1 < columns.size(); ++column) {
+      const int share = isWide[column] ? neededWidths_[column] : width / sharers;
+      horizontalHeader()->resizeSection(static_cast<int>(column), share);
     }
     isSharing_ = false;
   }
 
   HistoryModel* model_;
+  std::array<int, columns.size()> neededWidths_{};
   bool sharesWidth_ = true;
   bool isSharing_ = false;
 };

@@ -2,6 +2,7 @@
 #include <QHeaderView>
 #include <algorithm>
 #include <array>
+#include "core/display_texts.h"
 #include "shell/view_models/account_tables.h"
 #include "shell/views/figure_table.h"
 
@@ -15,6 +16,9 @@ constexpr std::array<TableColumn<WorkerRow>, columnTotal> columns{
      {.title = "5 min", .text = &WorkerRow::rate5m},
      {.title = "60 min", .text = &WorkerRow::rate60m},
      {.title = "24 h", .text = &WorkerRow::rate24h}}};
+
+/// The rates with the longest texts, one for each unit.
+constexpr std::array widestRates{1e14, 999.999e9, 999.999e6, 999.999e3};
 
 theme::MarkColor dotColor(BraiinsWorkerStatus::State state) {
   using enum BraiinsWorkerStatus::State;
@@ -67,10 +71,7 @@ class WorkersSection::Table final : public FigureTable {
     auto& header = *horizontalHeader();
     header.setSectionResizeMode(QHeaderView::Fixed);
     header.setSectionResizeMode(Column::worker, QHeaderView::Stretch);
-    header.resizeSection(Column::state, theme::stateColumnWidth + 2 * theme::tableCellPadding);
-    for (const auto column : {Column::rate5m, Column::rate60m, Column::rate24h}) {
-      header.resizeSection(column, theme::rateColumnWidth);
-    }
+    fitColumns();
   }
 
   void showWorkers(const std::vector<BraiinsWorkerStatus>& workers) {
@@ -85,6 +86,24 @@ class WorkersSection::Table final : public FigureTable {
     return {theme::rightColumnMinimumWidth - 2 * theme::windowPadding - 2, height};
   }
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void fitColumns() override {
+    auto& header = *horizontalHeader();
+    int stateWidth =
+        std::max(theme::stateColumnWidth + 2 * theme::tableCellPadding, titleWidth(Column::state));
+    for (const char* const word : stateWords) {
+      stateWidth = std::max(stateWidth, cellWidth(word, true));
+    }
+    header.resizeSection(Column::state, stateWidth);
+    int rateWidth = theme::rateColumnWidth;
+    for (const double rate : widestRates) {
+      rateWidth = std::max(rateWidth, cellWidth(hashRateText(rate)));
+    }
+    for (const auto column : {Column::rate5m, Column::rate60m, Column::rate24h}) {
+      header.resizeSection(column, std::max(rateWidth, titleWidth(column)));
+    }
+  }
 
  private:
   WorkersModel* model_;

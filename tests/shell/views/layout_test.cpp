@@ -61,6 +61,30 @@ TEST_F(LayoutTest, TabGoesFromTheCardsToTheBarAndEveryStationHasAName) {
   EXPECT_EQ(passed.join(u',').toStdString(), landmarks.toStdString());
 }
 
+TEST_F(LayoutTest, NoFigureIsCutOffInALargerFont) {
+  const QFont before = QApplication::font();
+  for (const int points : {9, 13, 20}) {
+    QFont font = before;
+    font.setPointSize(points);
+    QApplication::setFont(font);
+    auto figures = everything();
+    figures.workers.at(0).hashRate5m = figures.workers.at(0).hashRate24h = 1e14;
+    show(figures);
+    resize(1600, 900);
+    for (const auto& [name, firstFigure] :
+         {std::pair("Workers", 1), std::pair("Daily history", 0)}) {
+      const auto& table = *find<QTableView>(name);
+      const QFontMetrics metrics(table.font());
+      for (int column = firstFigure; column < table.model()->columnCount(); ++column) {
+        const auto text = table.model()->index(0, column).data().toString();
+        EXPECT_LE(metrics.horizontalAdvance(text) + 24, table.columnWidth(column))
+            << name << " at " << points << ": " << text.toStdString();
+      }
+    }
+  }
+  QApplication::setFont(before);
+}
+
 /// Counts the rows that a table asks for.
 struct CountingModel final : QIdentityProxyModel {
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
