@@ -147,13 +147,14 @@ FigureTable::FigureTable(QWidget* parent) : QTableView(parent) {
 
 void FigureTable::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
-  if (event->type() == QEvent::ApplicationFontChange) { applyStyle(); }
+  if (event->type() != QEvent::ApplicationFontChange) { return; }
+  applyStyle();
+  fitColumns();
 }
 
 void FigureTable::applyStyle() {
   setFont(theme::textFont(theme::TextStyle::calloutFigure));
   horizontalHeader()->setFont(theme::textFont(theme::TextStyle::captionSemibold));
-  fitColumns();
 }
 
 int FigureTable::cellWidth(std::string_view text, bool hasDot) const {

@@ -105,7 +105,8 @@ class FigureTable : public QTableView {
 
  protected:
   void changeEvent(QEvent* event) override;
-  /// Gives the columns their widths, by the font at hand: a figure is never cut off.
+  /// Gives the columns their widths, by the font at hand: a figure is never cut off. Called when
+  /// the font has changed; a table calls it itself when it is made.
   virtual void fitColumns() {}
   /// What a cell with this text needs, and what a column's title needs.
   [[nodiscard]] int cellWidth(std::string_view text, bool hasDot = false) const;
