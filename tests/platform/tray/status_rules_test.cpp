@@ -1,12 +1,31 @@
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
 #include <tuple>
 #include <gtest/gtest.h>
 #include "platform/tray/drawing/contrast.h"
 #include "platform/tray/drawing/short_figure.h"
 #include "platform/tray/drawing/status_drawing.h"
+#include "platform/tray/notifier/icon_folder.h"
 #include "platform/tray/presentation.h"
 #include "platform/x11/x_settings.h"
 
 namespace orvane::test { namespace {
+
+TEST(IconFolder, LiesWhereTheHostFindsItFromWithinAFlatpakToo) {
+  const QTemporaryDir folder;
+  const QString runtime = folder.path();
+  const QString info = folder.filePath("flatpak-info");
+  EXPECT_EQ(sharedFolder(runtime, info), runtime) << "no Flatpak";
+
+  QFile file(info);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("[Application]\nname=com.quorvex.Orvane\nruntime=runtime/a/b/c\n");
+  file.close();
+  EXPECT_EQ(sharedFolder(runtime, info), QString()) << "pixmaps then: nothing is shared";
+  ASSERT_TRUE(QDir(runtime).mkpath("app/com.quorvex.Orvane"));
+  EXPECT_EQ(sharedFolder(runtime, info), runtime + "/app/com.quorvex.Orvane");
+}
 
 TEST(Presentation, SuitsTheHostThatWillDrawIt) {
   using enum Presentation;

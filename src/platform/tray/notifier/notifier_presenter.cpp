@@ -1,32 +1,11 @@
 #include "platform/tray/notifier/notifier_presenter.h"
-#include <QCoreApplication>
-#include <QDir>
-#include <QFile>
-#include <QStandardPaths>
 #include <array>
-#include <cerrno>
-#include <csignal>
 #include <utility>
 #include "platform/text/unicode.h"
+#include "platform/tray/notifier/icon_folder.h"
 
 namespace orvane {
 namespace {
-const auto folderPrefix = QStringLiteral("orvane-status-");
-
-bool isRunning(qint64 process) {
-  return kill(static_cast<pid_t>(process), 0) == 0 || errno == EPERM;
-}
-
-void removeLeftovers(const QDir& runtime) {
-  for (const auto& name : runtime.entryList({folderPrefix + u'*'}, QDir::Dirs)) {
-    bool isNumber = false;
-    const auto process = name.mid(folderPrefix.size()).toLongLong(&isNumber);
-    if (isNumber && process > 0 && !isRunning(process)) {
-      QDir(runtime.filePath(name)).removeRecursively();
-    }
-  }
-}
-
 /// The icon heights of panels at 100 and 200 %. Hosts take the nearest and scale it.
 constexpr std::array squareSides{16, 22, 24, 32, 44, 48, 64};
 constexpr std::array wideHeights{22, 24, 26, 28, 30, 32, 36, 40, 44, 48};
@@ -45,47 +24,6 @@ QList<QImage> drawAll(const Heights& heights, Drawing draw, const StatusImage& i
   return images;
 }
 }  // namespace
-
-/// Hands images to hosts that read icons from files. Each image gets a name of its own, for hosts
-/// do not read a name twice. The folder lies in the user's runtime directory and goes with the
-/// object; what a killed process left behind goes with the next one.
-class IconFolder {
- public:
-  IconFolder() {
-    const auto runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    if (runtime.isEmpty()) { return; }
-    const QDir directory(runtime);
-    removeLeftovers(directory);
-    const auto name = folderPrefix + QString::number(QCoreApplication::applicationPid());
-    if (directory.mkpath(name)) { path_ = directory.filePath(name); }
-  }
-  ~IconFolder() {
-    if (!path_.isEmpty()) { QDir(path_).removeRecursively(); }
-  }
-  IconFolder(const IconFolder&) = delete;
-  IconFolder& operator=(const IconFolder&) = delete;
-
-  /// Empty when there is no place to write to.
-  [[nodiscard]] const QString& path() const { return path_; }
-
-  /// The icon's name, which stands for a file in `path`; empty when it could not be written. The
-  /// image before it stays readable for hosts that are late.
-  [[nodiscard]] QString store(const QImage& image) {
-    if (path_.isEmpty()) { return {}; }
-    auto name = QStringLiteral("orvane-status-%1").arg(++count_);
-    const auto file = path_ + u'/' + name + QStringLiteral(".png");
-    if (!image.save(file)) { return {}; }
-    if (!previous_.isEmpty()) { QFile::remove(previous_); }
-    previous_ = std::exchange(newest_, file);
-    return name;
-  }
-
- private:
-  QString path_;
-  QString newest_;
-  QString previous_;
-  int count_ = 0;
-};
 
 NotifierPresenter::NotifierPresenter(Presentation presentation, Executor& executor,
                                      StatusRequests requests)

@@ -1,0 +1,61 @@
+#include "platform/tray/notifier/icon_folder.h"
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QSettings>
+#include <QStandardPaths>
+#include <cerrno>
+#include <csignal>
+#include <utility>
+
+namespace orvane {
+namespace {
+const auto folderPrefix = QStringLiteral("orvane-status-");
+
+bool isRunning(qint64 process) {
+  return kill(static_cast<pid_t>(process), 0) == 0 || errno == EPERM;
+}
+
+void removeLeftovers(const QDir& runtime) {
+  for (const auto& name : runtime.entryList({folderPrefix + u'*'}, QDir::Dirs)) {
+    bool isNumber = false;
+    const auto process = name.mid(folderPrefix.size()).toLongLong(&isNumber);
+    if (isNumber && process > 0 && !isRunning(process)) {
+      QDir(runtime.filePath(name)).removeRecursively();
+    }
+  }
+}
+}  // namespace
+
+QString sharedFolder(const QString& runtime, const QString& flatpakInfo) {
+  if (runtime.isEmpty() || !QFile::exists(flatpakInfo)) { return runtime; }
+  const auto name = QSettings(flatpakInfo, QSettings::IniFormat).value("Application/name");
+  const QDir shared(runtime + QStringLiteral("/app/") + name.toString());
+  return !name.toString().isEmpty() && shared.exists() ? shared.path() : QString();
+}
+
+IconFolder::IconFolder() {
+  const auto shared =
+      sharedFolder(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation),
+                   QStringLiteral("/.flatpak-info"));
+  if (shared.isEmpty()) { return; }
+  const QDir directory(shared);
+  removeLeftovers(directory);
+  const auto name = folderPrefix + QString::number(QCoreApplication::applicationPid());
+  if (directory.mkpath(name)) { path_ = directory.filePath(name); }
+}
+
+IconFolder::~IconFolder() {
+  if (!path_.isEmpty()) { QDir(path_).removeRecursively(); }
+}
+
+QString IconFolder::store(const QImage& image) {
+  if (path_.isEmpty()) { return {}; }
+  auto name = QStringLiteral("orvane-status-%1").arg(++count_);
+  const auto file = path_ + u'/' + name + QStringLiteral(".png");
+  if (!image.save(file)) { return {}; }
+  if (!previous_.isEmpty()) { QFile::remove(previous_); }
+  previous_ = std::exchange(newest_, file);
+  return name;
+}
+}  // namespace orvane
