@@ -1,4 +1,5 @@
 #include "platform/http/qt_http_transport.h"
+#include <QString>
 #include <cstdlib>
 #include <gmock/gmock.h>
 #include "platform/eventloop/real_time.h"
@@ -78,11 +79,11 @@ TEST_F(QtHttpTransportTest, TheRequestHasOneHeaderBeyondTheStacks) {
   std::vector<std::string> names;
   const auto request = local.requests().front();
   for (const services::Header& header : request.headers) {
-    names.push_back(header.name);
+    names.push_back(QString::fromStdString(header.name).toLower().toStdString());  // Qt 6.8 does
   }
   EXPECT_THAT(names,
-              testing::UnorderedElementsAre("Accept-Encoding", "Accept-Language", "Connection",
-                                            "Host", "Pool-Auth-Token", "User-Agent"));
+              testing::UnorderedElementsAre("accept-encoding", "accept-language", "connection",
+                                            "host", "pool-auth-token", "user-agent"));
 }
 
 TEST_F(QtHttpTransportTest, EveryStatusIsAnAnswer) {
