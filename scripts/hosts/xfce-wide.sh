@@ -1,0 +1,8 @@
+# shellcheck shell=bash disable=SC2034
+title="Xfce, square icons switched off"
+packages="xfce4-panel xfconf"
+export XDG_CURRENT_DESKTOP=XFCE
+# shellcheck source=scripts/hosts/lib/xfce.sh
+. scripts/hosts/lib/xfce.sh
+
+start_host() { start_xfce false "$@"; }
