@@ -287,10 +287,11 @@ TEST_F(QtHttpTransportTest, TheSystemsProxyIsAskedForATunnelAndSeesNoHeaders) {
   ::unsetenv("https_proxy");
   ::unsetenv("no_proxy");
 
-  ASSERT_EQ(proxy.requests().size(), 1U);
-  const Request request = proxy.requests().front();
-  EXPECT_EQ(request.method + " " + request.target, "CONNECT " + local.host(Service::pool));
-  EXPECT_EQ(request.header("Pool-Auth-Token"), nullptr);
+  ASSERT_FALSE(proxy.requests().empty());
+  for (const Request& request : proxy.requests()) {  // Qt 6.8 asks twice
+    EXPECT_EQ(request.method + " " + request.target, "CONNECT " + local.host(Service::pool));
+    EXPECT_EQ(request.header("Pool-Auth-Token"), nullptr);
+  }
 }
 
 }}  // namespace orvane::test
