@@ -209,8 +209,12 @@ class Month {
     if (std::exchange(watched_, state.watchedAddress) != state.watchedAddress) {
       expected_.watch(watched_);
     }
-    if (!state.addressSummary || state.addressLastUpdate == lastUpdate_) { return; }
+    // Two may come within the same moment of the clock.
+    const bool isSame =
+        state.addressLastUpdate == lastUpdate_ && state.addressSummary == lastSummary_;
+    if (!state.addressSummary || isSame) { return; }
     lastUpdate_ = state.addressLastUpdate;
+    lastSummary_ = state.addressSummary;
     expected_.accept(*state.addressSummary);
   }
 
@@ -356,6 +360,7 @@ class Month {
   ExpectedNotifications expected_;
   std::string watched_;
   std::optional<WallTime> lastUpdate_;
+  std::optional<WatchedAddressSummary> lastSummary_;
   std::optional<Instant> lastPoolRequest_;
   ExecutorClock::duration awake_{};
   ExecutorClock::duration lastTouch_{};
