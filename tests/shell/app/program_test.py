@@ -65,7 +65,7 @@ def brightness(window):
 
 
 def tell_the_story(services):
-    with Program(services) as program:
+    with Service("watcher"), Program(services) as program:
         token_is_entered_and_kept(program)
         address_is_entered_and_read(program, services["address"])
         window_is_closed_and_brought_back(program)

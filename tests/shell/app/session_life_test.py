@@ -96,7 +96,8 @@ def notification_service_restarts(program, services):
 def services_come_back_without_a_restart(services):
     with Service("watcher") as watcher, Program(services) as program:
         tray_restarts(watcher)
-        notification_service_restarts(program, services)
+        with Service("watcher"):
+            notification_service_restarts(program, services)
         keyring_restarts(program)
         assert program.end(signal.SIGTERM) == 0
 
