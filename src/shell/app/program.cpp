@@ -39,7 +39,7 @@ std::filesystem::path settingsFileOfUser() {
 
 /// Everything that exists as long as the one running application does.
 int runInstance(Executor& executor, SessionBus& bus, SessionInstance& instance,
-                const ProgramSettings& settings) {
+                const StartupPermission& permission, const ProgramSettings& settings) {
   const ColorScheme colorScheme(bus);
   const LocaleFormat format(LocaleNames::fromEnvironment());
   SqliteDefaults defaults(settingsFileOfUser());
@@ -48,6 +48,7 @@ int runInstance(Executor& executor, SessionBus& bus, SessionInstance& instance,
   SecretServiceKeychain keychain(bus);
   DesktopNotificationCenter notifications(bus);
   QtDesktopApplication desktop;
+  desktop.setActivationToken(permission.activationToken.toStdString());  // for the first window
   SaveDialog saveDialog(bus);
   DesktopStatusBar statusBar(
       executor, [&desktop](const std::string& token) { desktop.setActivationToken(token); });
@@ -103,7 +104,7 @@ int runApplication(int argc, char** argv, const ProgramSettings& settings) {
   switch (instance.claim(permission)) {
     case InstanceRole::first:
     case InstanceRole::alone:
-      return runInstance(*executor, bus, instance, settings);
+      return runInstance(*executor, bus, instance, permission, settings);
     case InstanceRole::handedOver:
       return 0;
     case InstanceRole::unreachable:
