@@ -2,7 +2,6 @@
 #include <optional>
 #include <string_view>
 #include <utility>
-#include <fmt/format.h>
 #include "platform/async/timer.h"
 #include "pool/pool_documents.h"
 
@@ -21,11 +20,6 @@ bool isSendable(std::string_view token) {
   return !token.empty() && token.find_first_of("\r\n\0"sv) == std::string_view::npos;
 }
 
-std::string utcDateText(WallTime time) {
-  const std::chrono::year_month_day date(std::chrono::floor<std::chrono::days>(time));
-  return fmt::format("{:04}-{:02}-{:02}", static_cast<int>(date.year()),
-                     static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()));
-}
 }  // namespace
 
 BraiinsAccountClient::BraiinsAccountClient(Executor& executor, HttpTransport& transport,
@@ -49,7 +43,8 @@ Task<PoolResult<std::vector<BraiinsWorkerStatus>>> BraiinsAccountClient::fetchWo
 }
 
 Task<PoolResult<std::vector<BraiinsHistoryDay>>> BraiinsAccountClient::fetchHistory() {
-  const std::string today = utcDateText(executor_.wallClock());
+  const std::string today =
+      utcDateText(std::chrono::floor<std::chrono::seconds>(executor_.wallClock()));
   const PoolResult<std::string> rewards = co_await fetchPoolData(
       "/accounts/rewards/json/btc?from=2000-01-01&to=" + today, Urgency::history);
   if (!rewards) { co_return std::unexpected(rewards.error()); }

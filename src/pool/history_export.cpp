@@ -4,24 +4,13 @@
 #include <charconv>
 #include <cmath>
 #include <fmt/format.h>
+#include "pool/pool_documents.h"
 
 namespace orvane {
 namespace {
 using Fields = std::array<std::string, 5>;
-using std::chrono::days;
-using std::chrono::sys_days;
-using std::chrono::year;
 
 const Fields titles{"Date", "Average hash rate (H/s)", "Shares", "Reward (BTC)", "Reward (sats)"};
-
-/// The calendar day in UTC; a moment beyond the years of four digits becomes their nearest end.
-std::string dateField(std::chrono::sys_seconds time) {
-  constexpr std::chrono::sys_seconds first = sys_days(year(0) / 1 / 1);
-  constexpr std::chrono::sys_seconds last = sys_days(year(9999) / 12 / 31);
-  const std::chrono::year_month_day day(std::chrono::floor<days>(std::clamp(time, first, last)));
-  return fmt::format("{:04}-{:02}-{:02}", static_cast<int>(day.year()),
-                     static_cast<unsigned>(day.month()), static_cast<unsigned>(day.day()));
-}
 
 /// As many digits as tell the number from all others, without an exponent.
 std::string numberField(double value) {
@@ -40,7 +29,7 @@ std::string textField(const std::string& text) {
 
 Fields fieldsOf(const BraiinsHistoryDay& day) {
   Fields fields;
-  fields[0] = dateField(day.date);
+  fields[0] = utcDateText(day.date);
   if (day.averageHashRate) { fields[1] = numberField(*day.averageHashRate); }
   if (day.shares) { fields[2] = fmt::to_string(*day.shares); }
   if (day.rewardBTC) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <ranges>
+#include <fmt/format.h>
 #include "platform/decimal/decimal.h"
 #include "platform/json/json_reader.h"
 #include "platform/text/unicode.h"
@@ -109,6 +110,15 @@ std::optional<BraiinsRewardsResponse> decodeRewards(std::string_view body) {
 
 std::optional<BraiinsDailyHashrateResponse> decodeDailyHashrate(std::string_view body) {
   return decodeJson(body, readDailyHashrate);
+}
+
+std::string utcDateText(std::chrono::sys_seconds moment) {
+  using namespace std::chrono;
+  constexpr sys_seconds first = sys_days(year(0) / 1 / 1);
+  constexpr sys_seconds last = sys_days(year(9999) / 12 / 31);
+  const year_month_day day(floor<days>(std::clamp(moment, first, last)));
+  return fmt::format("{:04}-{:02}-{:02}", static_cast<int>(day.year()),
+                     static_cast<unsigned>(day.month()), static_cast<unsigned>(day.day()));
 }
 
 double hashRateUnitFactor(std::string_view unit) {

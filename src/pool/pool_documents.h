@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -91,7 +92,11 @@ template <class Value>
 [[nodiscard]] std::optional<BraiinsDailyHashrateResponse> decodeDailyHashrate(
     std::string_view body);
 
-/// How the pool writes its figures, in these documents.
+/// How the pool writes its figures, in these documents and in requests for them.
+
+/// The calendar day in UTC, "2026-11-15"; a moment beyond the years of four digits becomes their
+/// nearest end.
+[[nodiscard]] std::string utcDateText(std::chrono::sys_seconds moment);
 
 /// Hashes per second in one `unit`, for example 1e9 for "Gh/s"; up to petahashes, with letters in
 /// either case, and with or without the slash. White space around the unit does not count. Any

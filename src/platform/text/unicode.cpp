@@ -86,18 +86,6 @@ bool isReorderingOrShapeless(UChar32 codePoint) {
          u_charType(codePoint) == U_CONTROL_CHAR;
 }
 
-/// What `replace` makes of each character.
-template <class Replace>
-std::string eachReplaced(std::string_view text, Replace replace) {
-  std::string result;
-  while (!text.empty()) {
-    const Character first = firstCharacter(text);
-    result += replace(first.codePoint, text.substr(0, first.size));
-    text.remove_prefix(first.size);
-  }
-  return result;
-}
-
 bool isLetterMarkOrNumber(UChar32 codePoint) {
   return (U_GET_GC_MASK(codePoint) & (U_GC_L_MASK | U_GC_M_MASK | U_GC_N_MASK)) != 0;
 }
@@ -197,9 +185,13 @@ std::string numbersIsolated(std::string_view text) {
 }
 
 std::string controlsMarked(std::string_view text) {
-  return eachReplaced(text, [](UChar32 codePoint, std::string_view bytes) {
-    return isReorderingOrShapeless(codePoint) ? std::string_view("\uFFFD") : bytes;
-  });
+  std::string result;
+  while (!text.empty()) {
+    const Character first = firstCharacter(text);
+    result += isReorderingOrShapeless(first.codePoint) ? "\uFFFD" : text.substr(0, first.size);
+    text.remove_prefix(first.size);
+  }
+  return result;
 }
 
 std::string percentEscaped(std::string_view text) {

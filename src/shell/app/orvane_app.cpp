@@ -14,11 +14,6 @@ using namespace std::chrono_literals;
 /// Kept once the user has been told that there is no tray.
 constexpr const char* toldOfMissingTrayKey = "menuBar.toldOfMissingTray";
 
-Task<void> post(NotificationCenter& center, NotificationRequest request) {
-  const bool granted = co_await center.requestAuthorization();
-  if (granted) { (void)co_await center.add(std::move(request)); }
-}
-
 constexpr auto longestWaitForToken = 50ms;
 constexpr auto longestWaitForWrites = 2s;
 constexpr auto lookAtWritesEvery = 20ms;
@@ -165,11 +160,12 @@ void OrvaneApp::tellOfMissingTray() {
   UserDefaults& defaults = platform_.balance.defaults;
   if (defaults.boolean(toldOfMissingTrayKey).value_or(false)) { return; }
   defaults.setBoolean(toldOfMissingTrayKey, true);
-  notifying_.spawn(post(platform_.balance.notifications,
-                        {.identifier = "missing-tray",
-                         .title = "Orvane is still running",
-                         .body = "No tray shows its icon here, so closing minimises the window. "
-                                 "Ctrl+Q ends Orvane."}));
+  NotificationRequest request{.identifier = "missing-tray",
+                              .title = "Orvane is still running",
+                              .body =
+                                  "No tray shows its icon here, so closing minimises the "
+                                  "window. Ctrl+Q ends Orvane."};
+  notifying_.spawn(postInOrder(platform_.balance.notifications, {std::move(request)}));
 }
 
 void OrvaneApp::end() {

@@ -8,23 +8,6 @@
 
 namespace orvane {
 namespace {
-const char* stateWord(BraiinsWorkerStatus::State state) {
-  using enum BraiinsWorkerStatus::State;
-  switch (state) {
-    case ok:
-      return "OK";
-    case low:
-      return "Low";
-    case off:
-      return "Off";
-    case disabled:
-      return "Disabled";
-    case unknown:
-      return unknownFigure;
-  }
-  return unknownFigure;
-}
-
 /// In UTC, the pool's own days, so that a day reads the same in every time zone.
 std::string historyDateFormatter(const LocaleFormat& format, std::chrono::sys_seconds date) {
   return format.mediumDateUtc(date);
@@ -47,7 +30,7 @@ std::string rewardText(const LocaleFormat& format, const std::optional<std::stri
 WorkerRow workerRow(const BraiinsWorkerStatus& worker, const LocaleFormat& format) {
   return {.name = controlsMarked(shortWorkerName(worker.fullName)),
           .nameToolTip = controlsMarked(worker.fullName),
-          .stateWord = stateWord(worker.state),
+          .stateWord = stateWords.at(static_cast<std::size_t>(worker.state)),
           .stateToolTip = lastShareText(format, worker.lastShare),
           .rate5m = hashRateText(worker.hashRate5m),
           .rate60m = hashRateText(worker.hashRate60m),

@@ -14,7 +14,7 @@ namespace orvane {
 /// What the two tables of the account show, and the words around them. A row costs little, so that
 /// a table of any length asks only for the rows in sight.
 
-/// Every word that a worker's state can be shown as.
+/// What each state of a worker is called, in the order of `BraiinsWorkerStatus::State`.
 inline constexpr std::array stateWords{"OK", "Low", "Off", "Disabled", unknownFigure};
 
 /// One worker.
