@@ -142,7 +142,6 @@ FennickAppHelpView::FennickAppHelpView(const FennickAppInfo& app,
   column->addWidget(helpHeader(app, this));
   column->addWidget(new Divider(Qt::Horizontal, this));
   column->addWidget(helpTexts(app, this), 1);
-  column->addWidget(new Divider(Qt::Horizontal, this));
   column->addWidget(footer(brandUrl, closeAction, this));
 }
 }  // namespace orvane

@@ -1,4 +1,5 @@
 #include "shell/views/cards.h"
+#include <QHBoxLayout>
 #include <array>
 #include "shell/views/block_reward_list.h"
 #include "shell/views/flow_layout.h"
@@ -24,8 +25,8 @@ void showUnit(SegmentedPicker& picker, BalanceUnit unit) {
   picker.showChoice(unit == units[0] ? 0 : 1);
 }
 
-QHBoxLayout* titleRow(const QString& title, SegmentedPicker* unit, QWidget* parent) {
-  auto* const row = new QHBoxLayout;
+FlowLayout* titleRow(const QString& title, SegmentedPicker* unit, QWidget* parent) {
+  auto* const row = new FlowLayout(FlowLayout::Align::baseline, theme::smallSpacing, 0);
   row->addWidget(new TextLabel(title, TextStyle::headline, TextColor::secondary, parent));
   row->addStretch();
   row->addWidget(unit);

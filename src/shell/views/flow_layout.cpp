@@ -2,12 +2,14 @@
 #include <QStyle>
 #include <QWidget>
 #include <algorithm>
+#include <optional>
 
 namespace orvane {
 /// Widgets that stand side by side.
 struct FlowLayout::Row {
   std::vector<QLayoutItem*> items;
   std::vector<int> widths;
+  std::optional<std::size_t> firstAtEnd;
   int ascent = 0;   ///< above the common baseline
   int descent = 0;  ///< below it
   int width = 0;
@@ -26,6 +28,7 @@ FlowLayout::FlowLayout(Align align, int horizontalSpacing, int verticalSpacing, 
 FlowLayout::~FlowLayout() = default;
 
 void FlowLayout::addItem(QLayoutItem* item) { items_.emplace_back(item); }
+void FlowLayout::addStretch() { addItem(new QSpacerItem(0, 0)); }
 int FlowLayout::count() const { return static_cast<int>(items_.size()); }
 
 QLayoutItem* FlowLayout::itemAt(int index) const {
@@ -80,7 +83,9 @@ QSize FlowLayout::marginSize() const {
 
 std::vector<FlowLayout::Row> FlowLayout::rows(int width) const {
   std::vector<Row> rows;
+  bool isAtEnd = false;
   for (const auto& item : items_) {
+    isAtEnd = isAtEnd || item->spacerItem();
     if (item->isEmpty()) { continue; }
     const auto size = item->sizeHint();
     const int itemWidth = std::min(size.width(), width);
@@ -89,6 +94,7 @@ std::vector<FlowLayout::Row> FlowLayout::rows(int width) const {
     }
     auto& row = rows.back();
     row.width += itemWidth + (row.items.empty() ? 0 : horizontalSpacing_);
+    if (isAtEnd && !row.firstAtEnd) { row.firstAtEnd = row.items.size(); }
     const int ascent = baseline(*item);
     row.ascent = std::max(row.ascent, ascent);
     row.descent = std::max(row.descent, size.height() - ascent);
@@ -100,7 +106,7 @@ std::vector<FlowLayout::Row> FlowLayout::rows(int width) const {
 
 int FlowLayout::baseline(const QLayoutItem& item) const {
   if (align_ == Align::top) { return 0; }
-  // The text of a label stands in the middle of its height.
+  // The text of a label or a control stands in the middle of its height.
   const auto metrics = const_cast<QLayoutItem&>(item).widget()->fontMetrics();
   return (item.sizeHint().height() - metrics.height()) / 2 + metrics.ascent();
 }
@@ -110,6 +116,7 @@ void FlowLayout::placeRow(const Row& row, const QRect& area) const {
   int left = area.left();
   for (std::size_t i = 0; i < row.items.size(); ++i) {
     auto& item = *row.items[i];
+    if (row.firstAtEnd == i) { left += area.width() - row.width; }
     const int top = area.top() + row.ascent - baseline(item);
     const QRect place(left, top, row.widths[i], item.sizeHint().height());
     item.setGeometry(QStyle::visualRect(direction, area, place));

@@ -13,6 +13,8 @@ class FlowLayout final : public QLayout {
   FlowLayout(Align align, int horizontalSpacing, int verticalSpacing, QWidget* parent = nullptr);
   ~FlowLayout() override;
   void addItem(QLayoutItem* item) override;
+  /// What is added from here on stands at the end of its row.
+  void addStretch();
   [[nodiscard]] int count() const override;
   [[nodiscard]] QLayoutItem* itemAt(int index) const override;
   QLayoutItem* takeAt(int index) override;

@@ -123,15 +123,13 @@ ColumnArea::ColumnArea(const QString& accessibleName, int spacing, QWidget* pare
 
 SectionHeader::SectionHeader(const QString& title, QWidget* parent)
     : QWidget(parent),
-      row_(new QHBoxLayout(this)),
+      row_(new FlowLayout(FlowLayout::Align::baseline, theme::smallSpacing, 0, this)),
       subtitle_(new TextLabel(theme::TextStyle::callout, theme::TextColor::secondary, this)) {
-  auto* const heading =
-      new TextLabel(title, theme::TextStyle::headline, theme::TextColor::primary, this);
-  auto* const texts = new FlowLayout(FlowLayout::Align::baseline, theme::smallSpacing, 0);
-  texts->addWidget(heading);
-  texts->addWidget(subtitle_);
-  row_->setContentsMargins(0, 0, 0, 0);
-  row_->addLayout(texts, 1);
-  row_->setAlignment(texts, Qt::AlignVCenter);
+  row_->addWidget(
+      new TextLabel(title, theme::TextStyle::headline, theme::TextColor::primary, this));
+  row_->addWidget(subtitle_);
+  row_->addStretch();
 }
+
+void SectionHeader::addControl(QWidget* control) { row_->addWidget(control); }
 }  // namespace orvane

@@ -1,12 +1,13 @@
 #pragma once
 
-#include <QHBoxLayout>
 #include <QScrollArea>
 #include <QVBoxLayout>
 #include "shell/views/labels.h"
 #include "shell/views/theme.h"
 
 namespace orvane {
+class FlowLayout;
+
 /// A rounded rectangle around a card's content, in the card's tint.
 class Card : public QWidget {
  public:
@@ -74,10 +75,10 @@ class SectionHeader final : public QWidget {
  public:
   explicit SectionHeader(const QString& title, QWidget* parent = nullptr);
   void showSubtitle(std::string_view subtitle) { subtitle_->showTextOrHide(subtitle); }
-  void addControl(QWidget* control) { row_->addWidget(control); }
+  void addControl(QWidget* control);
 
  private:
-  QHBoxLayout* row_;
+  FlowLayout* row_;
   TextLabel* subtitle_;
 };
 }  // namespace orvane

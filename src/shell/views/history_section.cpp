@@ -1,5 +1,6 @@
 #include "shell/views/history_section.h"
 #include <QAccessible>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <array>
 #include <utility>

@@ -174,7 +174,7 @@ TEST_F(CommandsTest, PaymentsOpenAPageOrAreCopiedWhenOneIsChosenWhichStaysTheCho
   QDesktopServices::unsetUrlHandler(QStringLiteral("https"));
 }
 
-TEST(HelpTest, SaysAllThatItIsToldAndClosesItsWindow) {
+TEST(HelpTest, SaysAllThatItIsToldUnderOneLineAndClosesItsWindow) {
   QWidget window;
   const FennickAppInfo info{
       .name = "Name", .summary = "Sum", .helpIntroduction = {"1", "2"}, .contextualHelp = "3"};
@@ -186,6 +186,9 @@ TEST(HelpTest, SaysAllThatItIsToldAndClosesItsWindow) {
   }
   EXPECT_EQ(texts.join(u'|').toStdString(),
             "Name|Sum|About this app|1|2|Contextual help|3|The Fennick Tools");
+  EXPECT_EQ(std::ranges::count_if(help.findChildren<QWidget*>(),
+                                  [](auto* each) { return dynamic_cast<Divider*>(each); }),
+            1);
   help.findChild<QPushButton*>()->click();
   EXPECT_FALSE(window.isVisible());
 }

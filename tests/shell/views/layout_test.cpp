@@ -45,6 +45,38 @@ TEST_F(LayoutTest, TheLeftColumnIsFixedBesideTheAccountAndTakesAllWithoutIt) {
   EXPECT_EQ(find<QScrollArea>("Balance and settings")->width(), 1600);
 }
 
+/// Another size of the interface font, for a while.
+struct FontSize {
+  explicit FontSize(int points) {
+    QFont font = before;
+    font.setPointSize(points);
+    QApplication::setFont(font);
+  }
+  ~FontSize() { QApplication::setFont(before); }
+  const QFont before = QApplication::font();
+};
+
+/// Where the text of a label or of a control stands.
+int baseline(const QWidget& text) {
+  const QFontMetrics metrics(text.font());
+  return text.mapTo(text.window(), QPoint()).y() + (text.height() - metrics.height()) / 2 +
+         metrics.ascent();
+}
+
+TEST_F(LayoutTest, ATitleAndItsControlStandOnOneBaseline) {
+  for (const int points : {9, 13, 16}) {
+    const FontSize font(points);
+    show(everything());
+    resize(1600, 900);
+    const auto segments = visible<QRadioButton>();
+    for (const auto& [title, control] :
+         {std::pair("Braiins Pool balance", 0), {"Watched address", 2}, {"Daily history", 6}}) {
+      EXPECT_EQ(baseline(*label(title)), baseline(*segments.at(control)))
+          << title << " at " << points;
+    }
+  }
+}
+
 TEST_F(LayoutTest, TabGoesFromTheCardsToTheBarAndEveryStationHasAName) {
   show(everything());
   const QString landmarks =
@@ -61,12 +93,9 @@ TEST_F(LayoutTest, TabGoesFromTheCardsToTheBarAndEveryStationHasAName) {
   EXPECT_EQ(passed.join(u',').toStdString(), landmarks.toStdString());
 }
 
-TEST_F(LayoutTest, NoFigureIsCutOffInALargerFont) {
-  const QFont before = QApplication::font();
+TEST_F(LayoutTest, NoFigureIsCutOffInAFontSize) {
   for (const int points : {9, 13, 20}) {
-    QFont font = before;
-    font.setPointSize(points);
-    QApplication::setFont(font);
+    const FontSize font(points);
     auto figures = everything();
     figures.workers.at(0).hashRate5m = figures.workers.at(0).hashRate24h = 1e14;
     show(figures);
@@ -82,7 +111,6 @@ TEST_F(LayoutTest, NoFigureIsCutOffInALargerFont) {
       }
     }
   }
-  QApplication::setFont(before);
 }
 
 /// Counts the rows that a table asks for.
