@@ -2,6 +2,7 @@
 #include <QAccessible>
 #include <QHBoxLayout>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
 #include <algorithm>
 #include <utility>
@@ -54,6 +55,32 @@ SegmentedPicker* currencyPicker(BalanceStore& store, QWidget* parent) {
 }
 }  // namespace
 
+namespace {
+/// A field that can show that its text was refused.
+class DraftEdit final : public QLineEdit {
+ public:
+  using QLineEdit::QLineEdit;
+
+  void markRefused(bool isRefused) {
+    if (std::exchange(isRefused_, isRefused) != isRefused) { update(); }
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QLineEdit::paintEvent(event);
+    if (!isRefused_) { return; }
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(theme::textColor(TextColor::red, parentWidget()->palette()), markWidth));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), markWidth, markWidth);
+  }
+
+ private:
+  static constexpr int markWidth = 2;
+  bool isRefused_ = false;
+};
+}  // namespace
+
 /// A text field with the buttons that save and remove its text.
 class SettingsField final : public QWidget {
  public:
@@ -63,7 +90,7 @@ class SettingsField final : public QWidget {
                 std::function<void()> onDraftChange, QWidget* parent)
       : QWidget(parent),
         onCommit_(std::move(onCommit)),
-        edit_(new QLineEdit(this)),
+        edit_(new DraftEdit(this)),
         save_(textButton(tr("Save"), name, this)),
         remove_(textButton(tr("Remove"), name, this)) {
     edit_->setAccessibleName(name);
@@ -77,6 +104,7 @@ class SettingsField final : public QWidget {
     row->addWidget(save_);
     row->addWidget(remove_);
     connect(edit_, &QLineEdit::textChanged, this, std::move(onDraftChange));
+    connect(edit_, &QLineEdit::textChanged, this, [this] { edit_->markRefused(false); });
     connect(edit_, &QLineEdit::returnPressed, this, [this] { onCommit_(); });
     connect(save_, &QPushButton::clicked, this, [this] { onCommit_(); });
     connect(remove_, &QPushButton::clicked, this, [this] { remove(); });
@@ -91,6 +119,13 @@ class SettingsField final : public QWidget {
     if (!edit_->hasFocus()) {
       edit_->setCursorPosition(0);  // a long address shows its beginning
     }
+  }
+
+  /// Hands the draft back to be corrected: marked until it is edited, and ready to be typed over.
+  void refuseDraft() {
+    edit_->markRefused(true);
+    edit_->setFocus(Qt::OtherFocusReason);
+    edit_->selectAll();
   }
 
   /// What the empty field says.
@@ -113,7 +148,7 @@ class SettingsField final : public QWidget {
   }
 
   std::function<void()> onCommit_;
-  QLineEdit* edit_;
+  DraftEdit* edit_;
   QPushButton* save_;
   QPushButton* remove_;
 };
@@ -171,6 +206,10 @@ void SettingsSection::loadDrafts() {
   if (tokenFieldLoaded_ || state.isReadingToken) { return; }
   tokenFieldLoaded_ = true;
   if (tokenDraft().empty()) { tokenField_->setDraft(state.token); }
+  // Who starts with nothing has come to enter a token.
+  if (!state.hasSource() && !window()->focusWidget()) {
+    tokenField_->edit().setFocus(Qt::OtherFocusReason);
+  }
 }
 
 void SettingsSection::showState() {
@@ -205,6 +244,7 @@ void SettingsSection::commitAddress() {
   if (!addressMessage_) { addressField_->setDraft(store_.state().ownAddress); }
   showState();
   if (addressMessage_) {
+    addressField_->refuseDraft();
     QAccessibleEvent alert(addressMessageLabel_, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
   }
