@@ -36,19 +36,29 @@ QVariantMap hintsFor(NotificationSound sound) {
           {QStringLiteral("desktop-entry"), applicationId}};
 }
 
+/// A control character would end the text on its way (NUL), or is an error to a service that reads
+/// markup, which then shows nothing.
+QString withoutControls(const std::string& text) {
+  QString result = QString::fromStdString(text);
+  for (QChar& character : result) {
+    const bool isControl = character.category() == QChar::Other_Control && character != u'\n';
+    if (isControl || character.isNonCharacter()) { character = QChar::ReplacementCharacter; }
+  }
+  return result;
+}
+
 /// The call that shows `request`, made for a service with `capabilities`; `replaces` is the number
 /// of the notification that it takes the place of, 0 for none.
 QDBusMessage notifyCall(const NotificationRequest& request, uint replaces,
                         const QStringList& capabilities) {
-  const QString text = QString::fromStdString(numbersIsolated(request.body));
+  const QString text = withoutControls(numbersIsolated(request.body));
   const bool readsMarkup = capabilities.contains(QStringLiteral("body-markup"));
   // The label is for services that draw a click on the notification as a button.
   const bool hasActions = capabilities.contains(QStringLiteral("actions"));
   const QStringList actions =
       hasActions ? QStringList{defaultAction, QStringLiteral("Open")} : QStringList();
   QDBusMessage call = serviceCall(QStringLiteral("Notify"));
-  call.setArguments({applicationName, replaces, applicationId,
-                     QString::fromStdString(request.title),
+  call.setArguments({applicationName, replaces, applicationId, withoutControls(request.title),
                      readsMarkup ? text.toHtmlEscaped() : text, actions, hintsFor(request.sound),
                      expiresAsTheServiceLikes});
   return call;
