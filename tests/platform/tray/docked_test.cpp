@@ -17,7 +17,9 @@ class FakeTray {
                       XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT, values);
     xcb_map_window(connection_, panel_);
     const auto selection = display_.atom("_NET_SYSTEM_TRAY_S0");
-    xcb_set_selection_owner(connection_, panel_, selection, XCB_CURRENT_TIME);
+    for (const auto owned : {selection, display_.atom("_XSETTINGS_S0")}) {
+      xcb_set_selection_owner(connection_, panel_, owned, XCB_CURRENT_TIME);
+    }
     display_.send(display_.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY, display_.root(), "MANAGER",
                   {XCB_CURRENT_TIME, selection, panel_});
     display_.flush();
@@ -26,6 +28,22 @@ class FakeTray {
 
   /// The width that the icon gets whatever it asks for; 0 leaves it the choice.
   void allot(std::uint32_t width) { width_ = width; }
+
+  void tellTextColor(const QColor& color) {
+    const auto red = color.red() * 257U, green = color.green() * 257U, blue = color.blue() * 257U;
+    display_.setProperty(panel_, "_NET_SYSTEM_TRAY_COLORS", {red, green, blue});
+    display_.flush();
+  }
+  /// As the desktop does that has GTK's panels draw two pixels for one.
+  void enlarge() {
+    using namespace std::string_view_literals;
+    constexpr auto wire =
+        "\0\0\0\0\1\0\0\0\1\0\0\0\0\0\x17\0Gdk/WindowScalingFactor\0\0\0\0\0\2\0\0\0"sv;
+    const auto settings = display_.atom("_XSETTINGS_SETTINGS");
+    xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, panel_, settings, settings, 8,
+                        wire.size(), wire.data());
+    display_.flush();
+  }
 
   /// The icon as it stands on the screen; null until a window asked to be taken in.
   [[nodiscard]] QImage picture() {
@@ -99,6 +117,24 @@ TEST_F(DockedTest, APanelWithSquareIconsGetsAWholeSymbolUntilItMakesRoom) {
   EXPECT_TRUE(QTest::qWaitFor(hasFigureAtItsFoot)) << "nothing of a wide image reaches down there";
   tray->allot(120);
   EXPECT_TRUE(QTest::qWaitFor([&] { return tray->picture().width() == 120; }));
+}
+
+TEST_F(DockedTest, APanelThatIsEnlargedGetsALargerIcon) {
+  tray.emplace(lightPanel);
+  createItem();
+  ASSERT_TRUE(isOn(lightPanel));
+  tray->enlarge();
+  EXPECT_TRUE(
+      QTest::qWaitFor([&] { return tray->picture().height() == 2 * FakeTray::slotHeight; }));
+}
+
+TEST_F(DockedTest, ItsTextColorIsForAnItemOnTheBusAsWell) {
+  tray.emplace(lightPanel);
+  tray->tellTextColor(Qt::black);
+  createRegisteredItem("MATE");
+  EXPECT_TRUE(isDrawnFor(PanelShade::light));
+  tray->tellTextColor(Qt::white);
+  EXPECT_TRUE(isDrawnFor(PanelShade::dark));
 }
 
 TEST_F(DockedTest, ALateTrayGetsTheIconOfAWatcherThatDrawsNothing) {

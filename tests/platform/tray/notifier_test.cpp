@@ -1,6 +1,7 @@
 #include <QDBusMetaType>
 #include <QDir>
 #include <QMenu>
+#include <set>
 #include <gmock/gmock.h>
 #include "platform/tray/drawing/contrast.h"
 #include "status_item_fixture.h"
@@ -93,6 +94,17 @@ TEST_F(NotifierTest, WideImagesHaveRoomForTheirText) {
   }
 }
 
+TEST_F(NotifierTest, TheFigureInTheSmallestIconIsOfWholePixels) {
+  createRegisteredItem();
+  const QImage figure = host->icons().constFirst().copy(0, 11, 16, 4);
+  std::set<QRgb> colors;
+  for (int at = 0; at < 16 * 4; ++at) {
+    colors.insert(figure.pixel(at % 16, at / 16));
+  }
+  const auto ink = inkFor(sampleImage(*bar, ""), PanelShade::unknown);
+  EXPECT_EQ(colors, (std::set<QRgb>{0, ink.text.rgba(), ink.outline->rgba()}));
+}
+
 TEST_F(NotifierTest, AnIndicatorServiceThatComesLaterGetsFiles) {
   const QDir runtime(qEnvironmentVariable("XDG_RUNTIME_DIR"));
   ASSERT_TRUE(runtime.mkpath("orvane-status-999999999") && runtime.mkpath("orvane-status-1"));
@@ -105,16 +117,22 @@ TEST_F(NotifierTest, AnIndicatorServiceThatComesLaterGetsFiles) {
   EXPECT_FALSE(runtime.exists("orvane-status-999999999")) << "its process has ended";
   EXPECT_TRUE(runtime.exists("orvane-status-1"));
 
-  const QDir folder(host->text("IconThemePath"));
-  QStringList files;
-  for (const auto* text : {"1 sats", "2 sats", "3 sats"}) {
-    ASSERT_TRUE(hears("NewIcon", [&] { showText(text); }));
-    files.append(host->text("IconName") + ".png");
+  std::vector<QFileInfo> files;
+  for (const auto color : {std::optional<StatusColor>(), std::optional(StatusColor::systemOrange),
+                           std::optional(StatusColor::systemGreen)}) {
+    auto image = sampleImage(*bar, "1 sats");
+    image.symbolColor = color;
+    ASSERT_TRUE(hears("NewIcon", [&] { item->setImage(image); }));
+    files.emplace_back(host->text("IconThemePath"), host->text("IconName") + ".png");
   }
-  EXPECT_EQ(folder.entryList(QDir::Files), files.mid(1))
-      << "a name of its own for each, and a late host may still read the one before";
+  EXPECT_FALSE(files[0].exists());
+  EXPECT_TRUE(files[1].exists()) << "a late host may still read the one before";
+  EXPECT_TRUE(files[2].exists());
+  EXPECT_NE(files[1].path(), files[2].path()) << "GTK may not look twice into one folder";
+  ASSERT_TRUE(hears("XAyatanaNewLabel", [this] { showText("2 sats"); }));
+  EXPECT_FALSE(host->signalsHeard.contains("NewIcon")) << "it has no figure of its own";
   item.reset();
-  EXPECT_FALSE(folder.exists());
+  EXPECT_EQ(runtime.entryList({"orvane-status-*"}, QDir::Dirs), QStringList("orvane-status-1"));
 }
 
 TEST_F(NotifierTest, AClickActsWithTheTokenThatCameBeforeIt) {

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 #include "platform/desktop/symbols.h"
+#include "platform/tray/drawing/pixel_figure.h"
 #include "platform/tray/drawing/short_figure.h"
 
 namespace orvane {
@@ -143,6 +144,24 @@ TabularText figureInSquare(const QString& figure, int side) {
   }
   return {figure, least};
 }
+
+/// In smaller squares nothing stays whole that is thinner than a pixel.
+constexpr int leastForThinLines = 22;
+
+/// At the foot of a square; gives its height.
+int drawFigureAtFoot(QPainter& painter, const QString& figure, int side, const StatusInk& ink) {
+  const int margin = outlineReach(side, ink);
+  const int foot = side - margin;
+  const auto pixels = side < leastForThinLines ? pixelFigure(figure, ink.text) : QImage();
+  if (!pixels.isNull() && pixels.width() <= side) {
+    painter.drawImage((side - pixels.width()) / 2, foot - pixels.height(), pixels);
+    return pixels.height();
+  }
+  const auto text = figureInSquare(figure, side - 2 * margin);
+  painter.setPen(ink.text);
+  text.draw(painter, QPointF((side - text.width()) / 2, foot));
+  return toPixels(text.digitHeight());
+}
 }  // namespace
 
 PanelShade shadeOfBackground(const QColor& background) {
@@ -205,16 +224,16 @@ QImage drawSymbolSquare(const StatusImage& image, int side, const StatusInk& ink
 QImage drawFigureSquare(const StatusImage& image, int side, const StatusInk& ink) {
   if (image.text.empty()) { return drawSymbolSquare(image, side, ink); }
   const int margin = outlineReach(side, ink);
-  const int inner = side - 2 * margin;
-  const auto text = figureInSquare(shortFigure(QString::fromStdString(image.text)), inner);
   const int gap = std::max(1, side / 22);
-  const auto drawn = symbol(image, inner - toPixels(text.digitHeight()) - gap, ink);
 
   auto whole = blank(side, side);
   QPainter painter(&whole);
-  painter.drawPixmap((side - drawn.width()) / 2, margin, drawn);
-  painter.setPen(ink.text);
-  text.draw(painter, QPointF((side - text.width()) / 2, side - margin));
+  const auto figure = shortFigure(QString::fromStdString(image.text));
+  const int figureHeight = drawFigureAtFoot(painter, figure, side, ink);
+  const auto drawn = symbol(image, side - 2 * margin - figureHeight - gap, ink);
+  for (int strokes = side < leastForThinLines ? 3 : 1; strokes > 0; --strokes) {
+    painter.drawPixmap((side - drawn.width()) / 2, margin, drawn);
+  }
   painter.end();
   return outlined(std::move(whole), ink);
 }

@@ -49,13 +49,16 @@ IconFolder::~IconFolder() {
   if (!path_.isEmpty()) { QDir(path_).removeRecursively(); }
 }
 
-QString IconFolder::store(const QImage& image) {
-  if (path_.isEmpty()) { return {}; }
-  auto name = QStringLiteral("orvane-status-%1").arg(++count_);
-  const auto file = path_ + u'/' + name + QStringLiteral(".png");
-  if (!image.save(file)) { return {}; }
-  if (!previous_.isEmpty()) { QFile::remove(previous_); }
-  previous_ = std::exchange(newest_, file);
-  return name;
+const IconFile& IconFolder::store(const QImage& image) {
+  if (path_.isEmpty() || image == image_) { return newest_; }
+  const auto number = QString::number(++count_);
+  if (!previous_.folder.isEmpty()) { QDir(previous_.folder).removeRecursively(); }
+  previous_ = std::exchange(newest_, {.folder = path_ + u'/' + number,
+                                      .name = QStringLiteral("orvane-status-") + number});
+  const bool isWritten = QDir(path_).mkdir(number) &&
+                         image.save(newest_.folder + u'/' + newest_.name + QStringLiteral(".png"));
+  if (!isWritten) { newest_ = {}; }
+  image_ = isWritten ? image : QImage();
+  return newest_;
 }
 }  // namespace orvane

@@ -10,9 +10,18 @@ namespace orvane {
 /// \param flatpakInfo the file that says that this is a Flatpak, and which
 [[nodiscard]] QString sharedFolder(const QString& runtime, const QString& flatpakInfo);
 
-/// Hands images to hosts that read icons from files. Each image gets a name of its own, for hosts
-/// do not read a name twice. The folder goes with the object; what a killed process left behind
-/// goes with the next one.
+/// A file that holds an icon, as hosts are told of it: a folder, and a name without an ending. Both
+/// are empty when there is none.
+struct IconFile {
+  QString folder;
+  QString name;
+};
+
+/// Hands images to hosts that read icons from files. Another image gets another name, for hosts do
+/// not read a name twice, in a folder of its own: GTK lists a folder once and looks again only
+/// when its time, in whole seconds, has changed, so that a second file in it may stay unseen and
+/// the user sees a broken picture. All of it goes with the object; what a killed process left
+/// behind goes with the next one.
 class IconFolder {
  public:
   IconFolder();
@@ -20,17 +29,15 @@ class IconFolder {
   IconFolder(const IconFolder&) = delete;
   IconFolder& operator=(const IconFolder&) = delete;
 
-  /// Empty when there is no place to write to.
-  [[nodiscard]] const QString& path() const { return path_; }
-
-  /// The icon's name, which stands for a file in `path`; empty when it could not be written. The
-  /// image before it stays readable for hosts that are late.
-  [[nodiscard]] QString store(const QImage& image);
+  /// Where the image is now, which is where it was if it is the same as before; empty when it
+  /// could not be written. The one before it stays readable for hosts that are late.
+  [[nodiscard]] const IconFile& store(const QImage& image);
 
  private:
-  QString path_;
-  QString newest_;
-  QString previous_;
+  QString path_;  ///< empty when there is no place to write to
+  QImage image_;
+  IconFile newest_;
+  IconFile previous_;
   int count_ = 0;
 };
 }  // namespace orvane

@@ -9,8 +9,8 @@ namespace {
 /// The icon heights of panels at 100 and 200 %. Hosts take the nearest and scale it.
 constexpr std::array squareSides{16, 22, 24, 32, 44, 48, 64};
 constexpr std::array wideHeights{22, 24, 26, 28, 30, 32, 36, 40, 44, 48};
-/// Files cannot be offered in several sizes: hosts scale this one down.
-constexpr int fileHeight = 22;
+/// Files cannot be offered in several sizes: hosts scale this one, which is for 200 %, down.
+constexpr int fileHeight = 44;
 
 using Drawing = QImage (*)(const StatusImage&, int, const StatusInk&);
 
@@ -69,6 +69,12 @@ NotifierState NotifierPresenter::stateFor(const StatusContent& content) {
   return state;
 }
 
+void NotifierPresenter::addFile(NotifierState& state, const QImage& image) {
+  const auto& file = icons_->store(image);
+  state.iconThemePath = file.folder;
+  state.iconName = file.name;
+}
+
 void NotifierPresenter::addIcon(NotifierState& state, const StatusImage& image,
                                 const StatusInk& ink) {
   switch (presentation_) {
@@ -77,9 +83,8 @@ void NotifierPresenter::addIcon(NotifierState& state, const StatusImage& image,
       state.label = QString::fromStdString(numbersIsolated(image.text));
       return;
     case Presentation::labelBesideFile:
-      state.iconThemePath = icons_->path();
       state.label = QString::fromStdString(numbersIsolated(image.text));
-      state.iconName = icons_->store(drawSymbolSquare(image, fileHeight, ink));
+      addFile(state, drawSymbolSquare(image, fileHeight, ink));
       if (state.iconName.isEmpty()) {
         state.icons = drawAll(squareSides, drawSymbolSquare, image, ink);
       }

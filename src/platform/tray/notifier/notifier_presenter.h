@@ -24,6 +24,7 @@ class NotifierPresenter final : public StatusPresenter {
  private:
   [[nodiscard]] NotifierState stateFor(const StatusContent& content);
   void addIcon(NotifierState& state, const StatusImage& image, const StatusInk& ink);
+  void addFile(NotifierState& state, const QImage& image);
   void appear();
 
   Presentation presentation_;

@@ -29,7 +29,8 @@ DockedWindow::DockedWindow(Executor& executor, Look look, StatusRequests request
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::X11BypassWindowManagerHint),
       executor_(executor),
       look_(look),
-      requests_(std::move(requests)) {
+      requests_(std::move(requests)),
+      panelScale_(panelScale()) {
   setObjectName(QStringLiteral("statusItem"));
   setAttribute(Qt::WA_QuitOnClose, false);
   setAttribute(Qt::WA_AlwaysShowToolTips);
@@ -50,14 +51,23 @@ void DockedWindow::setContent(const StatusContent& content) {
 
 void DockedWindow::handlePanel(const std::optional<QColor>& foreground) {
   look_.foreground = foreground;
+  followScale();
   readBackgroundSoon();
   redraw();
+}
+
+/// GTK's panels keep an icon in the pixels that it had when they are enlarged, until it asks for
+/// other ones: they answer with those that it should have.
+void DockedWindow::followScale() {
+  const int scale = panelScale();
+  const int before = std::exchange(panelScale_, scale);
+  if (scale != before) { resize(size() * scale / before); }
 }
 
 /// Panels that GTK enlarges give pixels in larger numbers; where Qt enlarges as well, our own are
 /// larger already.
 int DockedWindow::iconHeight() const {
-  const double scale = std::max(1.0, panelScale() / devicePixelRatio());
+  const double scale = std::max(1.0, panelScale_ / devicePixelRatio());
   return std::clamp(height(), smallestIcon, static_cast<int>(std::lround(largestIcon * scale)));
 }
 

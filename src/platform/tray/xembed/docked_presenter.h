@@ -44,6 +44,7 @@ class DockedWindow final : public QWidget {
   void redraw();
   [[nodiscard]] QImage draw(Shape shape, int height) const;
   void askForWidth(int imageWidth);
+  void followScale();
   [[nodiscard]] int iconHeight() const;
   [[nodiscard]] PanelShade shade() const;
   void readBackgroundSoon();
@@ -53,6 +54,7 @@ class DockedWindow final : public QWidget {
   Look look_;
   StatusRequests requests_;
   StatusContent content_;
+  int panelScale_;
   QImage background_;
   QImage drawn_;
   std::optional<OneShotTimer> readingBackground_;
