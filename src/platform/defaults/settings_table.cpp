@@ -1,5 +1,7 @@
 #include "platform/defaults/settings_table.h"
 #include <cstdint>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
@@ -166,7 +168,22 @@ SettingsState createTable(sqlite3* connection) {
   return stateOf(code);
 }
 
+/// SQLite reads a file that was cut off within a page as if zeros followed, which would change a
+/// value without a word. A log that is not empty may hold that page, and then nothing is missing.
+bool endsWithinPage(sqlite3* connection) {
+  const char* const file = sqlite3_db_filename(connection, "main");
+  const PreparedSql page(connection, "PRAGMA page_size");
+  if (page.step() != SQLITE_ROW) { return false; }
+  const auto pageSize = static_cast<std::uintmax_t>(sqlite3_column_int64(page.statement.get(), 0));
+  std::error_code error;
+  const std::uintmax_t log = std::filesystem::file_size(sqlite3_filename_wal(file), error);
+  const bool hasLog = !error && log > 0;
+  const std::uintmax_t size = std::filesystem::file_size(file, error);
+  return !error && !hasLog && size % pageSize != 0;
+}
+
 SettingsState checkStructure(sqlite3* connection) {
+  if (endsWithinPage(connection)) { return SettingsState::damaged; }
   const PreparedSql check(connection, "PRAGMA integrity_check(1)");
   const int code = check.step();
   const bool isBroken = code == SQLITE_ROW && bytesOf(check.statement.get(), 0) != "ok";

@@ -380,6 +380,7 @@ TEST_F(DamagedSettingsTest, AreSetAsideAsTheyWereAndEveryOneIsKept) {
       {"an unreadable index", unreadableIndex},
       {"half of it", sound.substr(0, sound.size() / 2)},
       {"all but a page", sound.substr(0, sound.size() - 4096)},
+      {"all but a byte, which would be read as a zero", sound.substr(0, sound.size() - 1)},
       {"a table of nobody's", databaseOf("CREATE TABLE settings (key, type, value)")},
       {"another program's", databaseOf("CREATE TABLE bookmarks (url);"
                                        "PRAGMA application_id = 252006674")},
