@@ -22,6 +22,7 @@ constexpr auto lookAtWritesEvery = 20ms;
 OrvaneApp::OrvaneApp(OrvanePlatform platform, OrvaneSettings settings)
     : platform_(std::move(platform)),
       settings_(std::move(settings)),
+      layout_(platform_.balance.defaults),
       store_(std::make_shared<BalanceStore>(platform_.balance)),
       backgroundRuntime_(BackgroundRuntime::create({}, {.executor = platform_.balance.executor,
                                                         .application = platform_.desktop,
@@ -45,7 +46,7 @@ OrvaneApp::~OrvaneApp() {
 
 void OrvaneApp::launch() {
   appDelegate_.willFinishLaunching();
-  windows_.prepare(mainSceneId);
+  prepareMainWindow();
   // The window is to open with the columns that it keeps, so a keychain that answers at once is
   // waited for; one that asks the user is not.
   longestWaitForToken_.emplace(platform_.balance.executor, longestWaitForToken,
@@ -128,6 +129,13 @@ std::unique_ptr<QWidget> OrvaneApp::makeMainContent() {
                           .askWhereToSave = settings_.askWhereToSave});
   mainContent_ = content.get();
   return content;
+}
+
+void OrvaneApp::prepareMainWindow() {
+  auto* const window = windows_.prepare(mainSceneId);
+  QtDesktopApplication::keepPlacement(
+      *window, layout_.placement(),
+      [this](const ChosenPlacement& placement) { layout_.setPlacement(placement); });
 }
 
 OpenWindow OrvaneApp::openWindow() {

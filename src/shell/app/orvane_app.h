@@ -18,6 +18,7 @@
 #include "shell/app/scenes.h"
 #include "shell/menu_bar/background_runtime.h"
 #include "shell/views/history_commands.h"
+#include "shell/views/kept_layout.h"
 
 namespace orvane {
 class BalanceMainSceneContent;
@@ -67,6 +68,7 @@ class OrvaneApp {
  private:
   [[nodiscard]] std::unique_ptr<QWidget> makeContent(const WindowScene& scene);
   [[nodiscard]] std::unique_ptr<QWidget> makeMainContent();
+  void prepareMainWindow();
   [[nodiscard]] OpenWindow openWindow();
   [[nodiscard]] Menu commands();
   void tellOfMissingTray();
@@ -77,6 +79,7 @@ class OrvaneApp {
 
   OrvanePlatform platform_;
   OrvaneSettings settings_;
+  KeptLayout layout_;
   BroadcastCenter broadcasts_;
   std::shared_ptr<BalanceStore> store_;
   std::shared_ptr<BackgroundRuntime> backgroundRuntime_;

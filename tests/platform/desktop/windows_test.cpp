@@ -3,7 +3,13 @@
 
 namespace orvane::test { namespace {
 
-using WindowsTest = DesktopTest;
+class WindowsTest : public DesktopTest {
+ protected:
+  /// As a user does it: the program has not asked for it.
+  void user(const char* act, QStringList how) {
+    QProcess::execute("xdotool", QStringList{act, QString::number(widget.winId())} + how);
+  }
+};
 
 TEST_F(WindowsTest, AskTheirDelegateWhenTheWindowManagerClosesThemAndCanBeShownAgain) {
   const auto pressCloseControl = [this] {
@@ -43,7 +49,7 @@ TEST_F(WindowsTest, KeepPlaceSizeAndFocusWhileHidden) {
   };
   // As a user moves it: the program has not asked for this place.
   const QRect before = place();
-  QProcess::execute("xdotool", {"windowmove", QString::number(widget.winId()), "311", "173"});
+  user("windowmove", {"311", "173"});
   ASSERT_TRUE(QTest::qWaitFor([&] { return widget.geometry().topLeft() == QPoint(311, 173); }));
   const QRect moved = place();
   EXPECT_NE(moved, before);
@@ -56,12 +62,55 @@ TEST_F(WindowsTest, KeepPlaceSizeAndFocusWhileHidden) {
   EXPECT_EQ(place(), moved) << place().x() << ' ' << place().y();
 }
 
-TEST_F(WindowsTest, AppearWholeUnderAWindowManagerThatBoundsNothing) {
-  widget.resize(5000, 4000);
+TEST_F(WindowsTest, ComeBackAsTheUserLeftThemAndNotAsTheProgramDid) {
+  ChosenPlacement kept;
+  QtDesktopApplication::keepPlacement(window, {}, [&](const auto& chosen) { kept = chosen; });
   bringUp();
-  const auto workArea = widget.screen()->availableGeometry();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return workArea.contains(widget.frameGeometry()); }))
-      << widget.frameGeometry().width() << ' ' << widget.frameGeometry().bottom();
+  widget.resize(400, 300);
+  const auto isArranged = [&](const char* width) {
+    user("windowsize", {width, "300"});
+    user("windowmove", {"100", width});
+    return QTest::qWaitFor([&] { return kept.centre.has_value(); }, 1000);
+  };
+  ASSERT_TRUE(isArranged("510") || isArranged("520")) << "once it has been left alone";
+  const QRect left = widget.geometry();
+  const ChosenPlacement expected{.width = left.width(), .height = {}, .centre = centreOf(left)};
+  EXPECT_EQ(kept, expected);
+
+  const auto display = X11Display::ofApplication();
+  display->sendToWindowManager(static_cast<xcb_window_t>(widget.winId()), "_NET_WM_STATE",
+                               {1, display->atom("_NET_WM_STATE_MAXIMIZED_VERT"),
+                                display->atom("_NET_WM_STATE_MAXIMIZED_HORZ")});
+  display->flush();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return widget.isMaximized() && widget.width() > 600; }));
+  window.orderOut();
+  EXPECT_EQ(kept, expected);
+
+  auto& next = application.addWindow(content());
+  auto& nextWidget = QtDesktopApplication::widgetOf(next);
+  nextWidget.resize(400, 300);
+  QtDesktopApplication::keepPlacement(next, kept, {});
+  next.makeKeyAndOrderFront();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&nextWidget));
+  EXPECT_EQ(nextWidget.geometry(), left) << nextWidget.x() << ' ' << nextWidget.y();
+}
+
+TEST_F(WindowsTest, AppearWholeUnderAWindowManagerThatBoundsNothing) {
+  for (const auto& kept :
+       {ChosenPlacement{},
+        ChosenPlacement{.width = 300, .height = 300, .centre = QPoint(9000, 9000)},
+        ChosenPlacement{.width = 9000, .height = {}, .centre = QPoint(-20, -20)}}) {
+    auto& each = application.addWindow(content());
+    auto& shown = QtDesktopApplication::widgetOf(each);
+    shown.resize(5000, 4000);
+    QtDesktopApplication::keepPlacement(each, kept, {});
+    each.makeKeyAndOrderFront();
+    const auto workArea = shown.screen()->availableGeometry();
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+      return isPlaced(shown) && workArea.contains(shown.frameGeometry());
+    })) << shown.frameGeometry().width()
+        << ' ' << shown.frameGeometry().bottom();
+  }
 }
 
 TEST(WindowPlacement, CountsFramesAndPanels) {
@@ -92,7 +141,7 @@ TEST(WindowPlacement, CountsFramesAndPanels) {
 TEST_F(WindowsTest, TellWhenTheyAreMinimisedByWhomeverAndComeBackWhole) {
   window.setDelegate(delegate);
   bringUp();
-  QProcess::execute("xdotool", {"windowminimize", QString::number(widget.winId())});
+  user("windowminimize", {});
   ASSERT_TRUE(QTest::qWaitFor([this] { return window.isMiniaturized(); }));
   EXPECT_FALSE(window.isVisible());
   bringUp();

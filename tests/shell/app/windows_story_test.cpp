@@ -79,6 +79,33 @@ TEST_F(WindowsStory, TheMainWindowWidensForItsSecondColumnOnBothSidesAlike) {
   EXPECT_EQ(main.geometry(), QRect(225, 30, 1190, 900)) << main.x() << ' ' << main.width();
 }
 
+TEST_F(WindowsStory, TheMainWindowComesBackAtTheNextStartAsTheUserLeftIt) {
+  const auto quitAndStart = [this] {
+    press(Qt::Key_Q, Qt::ControlModifier);
+    launch();
+  };
+  const QRect own = widget("Orvane").geometry();
+  quitAndStart();
+  EXPECT_EQ(widget("Orvane").geometry(), own);
+  EXPECT_EQ(defaults.texts("window.size"), std::nullopt) << "nobody has decided it";
+
+  const auto userPlaces = [this](const QRect& place) {  // not asked for by the program
+    widget("Orvane").windowHandle()->setGeometry(place);
+    return QTest::qWaitFor([&] { return defaults.texts("window.size").has_value(); }, 1000);
+  };
+  ASSERT_TRUE(userPlaces({210, 73, 700, 800}) || userPlaces({211, 73, 701, 801}));
+  const QRect left(150, 80, 711, 822);
+  userPlaces(left);
+  for (int start = 0; start < 2; ++start) {
+    quitAndStart();
+    EXPECT_EQ(widget("Orvane").geometry(), left);
+  }
+  defaults.setTexts("window.size", {"wide", "-5"});
+  defaults.setTexts("window.centre", {"99999999999999", "1"});
+  launch();
+  EXPECT_EQ(widget("Orvane").geometry(), own);
+}
+
 TEST_F(WindowsStory, TheAboutWindowNamesTheVersion) {
   const auto labels = open("show-about", "About Orvane").findChildren<QLabel*>();
   EXPECT_EQ(std::ranges::count(labels, QStringLiteral("Version 1.0.0"), &QLabel::text), 1);

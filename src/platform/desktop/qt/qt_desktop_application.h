@@ -67,6 +67,12 @@ class QtDesktopApplication final : public QObject, public DesktopApplication {
   void removeWindows() { windows_.clear(); }
   /// The widget of a window that `addWindow` returned.
   [[nodiscard]] static QWidget& widgetOf(DesktopWindow& window);
+  /// Has a window that `addWindow` returned, and that has not been shown yet, appear as the user
+  /// left it in an earlier run; see there.
+  static void keepPlacement(DesktopWindow& window, const ChosenPlacement& chosen,
+                            PlacementWatch::Keep keep) {
+    static_cast<QtDesktopWindow&>(window).keepPlacement(chosen, std::move(keep));
+  }
 
   /// What `terminate`, and a desktop that asks the application to quit, lead to; unless set, the
   /// event loop ends with 0.

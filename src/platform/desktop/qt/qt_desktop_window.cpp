@@ -5,7 +5,6 @@
 #include <QWindow>
 #include <charconv>
 #include <string_view>
-#include <utility>
 #include "platform/x11/x11_display.h"
 
 namespace orvane {
@@ -33,13 +32,11 @@ void activateByPermission(QWidget& window, const std::string& token) {
   if (!token.empty() || QGuiApplication::focusWindow()) { window.activateWindow(); }
   qunsetenv("XDG_ACTIVATION_TOKEN");  // it was for this window
 }
-
-bool fillsScreen(const QWidget& window) { return window.isMaximized() || window.isFullScreen(); }
 }  // namespace
 
 QtDesktopWindow::QtDesktopWindow(std::unique_ptr<QWidget> widget,
                                  std::function<std::string(QtDesktopWindow&)> onOrderFront)
-    : widget_(std::move(widget)), onOrderFront_(std::move(onOrderFront)) {
+    : widget_(std::move(widget)), placement_(*widget_), onOrderFront_(std::move(onOrderFront)) {
   widget_->installEventFilter(this);
 }
 
@@ -71,7 +68,10 @@ bool QtDesktopWindow::isVisible() const { return widget_->isVisible() && !isMini
 
 bool QtDesktopWindow::isKeyWindow() const { return isVisible() && widget_->isActiveWindow(); }
 
-void QtDesktopWindow::miniaturize() { widget_->showMinimized(); }
+void QtDesktopWindow::miniaturize() {
+  if (!widget_->isVisible()) { takePlace(); }
+  widget_->showMinimized();
+}
 
 void QtDesktopWindow::deminiaturize() {
   widget_->setWindowState(widget_->windowState() & ~Qt::WindowMinimized);
@@ -132,13 +132,23 @@ void QtDesktopWindow::takePlace() {
   widget_->winId();  // makes the window that is listened to
   widget_->windowHandle()->installEventFilter(this);
   isAppearing_ = true;
+  placement_.programActs();
   if (fillsScreen(*widget_)) { return; }
-  const auto room = roomOf(*widget_);
-  if (!placeWhenHidden_) {
-    widget_->resize(placeWithin(room, widget_->geometry()).size());
+  if (placeWhenHidden_) {
+    standAt(placeToReturnTo(roomOf(*widget_), *placeWhenHidden_));
     return;
   }
-  const QRect place = placeToReturnTo(room, *placeWhenHidden_);
+  const ChosenPlacement& chosen = placement_.chosen();
+  const QSize size = chosenSize(chosen, widget_->size(), widget_->minimumSize());
+  if (chosen.centre && canPlaceWindows()) {
+    standAt(placeAbout(*chosen.centre, size, *widget_));
+  } else {
+    widget_->resize(
+        placeWithin(roomOf(*widget_), QRect(widget_->geometry().topLeft(), size)).size());
+  }
+}
+
+void QtDesktopWindow::standAt(const QRect& place) {
   widget_->setGeometry(place);
   // A window manager places a window anew each time it appears unless it asks for its place, and
   // Qt asks only for a place that its window was told itself.
@@ -147,6 +157,7 @@ void QtDesktopWindow::takePlace() {
 
 /// Once the window has appeared.
 void QtDesktopWindow::comeOntoScreen() {
+  placement_.programActs();
   const bool isWhereTheUserLeftIt =
       placeWhenHidden_ && placeWhenHidden_->place.size() == widget_->size();
   if (!isPlaced(*widget_) || fillsScreen(*widget_) || isWhereTheUserLeftIt) { return; }

@@ -7,8 +7,9 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include "platform/desktop/desktop_application.h"
-#include "platform/desktop/qt/window_placement.h"
+#include "platform/desktop/qt/placement_watch.h"
 
 namespace orvane {
 /// A top-level widget as a window of the desktop. Closing it takes it off the screen; it can be
@@ -25,6 +26,12 @@ class QtDesktopWindow final : public QObject, public DesktopWindow {
   ~QtDesktopWindow() override;
 
   [[nodiscard]] QWidget& widget() const { return *widget_; }
+
+  /// Has the window appear for the first time as the user left it in an earlier run, wholly on a
+  /// screen. `keep` hears what is to be handed in here the next time.
+  void keepPlacement(const ChosenPlacement& chosen, PlacementWatch::Keep keep) {
+    placement_.begin(chosen, std::move(keep));
+  }
 
   /// Brings the window in front of other programs' windows and gives it the keyboard. `token` is
   /// what the program that the user acted in handed on for this purpose; empty: none.
@@ -51,12 +58,14 @@ class QtDesktopWindow final : public QObject, public DesktopWindow {
 
  private:
   void takePlace();
+  void standAt(const QRect& place);
   void comeOntoScreen();
   void remember();
   [[nodiscard]] bool mayClose();
   void handleStateChange();
 
   std::unique_ptr<QWidget> widget_;
+  PlacementWatch placement_;
   std::function<std::string(QtDesktopWindow&)> onOrderFront_;
   std::weak_ptr<WindowDelegate> delegate_;
   Signal<WindowNotification> notifications_;

@@ -1,4 +1,5 @@
 #include "platform/desktop/qt/window_placement.h"
+#include <QGuiApplication>
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
@@ -22,6 +23,10 @@ bool isPlaced(const QWidget& window) {
   return window.windowHandle() && window.windowHandle()->isExposed();
 }
 
+bool fillsScreen(const QWidget& window) { return window.isMaximized() || window.isFullScreen(); }
+
+bool canPlaceWindows() { return !QGuiApplication::platformName().startsWith(u"wayland"); }
+
 QSize largestSize(const WindowRoom& room) {
   const QMargins frame = room.frame | usualFrame;
   return room.workArea.marginsRemoved(frame).size();
@@ -44,5 +49,21 @@ QRect grownAboutCentre(const WindowRoom& room, const QRect& place, const QSize& 
 QRect placeToReturnTo(const WindowRoom& room, const RememberedPlace& remembered) {
   return remembered.workArea == room.workArea ? remembered.place
                                               : placeWithin(room, remembered.place);
+}
+
+QPoint centreOf(const QRect& place) {
+  return place.topLeft() + QPoint(place.width() / 2, place.height() / 2);
+}
+
+QSize chosenSize(const ChosenPlacement& chosen, const QSize& size, const QSize& least) {
+  const QSize wanted(chosen.width.value_or(size.width()), chosen.height.value_or(size.height()));
+  return wanted.expandedTo(least);
+}
+
+QRect placeAbout(const QPoint& centre, const QSize& size, const QWidget& window) {
+  const QScreen* const screen = QGuiApplication::screenAt(centre);
+  const QRect workArea = (screen ? screen : window.screen())->availableGeometry();
+  const QPoint corner = centre - QPoint(size.width() / 2, size.height() / 2);
+  return placeWithin({.workArea = workArea, .frame = {}}, QRect(corner, size));
 }
 }  // namespace orvane
