@@ -12,8 +12,25 @@ namespace orvane {
 namespace {
 constexpr int dotWidth = theme::stateDotSize + theme::smallSpacing;
 
-QRect insetCell(const QRect& cell) {
-  return cell.adjusted(theme::tableCellPadding, 0, -theme::tableCellPadding, 0);
+/// What stands around the text of a cell. The outer columns keep the distance to the panel's edge
+/// that everything in it keeps; the scroll bar lies in it.
+struct CellPadding {
+  int leading = theme::tableCellPadding;
+  int trailing = theme::tableCellPadding;
+
+  CellPadding(int column, int columnCount) {
+    if (column == 0) { leading = theme::panelPadding; }
+    if (column + 1 == columnCount) { trailing = theme::panelPadding; }
+  }
+
+  [[nodiscard]] int sum() const { return leading + trailing; }
+  [[nodiscard]] QRect within(const QRect& cell, Qt::LayoutDirection side) const {
+    return QStyle::visualRect(side, cell, cell.adjusted(leading, 0, -trailing, 0));
+  }
+};
+
+CellPadding paddingOf(const QModelIndex& cell) {
+  return {cell.column(), cell.model()->columnCount()};
 }
 
 /// `alignment` is the visual one; the text itself runs in its own direction, whatever the
@@ -58,14 +75,14 @@ class PlainHeader final : public QHeaderView {
     painter->setPen(theme::textColor(theme::TextColor::secondary, palette()));
     const auto alignment =
         Qt::Alignment(model()->headerData(section, Qt::Horizontal, Qt::TextAlignmentRole).toInt());
-    drawElided(*painter, insetCell(rect),
+    drawElided(*painter, CellPadding(section, count()).within(rect, layoutDirection()),
                model()->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString(),
                QStyle::visualAlignment(layoutDirection(), alignment));
   }
 
   [[nodiscard]] QSize sectionSizeFromContents(int section) const override {
     const auto text = model()->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
-    return {QFontMetrics(font()).horizontalAdvance(text) + 2 * theme::tableCellPadding,
+    return {QFontMetrics(font()).horizontalAdvance(text) + CellPadding(section, count()).sum(),
             theme::tableRowHeight};
   }
 };
@@ -78,8 +95,7 @@ class FigureCellDelegate final : public QStyledItemDelegate {
   [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
                                const QModelIndex& index) const override {
     const int dot = index.data(dotColorRole).isValid() ? dotWidth : 0;
-    return QStyledItemDelegate::sizeHint(option, index) +
-           QSize(2 * theme::tableCellPadding + dot, 0);
+    return QStyledItemDelegate::sizeHint(option, index) + QSize(paddingOf(index).sum() + dot, 0);
   }
 
   /// A text that does not fit shows itself whole.
@@ -98,7 +114,7 @@ class FigureCellDelegate final : public QStyledItemDelegate {
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override {
     painter->save();
-    auto box = insetCell(option.rect);
+    auto box = paddingOf(index).within(option.rect, option.direction);
     const auto dotColor = index.data(dotColorRole);
     if (dotColor.isValid()) {
       const auto color = static_cast<theme::MarkColor>(dotColor.toInt());
@@ -157,9 +173,9 @@ void FigureTable::applyStyle() {
   horizontalHeader()->setFont(theme::textFont(theme::TextStyle::captionSemibold));
 }
 
-int FigureTable::cellWidth(std::string_view text, bool hasDot) const {
-  return fontMetrics().horizontalAdvance(toQString(text)) + 2 * theme::tableCellPadding +
-         (hasDot ? dotWidth : 0);
+int FigureTable::cellWidth(int column, std::string_view text, bool hasDot) const {
+  return fontMetrics().horizontalAdvance(toQString(text)) +
+         CellPadding(column, model()->columnCount()).sum() + (hasDot ? dotWidth : 0);
 }
 
 int FigureTable::titleWidth(int column) const {

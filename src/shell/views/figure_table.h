@@ -109,7 +109,7 @@ class FigureTable : public QTableView {
   /// the font has changed; a table calls it itself when it is made.
   virtual void fitColumns() {}
   /// What a cell with this text needs, and what a column's title needs.
-  [[nodiscard]] int cellWidth(std::string_view text, bool hasDot = false) const;
+  [[nodiscard]] int cellWidth(int column, std::string_view text, bool hasDot = false) const;
   [[nodiscard]] int titleWidth(int column) const;
 
  private:

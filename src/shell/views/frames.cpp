@@ -1,5 +1,6 @@
 #include "shell/views/frames.h"
 #include <QPainter>
+#include <QProxyStyle>
 #include <QScrollBar>
 #include <QStyleOptionSlider>
 #include <algorithm>
@@ -22,21 +23,25 @@ constexpr double handleInset = 3;
 constexpr double restingOpacity = 0.35;
 constexpr double touchedOpacity = 0.7;
 
+/// Lets a scroll bar lie over the padding of what scrolls, in every style alike, so that nothing
+/// becomes narrower when the bar comes.
+class OverlappingStyle final : public QProxyStyle {
+ public:
+  OverlappingStyle() : QProxyStyle(QStringLiteral("fusion")) {}
+
+  int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                  const QWidget* widget) const override {
+    const bool isExtent = metric == PM_ScrollBarExtent || metric == PM_ScrollView_ScrollBarOverlap;
+    return isExtent ? theme::scrollBarWidth : QProxyStyle::pixelMetric(metric, option, widget);
+  }
+};
+
 class ThinScrollBar final : public QScrollBar {
  public:
   ThinScrollBar(Qt::Orientation orientation, QWidget* parent) : QScrollBar(orientation, parent) {
+    setStyle(&style_);
     setAttribute(Qt::WA_Hover);
     setAttribute(Qt::WA_OpaquePaintEvent, false);  // the ground shows beside the handle
-  }
-
-  [[nodiscard]] QSize sizeHint() const override {
-    auto size = QScrollBar::sizeHint();
-    if (orientation() == Qt::Vertical) {
-      size.setWidth(theme::scrollBarWidth);
-    } else {
-      size.setHeight(theme::scrollBarWidth);
-    }
-    return size;
   }
 
  protected:
@@ -56,6 +61,9 @@ class ThinScrollBar final : public QScrollBar {
     const auto radius = std::min(handle.width(), handle.height()) / 2;
     painter.drawRoundedRect(handle, radius, radius);
   }
+
+ private:
+  OverlappingStyle style_;
 };
 }  // namespace
 

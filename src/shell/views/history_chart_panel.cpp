@@ -1,5 +1,6 @@
 #include "shell/views/history_chart_panel.h"
 #include <QVBoxLayout>
+#include "shell/views/history_picture.h"
 #include "shell/views/qt_text.h"
 
 namespace orvane {
@@ -20,11 +21,17 @@ HistoryChartPanel::HistoryChartPanel(BalanceStore& store, const LocaleFormat& fo
   chart_->onMove = [this] { showDay(); };
   day_ = wrappingText({}, theme::TextStyle::calloutFigure, theme::TextColor::primary, this);
   day_->makeSelectable();
+  // The words in the picture stand where everything in the panel begins and ends.
+  constexpr int gap = HistoryPicture::gap;
+  day_->setContentsMargins(gap, 0, gap, 0);
+  auto* const choice = new QVBoxLayout;
+  choice->setContentsMargins(gap, 0, gap, 0);
+  choice->addWidget(span_, 0, Qt::AlignTrailing);
   auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(theme::barPadding, theme::smallSpacing, theme::barPadding,
-                             theme::smallSpacing);
+  column->setContentsMargins(theme::panelPadding - gap, theme::smallSpacing,
+                             theme::panelPadding - gap, theme::smallSpacing);
   column->setSpacing(theme::smallSpacing);
-  column->addWidget(span_, 0, Qt::AlignTrailing);
+  column->addLayout(choice);
   column->addWidget(chart_, 1);
   column->addWidget(day_);
 }

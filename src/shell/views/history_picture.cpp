@@ -9,7 +9,6 @@
 
 namespace orvane {
 namespace {
-constexpr int gap = 6;              ///< between an axis and its words
 constexpr double barShare = 0.8;    ///< of a day's width; the rest is space
 constexpr double narrowestBar = 4;  ///< of a day with space around its bar
 constexpr double lineWidth = 1.6;

@@ -12,6 +12,8 @@ namespace orvane {
 /// needed; costs next to nothing until it paints.
 class HistoryPicture {
  public:
+  static constexpr int gap = 6;  ///< between an axis and its words, and around these
+
   /// `series` and `format` outlive the picture.
   HistoryPicture(const HistorySeries& series, const LocaleFormat& format, const QRect& area);
 

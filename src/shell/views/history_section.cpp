@@ -47,8 +47,8 @@ class BraiinsHistorySummaryRow final : public QWidget {
   BraiinsHistorySummaryRow(const LocaleFormat& format, QWidget* trailing, QWidget* parent)
       : QWidget(parent), format_(format), metrics_(new MetricRow(&summaryMetric, this)) {
     auto* const row = new QHBoxLayout(this);
-    row->setContentsMargins(theme::summaryHorizontalPadding, theme::summaryVerticalPadding,
-                            theme::summaryHorizontalPadding, theme::summaryVerticalPadding);
+    row->setContentsMargins(theme::panelPadding, theme::summaryVerticalPadding, theme::panelPadding,
+                            theme::summaryVerticalPadding);
     row->setSpacing(theme::barPadding);
     row->addWidget(metrics_, 1, Qt::AlignVCenter);
     row->addWidget(trailing, 0, Qt::AlignVCenter);

@@ -24,6 +24,7 @@ inline constexpr double cardFillOpacity = 0.08;
 inline constexpr double cardOutlineOpacity = 0.25;
 
 inline constexpr int panelRadius = 10;
+inline constexpr int panelPadding = 20;  ///< left and right of everything in a panel
 inline constexpr double panelOutlineOpacity = 0.2;
 
 inline constexpr int metricSpacing = 28;
@@ -42,7 +43,6 @@ inline constexpr int stateColumnWidth = 80;
 inline constexpr int rateColumnWidth = 110;
 inline constexpr int stateDotSize = 8;
 inline constexpr int historyTableMinimumHeight = 200;
-inline constexpr int summaryHorizontalPadding = 20;
 inline constexpr int summaryVerticalPadding = 10;
 
 inline constexpr int controlHeight = 28;  ///< of buttons and fields, at least

@@ -93,15 +93,17 @@ class WorkersSection::Table final : public FigureTable {
     int stateWidth =
         std::max(theme::stateColumnWidth + 2 * theme::tableCellPadding, titleWidth(Column::state));
     for (const char* const word : stateWords) {
-      stateWidth = std::max(stateWidth, cellWidth(word, true));
+      stateWidth = std::max(stateWidth, cellWidth(Column::state, word, true));
     }
     header.resizeSection(Column::state, stateWidth);
-    int rateWidth = theme::rateColumnWidth;
-    for (const double rate : widestRates) {
-      rateWidth = std::max(rateWidth, cellWidth(hashRateText(rate)));
-    }
     for (const auto column : {Column::rate5m, Column::rate60m, Column::rate24h}) {
-      header.resizeSection(column, std::max(rateWidth, titleWidth(column)));
+      // The last one has the panel's padding beside it, and its figures are as far apart as others.
+      const int padding = cellWidth(column, {}) - cellWidth(Column::rate5m, {});
+      int width = std::max(theme::rateColumnWidth + padding, titleWidth(column));
+      for (const double rate : widestRates) {
+        width = std::max(width, cellWidth(column, hashRateText(rate)));
+      }
+      header.resizeSection(column, width);
     }
   }
 

@@ -45,6 +45,54 @@ TEST_F(LayoutTest, TheLeftColumnIsFixedBesideTheAccountAndTakesAllWithoutIt) {
   EXPECT_EQ(find<QScrollArea>("Balance and settings")->width(), 1600);
 }
 
+TEST_F(LayoutTest, AScrollBarTakesNoWidthFromWhatScrolls) {
+  auto figures = everything();
+  for (const auto [height, days] : {std::pair(600, 365U), {1'150, 2U}}) {
+    figures.history.resize(days);
+    show(figures);
+    resize(1190, height);
+    auto& column = *find<QScrollArea>("Balance and settings");
+    auto& table = *find<QTableView>("Daily history");
+    EXPECT_EQ(column.verticalScrollBar()->isVisible(), height == 600);
+    EXPECT_EQ(table.verticalScrollBar()->isVisible(), height == 600);
+    EXPECT_EQ(label("Braiins Pool balance")->parentWidget()->width(), 500 - 2 * 24);
+    EXPECT_EQ(table.viewport()->width(), 1190 - 501 - 2 * 25);
+  }
+}
+
+/// The first and the last column of pixels that differ from the first, in the window's own.
+std::pair<int, int> inkOf(const QTableView& table, int column) {
+  const QRect cell = table.visualRect(table.model()->index(0, column)).adjusted(0, 0, 0, -2);
+  const QImage image = table.viewport()->grab(cell).toImage();
+  int first = image.width();
+  int last = 0;
+  for (int x = 0; x < image.width(); ++x) {
+    for (int y = 0; y < image.height(); ++y) {
+      if (image.pixel(x, y) == image.pixel(0, 0)) { continue; }
+      first = std::min(first, x);
+      last = x;
+    }
+  }
+  const int left = table.viewport()->mapTo(table.window(), cell.topLeft()).x();
+  return {left + first, left + last + 1};
+}
+
+TEST_F(LayoutTest, EverythingInTheHistoryBeginsAndEndsAtTheSameEdges) {
+  show(everything());
+  resize(1600, 900);
+  const auto edgesOf = [](const QWidget& widget) {
+    const int left = widget.mapTo(widget.window(), QPoint()).x();
+    return std::pair(left, left + widget.width());
+  };
+  const int left = edgesOf(*label("TOTAL")).first;
+  const int right = edgesOf(*button("Refresh", "Daily history")).second;
+  for (const char* const name : {"Workers", "Daily history"}) {
+    const auto& table = *find<QTableView>(name);
+    EXPECT_NEAR(inkOf(table, 0).first, left, 3) << name;
+    EXPECT_NEAR(inkOf(table, table.model()->columnCount() - 1).second, right, 3) << name;
+  }
+}
+
 /// Another size of the interface font, for a while.
 struct FontSize {
   explicit FontSize(int points) {
