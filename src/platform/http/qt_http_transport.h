@@ -16,14 +16,15 @@ struct QtHttpOptions {
   ProxyResolver resolver = systemProxies;
 };
 
-/// The transport on Qt's network stack: the system's proxy and certificate authorities, HTTP/1.1,
-/// a connection for each request, and no cookie, cache or credential that outlives one. A request
-/// carries the headers it was given and those that the stack adds (Host, Connection, User-Agent,
-/// Accept-Encoding, Accept-Language). At most five redirects are followed. Of a certificate only
-/// the alternative names count.
+/// The transport on Qt's sockets: the system's proxy and certificate authorities, TLS 1.2 or later,
+/// HTTP/1.1, a connection for each request, and no cookie, cache or credential that outlives one. A
+/// request carries the headers it was given, Host, User-Agent, Accept-Encoding (none) and
+/// Connection (close). At most five redirects are followed. Of a certificate only the alternative
+/// names count. A proxy that asks for a password fails the exchange.
 ///
-/// A request whose headers could not be sent as they are is not sent at all: `other`. A body that
-/// announces no length ends where the connection does; one that was cut off there passes as whole.
+/// A request whose headers could not be sent as they are is not sent at all: `other`. So is an
+/// answer that `ResponseReader` calls broken. One that says nothing about its length ends where the
+/// server ends the encrypted connection; without that it has been cut off.
 ///
 /// Lives on the main thread; its tasks must not outlive it.
 class QtHttpTransport final : public HttpTransport {

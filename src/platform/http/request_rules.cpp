@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include "platform/http/http_syntax.h"
 
 namespace orvane {
 namespace {
 constexpr int httpsPort = 443;
-constexpr int firstErrorStatus = 400;
+// Says nothing about the user, and is refused by nobody who refuses programs that he does not know.
+constexpr const char* userAgent = "Mozilla/5.0";
 constexpr std::array followedStatuses{301, 302, 303, 307, 308};
 
 // A user name would travel as an Authorization header that nobody asked for.
@@ -20,16 +22,9 @@ bool isSameOrigin(const QUrl& left, const QUrl& right) {
   return left.host() == right.host() && left.port(httpsPort) == right.port(httpsPort);
 }
 
-bool isTokenCharacter(char character) {
-  constexpr std::string_view marks = "!#$%&'*+-.^_`|~";
-  return (character >= '0' && character <= '9') || (character >= 'A' && character <= 'Z') ||
-         (character >= 'a' && character <= 'z') || marks.contains(character);
-}
-
 bool canBeSent(const HttpHeader& header) {
   using namespace std::string_view_literals;
-  return !header.name.empty() && std::ranges::all_of(header.name, isTokenCharacter) &&
-         header.value.find_first_of("\r\n\0"sv) == std::string::npos;
+  return isToken(header.name) && header.value.find_first_of("\r\n\0"sv) == std::string::npos;
 }
 
 /// Whether a certificate's name stands for the host. An asterisk stands for the whole first label,
@@ -41,36 +36,6 @@ bool stands(const QString& name, const QString& host) {
   const auto firstLabel = host.indexOf(u'.');
   return domain.count(u'.') > 1 && firstLabel > 0 &&
          domain.compare(QStringView(host).mid(firstLabel), Qt::CaseInsensitive) == 0;
-}
-
-// Below these values are the failures of connections to hosts and proxies.
-bool mayStandForAStatus(QNetworkReply::NetworkError error) {
-  return error == QNetworkReply::ProxyAuthenticationRequiredError ||
-         error > QNetworkReply::UnknownProxyError;
-}
-
-HttpFailure failureOf(QNetworkReply::NetworkError error) {
-  switch (error) {
-    case QNetworkReply::ConnectionRefusedError:
-    case QNetworkReply::ProxyConnectionRefusedError:
-      return HttpFailure::cannotConnectToHost;
-    case QNetworkReply::RemoteHostClosedError:
-    case QNetworkReply::ProxyConnectionClosedError:
-      return HttpFailure::networkConnectionLost;
-    case QNetworkReply::HostNotFoundError:
-    case QNetworkReply::ProxyNotFoundError:
-      return HttpFailure::cannotFindHost;
-    case QNetworkReply::TimeoutError:
-    case QNetworkReply::ProxyTimeoutError:
-      return HttpFailure::timedOut;
-    // What a socket reports when no route leads to the host has no value of its own.
-    case QNetworkReply::UnknownNetworkError:
-    case QNetworkReply::TemporaryNetworkFailureError:
-    case QNetworkReply::NetworkSessionFailedError:
-      return HttpFailure::notConnectedToInternet;
-    default:
-      return HttpFailure::other;
-  }
 }
 }  // namespace
 
@@ -103,11 +68,41 @@ bool namesHost(const QSslCertificate& certificate, const QString& host) {
   return std::ranges::any_of(hosts, [&](const QString& name) { return stands(name, host); });
 }
 
-std::optional<HttpFailure> exchangeFailure(QNetworkReply::NetworkError error, int status) {
-  if (error == QNetworkReply::NoError) {
-    return status == 0 ? std::optional(HttpFailure::other) : std::nullopt;
+QByteArray requestBytes(const QUrl& url, const std::vector<HttpHeader>& headers) {
+  QByteArray bytes = "GET " + url.path(QUrl::FullyEncoded).toLatin1();
+  if (url.path().isEmpty()) { bytes += '/'; }
+  if (url.hasQuery()) { bytes += '?' + url.query(QUrl::FullyEncoded).toLatin1(); }
+  bytes += " HTTP/1.1\r\nHost: " + url.authority(QUrl::FullyEncoded).toLatin1() +
+           "\r\nUser-Agent: " + userAgent +
+           "\r\nAccept-Encoding: identity\r\nConnection: close\r\n";
+  for (const HttpHeader& header : headers) {
+    bytes += header.name + ": " + header.value + "\r\n";
   }
-  if (status >= firstErrorStatus && mayStandForAStatus(error)) { return std::nullopt; }
-  return failureOf(error);
+  return bytes + "\r\n";
+}
+
+HttpFailure socketFailure(QAbstractSocket::SocketError error, bool wasConnected) {
+  switch (error) {
+    case QAbstractSocket::ConnectionRefusedError:
+    case QAbstractSocket::ProxyConnectionRefusedError:
+    case QAbstractSocket::SocketAccessError:  // a firewall's, or a proxy's that does not want to
+      return HttpFailure::cannotConnectToHost;
+    case QAbstractSocket::RemoteHostClosedError:
+    case QAbstractSocket::ProxyConnectionClosedError:
+      return HttpFailure::networkConnectionLost;
+    case QAbstractSocket::HostNotFoundError:
+    case QAbstractSocket::ProxyNotFoundError:
+      return HttpFailure::cannotFindHost;
+    case QAbstractSocket::SocketTimeoutError:
+    case QAbstractSocket::ProxyConnectionTimeoutError:
+      return HttpFailure::timedOut;
+    // No route leads to the host; one without any route for IPv6 has no value of its own.
+    case QAbstractSocket::NetworkError:
+    case QAbstractSocket::UnknownSocketError:
+      return wasConnected ? HttpFailure::networkConnectionLost
+                          : HttpFailure::notConnectedToInternet;
+    default:
+      return HttpFailure::other;
+  }
 }
 }  // namespace orvane

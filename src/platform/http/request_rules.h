@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QNetworkReply>
+#include <QAbstractSocket>
+#include <QByteArray>
 #include <QSslCertificate>
 #include <QString>
 #include <QUrl>
@@ -25,9 +26,10 @@ namespace orvane {
 /// with an asterisk for its first label, or an address. The subject's common name says nothing.
 [[nodiscard]] bool namesHost(const QSslCertificate& certificate, const QString& host);
 
-/// What the end of a reply means: a failure of the exchange, or nothing when `status` stands for
-/// a whole answer. Qt reports statuses as errors too, and an answer that broke off with the status
-/// it began with; so the error decides unless it only repeats the status.
-[[nodiscard]] std::optional<HttpFailure> exchangeFailure(QNetworkReply::NetworkError error,
-                                                         int status);
+/// What goes over the connection: the request line, the headers that every request has (Host,
+/// User-Agent, Accept-Encoding, Connection), and `headers`.
+[[nodiscard]] QByteArray requestBytes(const QUrl& url, const std::vector<HttpHeader>& headers);
+
+/// What an error of a socket means, before or after it was connected.
+[[nodiscard]] HttpFailure socketFailure(QAbstractSocket::SocketError error, bool wasConnected);
 }  // namespace orvane

@@ -1,5 +1,7 @@
 #include "platform/http/qt_http_transport.h"
 #include <QString>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <cstdlib>
 #include <gmock/gmock.h>
 #include "platform/eventloop/real_time.h"
@@ -19,17 +21,26 @@ using services::Service;
 
 constexpr auto profileTarget = "/accounts/profile/json/btc/";
 
+struct Oddity {
+  Outcome afterwards = Outcome::keep;
+  bool isPlain = false;
+  const char* names = "DNS:localhost";
+  std::string endless = {};  ///< sent after the answer for as long as it is taken
+};
+
 /// An HTTPS server that sends the bytes a test hands it, and remembers what it was asked.
 class OddServer {
  public:
-  explicit OddServer(std::function<std::string(const Request&)> answer,
-                     Outcome afterwards = Outcome::keep, bool isPlain = false,
-                     const char* names = "DNS:localhost")
-      : server_(0, isPlain ? nullptr : authority_.makeServerContext(names),
-                [this, answer, afterwards](const Request& request, auto& connection) {
+  explicit OddServer(std::function<std::string(const Request&)> answer, Oddity oddity = {})
+      : server_(0, oddity.isPlain ? nullptr : authority_.makeServerContext(oddity.names),
+                [this, answer, oddity](const Request& request, auto& connection) {
                   const std::lock_guard lock(mutex_);
                   requests_.push_back(request);
-                  return connection.write(answer(request)) ? afterwards : Outcome::cut;
+                  bool isTaken = connection.write(answer(request));
+                  while (isTaken && !oddity.endless.empty()) {
+                    isTaken = connection.write(oddity.endless);
+                  }
+                  return isTaken ? oddity.afterwards : Outcome::cut;
                 }) {
     std::ofstream(caFile()) << authority_.certificatePem();
   }
@@ -81,9 +92,8 @@ TEST_F(QtHttpTransportTest, TheRequestHasOneHeaderBeyondTheStacks) {
   for (const services::Header& header : request.headers) {
     names.push_back(QString::fromStdString(header.name).toLower().toStdString());  // Qt 6.8 does
   }
-  EXPECT_THAT(names,
-              testing::UnorderedElementsAre("accept-encoding", "accept-language", "connection",
-                                            "host", "pool-auth-token", "user-agent"));
+  EXPECT_THAT(names, testing::UnorderedElementsAre("accept-encoding", "connection", "host",
+                                                   "pool-auth-token", "user-agent"));
 }
 
 TEST_F(QtHttpTransportTest, EveryStatusIsAnAnswer) {
@@ -119,8 +129,8 @@ TEST_F(QtHttpTransportTest, RedirectsStayWithinTheOriginAndHeadersAreTheCallersT
 }
 
 TEST_F(QtHttpTransportTest, ACertificateForAnotherNameIsRefusedWhateverItsCommonName) {
-  const OddServer server([](const Request&) { return emptyAnswer("200 OK"); }, Outcome::keep, false,
-                         "DNS:elsewhere.example");
+  const OddServer server([](const Request&) { return emptyAnswer("200 OK"); },
+                         {.names = "DNS:elsewhere.example"});
   expectFailure(getFrom(server), HttpFailure::other);
   EXPECT_TRUE(server.requests().empty());
 }
@@ -148,7 +158,7 @@ TEST_F(QtHttpTransportTest, AChallengeIsAnAnswerAndNotAnsweredItself) {
 TEST_F(QtHttpTransportTest, ALostConnectionIsALossAndTheRequestIsSentOnce) {
   for (const std::string beginning :
        {"", "HTTP/1.1 20", "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n10\r\n0123"}) {
-    const OddServer server([&](const Request&) { return beginning; }, Outcome::cut);
+    const OddServer server([&](const Request&) { return beginning; }, {.afterwards = Outcome::cut});
     for (std::size_t request = 1; request <= 3; ++request) {
       expectFailure(getFrom(server), HttpFailure::networkConnectionLost);
       letPass(5ms);
@@ -177,6 +187,35 @@ TEST_F(QtHttpTransportTest, SilenceEndsAtTheIdleTimeOutAndAnEndlessDripAtTheLong
   local.fault({.service = Service::explorer, .kind = FaultKind::slow, .interval = 250ms});
   expectFailure(run(impatient.get(request)), HttpFailure::timedOut);
   EXPECT_EQ(get(request).value().body.size(), 6U) << "what drips is not idle";
+}
+
+TEST_F(QtHttpTransportTest, WhatNeverEndsIsEndedLongBeforeTheTimeOut) {
+  const std::string ok = "HTTP/1.1 200 OK\r\n";
+  const std::pair<std::string, std::string> cases[]{
+      {ok + "X: ", std::string(1'000, 'a')},
+      {ok, "X: a\r\n"},
+      {"", "HTTP/1.1 100 Continue\r\n\r\n"},
+      {ok + "\r\n", std::string(100'000, 'a')},
+      {ok + "Transfer-Encoding: chunked\r\n\r\n", "1;" + std::string(1'000, 'x') + "\r\na\r\n"}};
+  for (const auto& [beginning, endless] : cases) {
+    const OddServer server([&](const Request&) { return beginning; }, {.endless = endless});
+    EXPECT_LT(timeOf([&] { expectFailure(getFrom(server), HttpFailure::other); }), 10s) << endless;
+  }
+}
+
+TEST_F(QtHttpTransportTest, TheEndOfAConnectionEndsAnAnswerOnlyIfTheServerSaysSo) {
+  const std::string ok = "HTTP/1.1 200 OK\r\n";
+  for (const auto& [answer, isSaid, isWhole] :
+       {std::tuple(ok + "\r\nall", true, true),
+        {ok + "\r\nall", false, false},
+        {ok + "Content-Length: 3\r\n\r\nall", false, true},
+        {ok + "Content-Length: 4\r\n\r\nall", true, false}}) {
+    const OddServer server([&](const Request&) { return answer; },
+                           {.afterwards = isSaid ? Outcome::finish : Outcome::cut});
+    const HttpResult result = getFrom(server);
+    EXPECT_EQ(result.value_or(HttpResponse{}).body, isWhole ? "all" : "") << answer;
+    if (!isWhole) { expectFailure(result, HttpFailure::networkConnectionLost); }
+  }
 }
 
 TEST_F(QtHttpTransportTest, TheLargestBodyIsWhole) {
@@ -280,7 +319,7 @@ TEST_F(QtHttpTransportTest, AResolverThatTakesItsTimeHoldsUpNothingButItsOwnRequ
 
 TEST_F(QtHttpTransportTest, TheSystemsProxyIsAskedForATunnelAndSeesNoHeaders) {
   const OddServer proxy([](const Request&) { return emptyAnswer("403 Forbidden"); },
-                        Outcome::finish, true);
+                        {.afterwards = Outcome::finish, .isPlain = true});
   ::setenv("https_proxy", ("http://" + proxy.host()).c_str(), 1);
   ::setenv("no_proxy", "", 1);
   EXPECT_FALSE(get(profileRequest));
@@ -292,6 +331,71 @@ TEST_F(QtHttpTransportTest, TheSystemsProxyIsAskedForATunnelAndSeesNoHeaders) {
     EXPECT_EQ(request.method + " " + request.target, "CONNECT " + local.host(Service::pool));
     EXPECT_EQ(request.header("Pool-Auth-Token"), nullptr);
   }
+}
+
+/// A proxy that carries connections, and keeps what it was told in clear.
+class CarryingProxy {
+ public:
+  explicit CarryingProxy(QNetworkProxy::ProxyType type, quint16 target, QByteArray refusal = {})
+      : type_(type), refusal_(std::move(refusal)) {
+    QObject::connect(&server_, &QTcpServer::newConnection, &server_, [this, target] {
+      QTcpSocket* const client = server_.nextPendingConnection();
+      auto* const host = new QTcpSocket(client);
+      host->connectToHost(QHostAddress::LocalHost, target);
+      QObject::connect(client, &QTcpSocket::readyRead, host, [=, this] { hear(*client, *host); });
+      QObject::connect(host, &QTcpSocket::readyRead, client,
+                       [=] { client->write(host->readAll()); });
+    });
+    server_.listen(QHostAddress::LocalHost);
+  }
+  [[nodiscard]] ProxyResolver resolver() const {
+    return [proxy = QNetworkProxy(type_, "localhost", server_.serverPort())](const QUrl&) {
+      return Proxies{QNetworkProxy(QNetworkProxy::FtpCachingProxy, "unfit.invalid", 1), proxy};
+    };
+  }
+  [[nodiscard]] QByteArray heard() const { return heard_; }
+
+ private:
+  void hear(QTcpSocket& client, QTcpSocket& host) {
+    if (isOpen_) {
+      host.write(client.readAll());
+      return;
+    }
+    const QByteArray bytes = client.readAll();
+    heard_ += bytes;
+    if (type_ == QNetworkProxy::Socks5Proxy) {
+      isOpen_ = bytes != QByteArray("\5\1\0", 3);
+      client.write(isOpen_ ? QByteArray("\5\0\0\1\0\0\0\0\0\0", 10) : QByteArray("\5\0", 2));
+    } else if (heard_.endsWith("\r\n\r\n")) {
+      isOpen_ = refusal_.isEmpty();
+      client.write(isOpen_ ? "HTTP/1.1 200 Connected\r\n\r\n" : refusal_);
+    }
+  }
+
+  QNetworkProxy::ProxyType type_;
+  QByteArray refusal_;
+  QByteArray heard_;
+  bool isOpen_ = false;
+  QTcpServer server_;
+};
+
+TEST_F(QtHttpTransportTest, AProxyCarriesTheExchangeAndReadsNothingButTheHost) {
+  const std::string host = local.host(Service::explorer);
+  const auto port = static_cast<quint16>(std::stoi(host.substr(host.find(':') + 1)));
+  const QByteArray challenge =
+      "HTTP/1.1 407 No\r\nProxy-Authenticate: Basic realm=\"x\"\r\nContent-Length: 0\r\n\r\n";
+  for (const auto& [type, refusal] : {std::pair(QNetworkProxy::HttpProxy, QByteArray()),
+                                      {QNetworkProxy::Socks5Proxy, QByteArray()},
+                                      {QNetworkProxy::HttpProxy, challenge}}) {
+    const CarryingProxy proxy(type, port, refusal);
+    QtHttpTransport carried({.extraCaFile = local.caFile(), .resolver = proxy.resolver()});
+    const HttpResult result = run(carried.get(tipRequest));
+    EXPECT_EQ(result.has_value(), refusal.isEmpty());
+    if (!refusal.isEmpty()) { expectFailure(result, HttpFailure::other); }
+    EXPECT_TRUE(proxy.heard().contains("localhost")) << proxy.heard().toStdString();
+    EXPECT_FALSE(proxy.heard().contains("GET")) << proxy.heard().toStdString();
+  }
+  EXPECT_EQ(local.requests().size(), 2U);
 }
 
 }}  // namespace orvane::test
