@@ -7,9 +7,9 @@
 #include <chrono>
 #include <utility>
 #include "platform/async/timer.h"
+#include "platform/color/contrast.h"
 #include "platform/desktop/symbols.h"
 #include "platform/text/unicode.h"
-#include "platform/tray/drawing/contrast.h"
 #include "platform/tray/notifier/notifier_presenter.h"
 #include "platform/tray/presentation.h"
 #include "platform/tray/tray_surroundings.h"

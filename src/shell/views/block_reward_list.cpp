@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <array>
 #include "platform/desktop/symbols.h"
+#include "shell/views/colors.h"
 #include "shell/views/figure_table.h"
 #include "shell/views/theme.h"
 
@@ -103,7 +104,7 @@ class BlockRewardList::Delegate final : public QStyledItemDelegate {
     QRect row = option.rect;
     if (index.row() + 1 < index.model()->rowCount()) { row.adjust(0, 0, 0, -theme::smallSpacing); }
     painter->save();
-    if (isSelected) { painter->fillRect(row, option.palette.highlight()); }
+    if (isSelected) { painter->fillRect(row, theme::selectionColor(option.palette)); }
     const auto color = isSelected ? option.palette.color(QPalette::HighlightedText)
                                   : theme::textColor(isSpendable ? theme::TextColor::green
                                                                  : theme::TextColor::orange,
@@ -124,7 +125,7 @@ class BlockRewardList::Delegate final : public QStyledItemDelegate {
     text_.documentLayout()->draw(painter, context);
     painter->restore();
     if (option.state.testFlag(QStyle::State_HasFocus) && !isSelected) {
-      painter->setPen(option.palette.color(QPalette::Highlight));
+      painter->setPen(theme::accentColor(option.palette));
       painter->setBrush(Qt::NoBrush);
       painter->drawRect(row.adjusted(0, 0, -1, -1));
     }

@@ -104,7 +104,7 @@ class StatusRow final : public QWidget {
 };
 
 PoolCardView::PoolCardView(BalanceStore& store, QWidget* parent)
-    : Card(theme::MarkColor::green, parent) {
+    : Card(theme::Ground::greenCard, parent) {
   const auto title = tr("Braiins Pool balance");
   unit_ = unitPicker(store, this);
   balance_ = new BalanceRow(title, this);
@@ -124,7 +124,7 @@ void PoolCardView::showCard(const PoolCard& card, BalanceUnit unit) {
 }
 
 AddressCardView::AddressCardView(BalanceStore& store, QWidget* parent)
-    : Card(theme::MarkColor::orange, parent) {
+    : Card(theme::Ground::orangeCard, parent) {
   const auto title = tr("Watched address");
   unit_ = unitPicker(store, this);
   auto* const chip = makeAddressChip();

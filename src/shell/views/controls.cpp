@@ -49,23 +49,21 @@ class Segment final : public QRadioButton {
     painter.setRenderHint(QPainter::Antialiasing);
     const auto box = QRectF(rect()).adjusted(segmentInset + 0.5, segmentInset + 0.5,
                                              -segmentInset - 0.5, -segmentInset - 0.5);
-    if (isChecked()) { paintThumb(painter, box); }
+    auto colors = palette();
+    if (isChecked()) {
+      painter.setPen(QPen(theme::fieldOutlineColor(colors), 1));
+      colors.setColor(QPalette::Window, theme::thumbColor(colors));
+      painter.setBrush(colors.color(QPalette::Window));
+      painter.drawRoundedRect(box, trackRadius - segmentInset, trackRadius - segmentInset);
+    }
     if (hasFocus()) { paintFocus(painter, box); }
-    painter.setPen(palette().color(isChecked() ? QPalette::ButtonText : QPalette::WindowText));
+    painter.setPen(theme::textColor(theme::TextColor::primary, colors));
     painter.drawText(rect(), Qt::AlignCenter, text());
   }
 
  private:
-  void paintThumb(QPainter& painter, const QRectF& box) const {
-    painter.setPen(QPen(theme::outlineColor(palette()), 1));
-    const bool dark = theme::isDark(palette());
-    painter.setBrush(dark ? palette().color(QPalette::Button).lighter(150)
-                          : palette().color(QPalette::Base));
-    painter.drawRoundedRect(box, trackRadius - segmentInset, trackRadius - segmentInset);
-  }
-
   void paintFocus(QPainter& painter, const QRectF& box) const {
-    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter.setPen(QPen(theme::accentColor(palette()), 2));
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(box, trackRadius - segmentInset, trackRadius - segmentInset);
   }
@@ -174,7 +172,7 @@ void RefreshButton::drawSymbol() {
 
 SegmentedPicker::SegmentedPicker(const QString& accessibleName, const QStringList& choices,
                                  const std::function<void(std::size_t)>& onChoose, QWidget* parent)
-    : QWidget(parent) {
+    : Surface(theme::Ground::chip, trackRadius, parent) {
   setAccessibleName(accessibleName);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   auto* const row = new QHBoxLayout(this);
@@ -206,13 +204,5 @@ void SegmentedPicker::showChoice(std::size_t index) {
   isShowing_ = true;
   segments_.at(index)->setChecked(true);
   isShowing_ = false;
-}
-
-void SegmentedPicker::paintEvent(QPaintEvent* /*event*/) {
-  QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(theme::chipColor(palette()));
-  painter.drawRoundedRect(rect(), trackRadius, trackRadius);
 }
 }  // namespace orvane

@@ -6,6 +6,7 @@
 #include <functional>
 #include <vector>
 #include "shell/view_models/window_contents.h"
+#include "shell/views/frames.h"
 
 class QRadioButton;
 
@@ -46,7 +47,7 @@ class RefreshButton final : public QPushButton {
 
 /// A choice of one among few, side by side: a group of radio buttons to the keyboard and to
 /// screen readers.
-class SegmentedPicker final : public QWidget {
+class SegmentedPicker final : public Surface {
  public:
   /// `onChoose` is called with the index of the choice that the user made, and only then.
   SegmentedPicker(const QString& accessibleName, const QStringList& choices,
@@ -56,9 +57,6 @@ class SegmentedPicker final : public QWidget {
   /// The design's width, or as wide as equal segments need.
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
 
  private:
   std::vector<QRadioButton*> segments_;

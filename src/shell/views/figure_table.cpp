@@ -122,8 +122,9 @@ class FigureCellDelegate final : public QStyledItemDelegate {
     }
     painter->setFont(option.font);
     const bool isChosen = option.state.testFlag(QStyle::State_Selected);
-    if (isChosen) { painter->fillRect(option.rect, option.palette.brush(QPalette::Highlight)); }
-    painter->setPen(option.palette.color(isChosen ? QPalette::HighlightedText : QPalette::Text));
+    if (isChosen) { painter->fillRect(option.rect, theme::selectionColor(option.palette)); }
+    painter->setPen(isChosen ? option.palette.color(QPalette::HighlightedText)
+                             : theme::textColor(theme::TextColor::primary, option.palette));
     const auto alignment = Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt());
     drawElided(*painter, box, index.data(Qt::DisplayRole).toString(),
                QStyle::visualAlignment(option.direction, alignment));
@@ -133,7 +134,7 @@ class FigureCellDelegate final : public QStyledItemDelegate {
                         theme::outlineColor(option.palette));
     }
     if (option.state.testFlag(QStyle::State_HasFocus)) {
-      painter->setPen(option.palette.color(QPalette::Highlight));
+      painter->setPen(theme::accentColor(option.palette));
       painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
     }
     painter->restore();

@@ -1,4 +1,6 @@
 #include "shell/views/frames.h"
+#include <QEvent>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QProxyStyle>
 #include <QScrollBar>
@@ -67,33 +69,51 @@ class ThinScrollBar final : public QScrollBar {
 };
 }  // namespace
 
-Card::Card(theme::MarkColor tint, QWidget* parent)
-    : QWidget(parent), tint_(tint), rows_(new QVBoxLayout(this)) {
+Surface::Surface(theme::Ground ground, int radius, QWidget* parent)
+    : QWidget(parent), ground_(ground), radius_(radius) {
+  applyGround();
+}
+
+void Surface::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ParentChange) {
+    applyGround();
+  }
+}
+
+QPalette Surface::surroundings() const {
+  return parentWidget() ? parentWidget()->palette() : QGuiApplication::palette();
+}
+
+void Surface::applyGround() {
+  setPalette(theme::groundPalette(ground_, surroundings()));
+  // One that stands on this one has set its own window colour, so it does not hear of this one's.
+  for (auto* const above : findChildren<Surface*>(Qt::FindDirectChildrenOnly)) {
+    above->applyGround();
+  }
+}
+
+void Surface::paintEvent(QPaintEvent* /*event*/) {
+  const auto around = surroundings();
+  drawRoundedFrame(*this, radius_, theme::groundColor(ground_, around),
+                   theme::groundOutlineColor(ground_, around));
+}
+
+Card::Card(theme::Ground ground, QWidget* parent)
+    : Surface(ground, theme::cardRadius, parent), rows_(new QVBoxLayout(this)) {
   rows_->setContentsMargins(theme::cardPadding, theme::cardPadding, theme::cardPadding,
                             theme::cardPadding);
   rows_->setSpacing(theme::cardSpacing);
 }
 
-void Card::paintEvent(QPaintEvent* /*event*/) {
-  const auto tint = theme::markColor(tint_, palette());
-  drawRoundedFrame(*this, theme::cardRadius, theme::withOpacity(tint, theme::cardFillOpacity),
-                   theme::withOpacity(tint, theme::cardOutlineOpacity));
-}
-
-Panel::Panel(QWidget* parent) : QWidget(parent), rows_(new QVBoxLayout(this)) {
+Panel::Panel(QWidget* parent)
+    : Surface(theme::Ground::list, theme::panelRadius, parent), rows_(new QVBoxLayout(this)) {
   // Scroll bars have corners of their own, so they end where the rounded ones begin.
   rows_->setContentsMargins(1, theme::panelRadius / 2, 1, theme::panelRadius / 2);
   rows_->setSpacing(0);
 }
 
-void Panel::paintEvent(QPaintEvent* /*event*/) {
-  drawRoundedFrame(*this, theme::panelRadius, palette().color(QPalette::Base),
-                   theme::outlineColor(palette()));
-}
-
-void Chip::paintEvent(QPaintEvent* /*event*/) {
-  drawRoundedFrame(*this, theme::chipRadius, theme::chipColor(palette()), QColor());
-}
+Chip::Chip(QWidget* parent) : Surface(theme::Ground::chip, theme::chipRadius, parent) {}
 
 Divider::Divider(Qt::Orientation orientation, QWidget* parent) : QWidget(parent) {
   if (orientation == Qt::Horizontal) {

@@ -8,43 +8,55 @@
 namespace orvane {
 class FlowLayout;
 
-/// A rounded rectangle around a card's content, in the card's tint.
-class Card : public QWidget {
+/// A rounded rectangle with a ground of its own. To what stands on it that ground is the window's,
+/// so that colours are chosen which can be read there.
+class Surface : public QWidget {
+  Q_OBJECT
+
  public:
-  explicit Card(theme::MarkColor tint, QWidget* parent = nullptr);
+  Surface(theme::Ground ground, int radius, QWidget* parent);
+
+ protected:
+  void changeEvent(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  [[nodiscard]] QPalette surroundings() const;
+  void applyGround();
+
+  theme::Ground ground_;
+  int radius_;
+};
+
+/// A rounded rectangle around a card's content, in the card's tint.
+class Card : public Surface {
+ public:
+  explicit Card(theme::Ground ground, QWidget* parent = nullptr);
 
  protected:
   /// Where the content goes, row by row.
   [[nodiscard]] QVBoxLayout* rows() const { return rows_; }
-  void paintEvent(QPaintEvent* event) override;
 
  private:
-  theme::MarkColor tint_;
   QVBoxLayout* rows_;
 };
 
 /// A rounded, outlined rectangle around a table, on the ground of the desktop's lists.
-class Panel final : public QWidget {
+class Panel final : public Surface {
  public:
   explicit Panel(QWidget* parent = nullptr);
 
   /// Where the content goes, from top to bottom.
   [[nodiscard]] QVBoxLayout* rows() const { return rows_; }
 
- protected:
-  void paintEvent(QPaintEvent* event) override;
-
  private:
   QVBoxLayout* rows_;
 };
 
-/// A rounded, filled rectangle around a text that may be copied.
-class Chip final : public QWidget {
+/// A rounded, filled rectangle around a text that may be copied, or around choices.
+class Chip : public Surface {
  public:
-  explicit Chip(QWidget* parent = nullptr) : QWidget(parent) {}
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
+  explicit Chip(QWidget* parent = nullptr);
 };
 
 /// A line between two parts of a window.

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <utility>
+#include "shell/views/colors.h"
 #include "shell/views/history_picture.h"
 
 namespace orvane {
@@ -137,7 +138,7 @@ void HistoryChart::paintEvent(QPaintEvent* /*event*/) {
                   cursor.isValid() ? std::optional(rowOf(cursor)) : std::nullopt);
   if (!hasFocus()) { return; }
   painter.setRenderHint(QPainter::Antialiasing, false);
-  painter.setPen(palette().color(QPalette::Highlight));
+  painter.setPen(theme::accentColor(palette()));
   painter.setBrush(Qt::NoBrush);
   painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
 }

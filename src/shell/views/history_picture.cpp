@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 #include <vector>
+#include "platform/color/contrast.h"
+#include "shell/views/colors.h"
 #include "shell/views/qt_text.h"
 #include "shell/views/theme.h"
 
@@ -22,7 +24,7 @@ constexpr double wordsPerTick = 1.6;
 /// In the dark the line, which is nearly white, would be lost on bars of the full colour.
 QColor barColor(const QPalette& palette) {
   const auto color = theme::markColor(theme::MarkColor::green, palette);
-  return theme::isDark(palette) ? theme::withOpacity(color, darkBarOpacity) : color;
+  return isDark(palette) ? theme::withOpacity(color, darkBarOpacity) : color;
 }
 QColor lineColor(const QPalette& palette) {
   return theme::textColor(theme::TextColor::primary, palette);

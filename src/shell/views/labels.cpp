@@ -68,11 +68,7 @@ void TextLabel::applyFont() { setFont(theme::textFont(style_)); }
 
 void TextLabel::applyColor() {
   const auto surroundings = parentWidget() ? parentWidget()->palette() : QGuiApplication::palette();
-  const auto color = theme::textColor(color_, surroundings);
-  auto own = palette();
-  if (own.color(QPalette::WindowText) == color) { return; }
-  own.setColor(QPalette::WindowText, color);
-  setPalette(own);
+  setPalette(theme::textPalette(color_, surroundings));
 }
 
 TextLabel* wrappingText(const QString& text, theme::TextStyle style, theme::TextColor color,

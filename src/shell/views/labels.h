@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 #include "shell/view_models/window_contents.h"
+#include "shell/views/colors.h"
 #include "shell/views/theme.h"
 
 namespace orvane {

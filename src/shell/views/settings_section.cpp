@@ -1,22 +1,19 @@
 #include "shell/views/settings_section.h"
 #include <QAccessible>
 #include <QHBoxLayout>
-#include <QLineEdit>
-#include <QPainter>
 #include <QPushButton>
 #include <algorithm>
 #include <utility>
 #include "shell/view_models/window_contents.h"
 #include "shell/views/labelled_switch.h"
 #include "shell/views/qt_text.h"
+#include "shell/views/text_field.h"
 
 namespace orvane {
 using theme::TextColor;
 using theme::TextStyle;
 
 namespace {
-constexpr int textMargin = 4;
-
 constexpr const char* tokenHelp =
     "Create a read-only token in Braiins Pool → Settings → Access Profiles. It is stored in your "
     "iCloud Keychain, shared with Hashwick on this Mac, and used only to load this account's "
@@ -55,32 +52,6 @@ SegmentedPicker* currencyPicker(BalanceStore& store, QWidget* parent) {
 }
 }  // namespace
 
-namespace {
-/// A field that can show that its text was refused.
-class DraftEdit final : public QLineEdit {
- public:
-  using QLineEdit::QLineEdit;
-
-  void markRefused(bool isRefused) {
-    if (std::exchange(isRefused_, isRefused) != isRefused) { update(); }
-  }
-
- protected:
-  void paintEvent(QPaintEvent* event) override {
-    QLineEdit::paintEvent(event);
-    if (!isRefused_) { return; }
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(theme::textColor(TextColor::red, parentWidget()->palette()), markWidth));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), markWidth, markWidth);
-  }
-
- private:
-  static constexpr int markWidth = 2;
-  bool isRefused_ = false;
-};
-}  // namespace
-
 /// A text field with the buttons that save and remove its text.
 class SettingsField final : public QWidget {
  public:
@@ -90,13 +61,12 @@ class SettingsField final : public QWidget {
                 std::function<void()> onDraftChange, QWidget* parent)
       : QWidget(parent),
         onCommit_(std::move(onCommit)),
-        edit_(new DraftEdit(this)),
+        edit_(new TextField(this)),
         save_(textButton(tr("Save"), name, this)),
         remove_(textButton(tr("Remove"), name, this)) {
     edit_->setAccessibleName(name);
     // As high as the buttons, whatever font is typed in.
     edit_->setMinimumHeight(std::max(theme::controlHeight, save_->sizeHint().height()));
-    edit_->setTextMargins(textMargin, 0, textMargin, 0);
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(theme::smallSpacing);
@@ -148,7 +118,7 @@ class SettingsField final : public QWidget {
   }
 
   std::function<void()> onCommit_;
-  DraftEdit* edit_;
+  TextField* edit_;
   QPushButton* save_;
   QPushButton* remove_;
 };

@@ -81,22 +81,6 @@ QFont baseFont(Family family) {
 int interfacePixelSize() {
   return std::max(smallestInterfaceSize, QFontInfo(QGuiApplication::font()).pixelSize());
 }
-
-struct LightAndDark {
-  QRgb light;
-  QRgb dark;
-};
-
-QColor chosen(const LightAndDark& pair, const QPalette& palette) {
-  return QColor(isDark(palette) ? pair.dark : pair.light);
-}
-
-QColor mixed(const QColor& a, const QColor& b, double shareOfA) {
-  const auto channel = [shareOfA](int x, int y) {
-    return static_cast<int>(std::lround(x * shareOfA + y * (1 - shareOfA)));
-  };
-  return {channel(a.red(), b.red()), channel(a.green(), b.green()), channel(a.blue(), b.blue())};
-}
 }  // namespace
 
 QFont textFont(TextStyle style) {
@@ -108,60 +92,5 @@ QFont textFont(TextStyle style) {
                         : static_cast<int>(std::lround(base * description.scale)));
   font.setWeight(description.weight);
   return description.family == Family::figures ? withDigitsOfEqualWidth(font) : font;
-}
-
-QColor textColor(TextColor color, const QPalette& palette) {
-  switch (color) {
-    case TextColor::primary:
-      return palette.color(QPalette::WindowText);
-    case TextColor::secondary:
-      return mixed(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.62);
-    case TextColor::green:
-      return chosen({.light = 0xff1d7a36, .dark = 0xff45d068}, palette);
-    case TextColor::orange:
-      return chosen({.light = 0xffa84a00, .dark = 0xffffa733}, palette);
-    case TextColor::red:
-      return chosen({.light = 0xffc6121f, .dark = 0xffff7a70}, palette);
-  }
-  return palette.color(QPalette::WindowText);
-}
-
-QColor markColor(MarkColor color, const QPalette& palette) {
-  switch (color) {
-    case MarkColor::green:
-      return chosen({.light = 0xff28a745, .dark = 0xff32d25c}, palette);
-    case MarkColor::orange:
-      return chosen({.light = 0xfff08c00, .dark = 0xffff9f1a}, palette);
-    case MarkColor::red:
-      return chosen({.light = 0xffe03131, .dark = 0xffff5147}, palette);
-    case MarkColor::gray:
-      return chosen({.light = 0xff8a8f96, .dark = 0xff989da4}, palette);
-  }
-  return palette.color(QPalette::WindowText);
-}
-
-QColor linkColor(const QPalette& palette) {
-  const auto chosenByDesktop = palette.color(QPalette::Link);
-  const bool isNobodysChoice = chosenByDesktop == Qt::blue;
-  return isNobodysChoice ? chosen({.light = 0xff0b57c4, .dark = 0xff6cb4ff}, palette)
-                         : chosenByDesktop;
-}
-
-QColor outlineColor(const QPalette& palette) {
-  return withOpacity(textColor(TextColor::secondary, palette), panelOutlineOpacity);
-}
-
-QColor chipColor(const QPalette& palette) {
-  return withOpacity(textColor(TextColor::secondary, palette), chipOpacity);
-}
-
-bool isDark(const QPalette& palette) {
-  return palette.color(QPalette::Window).lightness() <
-         palette.color(QPalette::WindowText).lightness();
-}
-
-QColor withOpacity(QColor color, double opacity) {
-  color.setAlphaF(static_cast<float>(opacity));
-  return color;
 }
 }  // namespace orvane::theme

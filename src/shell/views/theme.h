@@ -1,10 +1,8 @@
 #pragma once
 
-#include <QColor>
 #include <QFont>
-#include <QPalette>
 
-/// The design's numbers, type and colours, in one place. Lengths are logical pixels.
+/// The design's numbers and type, in one place. Lengths are logical pixels.
 namespace orvane::theme {
 inline constexpr int windowPadding = 24;
 inline constexpr int barPadding = 12;  ///< above and below the bar at the bottom
@@ -80,25 +78,4 @@ enum class TextStyle {
 
 /// The font of a style. Sizes follow the desktop's own interface font.
 [[nodiscard]] QFont textFont(TextStyle style);
-
-/// Colours for text, readable on any of the window's grounds.
-enum class TextColor { primary, secondary, green, orange, red };
-
-[[nodiscard]] QColor textColor(TextColor color, const QPalette& palette);
-
-/// Colours of areas and marks; too light for text on a light ground.
-enum class MarkColor { green, orange, red, gray };
-
-[[nodiscard]] QColor markColor(MarkColor color, const QPalette& palette);
-
-/// The colour of a text that opens a page.
-[[nodiscard]] QColor linkColor(const QPalette& palette);
-
-/// Lines between and around things.
-[[nodiscard]] QColor outlineColor(const QPalette& palette);
-/// The ground of the address and of the picker.
-[[nodiscard]] QColor chipColor(const QPalette& palette);
-
-[[nodiscard]] bool isDark(const QPalette& palette);
-[[nodiscard]] QColor withOpacity(QColor color, double opacity);
 }  // namespace orvane::theme

@@ -3,7 +3,7 @@
 #include <QMenu>
 #include <set>
 #include <gmock/gmock.h>
-#include "platform/tray/drawing/contrast.h"
+#include "platform/color/contrast.h"
 #include "status_item_fixture.h"
 #include "support/fake_portal.h"
 

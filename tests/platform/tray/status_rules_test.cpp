@@ -3,7 +3,7 @@
 #include <QTemporaryDir>
 #include <tuple>
 #include <gtest/gtest.h>
-#include "platform/tray/drawing/contrast.h"
+#include "platform/color/contrast.h"
 #include "platform/tray/drawing/short_figure.h"
 #include "platform/tray/drawing/status_drawing.h"
 #include "platform/tray/notifier/icon_folder.h"
