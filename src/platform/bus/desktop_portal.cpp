@@ -7,13 +7,8 @@ namespace {
 const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const auto settingsInterface = QStringLiteral("org.freedesktop.portal.Settings");
 const auto appearanceGroup = QStringLiteral("org.freedesktop.appearance");
-const auto schemeKey = QStringLiteral("color-scheme");
 
-/// `Read` wraps the value once more than the signal does.
-ColorPreference preferenceIn(QVariant value) {
-  while (value.canConvert<QDBusVariant>()) {
-    value = value.value<QDBusVariant>().variant();
-  }
+ColorPreference preferenceIn(const QVariant& value) {
   switch (value.toUInt()) {
     case 1:
       return ColorPreference::dark;
@@ -23,31 +18,65 @@ ColorPreference preferenceIn(QVariant value) {
       return ColorPreference::none;
   }
 }
+
+/// `Read` wraps the value once more than the signal does.
+QVariant unwrapped(QVariant value) {
+  while (value.canConvert<QDBusVariant>()) {
+    value = value.value<QDBusVariant>().variant();
+  }
+  return value;
+}
 }  // namespace
 
-PortalColorPreference::PortalColorPreference(SessionBus& bus,
-                                             std::function<void(ColorPreference)> handle)
+PortalSetting::PortalSetting(SessionBus& bus, QString group, QString key,
+                             std::function<void(const QVariant&)> handle)
     : bus_(bus),
+      group_(std::move(group)),
+      key_(std::move(key)),
       handle_(std::move(handle)),
-      settingChanged_(bus, portalPath, settingsInterface, QStringLiteral("SettingChanged"),
-                      [this](const QDBusMessage& message) { handleSetting(message); }) {}
+      changed_(bus, portalPath, settingsInterface, QStringLiteral("SettingChanged"),
+               [this](const QDBusMessage& message) {
+                 const auto arguments = message.arguments();
+                 if (arguments.value(0) == group_ && arguments.value(1) == key_) {
+                   handle_(unwrapped(arguments.value(2)));
+                 }
+               }) {}
 
-void PortalColorPreference::ask(Start start) {
+void PortalSetting::ask(Start start) {
   auto question = QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface,
                                                  QStringLiteral("Read"));
   question.setAutoStartService(start == Start::allowed);
-  question << appearanceGroup << schemeKey;
+  question << group_ << key_;
   callOnBus(bus_, question, this, [this](const BusReply& reply) {
     if (reply && reply->value(0).canConvert<QDBusVariant>()) {
-      handle_(preferenceIn(reply->value(0)));
+      handle_(unwrapped(reply->value(0)));
     }
   });
 }
 
-void PortalColorPreference::handleSetting(const QDBusMessage& message) {
-  const auto arguments = message.arguments();
-  if (arguments.value(0) == appearanceGroup && arguments.value(1) == schemeKey) {
-    handle_(preferenceIn(arguments.value(2)));
-  }
+PortalColorPreference::PortalColorPreference(SessionBus& bus,
+                                             std::function<void(ColorPreference)> handle)
+    : setting_(
+          bus, appearanceGroup, QStringLiteral("color-scheme"),
+          [handle = std::move(handle)](const QVariant& value) { handle(preferenceIn(value)); }) {}
+
+PortalContrastWish::PortalContrastWish(SessionBus& bus, std::function<void(bool)> handle)
+    : handle_(std::move(handle)),
+      setting_(bus, appearanceGroup, QStringLiteral("contrast"),
+               [this](const QVariant& value) {
+                 isWished_ = value.toUInt() == 1;
+                 tell();
+               }),
+      settingOfGnome_(bus, QStringLiteral("org.gnome.desktop.a11y.interface"),
+                      QStringLiteral("high-contrast"), [this](const QVariant& value) {
+                        isWishedOfGnome_ = value.toBool();
+                        tell();
+                      }) {}
+
+void PortalContrastWish::ask(PortalSetting::Start start) {
+  setting_.ask(start);
+  settingOfGnome_.ask(start);
 }
+
+void PortalContrastWish::tell() { handle_(isWished_ || isWishedOfGnome_); }
 }  // namespace orvane

@@ -3,6 +3,7 @@
 #include <QDBusMessage>
 #include <QObject>
 #include <QString>
+#include <QVariant>
 #include <functional>
 #include "platform/bus/session_bus.h"
 
@@ -13,24 +14,53 @@ inline const QString portalService = QStringLiteral("org.freedesktop.portal.Desk
 /// Whether the user prefers light or dark programs; the numbers are the portal's.
 enum class ColorPreference { none = 0, dark = 1, light = 2 };
 
-/// Follows the user's preference as the desktop portal tells it. Nothing waits for an answer;
-/// where there is no portal none comes.
-class PortalColorPreference final : public QObject {
+/// Follows a setting as the desktop portal tells it. Nothing waits for an answer; where there is no
+/// portal, or not this setting, none comes.
+class PortalSetting final : public QObject {
  public:
   /// Whether a question may start a portal that does not run.
   enum class Start { allowed, never };
 
-  /// Runs `handle` with each answer and after each change, which may be to the same preference.
-  PortalColorPreference(SessionBus& bus, std::function<void(ColorPreference)> handle);
+  /// Runs `handle` with each answer and after each change, which may be to the same value.
+  PortalSetting(SessionBus& bus, QString group, QString key,
+                std::function<void(const QVariant&)> handle);
 
   /// Asks what holds now.
   void ask(Start start);
 
  private:
-  void handleSetting(const QDBusMessage& message);
-
   SessionBus& bus_;
-  std::function<void(ColorPreference)> handle_;
-  BusSignal settingChanged_;
+  QString group_;
+  QString key_;
+  std::function<void(const QVariant&)> handle_;
+  BusSignal changed_;
+};
+
+/// Follows which of light and dark the user prefers.
+class PortalColorPreference final {
+ public:
+  using Start = PortalSetting::Start;
+
+  PortalColorPreference(SessionBus& bus, std::function<void(ColorPreference)> handle);
+  void ask(Start start) { setting_.ask(start); }
+
+ private:
+  PortalSetting setting_;
+};
+
+/// Follows whether the user wishes for higher contrast.
+class PortalContrastWish final {
+ public:
+  PortalContrastWish(SessionBus& bus, std::function<void(bool isHigher)> handle);
+  void ask(PortalSetting::Start start);
+
+ private:
+  void tell();
+
+  std::function<void(bool)> handle_;
+  bool isWished_ = false;
+  bool isWishedOfGnome_ = false;
+  PortalSetting setting_;
+  PortalSetting settingOfGnome_;  ///< which older portals have alone
 };
 }  // namespace orvane

@@ -20,6 +20,7 @@
 #include "platform/notifications/desktop_notification_center.h"
 #include "platform/tray/desktop_status_bar.h"
 #include "shell/app/orvane_app.h"
+#include "shell/views/colors.h"
 #include "shell/views/qt_text.h"
 
 namespace orvane {
@@ -40,7 +41,7 @@ std::filesystem::path settingsFileOfUser() {
 /// Everything that exists as long as the one running application does.
 int runInstance(Executor& executor, SessionBus& bus, SessionInstance& instance,
                 const StartupPermission& permission, const ProgramSettings& settings) {
-  const ColorScheme colorScheme(bus);
+  const ColorScheme colorScheme(bus, theme::wishHigherContrast);
   const LocaleFormat format(LocaleNames::fromEnvironment());
   SqliteDefaults defaults(settingsFileOfUser());
   QtHttpTransport transport({.extraCaFile = settings.extraCaFile});

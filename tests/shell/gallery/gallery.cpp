@@ -44,8 +44,9 @@ int main(int argc, char** argv) {
   const auto folder = arguments.value(1, QStringLiteral("."));
   if (!QDir().mkpath(folder)) { return 1; }
   QApplication::setStyle(arguments.value(2, QStringLiteral("fusion")));
+  orvane::ApplicationLook look;
   orvane::test::takeAll(folder, QStringLiteral("-light"));
-  orvane::ColorScheme::apply(orvane::ColorPreference::dark);
+  look.follow(orvane::ColorPreference::dark);
   orvane::test::takeAll(folder, QStringLiteral("-dark"));
   return 0;
 }
