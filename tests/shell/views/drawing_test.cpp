@@ -113,13 +113,4 @@ TEST_F(DrawingTest, NoRowCanBeSelected) {
   EXPECT_FALSE(table.selectionModel()->hasSelection());
 }
 
-TEST(ThemeTest, ColouredTextIsReadableOnADarkGround) {
-  QPalette palette;
-  palette.setColor(QPalette::Window, 0xff242629);
-  palette.setColor(QPalette::WindowText, 0xffecedee);
-  for (const auto color : {TextColor::green, TextColor::orange, TextColor::red}) {
-    EXPECT_GT(theme::textColor(color, palette).lightnessF(), 0.5) << static_cast<int>(color);
-  }
-}
-
 }}  // namespace orvane::test
