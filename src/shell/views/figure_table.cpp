@@ -1,5 +1,8 @@
 #include "shell/views/figure_table.h"
+#include <QAction>
+#include <QClipboard>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QPainter>
@@ -181,5 +184,27 @@ int FigureTable::cellWidth(int column, std::string_view text, bool hasDot) const
 
 int FigureTable::titleWidth(int column) const {
   return horizontalHeader()->sectionSizeHint(column);
+}
+
+void FigureTable::addCopyCommands() {
+  setContextMenuPolicy(Qt::ActionsContextMenu);
+  auto* const copyCell = new QAction(tr("Copy"), this);
+  copyCell->setShortcut(QKeySequence::Copy);
+  copyCell->setShortcutContext(Qt::WidgetShortcut);
+  connect(copyCell, &QAction::triggered, this,
+          [this] { copyColumns(currentIndex().column(), currentIndex().column()); });
+  auto* const copyRow = new QAction(tr("Copy Row"), this);
+  connect(copyRow, &QAction::triggered, this,
+          [this] { copyColumns(0, model()->columnCount() - 1); });
+  addActions({copyCell, copyRow});
+}
+
+void FigureTable::copyColumns(int first, int last) const {
+  if (!currentIndex().isValid()) { return; }
+  QStringList texts;
+  for (int column = first; column <= last; ++column) {
+    texts.append(currentIndex().siblingAtColumn(column).data().toString());
+  }
+  QGuiApplication::clipboard()->setText(texts.join(u'\t'));
 }
 }  // namespace orvane

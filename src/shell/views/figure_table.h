@@ -111,8 +111,12 @@ class FigureTable : public QTableView {
   /// What a cell with this text needs, and what a column's title needs.
   [[nodiscard]] int cellWidth(int column, std::string_view text, bool hasDot = false) const;
   [[nodiscard]] int titleWidth(int column) const;
+  /// Lets the user copy the cell with the cursor (Control-C) or its row, for a table whose rows
+  /// have no better form to be copied in than the texts shown.
+  void addCopyCommands();
 
  private:
   void applyStyle();
+  void copyColumns(int first, int last) const;
 };
 }  // namespace orvane

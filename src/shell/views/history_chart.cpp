@@ -1,6 +1,9 @@
 #include "shell/views/history_chart.h"
 #include <QAbstractListModel>
 #include <QAccessible>
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
@@ -47,6 +50,13 @@ HistoryChart::HistoryChart(const LocaleFormat& format, QWidget* parent)
   setTabKeyNavigation(false);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  auto* const copy = new QAction(tr("Copy"), this);
+  copy->setShortcut(QKeySequence::Copy);
+  copy->setShortcutContext(Qt::WidgetShortcut);
+  connect(copy, &QAction::triggered, this,
+          [this] { QGuiApplication::clipboard()->setText(currentIndex().data().toString()); });
+  addAction(copy);
+  setContextMenuPolicy(Qt::ActionsContextMenu);
   viewport()->setMouseTracking(true);
   viewport()->setAutoFillBackground(false);  // the panel around it has the ground
 }

@@ -72,6 +72,7 @@ class WorkersSection::Table final : public FigureTable {
     header.setSectionResizeMode(QHeaderView::Fixed);
     header.setSectionResizeMode(Column::worker, QHeaderView::Stretch);
     fitColumns();
+    addCopyCommands();
   }
 
   void showWorkers(const std::vector<BraiinsWorkerStatus>& workers) {

@@ -108,6 +108,18 @@ TEST_F(CommandsTest, RowsOfTheHistoryAreCopiedAndAllAreSavedOrTheFailureTold) {
   EXPECT_EQ(file.readAll().toStdString(), historyCsv(fakes->state().history));
 }
 
+TEST_F(CommandsTest, AWorkersCellAndRowAreCopied) {
+  show(everything());
+  auto& table = *find<QTableView>("Workers");
+  table.setFocus();
+  table.setCurrentIndex(table.model()->index(0, 2));
+  QTest::keyClick(&table, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("95.68 TH/s"));
+  table.actions().at(1)->trigger();
+  EXPECT_EQ(QGuiApplication::clipboard()->text(),
+            QStringLiteral("garage\tLow\t95.68 TH/s\t93.80 TH/s\t90.99 TH/s"));
+}
+
 TEST_F(CommandsTest, WorkerAlertsAreOffUntilTheirTextOrBoxIsClicked) {
   show(BalanceState{});
   const auto text = "Notify me when a worker stops or recovers";
