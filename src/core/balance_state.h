@@ -38,6 +38,7 @@ struct BalanceState {
   std::optional<WallTime> lastUpdate;      ///< when `stats` was last fetched
   std::optional<std::string> accountStatus;
   std::optional<std::string> historyStatus;
+  bool hasHistoryFailed = false;  ///< it tells of a failure
   bool isRefreshing = false;
   bool isLoadingHistory = false;
 

@@ -156,8 +156,10 @@ void PoolAccount::applyHistory(std::expected<std::vector<BraiinsHistoryDay>, Poo
                                        : updatedText(format_, executor_.wallClock());
     fields_.set(&BalanceState::history, *std::move(days));
     settings_.setHistory(fields_->history);
+    fields_.set(&BalanceState::hasHistoryFailed, false);
     fields_.set(&BalanceState::historyStatus, std::move(status));
   } else if (days.error().kind != PoolError::Kind::cancelled) {
+    fields_.set(&BalanceState::hasHistoryFailed, true);
     fields_.set(&BalanceState::historyStatus, poolErrorText(days.error(), "history"));
   }
 }

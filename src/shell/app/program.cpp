@@ -22,6 +22,7 @@
 #include "shell/app/orvane_app.h"
 #include "shell/views/colors.h"
 #include "shell/views/qt_text.h"
+#include "shell/views/screen_reader.h"
 
 namespace orvane {
 namespace {
@@ -97,6 +98,7 @@ int runInstance(Executor& executor, SessionBus& bus, SessionInstance& instance,
 
 int runApplication(int argc, char** argv, const ProgramSettings& settings) {
   const auto permission = StartupPermission::fromEnvironment();
+  nameApplicationForScreenReaders(toQString(mainWindowTitle));
   const QApplication application(argc, argv);
   introduceToDesktop(settings.version);
   const auto executor = settings.makeExecutor();

@@ -1,5 +1,6 @@
 #include "shell/app/scenes.h"
 #include <QPointer>
+#include <QShortcut>
 #include <QShowEvent>
 #include <QVBoxLayout>
 #include <utility>
@@ -82,6 +83,9 @@ DesktopWindow& SceneWindows::make(const WindowScene& scene) {
   } else {
     layout->addWidget(
         new MenuBarWindowContent(std::move(content), window, executor_, runtime_, &frameWidget));
+    const auto* const escape = new QShortcut(QKeySequence(Qt::Key_Escape), &frameWidget);
+    QObject::connect(escape, &QShortcut::activated, &frameWidget,
+                     [&window] { window.performClose(); });
   }
   if (scene.defaultSize) {
     frameWidget.resize(scene.defaultSize->width, scene.defaultSize->height);

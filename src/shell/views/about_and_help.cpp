@@ -74,9 +74,10 @@ QWidget* helpHeader(const FennickAppInfo& app, QWidget* parent) {
 
 ColumnArea* helpTexts(const FennickAppInfo& app, QWidget* parent) {
   auto* const area = new ColumnArea(QWidget::tr("Help"), theme::helpSpacing, parent);
+  area->setFocusPolicy(Qt::StrongFocus);
   const auto add = [area](TextStyle style, const std::string& text) {
     auto* const label = wrappingText(toQString(text), style, TextColor::primary, area->widget());
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    label->makeSelectable(TextLabel::By::mouse);
     area->column()->addWidget(label);
     return label;
   };

@@ -19,6 +19,7 @@
 namespace orvane {
 namespace {
 constexpr int symbolSize = theme::symbolSize + 4;
+constexpr int focusRadius = 4;
 
 /// The command's key, and the ones that a user of this desktop would try as well.
 QList<QKeySequence> shortcuts(const std::string& keyEquivalent) {
@@ -84,7 +85,15 @@ class CommandButton final : public QPushButton {
     QStyleOptionButton option;
     initStyleOption(&option);
     option.features.setFlag(QStyleOptionButton::HasMenu, false);  // an arrow says nothing here
-    QStylePainter(this).drawControl(QStyle::CE_PushButton, option);
+    QStylePainter painter(this);
+    painter.drawControl(QStyle::CE_PushButton, option);
+    // Styles draw no frame around a flat button, whatever has the focus.
+    if (option.state.testFlag(QStyle::State_HasFocus) &&
+        option.state.testFlag(QStyle::State_KeyboardFocusChange)) {
+      painter.setRenderHint(QPainter::Antialiasing);
+      painter.setPen(QPen(theme::accentColor(palette()), 2));
+      painter.drawRoundedRect(rect().adjusted(1, 1, -1, -1), focusRadius, focusRadius);
+    }
   }
 
  private:

@@ -15,9 +15,9 @@ MetricBlock* cardMetric(QWidget* parent) {
   return new MetricBlock(TextStyle::caption, TextStyle::titleMediumFigure, parent);
 }
 
-SegmentedPicker* unitPicker(BalanceStore& store, QWidget* parent) {
+SegmentedPicker* unitPicker(const QString& card, BalanceStore& store, QWidget* parent) {
   return new SegmentedPicker(
-      QWidget::tr("Unit"), {QWidget::tr("sats"), QWidget::tr("BTC")},
+      card, QWidget::tr("Unit"), {QWidget::tr("sats"), QWidget::tr("BTC")},
       [&store](std::size_t index) { store.setUnit(units.at(index)); }, parent);
 }
 
@@ -46,8 +46,8 @@ class BalanceRow final : public QWidget {
     row->addWidget(amount_);
     row->addWidget(fiatValue_);
     amount_->setAccessibleDescription(title);
-    amount_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    fiatValue_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    amount_->makeSelectable(TextLabel::By::mouse);
+    fiatValue_->makeSelectable(TextLabel::By::mouse);
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
@@ -93,6 +93,7 @@ class StatusRow final : public QWidget {
   void showStatus(const StatusLine& status, const RefreshButtonState& refresh) {
     symbol_->setVisible(status.isWarning);
     text_->showText(status.text);
+    announcer_.notice(*text_, status.text, status.isWarning);
     text_->setColor(status.isWarning ? TextColor::orange : TextColor::secondary);
     button_->showState(refresh);
   }
@@ -101,12 +102,13 @@ class StatusRow final : public QWidget {
   SymbolLabel* symbol_;
   TextLabel* text_;
   RefreshButton* button_;
+  FailureAnnouncer announcer_;
 };
 
 PoolCardView::PoolCardView(BalanceStore& store, QWidget* parent)
     : Card(theme::Ground::greenCard, parent) {
   const auto title = tr("Braiins Pool balance");
-  unit_ = unitPicker(store, this);
+  unit_ = unitPicker(title, store, this);
   balance_ = new BalanceRow(title, this);
   metrics_ = new MetricRow(&cardMetric, this);
   status_ = new StatusRow(title, store, this);
@@ -126,7 +128,7 @@ void PoolCardView::showCard(const PoolCard& card, BalanceUnit unit) {
 AddressCardView::AddressCardView(BalanceStore& store, QWidget* parent)
     : Card(theme::Ground::orangeCard, parent) {
   const auto title = tr("Watched address");
-  unit_ = unitPicker(store, this);
+  unit_ = unitPicker(title, store, this);
   auto* const chip = makeAddressChip();
   balance_ = new BalanceRow(title, this);
   metrics_ = new MetricRow(&cardMetric, this);

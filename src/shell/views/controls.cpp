@@ -1,6 +1,7 @@
 #include "shell/views/controls.h"
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QRadioButton>
 #include <QStyleOptionButton>
@@ -44,6 +45,11 @@ class Segment final : public QRadioButton {
     return rect().contains(position);
   }
 
+  void focusInEvent(QFocusEvent* event) override {
+    // A radio button would make itself its group's station of the Tab key, chosen or not.
+    QWidget::focusInEvent(event);  // NOLINT(bugprone-parent-virtual-call): on purpose
+  }
+
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -84,13 +90,16 @@ QIcon symbolIcon(const QString& name, int size, const QPalette& palette) {
 }
 
 RefreshButton::RefreshButton(const QString& subject, std::function<void()> onPress, QWidget* parent)
-    : QPushButton(tr("Refresh"), parent), subject_(subject) {
+    : QPushButton(parent), subject_(subject) {
+  setText(tr("Refresh"));  // not earlier: a change makes screen readers ask what this is
   setAutoDefault(false);
   setMinimumHeight(theme::controlHeight);
   setIconSize({theme::symbolSize, theme::symbolSize});
   setAccessibleDescription(subject_);
   drawSymbol();
-  connect(this, &QPushButton::clicked, this, [onPress = std::move(onPress)] { onPress(); });
+  connect(this, &QPushButton::clicked, this, [this, onPress = std::move(onPress)] {
+    if (!isBusy_) { onPress(); }
+  });
 }
 
 void RefreshButton::showState(const RefreshButtonState& state) {
@@ -98,22 +107,31 @@ void RefreshButton::showState(const RefreshButtonState& state) {
   if (state.isBusy != isBusy_) { setBusy(state.isBusy); }
 }
 
+// Not disabled: such a button hands its focus to the next field, where a key press would then land
+// that was not meant for it.
 void RefreshButton::setBusy(bool busy) {
   isBusy_ = busy;
-  // A button that is disabled hands its focus to the next field, where a key press would then
-  // land that was not meant for it; so it lets go of the focus first and takes it back later.
-  if (busy && hasFocus()) {
-    returnsFocus_ = true;
-    clearFocus();
-  }
-  setEnabled(!busy);
-  if (!busy && returnsFocus_) {
-    returnsFocus_ = false;
-    if (!window()->focusWidget()) { setFocus(Qt::OtherFocusReason); }
-  }
+  setDown(false);
+  QAccessible::State changed;
+  changed.busy = changed.disabled = true;
+  QAccessibleStateChangeEvent change(this, changed);
+  QAccessible::updateAccessibility(&change);
   setAccessibleDescription(busy ? tr("%1, refreshing").arg(subject_) : subject_);
   startOrStopMoving();
   update();
+}
+
+SpokenWords RefreshButton::spokenWords() const {
+  return {.role = QAccessible::Button, .name = text(), .isBusy = isBusy_, .canBePressed = true};
+}
+
+bool RefreshButton::hitButton(const QPoint& position) const {
+  return !isBusy_ && QPushButton::hitButton(position);
+}
+
+void RefreshButton::keyPressEvent(QKeyEvent* event) {
+  const bool isPress = event->key() == Qt::Key_Space || event->key() == Qt::Key_Select;
+  if (!isBusy_ || !isPress) { QPushButton::keyPressEvent(event); }
 }
 
 void RefreshButton::startOrStopMoving() {
@@ -134,6 +152,8 @@ void RefreshButton::paintEvent(QPaintEvent* event) {
   initStyleOption(&option);
   option.text.clear();
   option.icon = QIcon();
+  option.state.setFlag(QStyle::State_Enabled, false);
+  option.state.setFlag(QStyle::State_MouseOver, false);
   QStylePainter painter(this);
   painter.drawControl(QStyle::CE_PushButton, option);
   drawBusyIndicator(painter, rect(), palette().color(QPalette::Active, QPalette::ButtonText),
@@ -170,20 +190,23 @@ void RefreshButton::drawSymbol() {
   setIcon(symbolIcon(QStringLiteral("arrow.clockwise"), theme::symbolSize, palette()));
 }
 
-SegmentedPicker::SegmentedPicker(const QString& accessibleName, const QStringList& choices,
+SegmentedPicker::SegmentedPicker(const QString& group, const QString& subject,
+                                 const QStringList& choices,
                                  const std::function<void(std::size_t)>& onChoose, QWidget* parent)
     : Surface(theme::Ground::chip, trackRadius, parent) {
-  setAccessibleName(accessibleName);
+  setAccessibleName(group);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   auto* const row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(0);
   for (const auto& choice : choices) {
     auto* const segment = new Segment(choice, this);
-    segment->setAccessibleDescription(accessibleName);
+    segment->setAccessibleDescription(subject);
+    segment->setFocusPolicy(segments_.empty() ? Qt::StrongFocus : Qt::ClickFocus);
     // Not `clicked`: a screen reader checks the button without clicking it.
     connect(segment, &QRadioButton::toggled, this,
-            [this, onChoose, index = segments_.size()](bool checked) {
+            [this, segment, onChoose, index = segments_.size()](bool checked) {
+              segment->setFocusPolicy(checked ? Qt::StrongFocus : Qt::ClickFocus);
               if (checked && !isShowing_) { onChoose(index); }
             });
     row->addWidget(segment, 1);

@@ -7,6 +7,7 @@
 #include <vector>
 #include "shell/view_models/window_contents.h"
 #include "shell/views/frames.h"
+#include "shell/views/screen_reader.h"
 
 class QRadioButton;
 
@@ -15,8 +16,8 @@ namespace orvane {
 [[nodiscard]] QIcon symbolIcon(const QString& name, int size, const QPalette& palette);
 
 /// "Refresh"; while its refresh runs, a moving indicator stands in the label's place and the
-/// button cannot be pressed. Nothing moves while the button is out of sight.
-class RefreshButton final : public QPushButton {
+/// button keeps the focus, but cannot be pressed. Nothing moves while the button is out of sight.
+class RefreshButton final : public QPushButton, public SpokenWidget {
   Q_OBJECT
 
  public:
@@ -26,7 +27,12 @@ class RefreshButton final : public QPushButton {
   /// Whether the indicator is being redrawn from time to time.
   [[nodiscard]] bool isMoving() const { return timer_.isActive(); }
 
+  [[nodiscard]] SpokenWords spokenWords() const override;
+  void pressSpoken() override { click(); }
+
  protected:
+  [[nodiscard]] bool hitButton(const QPoint& position) const override;
+  void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void timerEvent(QTimerEvent* event) override;
   void showEvent(QShowEvent* event) override;
@@ -42,21 +48,26 @@ class RefreshButton final : public QPushButton {
   QBasicTimer timer_;
   int step_ = 0;
   bool isBusy_ = false;
-  bool returnsFocus_ = false;  ///< had the focus when it became busy
 };
 
-/// A choice of one among few, side by side: a group of radio buttons to the keyboard and to
-/// screen readers.
-class SegmentedPicker final : public Surface {
+/// A choice of one among few, side by side: to the keyboard and to screen readers a group of radio
+/// buttons, with one station of the Tab key, the chosen one.
+class SegmentedPicker final : public Surface, public SpokenWidget {
  public:
-  /// `onChoose` is called with the index of the choice that the user made, and only then.
-  SegmentedPicker(const QString& accessibleName, const QStringList& choices,
+  /// `group`: what is chosen for, as screen readers say it; `subject`: what is chosen, where that
+  /// is not the group. `onChoose` is called with the index of the choice that the user made, and
+  /// only then.
+  SegmentedPicker(const QString& group, const QString& subject, const QStringList& choices,
                   const std::function<void(std::size_t)>& onChoose, QWidget* parent = nullptr);
   void showChoice(std::size_t index);
 
   /// The design's width, or as wide as equal segments need.
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+  [[nodiscard]] SpokenWords spokenWords() const override {
+    return {.role = QAccessible::Grouping, .name = accessibleName()};
+  }
 
  private:
   std::vector<QRadioButton*> segments_;

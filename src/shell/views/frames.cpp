@@ -1,6 +1,6 @@
 #include "shell/views/frames.h"
+#include <QApplication>
 #include <QEvent>
-#include <QGuiApplication>
 #include <QPainter>
 #include <QProxyStyle>
 #include <QScrollBar>
@@ -137,6 +137,7 @@ ColumnArea::ColumnArea(const QString& accessibleName, int spacing, QWidget* pare
     : QScrollArea(parent) {
   setAccessibleName(accessibleName);
   setFrameShape(QFrame::NoFrame);
+  setFocusPolicy(Qt::NoFocus);  // keys that nothing within makes use of scroll nevertheless
   setWidgetResizable(true);
   useThinScrollBars(*this);
   auto* const content = new QWidget(this);
@@ -147,6 +148,27 @@ ColumnArea::ColumnArea(const QString& accessibleName, int spacing, QWidget* pare
   setWidget(content);
   viewport()->setAutoFillBackground(false);
   content->setAutoFillBackground(false);
+  connect(qApp, &QApplication::focusChanged, this, &ColumnArea::followFocus);
+}
+
+// An area itself does so only while the Tab key goes from one of its widgets to another.
+void ColumnArea::followFocus(QWidget* from, QWidget* to) {
+  const bool isByMouse = QGuiApplication::mouseButtons() != Qt::NoButton;
+  if (from && to && widget()->isAncestorOf(to) && !isByMouse) { ensureWidgetVisible(to); }
+}
+
+bool ColumnArea::event(QEvent* event) {
+  if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+    viewport()->update();
+  }
+  return QScrollArea::event(event);
+}
+
+void ColumnArea::paintEvent(QPaintEvent* /*event*/) {
+  if (!hasFocus() || !window()->testAttribute(Qt::WA_KeyboardFocusChange)) { return; }
+  QPainter painter(viewport());
+  painter.setPen(QPen(theme::accentColor(palette()), 2));
+  painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
 }
 
 SectionHeader::SectionHeader(const QString& title, QWidget* parent)

@@ -72,13 +72,21 @@ class Divider final : public QWidget {
 /// stay what the eye sees first.
 void useThinScrollBars(QAbstractScrollArea& area);
 
-/// A column of the main window: its content stands at the top and scrolls when it is too high.
+/// A column of texts and controls: its content stands at the top and scrolls when it is too high.
+/// What gets the focus by keyboard comes into sight. One in which nothing takes the focus can be
+/// given a focus policy to be scrolled by keyboard.
 class ColumnArea final : public QScrollArea {
  public:
   explicit ColumnArea(const QString& accessibleName, int spacing, QWidget* parent = nullptr);
   [[nodiscard]] QVBoxLayout* column() const { return column_; }
 
+ protected:
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
  private:
+  void followFocus(QWidget* from, QWidget* to);
+
   QVBoxLayout* column_;
 };
 

@@ -8,7 +8,7 @@ HistoryChartPanel::HistoryChartPanel(BalanceStore& store, const LocaleFormat& fo
                                      QWidget* parent)
     : QWidget(parent), store_(store), format_(format) {
   span_ = new SegmentedPicker(
-      tr("Days in the chart"), {tr("30 days"), tr("90 days"), tr("1 year"), tr("All")},
+      tr("Days in the chart"), {}, {tr("30 days"), tr("90 days"), tr("1 year"), tr("All")},
       [&store](std::size_t index) { store.setHistorySpan(static_cast<HistorySpan>(index)); }, this);
   chart_ = new HistoryChart(format, this);
   chart_->setMinimumHeight(theme::historyTableMinimumHeight);

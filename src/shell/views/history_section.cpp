@@ -1,5 +1,4 @@
 #include "shell/views/history_section.h"
-#include <QAccessible>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <array>
@@ -141,23 +140,23 @@ HistorySection::HistorySection(BalanceStore& store, const LocaleFormat& format,
       hint_(wrappingText(tr("Load the days Braiins keeps for this account: average hashrate, "
                             "accepted shares and the confirmed reward of each day."),
                          TextStyle::callout, TextColor::secondary, this)),
-      status_(wrappingText({}, TextStyle::caption, TextColor::secondary, this)),
       panel_(new Panel(this)) {
+  // The Tab key goes from part to part in the order in which they are made.
   view_ = new SegmentedPicker(
-      tr("Show the daily history as"), {tr("Table"), tr("Chart")},
+      tr("Show the daily history as"), {}, {tr("Table"), tr("Chart")},
       [&store](std::size_t index) { store.setHistoryView(static_cast<HistoryView>(index)); }, this);
   const auto load = [&store] { store.loadHistory(); };
   loadButton_ = new RefreshButton(tr("Daily history"), load, this);
+  status_ = wrappingText({}, TextStyle::caption, TextColor::secondary, this);
+  status_->makeSelectable();
   reloadButton_ = new RefreshButton(tr("Daily history"), load, panel_);
   summaryRow_ = new BraiinsHistorySummaryRow(format, reloadButton_, panel_);
   table_ = new BraiinsHistoryTable(format, panel_);
   chart_ = new HistoryChartPanel(store, format, panel_);
   commands_ = new HistoryCommands(store, *table_, std::move(askWhereToSave), [this, &store] {
     showStatus(store.state());
-    QAccessibleEvent alert(status_, QAccessible::Alert);
-    QAccessible::updateAccessibility(&alert);
+    if (commands_->failure()) { announce(*status_, *commands_->failure()); }
   });
-  status_->makeSelectable();
   header_->addControl(view_);
   header_->addControl(loadButton_);
   layOut();
@@ -195,15 +194,21 @@ void HistorySection::showStatus(const BalanceState& state) {
 
 void HistorySection::showHistory(const BalanceState& state) {
   const bool isEmpty = state.history.empty();
+  const bool handsFocusOn = loadButton_->hasFocus() && !isEmpty;
   header_->showSubtitle(historySubtitle(state.history));
   loadButton_->showState({.isVisible = isEmpty, .isBusy = state.isLoadingHistory});
   reloadButton_->showState({.isVisible = !isEmpty, .isBusy = state.isLoadingHistory});
   hint_->setVisible(isEmpty);
   showStatus(state);
+  if (!state.isLoadingHistory) {
+    announcer_.notice(*status_, state.historyStatus.value_or(std::string()),
+                      state.hasHistoryFailed && state.historyStatus);
+  }
   const bool areNewDays = table_->showDays(state.history);
   if (areNewDays || !summary_) { summary_.emplace(state.history); }
   summaryRow_->showSummary(*summary_, historyValueMetrics(*summary_, state, format_));
   showView(state, areNewDays);
   panel_->setVisible(!isEmpty);
+  if (handsFocusOn) { reloadButton_->setFocus(Qt::OtherFocusReason); }
 }
 }  // namespace orvane

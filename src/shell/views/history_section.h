@@ -44,5 +44,6 @@ class HistorySection final : public QWidget {
   BraiinsHistoryTable* table_;
   HistoryChartPanel* chart_;
   HistoryCommands* commands_;
+  FailureAnnouncer announcer_;
 };
 }  // namespace orvane

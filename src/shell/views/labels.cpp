@@ -1,8 +1,11 @@
 #include "shell/views/labels.h"
-#include <QEvent>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDesktopServices>
 #include <QGuiApplication>
+#include <QMenu>
 #include <QPainter>
-#include <QResizeEvent>
+#include <QUrl>
 #include <QVBoxLayout>
 #include <algorithm>
 #include "platform/desktop/symbols.h"
@@ -17,6 +20,16 @@ constexpr double smallestShare = 0.45;
 
 int textWidth(const QFont& font, const QString& text) {
   return QFontMetrics(font).horizontalAdvance(text) + 2;  // glyphs may lean out of their advance
+}
+
+/// Keeps a number in its place while it is drawn.
+bool isIsolate(QChar character) {
+  return character.unicode() >= 0x2066 && character.unicode() <= 0x2069;
+}
+
+/// The focus goes to another window or to a menu, and is about to come back.
+bool isTemporary(Qt::FocusReason reason) {
+  return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
 }
 }  // namespace
 
@@ -36,7 +49,9 @@ TextLabel::TextLabel(const QString& text, theme::TextStyle style, theme::TextCol
 void TextLabel::showText(std::string_view text) {
   const auto wanted = toQString(numbersIsolated(text));
   if (wanted == this->text()) { return; }
+  const bool isSelected = hasFocus() && isWhollySelected();
   setText(wanted);
+  if (isSelected) { selectAll(); }
   const auto spoken = toQString(text);
   if (wanted != spoken) { setAccessibleName(spoken); }
 }
@@ -52,8 +67,54 @@ void TextLabel::setColor(theme::TextColor color) {
   applyColor();
 }
 
-void TextLabel::makeSelectable() {
-  setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+void TextLabel::makeSelectable(By means) {
+  if (means == By::mouse) {
+    setTextInteractionFlags(Qt::TextSelectableByMouse);
+    setFocusPolicy(Qt::ClickFocus);
+  } else {
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setFocusPolicy(Qt::StrongFocus);
+  }
+}
+
+void TextLabel::selectAll() { setSelection(0, static_cast<int>(text().size())); }
+
+bool TextLabel::isWhollySelected() const {
+  return hasSelectedText() && selectedText().size() == text().size();
+}
+
+void TextLabel::copy() const {
+  auto text = hasSelectedText() ? selectedText() : this->text();
+  text.removeIf(isIsolate);
+  QGuiApplication::clipboard()->setText(text);
+}
+
+// As in a field: the Tab key selects the text, and leaves it as it was.
+void TextLabel::focusInEvent(QFocusEvent* event) {
+  QLabel::focusInEvent(event);
+  if (isTemporary(event->reason()) || event->reason() == Qt::MouseFocusReason) { return; }
+  selectAll();
+}
+
+void TextLabel::focusOutEvent(QFocusEvent* event) {
+  QLabel::focusOutEvent(event);
+  if (!isTemporary(event->reason()) && isWhollySelected()) { setSelection(0, 0); }
+}
+
+void TextLabel::keyPressEvent(QKeyEvent* event) {
+  event->matches(QKeySequence::Copy) ? copy() : QLabel::keyPressEvent(event);
+}
+
+void TextLabel::contextMenuEvent(QContextMenuEvent* event) {
+  if (textInteractionFlags() == Qt::NoTextInteraction) {
+    QLabel::contextMenuEvent(event);
+    return;
+  }
+  auto* const menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->addAction(tr("Copy"), QKeySequence::Copy, this, &TextLabel::copy);
+  menu->addAction(tr("Select All"), QKeySequence::SelectAll, this, &TextLabel::selectAll);
+  menu->popup(event->globalPos());
 }
 
 void TextLabel::changeEvent(QEvent* event) {
@@ -109,7 +170,9 @@ LinkLabel::LinkLabel(theme::TextStyle style, std::string_view text, std::string_
   setAccessibleName(text_);
   if (!url_.isEmpty()) {
     setTextFormat(Qt::RichText);
-    setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    // Not accessible by keyboard in Qt's way, whose first station is the label around the link.
+    setTextInteractionFlags(Qt::LinksAccessibleByMouse);
+    setFocusPolicy(Qt::TabFocus);
     setOpenExternalLinks(true);
     setToolTip(url_);
   }
@@ -129,10 +192,37 @@ void LinkLabel::applyStyle() {
     setText(text_);
     return;
   }
-  // The colour of a link is fixed when its text is laid out, so it is written into the text.
-  setText(
-      QStringLiteral("<a href=\"%1\" style=\"color: %2\">%3</a>")
-          .arg(url_.toHtmlEscaped(), theme::linkColor(palette()).name(), text_.toHtmlEscaped()));
+  // The colour of a link is fixed when its text is laid out, so it is written into the text. With
+  // the focus it looks like a selected text.
+  const auto ground = hasFocus() ? theme::selectionColor(palette()) : QColor(Qt::transparent);
+  const auto color =
+      hasFocus() ? palette().color(QPalette::HighlightedText) : theme::linkColor(palette());
+  setText(QStringLiteral("<a href=\"%1\" style=\"color: %2; background-color: %3\">%4</a>")
+              .arg(url_.toHtmlEscaped(), color.name(), ground.name(QColor::HexArgb),
+                   text_.toHtmlEscaped()));
+}
+
+SpokenWords LinkLabel::spokenWords() const {
+  return {.role = url_.isEmpty() ? QAccessible::StaticText : QAccessible::Link,
+          .name = text_,
+          .canBePressed = !url_.isEmpty()};
+}
+
+void LinkLabel::pressSpoken() { QDesktopServices::openUrl(QUrl(url_)); }
+
+void LinkLabel::focusInEvent(QFocusEvent* event) {
+  QLabel::focusInEvent(event);
+  applyStyle();
+}
+
+void LinkLabel::focusOutEvent(QFocusEvent* event) {
+  QLabel::focusOutEvent(event);
+  applyStyle();
+}
+
+void LinkLabel::keyPressEvent(QKeyEvent* event) {
+  const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  isReturn && !url_.isEmpty() ? pressSpoken() : QLabel::keyPressEvent(event);
 }
 
 SymbolLabel::SymbolLabel(QWidget* parent) : QWidget(parent) {
@@ -160,7 +250,7 @@ MetricBlock::MetricBlock(TextStyle title, TextStyle value, QWidget* parent)
       title_(new TextLabel(title, TextColor::secondary, this)),
       value_(new TextLabel(value, TextColor::primary, this)),
       fiatValue_(new TextLabel(TextStyle::calloutFigure, TextColor::secondary, this)) {
-  value_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  value_->makeSelectable(TextLabel::By::mouse);
   auto* const lines = new QVBoxLayout(this);
   lines->setContentsMargins(0, 0, 0, 0);
   lines->setSpacing(theme::metricLineSpacing);

@@ -6,6 +6,7 @@
 #include <vector>
 #include "shell/view_models/window_contents.h"
 #include "shell/views/colors.h"
+#include "shell/views/screen_reader.h"
 #include "shell/views/theme.h"
 
 namespace orvane {
@@ -23,17 +24,27 @@ class TextLabel : public QLabel {
   /// Shows the text, or nothing at all when it is empty.
   void showTextOrHide(std::string_view text);
   void setColor(theme::TextColor color);
-  /// Lets the user select and copy the text, by mouse and by keyboard.
-  void makeSelectable();
+
+  enum class By { mouse, mouseAndKeyboard };
+  /// Lets the user select and copy the text. By keyboard it is a station of the Tab key that
+  /// selects the whole; without a selection the whole is copied.
+  void makeSelectable(By means = By::mouseAndKeyboard);
 
  protected:
   [[nodiscard]] theme::TextStyle style() const { return style_; }
   void changeEvent(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   /// The font of the style, as the desktop has it now.
   virtual void applyFont();
 
  private:
   void applyColor();
+  void selectAll();
+  [[nodiscard]] bool isWhollySelected() const;
+  void copy() const;
 
   theme::TextStyle style_;
   theme::TextColor color_;
@@ -56,13 +67,19 @@ class FigureLabel final : public TextLabel {
 };
 
 /// A text that opens a web page, by mouse and by keyboard; plain text without a page to open.
-class LinkLabel final : public QLabel {
+class LinkLabel final : public QLabel, public SpokenWidget {
  public:
   LinkLabel(theme::TextStyle style, std::string_view text, std::string_view url,
             QWidget* parent = nullptr);
 
+  [[nodiscard]] SpokenWords spokenWords() const override;
+  void pressSpoken() override;
+
  protected:
   void changeEvent(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void applyStyle();

@@ -1,5 +1,4 @@
 #include "shell/views/settings_section.h"
-#include <QAccessible>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <algorithm>
@@ -46,7 +45,7 @@ SegmentedPicker* currencyPicker(BalanceStore& store, QWidget* parent) {
     symbols.append(toQString(symbol(currency)));
   }
   return new SegmentedPicker(
-      QWidget::tr("Preferred currency"), symbols,
+      QWidget::tr("Preferred currency"), {}, symbols,
       [&store](std::size_t index) { store.setPreferredFiatCurrency(allFiatCurrencies.at(index)); },
       parent);
 }
@@ -106,6 +105,8 @@ class SettingsField final : public QWidget {
   }
 
   void showState(const SettingsFieldState& state) {
+    // A button that is disabled would hand its focus to the one that removes.
+    if (save_->hasFocus() && !state.canSave) { edit_->setFocus(Qt::OtherFocusReason); }
     save_->setEnabled(state.canSave);
     remove_->setVisible(state.canRemove);
   }
@@ -147,8 +148,10 @@ SettingsSection::SettingsSection(BalanceStore& store, const std::string& poolWeb
 void SettingsSection::layOut() {
   auto* const currencyRow = new QHBoxLayout;
   currencyRow->setSpacing(theme::barPadding);
-  currencyRow->addWidget(
-      new TextLabel(tr("Preferred currency"), TextStyle::body, TextColor::primary, this));
+  auto* const title =
+      new TextLabel(tr("Preferred currency"), TextStyle::body, TextColor::primary, this);
+  title->setBuddy(currency_);  // screen readers: its label
+  currencyRow->addWidget(title);
   currencyRow->addWidget(currency_);
   currencyRow->addStretch();
 
@@ -215,8 +218,7 @@ void SettingsSection::commitAddress() {
   showState();
   if (addressMessage_) {
     addressField_->refuseDraft();
-    QAccessibleEvent alert(addressMessageLabel_, QAccessible::Alert);
-    QAccessible::updateAccessibility(&alert);
+    announce(*addressMessageLabel_, *addressMessage_);
   }
 }
 }  // namespace orvane

@@ -9,8 +9,10 @@ import subprocess
 import sys
 import tempfile
 import time
+import urllib.request
 
 import pyatspi
+from gi.repository import GLib
 
 PROGRAM, SERVICES = sys.argv[1:3]
 POOL_BALANCE, WATCHED_ADDRESS = "Braiins Pool balance", "Watched address"
@@ -21,6 +23,8 @@ def wait_for(what, condition):
     """Returns the first true value of condition(); fails after a while, and says what() then."""
     deadline = time.monotonic() + 40
     while time.monotonic() < deadline:
+        while GLib.MainContext.default().iteration(False):  # events of the tree
+            pass
         with contextlib.suppress(Exception):  # the tree changes while it is read
             if value := condition():
                 return value
@@ -51,6 +55,14 @@ def command_with(services):
     """The program's command line, to meet these services."""
     hosts = [f"localhost:{services[name]}" for name in ("pool", "explorer", "price", "fallback")]
     return [PROGRAM, *hosts, services["ca"]]
+
+
+def set_fault(services, fault):
+    """What the services do wrong from now on; None: nothing."""
+    address = f"http://127.0.0.1:{services['control']}/"
+    request = (urllib.request.Request(address + "fault", json.dumps(fault).encode()) if fault
+               else urllib.request.Request(address + "faults", method="DELETE"))
+    urllib.request.urlopen(request).close()
 
 
 class Program:
@@ -93,6 +105,22 @@ class Program:
             # The cells of a long table are read one by one.
             if node.getRole() not in (pyatspi.ROLE_TABLE, pyatspi.ROLE_TREE_TABLE):
                 waiting[:0] = list(node)
+
+    @contextlib.contextmanager
+    def announcements(self):
+        """What a screen reader says of itself meanwhile."""
+        heard = []
+
+        def hear(event):
+            if str(event.type) == "object:announcement":
+                heard.append(event.any_data)
+            elif event.source.getRole() == pyatspi.ROLE_NOTIFICATION and event.detail1:
+                heard.append(event.source.name)
+
+        names = "object:announcement", "object:state-changed:showing"
+        pyatspi.Registry.registerEventListener(hear, *names)
+        yield heard
+        pyatspi.Registry.deregisterEventListener(hear, *names)
 
     def wait_for(self, name, description=None):
         """Whose whole name matches. A figure is described by what it is the figure of."""

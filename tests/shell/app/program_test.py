@@ -2,11 +2,12 @@
 
 import os
 import pathlib
+import re
 import subprocess
 import tempfile
 
 from program import (ADDRESS_FIELD, POOL_BALANCE, TOKEN_FIELD, WATCHED_ADDRESS, Program, Service,
-                     output_of, running_services, wait_for, xdotool)
+                     output_of, running_services, set_fault, wait_for, xdotool)
 
 TOKEN = "a-token-that-must-not-be-found"
 SATS = r"\d{1,3}(,\d{3})+ sats"
@@ -14,6 +15,7 @@ SATS = r"\d{1,3}(,\d{3})+ sats"
 
 def token_is_entered_and_kept(program):
     program.wait_for("Paste a read-only Braiins API token below to start.")
+    assert next(program.nodes()).name == "Orvane", "what the program is called"
     program.save(TOKEN_FIELD, f" {TOKEN} ")
     program.wait_for(SATS, POOL_BALANCE)
     program.wait_for(r"\d of 9 OK")
@@ -32,6 +34,21 @@ def address_is_entered_and_read(program, address):
     program.wait_for(address)
     program.wait_for(SATS, WATCHED_ADDRESS)
     program.wait_for(r".* of 100 confirmations")
+
+
+def failure_and_its_end_are_announced_once(program, services):
+    def refresh(text):
+        program.press("Refresh", WATCHED_ADDRESS)
+        wait_for("not busy", lambda: program.wait_for("Refresh", WATCHED_ADDRESS))
+        return program.wait_for(text).name
+
+    with program.announcements() as heard:
+        set_fault(services, {"service": "explorer", "kind": "status", "status": 500})
+        failure = refresh("Chainpeek could not be reached.*")
+        assert refresh(re.escape(failure)) == failure
+        set_fault(services, None)
+        end = refresh("Updated .* Chainpeek .*")
+        wait_for(lambda: heard, lambda: heard == [failure, end])
 
 
 def window_is_closed_and_brought_back(program):
@@ -68,6 +85,7 @@ def tell_the_story(services):
     with Service("watcher"), Program(services) as program:
         token_is_entered_and_kept(program)
         address_is_entered_and_read(program, services["address"])
+        failure_and_its_end_are_announced_once(program, services)
         window_is_closed_and_brought_back(program)
         light = brightness(program.windows()[0])
         xdotool("key", "--clearmodifiers", "ctrl+q")

@@ -41,6 +41,16 @@ TEST_F(WindowsStory, EveryKeyToCloseTheMainWindowHidesAllAndTheTrayBringsItBack)
   EXPECT_EQ(desktop.windows().size(), 2U) << "each exists once";
 }
 
+TEST_F(WindowsStory, EscapeClosesHelpAndAboutAlone) {
+  for (const auto& [action, title] :
+       {std::pair("show-help", "Orvane Help"), {"show-about", "About Orvane"}}) {
+    open(action, title);
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(isOnScreen(title));
+    EXPECT_TRUE(isOnScreen("Orvane"));
+  }
+}
+
 TEST_F(WindowsStory, HelpFromTheTrayBringsTheMainWindowForwardFirst) {
   press(Qt::Key_Escape);
   chooseFromTray("Orvane Help");

@@ -92,7 +92,7 @@ void measureControls(Table& table, QWidget& window) {
 
 /// The chosen choice: its outline to the track, and its text, which is drawn without gaps.
 void measurePicker(Table& table, QWidget& ground) {
-  SegmentedPicker picker("Unit", {"██", "██"}, [](std::size_t) {}, &ground);
+  SegmentedPicker picker("Unit", {}, {"██", "██"}, [](std::size_t) {}, &ground);
   picker.showChoice(0);
   picker.resize(picker.sizeHint());
   picker.ensurePolished();

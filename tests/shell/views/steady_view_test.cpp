@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QTableView>
@@ -55,14 +56,20 @@ TEST_F(SteadyViewTest, AnAnnouncementWithoutAChangeRepaintsNothing) {
   EXPECT_EQ(counter.paints, 0);
 }
 
-TEST_F(SteadyViewTest, ABusyButtonMovesAndGivesTheFocusBack) {
+TEST_F(SteadyViewTest, ABusyButtonMovesKeepsTheFocusAndIsDeafToPresses) {
   show(everything());
   auto& refresh = *dynamic_cast<RefreshButton*>(button("Refresh", "Watched address"));
   fakes->transport.on("").respond(500).after(std::chrono::seconds(5));
   refresh.setFocus();
   refresh.click();
   settle();
-  EXPECT_FALSE(refresh.isEnabled());
+  const auto sent = fakes->transport.sent().size();
+  QTest::keyClick(&refresh, Qt::Key_Space);
+  QTest::mouseClick(&refresh, Qt::LeftButton);
+  settle();
+  EXPECT_EQ(fakes->transport.sent().size(), sent);
+  EXPECT_TRUE(refresh.hasFocus());
+  EXPECT_TRUE(QAccessible::queryAccessibleInterface(&refresh)->state().busy);
   EXPECT_TRUE(refresh.isMoving());
   fakes->executor.advance(std::chrono::seconds(5));
   settle();
