@@ -14,7 +14,7 @@ bool isPlain(char character) { return character >= ' ' && character <= '~'; }
 
 void requireOneLine(const HttpRequest& request) {
   for (const HttpHeader& header : request.headers) {
-    require(std::ranges::none_of(header.value,
+    require(std::ranges::none_of(header.value.view(),
                                  [](char c) { return c == '\r' || c == '\n' || c == '\0'; }));
   }
   require(std::ranges::all_of(request.url, isPlain));

@@ -73,7 +73,7 @@ Task<void> AddressWatch::resolveWatchedAddress() {
     // What is watched already is read again, whether or not the user answers a prompt meanwhile.
     std::optional<ExecutorClock::duration> patience;
     if (!fields_->watchedAddress.empty()) { patience = keychainPatience; }
-    const KeychainReading<std::string> stored = co_await keychain_.readItem(
+    const KeychainReading<Secret> stored = co_await keychain_.readItem(
         payoutAddressItem.service, payoutAddressItem.account, KeychainPrompt::never, patience);
     if (context.stop.stop_requested()) { co_return; }
     isPayoutAddressUnknown_ = !stored && stored.error() == KeychainMiss::unknown;

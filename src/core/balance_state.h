@@ -9,6 +9,7 @@
 #include "address/address_summary.h"
 #include "platform/async/executor.h"
 #include "platform/async/signal.h"
+#include "platform/secret/secret.h"
 #include "pool/account.h"
 #include "pool/history.h"
 #include "prices/bitcoin_prices.h"
@@ -24,7 +25,7 @@ enum class HistorySpan { days30, days90, year, all };
 /// Every figure, status text and setting that the application shows. The store is its only
 /// writer; everything shown is a function of it.
 struct BalanceState {
-  std::string token;
+  Secret token;
   /// The stored token is still being read from the keychain: `token` may yet arrive by itself.
   bool isReadingToken = false;
   /// There is a token, or it may be on its way: the pool's figures are, and nobody is asked for

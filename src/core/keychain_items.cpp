@@ -23,7 +23,7 @@ KeychainItems::KeychainItems(Executor& executor, Keychain& keychain,
                              std::optional<std::string> accessGroup)
     : keychain_(keychain), accessGroup_(std::move(accessGroup)), writes_(executor) {}
 
-Task<KeychainReading<std::string>> KeychainItems::readItem(
+Task<KeychainReading<Secret>> KeychainItems::readItem(
     std::string service, std::string account, KeychainPrompt prompt,
     std::optional<ExecutorClock::duration> patience) {
   Task<Turn> waiting = patience ? turnWithin(*patience) : order_.lock();
@@ -76,16 +76,16 @@ Task<void> KeychainItems::moveToSharedGroup([[maybe_unused]] AsyncMutex::Lock tu
   }
 }
 
-void KeychainItems::saveItem(std::string text, std::string service, std::string account) {
+void KeychainItems::saveItem(Secret text, std::string service, std::string account) {
   writes_.spawn(saveInTurn(std::move(text), baseQuery(std::move(service), std::move(account))));
 }
 
-Task<void> KeychainItems::saveInTurn(std::string text, KeychainQuery query) {
+Task<void> KeychainItems::saveInTurn(Secret text, KeychainQuery query) {
   const std::optional<AsyncMutex::Lock> turn = co_await order_.lock();
   if (turn) { (void)co_await save(std::move(text), std::move(query), KeychainPrompt::allowed); }
 }
 
-Task<bool> KeychainItems::save(std::string text, KeychainQuery query, KeychainPrompt prompt) {
+Task<bool> KeychainItems::save(Secret text, KeychainQuery query, KeychainPrompt prompt) {
   if (text.empty()) {
     const KeychainStatus removed = co_await keychain_.remove(std::move(query), prompt);
     co_return removed == KeychainStatus::success;

@@ -39,13 +39,13 @@ class KeychainItems {
   ///
   /// A call before this one may be waiting for the user; `patience`, where it is given, bounds how
   /// long this one waits for its turn, and then leaves the item unknown.
-  [[nodiscard]] Task<KeychainReading<std::string>> readItem(
+  [[nodiscard]] Task<KeychainReading<Secret>> readItem(
       std::string service, std::string account, KeychainPrompt prompt,
       std::optional<ExecutorClock::duration> patience = std::nullopt);
 
   /// Saves `text` in the shared group; an empty text removes the item from every group. It is what
   /// the user wants now, so it may prompt. Returns at once; nothing cancels a save.
-  void saveItem(std::string text, std::string service, std::string account);
+  void saveItem(Secret text, std::string service, std::string account);
 
   /// True when every save and move has ended.
   [[nodiscard]] bool writesFinished() const { return writes_.idle(); }
@@ -57,9 +57,9 @@ class KeychainItems {
   /// The groups that the item is to leave; none without a shared one.
   [[nodiscard]] std::vector<std::string> oldGroups(const KeychainItem& item) const;
   [[nodiscard]] bool isShared(const KeychainItem& item) const;
-  [[nodiscard]] Task<void> saveInTurn(std::string text, KeychainQuery query);
+  [[nodiscard]] Task<void> saveInTurn(Secret text, KeychainQuery query);
   /// True when the text is in its place.
-  [[nodiscard]] Task<bool> save(std::string text, KeychainQuery query, KeychainPrompt prompt);
+  [[nodiscard]] Task<bool> save(Secret text, KeychainQuery query, KeychainPrompt prompt);
   [[nodiscard]] Task<void> moveToSharedGroup(AsyncMutex::Lock turn, KeychainItem item,
                                              KeychainQuery query);
 

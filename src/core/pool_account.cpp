@@ -24,12 +24,12 @@ void PoolAccount::readStoredToken() {
 }
 
 Task<void> PoolAccount::useStoredToken() {
-  KeychainReading<std::string> stored = co_await keychain_.readItem(
+  KeychainReading<Secret> stored = co_await keychain_.readItem(
       poolTokenItem.service, poolTokenItem.account, KeychainPrompt::allowed);
   // A token that the user has entered meanwhile counts; its save follows this read.
   if (!fields_->isReadingToken) { co_return; }
   isStoredTokenUnknown_ = !stored && stored.error() == KeychainMiss::unknown;
-  assignToken(std::move(stored).value_or(""));
+  assignToken(std::move(stored).value_or(Secret()));
   fields_.invokeOnChange();
   restartPolling();
 }
@@ -38,14 +38,14 @@ void PoolAccount::readUnknownToken() {
   if (std::exchange(isStoredTokenUnknown_, false)) { readStoredToken(); }
 }
 
-void PoolAccount::assignToken(std::string token) {
+void PoolAccount::assignToken(Secret token) {
   client_.token = token;
   fields_.set(&BalanceState::token, std::move(token));
   fields_.set(&BalanceState::isReadingToken, false);
 }
 
 void PoolAccount::setToken(std::string_view text) {
-  const std::string token(trimmed(text));
+  const std::string_view token = trimmed(text);
   if (token == fields_->token) { return; }
 
   assignToken(token);

@@ -40,7 +40,7 @@ class PoolAccount {
 
  private:
   [[nodiscard]] Task<void> useStoredToken();
-  void assignToken(std::string token);
+  void assignToken(Secret token);
 
   [[nodiscard]] Task<void> pollLoop();
   [[nodiscard]] Task<void> refreshAccount();

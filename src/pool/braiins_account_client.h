@@ -51,7 +51,7 @@ class BraiinsAccountClient {
   /// The access token sent with every request, unchanged; the store assigns it. No request is sent
   /// while it is empty or has a line break or NUL in it, which no header can carry: calls then fail
   /// with `userAuthenticationRequired`, at once and without using a slot.
-  std::string token;
+  Secret token;
 
   [[nodiscard]] Task<PoolResult<BraiinsAccountStats>> fetchStats();
   /// In display order.

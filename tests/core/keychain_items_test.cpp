@@ -21,16 +21,16 @@ Task<void> readAndIgnore(KeychainItems& items, KeychainPrompt prompt) {
 
 class KeychainItemsTest : public testing::Test {
  protected:
-  KeychainReading<std::string> readingOf(KeychainItems& items) {
+  KeychainReading<Secret> readingOf(KeychainItems& items) {
     auto text = runTask(executor, items.readItem(service, account, KeychainPrompt::never));
     settle();
     return text;
   }
   /// The text; what is known to be absent is no text.
   std::optional<std::string> read(KeychainItems& items) {
-    const KeychainReading<std::string> text = readingOf(items);
+    const KeychainReading<Secret> text = readingOf(items);
     EXPECT_TRUE(text || text.error() == KeychainMiss::absent);
-    return text ? std::optional(*text) : std::nullopt;
+    return text ? std::optional<std::string>(text->view()) : std::nullopt;
   }
   void save(KeychainItems& items, std::string text) {
     items.saveItem(std::move(text), service, account);

@@ -52,18 +52,18 @@ class MemoryKeychain final : public Keychain {
     }
     co_return item;
   }
-  [[nodiscard]] Task<KeychainStatus> update(KeychainQuery query, std::string data,
+  [[nodiscard]] Task<KeychainStatus> update(KeychainQuery query, Secret data,
                                             KeychainPrompt prompt) override {
     const KeychainStatus status = co_await reach(query, true, prompt);
     const auto found = std::ranges::find_if(items, matches(query));
     if (status == KeychainStatus::success && found != items.end()) { found->data = data; }
     co_return status;
   }
-  [[nodiscard]] Task<KeychainStatus> add(KeychainQuery query, std::string data,
+  [[nodiscard]] Task<KeychainStatus> add(KeychainQuery query, Secret data,
                                          KeychainPrompt prompt) override {
     const KeychainStatus status = co_await reach(query, false, prompt);
     if (status != KeychainStatus::success) { co_return KeychainStatus::failed; }
-    items.push_back({query.service, query.account, std::move(data), query.accessGroup});
+    items.push_back({query.service, query.account, std::string(data.view()), query.accessGroup});
     co_return status;
   }
   [[nodiscard]] Task<KeychainStatus> remove(KeychainQuery query, KeychainPrompt prompt) override {

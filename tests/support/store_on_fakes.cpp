@@ -131,8 +131,8 @@ void StoreOnFakes::knowFigures(const BalanceState& shown) {
       });
 }
 
-void StoreOnFakes::storeToken(std::string token) {
-  storeItem(poolService, "braiins-api-token", std::move(token));
+void StoreOnFakes::storeToken(std::string_view token) {
+  storeItem(poolService, "braiins-api-token", std::string(token));
 }
 
 void StoreOnFakes::storePayoutAddress(std::string address) {

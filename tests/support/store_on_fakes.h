@@ -40,7 +40,7 @@ class StoreOnFakes {
   /// The services have new figures; the next cycle brings them.
   void knowFigures(const BalanceState& shown);
 
-  void storeToken(std::string token);
+  void storeToken(std::string_view token);
   void storePayoutAddress(std::string address);
   /// The summary of `address` lists these payments from now on.
   void setPayments(const std::string& address, const std::vector<std::string>& ids);

@@ -62,9 +62,10 @@ void Dialing::lookedUp(const QHostInfo& found) {
 
 void Dialing::tryNext() {
   executor_.cancel(timer_);
-  if (addresses_.isEmpty()) { return; }
   const QHostAddress address = addresses_.takeFirst();
-  timer_ = executor_.schedule(executor_.now() + headStart, [this] { tryNext(); });
+  if (!addresses_.isEmpty()) {
+    timer_ = executor_.schedule(executor_.now() + headStart, [this] { tryNext(); });
+  }
   tryHost(address.toString());
 }
 

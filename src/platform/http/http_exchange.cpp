@@ -4,6 +4,7 @@
 #include <QSsl>
 #include <QSslSocket>
 #include <algorithm>
+#include <cstring>
 #include <memory>
 #include <utility>
 #include "platform/async/completion.h"
@@ -36,7 +37,12 @@ class HttpExchange {
   HttpExchange(const HttpExchange&) = delete;
   HttpExchange& operator=(const HttpExchange&) = delete;
   /// Aborts what is under way.
-  ~HttpExchange() { executor_.cancel(timer_); }
+  ~HttpExchange() {
+    executor_.cancel(timer_);
+    socket_.reset();  // which has shared the request's memory
+    ::explicit_bzero(const_cast<char*>(request_.constData()),
+                     static_cast<std::size_t>(request_.size()));
+  }
 
  private:
   [[nodiscard]] QString host() const { return order_.url.host(QUrl::FullyEncoded); }
@@ -65,7 +71,8 @@ class HttpExchange {
       end(std::unexpected(HttpFailure::other));
       return;
     }
-    socket_->write(requestBytes(order_.url, order_.headers));
+    request_ = requestBytes(order_.url, order_.headers);
+    socket_->write(request_);
   }
 
   void takeBytes() {
@@ -114,6 +121,7 @@ class HttpExchange {
   Executor& executor_;
   ExchangeOrder order_;
   Completion<ExchangeResult> completion_;
+  QByteArray request_;
   std::unique_ptr<QSslSocket> socket_;
   ResponseReader reader_;
   Instant lastArrival_;

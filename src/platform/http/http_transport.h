@@ -8,12 +8,13 @@
 #include <utility>
 #include <vector>
 #include "platform/async/task.h"
+#include "platform/secret/secret.h"
 
 namespace orvane {
 /// One header, sent as it is given.
 struct HttpHeader {
   std::string name;
-  std::string value;
+  Secret value;
 };
 
 /// What is asked: always a GET.

@@ -27,7 +27,7 @@ namespace orvane {
 [[nodiscard]] bool namesHost(const QSslCertificate& certificate, const QString& host);
 
 /// What goes over the connection: the request line, the headers that every request has (Host,
-/// User-Agent, Accept-Encoding, Connection), and `headers`.
+/// User-Agent, Accept-Encoding, Connection), and `headers`. No other copy of their values is made.
 [[nodiscard]] QByteArray requestBytes(const QUrl& url, const std::vector<HttpHeader>& headers);
 
 /// What an error of a socket means, before or after it was connected.

@@ -8,6 +8,7 @@
 #include <vector>
 #include "platform/async/signal.h"
 #include "platform/async/task.h"
+#include "platform/secret/secret.h"
 
 namespace orvane {
 /// Names generic-password items. Only synchronisable items are ever found, written or deleted.
@@ -19,7 +20,7 @@ struct KeychainQuery {
 
 /// One item as it was found.
 struct KeychainItem {
-  std::string data;                        ///< bytes, not necessarily text
+  Secret data;                             ///< bytes, not necessarily text
   std::optional<std::string> accessGroup;  ///< nothing when the item carries none
   std::vector<std::string> copies = {};    ///< groups that hold the same data under the same names
 };
@@ -48,10 +49,10 @@ class Keychain {
   [[nodiscard]] virtual Task<KeychainReading<KeychainItem>> copyMatching(KeychainQuery query,
                                                                          KeychainPrompt prompt) = 0;
   /// Replaces the data of the matching item.
-  [[nodiscard]] virtual Task<KeychainStatus> update(KeychainQuery query, std::string data,
+  [[nodiscard]] virtual Task<KeychainStatus> update(KeychainQuery query, Secret data,
                                                     KeychainPrompt prompt) = 0;
   /// Creates an item.
-  [[nodiscard]] virtual Task<KeychainStatus> add(KeychainQuery query, std::string data,
+  [[nodiscard]] virtual Task<KeychainStatus> add(KeychainQuery query, Secret data,
                                                  KeychainPrompt prompt) = 0;
   /// Removes every matching item.
   [[nodiscard]] virtual Task<KeychainStatus> remove(KeychainQuery query, KeychainPrompt prompt) = 0;

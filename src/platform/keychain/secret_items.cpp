@@ -1,6 +1,7 @@
 #include "platform/keychain/secret_items.h"
 #include <algorithm>
 #include <ranges>
+#include <span>
 #include <string_view>
 #include <tuple>
 #include <utility>
@@ -39,7 +40,8 @@ SecretAttributes attributesOf(const KeychainQuery& query) {
   return table;
 }
 
-SecretValueRef secretOf(const std::string& data) {
+SecretValueRef secretOf(const Secret& secret) {
+  const std::span<const char> data(secret.view());
   const auto size = static_cast<gssize>(data.size());
   const bool isText = g_utf8_validate(data.data(), size, nullptr) != FALSE;
   return SecretValueRef(
@@ -113,7 +115,7 @@ std::optional<KeychainItem> contentOf(const SecretItemRef& item) {
   if (!value) { return std::nullopt; }
   gsize size = 0;
   const char* const bytes = secret_value_get(value.get(), &size);
-  KeychainItem content{.data = std::string(bytes, size), .accessGroup = std::nullopt};
+  KeychainItem content{.data = std::string_view(bytes, size), .accessGroup = std::nullopt};
   const SecretAttributes attributes(secret_item_get_attributes(item.get()));
   if (const auto* group = g_hash_table_lookup(attributes.get(), groupAttribute)) {
     content.accessGroup = static_cast<const char*>(group);
@@ -171,7 +173,7 @@ Task<FoundCollection> defaultCollection() {
   co_return co_await glibCall(std::move(begin), finish);
 }
 
-Task<bool> createItem(SecretCollectionRef collection, KeychainQuery query, std::string data) {
+Task<bool> createItem(SecretCollectionRef collection, KeychainQuery query, Secret data) {
   const SecretAttributes attributes = attributesOf(query);
   put(attributes, "xdg:schema", schemaName);
   const SecretValueRef value = secretOf(data);
@@ -187,7 +189,7 @@ Task<bool> createItem(SecretCollectionRef collection, KeychainQuery query, std::
   co_return co_await glibCall(std::move(begin), finish);
 }
 
-Task<bool> replaceData(SecretItemRef item, std::string data) {
+Task<bool> replaceData(SecretItemRef item, Secret data) {
   const SecretValueRef value = secretOf(data);
   GlibBegin begin = [&](GCancellable* cancellable, GAsyncReadyCallback callback, gpointer user) {
     secret_item_set_secret(item.get(), value.get(), cancellable, callback, user);

@@ -47,8 +47,8 @@ using SecretObjects = std::vector<GRef<GDBusProxy>>;
 using SecretItemWrite = std::function<Task<bool>(SecretItemRef)>;
 
 [[nodiscard]] Task<bool> createItem(SecretCollectionRef collection, KeychainQuery query,
-                                    std::string data);
-[[nodiscard]] Task<bool> replaceData(SecretItemRef item, std::string data);
+                                    Secret data);
+[[nodiscard]] Task<bool> replaceData(SecretItemRef item, Secret data);
 [[nodiscard]] Task<bool> deleteItem(SecretItemRef item);
 
 // Prompts: the service asks the user, in a dialog of its own. Each ends with the user's answer;

@@ -34,7 +34,7 @@ Task<KeychainStatus> writeToAll(KeychainQuery query, SecretItemWrite write) {
   co_return isDone ? KeychainStatus::success : KeychainStatus::failed;
 }
 
-Task<KeychainStatus> addItem(KeychainQuery query, std::string data) {
+Task<KeychainStatus> addItem(KeychainQuery query, Secret data) {
   // The service itself would not mind a second item of the same attributes.
   const std::optional<SecretItems> existing = co_await findItems(query);
   if (!existing || !existing->empty()) { co_return KeychainStatus::failed; }
@@ -127,7 +127,7 @@ Task<KeychainReading<KeychainItem>> SecretServiceKeychain::copyMatching(Keychain
   co_return *std::move(item);
 }
 
-Task<KeychainStatus> SecretServiceKeychain::update(KeychainQuery query, std::string data,
+Task<KeychainStatus> SecretServiceKeychain::update(KeychainQuery query, Secret data,
                                                    KeychainPrompt prompt) {
   if (prompt == KeychainPrompt::allowed) { co_await unlockMatching(query); }
   SecretItemWrite replace = [data](SecretItemRef item) {
@@ -137,7 +137,7 @@ Task<KeychainStatus> SecretServiceKeychain::update(KeychainQuery query, std::str
   co_return co_await service_.answerTo(std::move(writing), KeychainStatus::failed);
 }
 
-Task<KeychainStatus> SecretServiceKeychain::add(KeychainQuery query, std::string data,
+Task<KeychainStatus> SecretServiceKeychain::add(KeychainQuery query, Secret data,
                                                 KeychainPrompt prompt) {
   if (prompt == KeychainPrompt::allowed) { co_await openDefaultCollection(); }
   Task<KeychainStatus> adding = addItem(std::move(query), std::move(data));

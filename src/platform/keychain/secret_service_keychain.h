@@ -90,9 +90,9 @@ class SecretServiceKeychain final : public Keychain {
 
   [[nodiscard]] Task<KeychainReading<KeychainItem>> copyMatching(KeychainQuery query,
                                                                  KeychainPrompt prompt) override;
-  [[nodiscard]] Task<KeychainStatus> update(KeychainQuery query, std::string data,
+  [[nodiscard]] Task<KeychainStatus> update(KeychainQuery query, Secret data,
                                             KeychainPrompt prompt) override;
-  [[nodiscard]] Task<KeychainStatus> add(KeychainQuery query, std::string data,
+  [[nodiscard]] Task<KeychainStatus> add(KeychainQuery query, Secret data,
                                          KeychainPrompt prompt) override;
   [[nodiscard]] Task<KeychainStatus> remove(KeychainQuery query, KeychainPrompt prompt) override;
   [[nodiscard]] Registration observeArrival(std::function<void()> listener) override {

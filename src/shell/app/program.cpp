@@ -18,6 +18,7 @@
 #include "platform/keychain/secret_service_keychain.h"
 #include "platform/network/qt_network_watch.h"
 #include "platform/notifications/desktop_notification_center.h"
+#include "platform/secret/secret.h"
 #include "platform/tray/desktop_status_bar.h"
 #include "shell/app/orvane_app.h"
 #include "shell/views/colors.h"
@@ -118,6 +119,7 @@ int runApplication(int argc, char** argv, const ProgramSettings& settings) {
 }  // namespace
 
 int runProgram(int argc, char** argv, const ProgramSettings& settings) {
+  refuseCoreDumps();
   const int code = runApplication(argc, argv, settings);
   // All that is ours has ended; what is left would wait for the network.
   if (isResolverAtWork()) { std::quick_exit(code); }

@@ -2,6 +2,7 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <algorithm>
+#include <cstring>
 #include <utility>
 #include "shell/view_models/window_contents.h"
 #include "shell/views/labelled_switch.h"
@@ -80,9 +81,9 @@ class SettingsField final : public QWidget {
   }
 
   [[nodiscard]] QLineEdit& edit() { return *edit_; }
-  [[nodiscard]] std::string draft() const { return toUtf8(edit_->text()); }
+  [[nodiscard]] Secret draft() const { return toSecret(edit_->text()); }
 
-  void setDraft(const std::string& text) {
+  void setDraft(std::string_view text) {
     const auto wanted = toQString(text);
     if (wanted != edit_->text()) { edit_->setText(wanted); }
     if (!edit_->hasFocus()) {
@@ -113,9 +114,18 @@ class SettingsField final : public QWidget {
 
  private:
   void remove() {
+    if (edit_->echoMode() == QLineEdit::Password) { wipe(); }
     edit_->clear();
     edit_->setFocus(Qt::OtherFocusReason);  // the button is about to go away
     onCommit_();
+  }
+
+  /// The memory that the field shares with its text, and what it remembers of single keys.
+  void wipe() {
+    const QString text = edit_->text();
+    ::explicit_bzero(const_cast<QChar*>(text.constData()),
+                     static_cast<std::size_t>(text.size()) * sizeof(QChar));
+    edit_->setText(QString());
   }
 
   std::function<void()> onCommit_;
@@ -204,8 +214,10 @@ void SettingsSection::showFieldStates() {
   addressField_->showState(addressFieldState(store_.state(), addressDraft()));
 }
 
-std::string SettingsSection::tokenDraft() const { return tokenField_->draft(); }
-std::string SettingsSection::addressDraft() const { return addressField_->draft(); }
+Secret SettingsSection::tokenDraft() const { return tokenField_->draft(); }
+std::string SettingsSection::addressDraft() const {
+  return std::string(addressField_->draft().view());
+}
 
 void SettingsSection::commitToken() {
   store_.setToken(tokenDraft());

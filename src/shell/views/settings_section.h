@@ -26,7 +26,7 @@ class SettingsSection final : public QWidget {
   void showState();
 
  private:
-  [[nodiscard]] std::string tokenDraft() const;
+  [[nodiscard]] Secret tokenDraft() const;
   [[nodiscard]] std::string addressDraft() const;
   void commitToken();
   void commitAddress();

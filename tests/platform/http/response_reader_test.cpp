@@ -39,7 +39,8 @@ std::string repeated(int times, const std::string& text) {
 TEST(ResponseReaderTest, AnAnswerIsReadOnlyAsFarAsItsFramingIsCertain) {
   const std::string ok = "HTTP/1.1 200 OK\r\n";
   const std::string chunked = ok + "Transfer-Encoding: chunked\r\n\r\n";
-  const std::string interim = "HTTP/1.1 103 Early Hints\r\nContent-Length: 7\r\n\r\n";
+  const std::string interim =
+      "HTTP/1.1 103 Early Hints\r\nContent-Length: 7\r\nLocation: /x\r\n\r\n";
   const std::string empty = "Content-Length: 0\r\n\r\n";
   const std::pair<std::string, std::string> cases[]{
       // The status line.
@@ -95,6 +96,7 @@ TEST(ResponseReaderTest, AnAnswerIsReadOnlyAsFarAsItsFramingIsCertain) {
       {chunked + "2 2\r\nab\r\n0\r\n\r\n", "broken"},
       {chunked + "2000001\r\n", "broken"},
       {chunked + "10000000000000001\r\n", "broken"},
+      {chunked + "00000000000000001\r\na\r\n0\r\n\r\n", "broken"},  // sizes are not counted
       {chunked + "0\r\nno trailer\r\n\r\n", "broken"},
       {ok + "Transfer-Encoding: Chunked\r\nContent-Length: 1\r\n\r\n", "broken"},
       {ok + "Transfer-Encoding: gzip, chunked\r\n\r\n", "broken"},

@@ -77,6 +77,12 @@ def figures_come_back_by_themselves(program, address):
     assert token.getText(0, token.characterCount) == "", "it is read out"
 
 
+def no_core_dump_would_hold_the_token(program):
+    process = pathlib.Path("/proc", str(program.process.pid))
+    assert re.search(r"^Max core file size +(1|0 +0) ", (process / "limits").read_text(), re.M)
+    assert int((process / "coredump_filter").read_text(), 16) == 0
+
+
 def brightness(window):
     return float(output_of("convert", f"x:{window}", "-format", "%[fx:mean]", "info:"))
 
@@ -84,6 +90,7 @@ def brightness(window):
 def tell_the_story(services):
     with Service("watcher"), Program(services) as program:
         token_is_entered_and_kept(program)
+        no_core_dump_would_hold_the_token(program)
         address_is_entered_and_read(program, services["address"])
         failure_and_its_end_are_announced_once(program, services)
         window_is_closed_and_brought_back(program)
