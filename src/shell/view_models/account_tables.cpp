@@ -75,6 +75,15 @@ std::vector<Metric> historySummaryMetrics(const BraiinsHistorySummary& summary,
   return metrics;
 }
 
+std::vector<Metric> usualHistoryMetrics(const LocaleFormat& format) {
+  BraiinsHistorySummary usual({});
+  usual.dayCount = 9'999;
+  usual.averageHashRate = 1e14;
+  usual.totalShares = 99'999'999'999'999;
+  usual.totalRewardSats = Decimal(99'999'999);
+  return historySummaryMetrics(usual, format, {{.title = "VALUE · EUR", .value = "99,999.99 €"}});
+}
+
 std::vector<Metric> historyValueMetrics(const BraiinsHistorySummary& summary,
                                         const BalanceState& state, const LocaleFormat& format) {
   const auto value = fiatText(state, format, summary.totalRewardSats.toDouble());

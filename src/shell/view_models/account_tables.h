@@ -49,6 +49,8 @@ struct HistoryRow {
 [[nodiscard]] std::vector<Metric> historySummaryMetrics(const BraiinsHistorySummary& summary,
                                                         const LocaleFormat& format,
                                                         const std::vector<Metric>& extraMetrics);
+/// Totals as wide as those of most accounts after years; a row of totals keeps room for them.
+[[nodiscard]] std::vector<Metric> usualHistoryMetrics(const LocaleFormat& format);
 /// The value of all rewards in the preferred currency; none without prices.
 [[nodiscard]] std::vector<Metric> historyValueMetrics(const BraiinsHistorySummary& summary,
                                                       const BalanceState& state,

@@ -96,7 +96,7 @@ ColumnArea* helpTexts(const FennickAppInfo& app, QWidget* parent) {
 QWidget* footer(const std::string& brandUrl, const std::function<void()>& closeAction,
                 QWidget* view) {
   auto* const footer = new QWidget(view);
-  footer->setFixedHeight(theme::footerHeight);
+  footer->setMinimumHeight(theme::footerHeight);
   auto* const close = new QPushButton(QWidget::tr("Close"), footer);
   close->setMinimumHeight(theme::controlHeight);
   QObject::connect(close, &QPushButton::clicked, footer, [view, closeAction] {
@@ -107,7 +107,8 @@ QWidget* footer(const std::string& brandUrl, const std::function<void()>& closeA
     }
   });
   auto* const row = new QHBoxLayout(footer);
-  row->setContentsMargins(theme::footerPadding, 0, theme::footerPadding, 0);
+  row->setContentsMargins(theme::footerPadding, theme::smallSpacing, theme::footerPadding,
+                          theme::smallSpacing);
   row->addWidget(new LinkLabel(TextStyle::body, "The Fennick Tools", brandUrl, footer));
   row->addStretch();
   row->addWidget(close);

@@ -18,7 +18,7 @@
 
 namespace orvane {
 namespace {
-constexpr int symbolSize = theme::symbolSize + 4;
+constexpr int helpSymbolSize = theme::symbolSize + 4;
 constexpr int focusRadius = 4;
 
 /// The command's key, and the ones that a user of this desktop would try as well.
@@ -53,8 +53,6 @@ class CommandButton final : public QPushButton {
   explicit CommandButton(const Menu& commands, QWidget* parent) : QPushButton(parent) {
     setFlat(true);
     setAutoDefault(false);
-    setIconSize({symbolSize, symbolSize});
-    setFixedSize(theme::controlHeight, theme::controlHeight);
     setAccessibleName(tr("Help and commands"));
     setToolTip(tr("Help and commands"));
     auto* const menu = new QMenu(this);
@@ -78,7 +76,9 @@ class CommandButton final : public QPushButton {
  protected:
   void changeEvent(QEvent* event) override {
     QPushButton::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) { drawSymbol(); }
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationFontChange) {
+      drawSymbol();
+    }
   }
 
   void paintEvent(QPaintEvent* /*event*/) override {
@@ -98,7 +98,11 @@ class CommandButton final : public QPushButton {
 
  private:
   void drawSymbol() {
-    setIcon(symbolIcon(QStringLiteral("questionmark.circle"), symbolSize, palette()));
+    const int size = theme::grown(helpSymbolSize);
+    const int side = size + theme::controlHeight - helpSymbolSize;
+    setFixedSize(side, side);
+    setIconSize({size, size});
+    setIcon(symbolIcon(QStringLiteral("questionmark.circle"), size, palette()));
   }
 };
 
@@ -110,13 +114,21 @@ void layOutUpToWindow(QWidget& changed) {
   }
 }
 
-/// A window on screen that has to make room for `size` within it does so on both sides alike; one
-/// that is yet to appear is placed when it does.
-void makeRoom(QWidget& content, const QSize& size) {
+/// Makes room in the window for content of the `least` size; one that has to become wider becomes
+/// as wide as `ideal`. One that has its place grows on both sides alike; one that is yet to appear
+/// is placed when it does.
+void makeRoom(QWidget& content, const QSize& least, const QSize& ideal) {
   auto& window = *content.window();
-  const QSize missing = (size - content.size()).expandedTo({0, 0});
-  if (missing.isNull() || !isPlaced(window)) { return; }
-  window.setGeometry(grownAboutCentre(roomOf(window), window.geometry(), window.size() + missing));
+  const bool isTooNarrow = content.width() < least.width();
+  const QSize wanted(isTooNarrow ? ideal.width() : content.width(),
+                     std::max(content.height(), least.height()));
+  if (wanted == content.size()) { return; }
+  if (isPlaced(window) || window.testAttribute(Qt::WA_Moved)) {
+    const QSize size = window.size() + wanted - content.size();
+    window.setGeometry(grownAboutCentre(roomOf(window), window.geometry(), size));
+  } else {
+    window.resize(window.size().expandedTo(wanted));
+  }
 }
 }  // namespace
 
@@ -166,6 +178,7 @@ BalanceView::BalanceView(BalanceStore& store, const LocaleFormat& format,
   leftColumn_ = new ColumnArea(tr("Balance and settings"), theme::leftColumnSpacing, this);
   poolCard_ = new PoolCardView(store, leftColumn_->widget());
   addressCard_ = new AddressCardView(store, leftColumn_->widget());
+  placeValuesAlike(*poolCard_, *addressCard_);
   settings_ = new SettingsSection(store, settings.poolWebHost, leftColumn_->widget());
   columnDivider_ = new Divider(Qt::Vertical, this);
   rightColumn_ = new ColumnArea(tr("Workers and history"), theme::rightColumnSpacing, this);
@@ -178,9 +191,10 @@ BalanceView::BalanceView(BalanceStore& store, const LocaleFormat& format,
 
 void BalanceView::layOut() {
   for (QWidget* part : std::initializer_list<QWidget*>{poolCard_, addressCard_, settings_}) {
-    part->setMaximumWidth(theme::readableWidth);
     leftColumn_->column()->addWidget(part);
   }
+  // Not the parts': their column would ask for their height at a width that they do not take.
+  leftColumn_->widget()->setMaximumWidth(theme::readableWidth + 2 * theme::windowPadding);
   leftColumn_->column()->addStretch();
   rightColumn_->column()->addWidget(workers_);
   rightColumn_->column()->addWidget(history_, 1);
@@ -222,15 +236,42 @@ void BalanceView::showState() {
   askForSize();
 }
 
-void BalanceView::askForSize() {
+int BalanceView::widthAround(int content) const {
+  return theme::leftColumnWidth + columnDivider_->width() + 2 * theme::windowPadding + content;
+}
+
+QSize BalanceView::leastSize() const {
   const auto wanted = windowLayout(store_.state());
-  const QSize size =
-      QSize(wanted.minimumWidth, wanted.minimumHeight).boundedTo(largestSize(roomOf(*window())));
-  if (size == minimumSize()) { return; }
-  leftColumn_->setMinimumWidth(std::min(theme::leftColumnWidth, size.width()));
-  makeRoom(*this, size);
-  setMinimumSize(size);
+  int width = wanted.minimumWidth;
+  if (wanted.showsAccountColumn) {
+    // In larger fonts the figures of the tables need more than the design's width.
+    const int content = std::max(workers_->leastWidth(), history_->leastWidth());
+    const int most = theme::grown(theme::rightColumnMinimumWidth) + theme::leftColumnWidth;
+    width = std::max(width, std::min(widthAround(content), most));
+  }
+  return QSize(width, wanted.minimumHeight).boundedTo(largestSize(roomOf(*window())));
+}
+
+QSize BalanceView::sizeHint() const {
+  const QSize least = leastSize();
+  if (!windowLayout(store_.state()).showsAccountColumn) { return least; }
+  return QSize(widthAround(history_->widthOfOneRow()), 0)
+      .boundedTo(largestSize(roomOf(*window())))
+      .expandedTo(least);
+}
+
+void BalanceView::askForSize() {
+  const QSize least = leastSize();
+  if (least == minimumSize()) { return; }
+  leftColumn_->setMinimumWidth(std::min(theme::leftColumnWidth, least.width()));
+  makeRoom(*this, least, sizeHint());
+  setMinimumSize(least);
   layOutUpToWindow(*this);
+}
+
+void BalanceView::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::ApplicationFontChange) { update_.request(); }
 }
 
 void BalanceView::showEvent(QShowEvent* event) {

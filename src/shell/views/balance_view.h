@@ -41,10 +41,11 @@ class BalanceView final : public QWidget {
   /// Asks where, and saves the daily history as CSV.
   void saveHistory();
 
-  /// The least size, so that a window opens with the design's own proportions.
-  [[nodiscard]] QSize sizeHint() const override { return minimumSize(); }
+  /// The least size, and as wide as everything needs that may wrap in it but looks better in a row.
+  [[nodiscard]] QSize sizeHint() const override;
 
  protected:
+  void changeEvent(QEvent* event) override;
   void showEvent(QShowEvent* event) override;
 
  private:
@@ -53,6 +54,9 @@ class BalanceView final : public QWidget {
   /// typed text, selections and scroll positions stay.
   void showState();
   void askForSize();
+  [[nodiscard]] QSize leastSize() const;
+  /// Of the window whose right column's content is as wide as this.
+  [[nodiscard]] int widthAround(int content) const;
 
   BalanceStore& store_;
   const LocaleFormat& format_;

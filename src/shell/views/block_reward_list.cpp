@@ -16,6 +16,7 @@
 #include "platform/desktop/symbols.h"
 #include "shell/views/colors.h"
 #include "shell/views/figure_table.h"
+#include "shell/views/parted_label.h"
 #include "shell/views/theme.h"
 
 namespace orvane {
@@ -109,7 +110,7 @@ class BlockRewardList::Delegate final : public QStyledItemDelegate {
                                   : theme::textColor(isSpendable ? theme::TextColor::green
                                                                  : theme::TextColor::orange,
                                                      list_.parentWidget()->palette());
-    const int size = theme::symbolSize;
+    const int size = theme::grown(theme::symbolSize);
     const QRect symbol(row.left(), row.top() + (row.height() - size) / 2, size, size);
     painter->drawPixmap(QStyle::visualRect(option.direction, row, symbol).topLeft(),
                         symbolPixmap(isSpendable ? QStringLiteral("checkmark.seal.fill")
@@ -142,8 +143,8 @@ class BlockRewardList::Delegate final : public QStyledItemDelegate {
     if (width == measuredWidth_) { return; }
     measuredWidth_ = width;
     for (Form& form : forms_) {
-      const int beside = width - theme::symbolSize - theme::smallSpacing;
-      form.height = std::max(theme::symbolSize, layOut(form.text, beside));
+      const int size = theme::grown(theme::symbolSize);
+      form.height = std::max(size, layOut(form.text, width - size - theme::smallSpacing));
     }
   }
 
@@ -155,7 +156,8 @@ class BlockRewardList::Delegate final : public QStyledItemDelegate {
     text_.setDocumentMargin(0);
     text_.setDefaultFont(list_.font());
     text_.setDefaultTextOption(option);
-    text_.setPlainText(toQString(numbersIsolated(toUtf8(text))));
+    text_.setPlainText(breakingBetweenParts(toQString(numbersIsolated(toUtf8(text))),
+                                            QFontMetrics(list_.font()), width));
     text_.setTextWidth(std::max(1, width));
     return text_.size().toSize().height();
   }
@@ -206,7 +208,10 @@ int BlockRewardList::heightForWidth(int width) const { return delegate_->totalHe
 
 QSize BlockRewardList::sizeHint() const { return {width(), heightForWidth(width())}; }
 
-QSize BlockRewardList::minimumSizeHint() const { return {theme::symbolSize, theme::symbolSize}; }
+QSize BlockRewardList::minimumSizeHint() const {
+  const int size = theme::grown(theme::symbolSize);
+  return {size, size};
+}
 
 void BlockRewardList::changeEvent(QEvent* event) {
   QListView::changeEvent(event);

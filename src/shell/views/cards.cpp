@@ -3,6 +3,7 @@
 #include <array>
 #include "shell/views/block_reward_list.h"
 #include "shell/views/flow_layout.h"
+#include "shell/views/parted_label.h"
 
 namespace orvane {
 using theme::TextColor;
@@ -26,7 +27,8 @@ void showUnit(SegmentedPicker& picker, BalanceUnit unit) {
 }
 
 FlowLayout* titleRow(const QString& title, SegmentedPicker* unit, QWidget* parent) {
-  auto* const row = new FlowLayout(FlowLayout::Align::baseline, theme::smallSpacing, 0);
+  auto* const row =
+      new FlowLayout(FlowLayout::Align::baseline, theme::smallSpacing, theme::smallSpacing);
   row->addWidget(new TextLabel(title, TextStyle::headline, TextColor::secondary, parent));
   row->addStretch();
   row->addWidget(unit);
@@ -34,17 +36,17 @@ FlowLayout* titleRow(const QString& title, SegmentedPicker* unit, QWidget* paren
 }
 }  // namespace
 
-/// A card's large figure with its value in money beside it, on one baseline.
+/// A card's large figure with its value in money beside it, on one baseline, or beneath it.
 class BalanceRow final : public QWidget {
  public:
   /// `title`: what the figure is, for screen readers.
   BalanceRow(const QString& title, QWidget* parent)
       : QWidget(parent),
         amount_(new FigureLabel(TextStyle::largeFigure, TextColor::primary, this)),
-        fiatValue_(new TextLabel(TextStyle::title2MediumFigure, TextColor::secondary, this)) {
-    auto* const row = new FlowLayout(FlowLayout::Align::baseline, theme::barPadding, 0, this);
-    row->addWidget(amount_);
-    row->addWidget(fiatValue_);
+        fiatValue_(new FigureLabel(TextStyle::title2MediumFigure, TextColor::secondary, this)),
+        row_(new FlowLayout(FlowLayout::Align::baseline, theme::barPadding, 0, this)) {
+    row_->addWidget(amount_);
+    row_->addWidget(fiatValue_);
     amount_->setAccessibleDescription(title);
     amount_->makeSelectable(TextLabel::By::mouse);
     fiatValue_->makeSelectable(TextLabel::By::mouse);
@@ -59,9 +61,24 @@ class BalanceRow final : public QWidget {
     fiatValue_->showTextOrHide(figure.fiatValue);
   }
 
+  static void placeValuesAlike(BalanceRow& one, BalanceRow& other) {
+    FlowLayout::wrapAlike(*one.row_, *other.row_);
+  }
+
+ protected:
+  void showEvent(QShowEvent* event) override {
+    QWidget::showEvent(event);
+    row_->invalidate();
+  }
+  void hideEvent(QHideEvent* event) override {
+    QWidget::hideEvent(event);
+    row_->invalidate();
+  }
+
  private:
   FigureLabel* amount_;
-  TextLabel* fiatValue_;
+  FigureLabel* fiatValue_;
+  FlowLayout* row_;
 };
 
 /// The line beneath a card's figures: when they were read, or what went wrong, and a button that
@@ -72,7 +89,7 @@ class StatusRow final : public QWidget {
   StatusRow(const QString& subject, BalanceStore& store, QWidget* parent)
       : QWidget(parent),
         symbol_(new SymbolLabel(this)),
-        text_(wrappingText({}, TextStyle::callout, TextColor::secondary, this)),
+        text_(new PartedLabel(TextStyle::callout, TextColor::secondary, this)),
         button_(new RefreshButton(
             subject,
             [&store] {
@@ -100,7 +117,7 @@ class StatusRow final : public QWidget {
 
  private:
   SymbolLabel* symbol_;
-  TextLabel* text_;
+  PartedLabel* text_;
   RefreshButton* button_;
   FailureAnnouncer announcer_;
 };
@@ -163,5 +180,9 @@ void AddressCardView::showCard(const AddressCard& card, BalanceUnit unit) {
   metrics_->showMetrics(card.metrics);
   blockRewards_->showLines(card.blockRewards);
   status_->showStatus(card.status, card.refresh);
+}
+
+void placeValuesAlike(PoolCardView& pool, AddressCardView& address) {
+  BalanceRow::placeValuesAlike(*pool.balance_, *address.balance_);
 }
 }  // namespace orvane

@@ -7,12 +7,15 @@
 #include "shell/views/labels.h"
 
 namespace orvane {
+class AddressCardView;
 class BalanceRow;
 class BlockRewardList;
 class StatusRow;
 
 /// The card of the pool account.
 class PoolCardView final : public Card {
+  friend void placeValuesAlike(PoolCardView& pool, AddressCardView& address);
+
  public:
   /// `store` outlives the card.
   explicit PoolCardView(BalanceStore& store, QWidget* parent = nullptr);
@@ -27,6 +30,8 @@ class PoolCardView final : public Card {
 
 /// The card of the watched address.
 class AddressCardView final : public Card {
+  friend void placeValuesAlike(PoolCardView& pool, AddressCardView& address);
+
  public:
   /// `store` outlives the card.
   explicit AddressCardView(BalanceStore& store, QWidget* parent = nullptr);
@@ -43,4 +48,8 @@ class AddressCardView final : public Card {
   BlockRewardList* blockRewards_;
   StatusRow* status_;
 };
+
+/// Has the value in money in the same place in both cards, as long as both show: beneath the figure
+/// in each when it does not fit beside it in one.
+void placeValuesAlike(PoolCardView& pool, AddressCardView& address);
 }  // namespace orvane

@@ -16,7 +16,8 @@ constexpr int stepsPerTurn = 12;
 constexpr int degreesPerStep = 360 / stepsPerTurn;
 
 void drawBusyIndicator(QPainter& painter, const QRect& around, const QColor& color, int step) {
-  QRectF circle(0, 0, theme::busyIndicatorSize - 2, theme::busyIndicatorSize - 2);
+  const int size = theme::grown(theme::busyIndicatorSize) - 2;
+  QRectF circle(0, 0, size, size);
   circle.moveCenter(QRectF(around).center());
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(theme::withOpacity(color, 0.2), 2));
@@ -35,7 +36,7 @@ class Segment final : public QRadioButton {
   using QRadioButton::QRadioButton;
 
   [[nodiscard]] QSize sizeHint() const override {
-    return {fontMetrics().horizontalAdvance(text()) + 2 * theme::smallSpacing,
+    return {fontMetrics().horizontalAdvance(text()) + 2 * theme::grown(theme::smallSpacing),
             std::max(trackHeight, fontMetrics().height() + theme::smallSpacing)};
   }
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
@@ -94,7 +95,6 @@ RefreshButton::RefreshButton(const QString& subject, std::function<void()> onPre
   setText(tr("Refresh"));  // not earlier: a change makes screen readers ask what this is
   setAutoDefault(false);
   setMinimumHeight(theme::controlHeight);
-  setIconSize({theme::symbolSize, theme::symbolSize});
   setAccessibleDescription(subject_);
   drawSymbol();
   connect(this, &QPushButton::clicked, this, [this, onPress = std::move(onPress)] {
@@ -181,13 +181,16 @@ void RefreshButton::hideEvent(QHideEvent* event) {
 
 void RefreshButton::changeEvent(QEvent* event) {
   QPushButton::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange) {
+  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange ||
+      event->type() == QEvent::ApplicationFontChange) {
     drawSymbol();
   }
 }
 
 void RefreshButton::drawSymbol() {
-  setIcon(symbolIcon(QStringLiteral("arrow.clockwise"), theme::symbolSize, palette()));
+  const int size = theme::grown(theme::symbolSize);
+  setIconSize({size, size});
+  setIcon(symbolIcon(QStringLiteral("arrow.clockwise"), size, palette()));
 }
 
 SegmentedPicker::SegmentedPicker(const QString& group, const QString& subject,

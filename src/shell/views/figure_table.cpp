@@ -13,7 +13,13 @@
 
 namespace orvane {
 namespace {
-constexpr int dotWidth = theme::stateDotSize + theme::smallSpacing;
+int dotWidth() { return theme::grown(theme::stateDotSize) + theme::smallSpacing; }
+
+/// Of a row of texts, with the design's space around a line.
+int heightOfRow(const QFont& font, int lines = 1) {
+  return std::max(theme::tableRowHeight,
+                  lines * QFontMetrics(font).height() + theme::tableCellPadding);
+}
 
 /// What stands around the text of a cell. The outer columns keep the distance to the panel's edge
 /// that everything in it keeps; the scroll bar lies in it.
@@ -47,13 +53,13 @@ void drawElided(QPainter& painter, const QRect& box, const QString& text, Qt::Al
 
 /// Draws the dot at the leading end of `box` and gives what is left for the text.
 QRect drawDot(QPainter& painter, const QRect& box, const QColor& color, Qt::LayoutDirection side) {
-  const int size = theme::stateDotSize;
+  const int size = theme::grown(theme::stateDotSize);
   const QRect dot(box.left(), box.center().y() - size / 2 + 1, size, size);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
   painter.setBrush(color);
   painter.drawEllipse(QStyle::visualRect(side, box, dot));
-  const auto rest = box.adjusted(size + theme::smallSpacing, 0, theme::tableCellPadding, 0);
+  const auto rest = box.adjusted(dotWidth(), 0, theme::tableCellPadding, 0);
   return QStyle::visualRect(side, box, rest);
 }
 
@@ -64,6 +70,19 @@ class PlainHeader final : public QHeaderView {
     setHighlightSections(false);
     setSectionsClickable(false);
     viewport()->setAutoFillBackground(false);
+  }
+
+  /// Lets titles of several words take a line for each.
+  void wrapTitles(bool wraps) { wraps_ = wraps; }
+  [[nodiscard]] bool wrapsTitles() const { return wraps_; }
+  /// What a column needs for its title, in lines of one word or in one line.
+  [[nodiscard]] int titleWidth(int section, bool wraps) const {
+    const QFontMetrics metrics(font());
+    int widest = 0;
+    for (const auto& line : linesOf(section, wraps)) {
+      widest = std::max(widest, metrics.horizontalAdvance(line));
+    }
+    return widest + CellPadding(section, count()).sum();
   }
 
  protected:
@@ -78,16 +97,29 @@ class PlainHeader final : public QHeaderView {
     painter->setPen(theme::textColor(theme::TextColor::secondary, palette()));
     const auto alignment =
         Qt::Alignment(model()->headerData(section, Qt::Horizontal, Qt::TextAlignmentRole).toInt());
-    drawElided(*painter, CellPadding(section, count()).within(rect, layoutDirection()),
-               model()->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString(),
-               QStyle::visualAlignment(layoutDirection(), alignment));
+    const auto lines = linesOf(section, wraps_);
+    const int height = painter->fontMetrics().height();
+    QRect line = CellPadding(section, count()).within(rect, layoutDirection());
+    line.setTop(rect.center().y() - static_cast<int>(lines.size()) * height / 2 + 1);
+    line.setHeight(height);
+    for (const auto& text : lines) {
+      drawElided(*painter, line, text, QStyle::visualAlignment(layoutDirection(), alignment));
+      line.translate(0, height);
+    }
   }
 
   [[nodiscard]] QSize sectionSizeFromContents(int section) const override {
-    const auto text = model()->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
-    return {QFontMetrics(font()).horizontalAdvance(text) + CellPadding(section, count()).sum(),
-            theme::tableRowHeight};
+    const auto lines = static_cast<int>(linesOf(section, wraps_).size());
+    return {titleWidth(section, wraps_), heightOfRow(font(), lines)};
   }
+
+ private:
+  [[nodiscard]] QStringList linesOf(int section, bool wraps) const {
+    const auto title = model()->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
+    return wraps ? title.split(u' ') : QStringList(title);
+  }
+
+  bool wraps_ = false;
 };
 
 /// Draws a cell's text, the dot before it when it has one, and the line beneath its row.
@@ -97,7 +129,7 @@ class FigureCellDelegate final : public QStyledItemDelegate {
 
   [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
                                const QModelIndex& index) const override {
-    const int dot = index.data(dotColorRole).isValid() ? dotWidth : 0;
+    const int dot = index.data(dotColorRole).isValid() ? dotWidth() : 0;
     return QStyledItemDelegate::sizeHint(option, index) + QSize(paddingOf(index).sum() + dot, 0);
   }
 
@@ -160,7 +192,6 @@ FigureTable::FigureTable(QWidget* parent) : QTableView(parent) {
   setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  verticalHeader()->setDefaultSectionSize(theme::tableRowHeight);
   viewport()->setAutoFillBackground(false);  // the panel around it has the ground and the corners
   applyStyle();
 }
@@ -175,15 +206,26 @@ void FigureTable::changeEvent(QEvent* event) {
 void FigureTable::applyStyle() {
   setFont(theme::textFont(theme::TextStyle::calloutFigure));
   horizontalHeader()->setFont(theme::textFont(theme::TextStyle::captionSemibold));
+  verticalHeader()->setMinimumSectionSize(rowHeight());
+  verticalHeader()->setDefaultSectionSize(rowHeight());
 }
 
 int FigureTable::cellWidth(int column, std::string_view text, bool hasDot) const {
   return fontMetrics().horizontalAdvance(toQString(text)) +
-         CellPadding(column, model()->columnCount()).sum() + (hasDot ? dotWidth : 0);
+         CellPadding(column, model()->columnCount()).sum() + (hasDot ? dotWidth() : 0);
 }
 
-int FigureTable::titleWidth(int column) const {
-  return horizontalHeader()->sectionSizeHint(column);
+int FigureTable::rowHeight() const { return heightOfRow(font()); }
+
+int FigureTable::titleWidth(int column, bool wraps) const {
+  return static_cast<const PlainHeader*>(horizontalHeader())->titleWidth(column, wraps);
+}
+
+void FigureTable::wrapTitles(bool wraps) {
+  auto& header = static_cast<PlainHeader&>(*horizontalHeader());
+  if (header.wrapsTitles() == wraps) { return; }
+  header.wrapTitles(wraps);
+  updateGeometries();
 }
 
 void FigureTable::addCopyCommands() {

@@ -108,9 +108,12 @@ class FigureTable : public QTableView {
   /// Gives the columns their widths, by the font at hand: a figure is never cut off. Called when
   /// the font has changed; a table calls it itself when it is made.
   virtual void fitColumns() {}
-  /// What a cell with this text needs, and what a column's title needs.
+  /// What a cell with this text needs, and what a column's title needs, in one line or in a line
+  /// for each of its words.
   [[nodiscard]] int cellWidth(int column, std::string_view text, bool hasDot = false) const;
-  [[nodiscard]] int titleWidth(int column) const;
+  [[nodiscard]] int titleWidth(int column, bool wraps = false) const;
+  void wrapTitles(bool wraps);
+  [[nodiscard]] int rowHeight() const;
   /// Lets the user copy the cell with the cursor (Control-C) or its row, for a table whose rows
   /// have no better form to be copied in than the texts shown.
   void addCopyCommands();

@@ -25,7 +25,14 @@ FlowLayout::FlowLayout(Align align, int horizontalSpacing, int verticalSpacing, 
   setContentsMargins(0, 0, 0, 0);
 }
 
-FlowLayout::~FlowLayout() = default;
+FlowLayout::~FlowLayout() {
+  if (twin_) { twin_->twin_ = nullptr; }
+}
+
+void FlowLayout::wrapAlike(FlowLayout& one, FlowLayout& other) {
+  one.twin_ = &other;
+  other.twin_ = &one;
+}
 
 void FlowLayout::addItem(QLayoutItem* item) { items_.emplace_back(item); }
 void FlowLayout::addStretch() { addItem(new QSpacerItem(0, 0)); }
@@ -76,12 +83,27 @@ void FlowLayout::setGeometry(const QRect& rect) {
   }
 }
 
+void FlowLayout::invalidate() {
+  QLayout::invalidate();
+  if (twin_ && twin_->parentWidget()) { twin_->parentWidget()->updateGeometry(); }
+}
+
 QSize FlowLayout::marginSize() const {
   const auto margins = contentsMargins();
   return {margins.left() + margins.right(), margins.top() + margins.bottom()};
 }
 
 std::vector<FlowLayout::Row> FlowLayout::rows(int width) const {
+  const bool oneEach = twin_ && twin_->isOnShow() && twin_->filledRows(width, false).size() > 1;
+  return filledRows(width, oneEach);
+}
+
+bool FlowLayout::isOnShow() const {
+  const auto* const parent = parentWidget();
+  return parent && parent->isVisibleTo(parent->window());
+}
+
+std::vector<FlowLayout::Row> FlowLayout::filledRows(int width, bool oneEach) const {
   std::vector<Row> rows;
   bool isAtEnd = false;
   for (const auto& item : items_) {
@@ -89,7 +111,7 @@ std::vector<FlowLayout::Row> FlowLayout::rows(int width) const {
     if (item->isEmpty()) { continue; }
     const auto size = item->sizeHint();
     const int itemWidth = std::min(size.width(), width);
-    if (rows.empty() || rows.back().width + horizontalSpacing_ + itemWidth > width) {
+    if (rows.empty() || oneEach || rows.back().width + horizontalSpacing_ + itemWidth > width) {
       rows.emplace_back();
     }
     auto& row = rows.back();

@@ -25,22 +25,29 @@ constexpr double handleInset = 3;
 constexpr double restingOpacity = 0.35;
 constexpr double touchedOpacity = 0.7;
 
-/// Lets a scroll bar lie over the padding of what scrolls, in every style alike, so that nothing
-/// becomes narrower when the bar comes.
+/// Lets a vertical scroll bar lie over the padding of what scrolls, in every style alike, so that
+/// nothing becomes narrower when the bar comes.
 class OverlappingStyle final : public QProxyStyle {
  public:
-  OverlappingStyle() : QProxyStyle(QStringLiteral("fusion")) {}
+  explicit OverlappingStyle(Qt::Orientation orientation)
+      : QProxyStyle(QStringLiteral("fusion")), orientation_(orientation) {}
 
   int pixelMetric(PixelMetric metric, const QStyleOption* option,
                   const QWidget* widget) const override {
-    const bool isExtent = metric == PM_ScrollBarExtent || metric == PM_ScrollView_ScrollBarOverlap;
+    const bool isExtent =
+        metric == PM_ScrollBarExtent ||
+        (metric == PM_ScrollView_ScrollBarOverlap && orientation_ == Qt::Vertical);
     return isExtent ? theme::scrollBarWidth : QProxyStyle::pixelMetric(metric, option, widget);
   }
+
+ private:
+  Qt::Orientation orientation_;
 };
 
 class ThinScrollBar final : public QScrollBar {
  public:
-  ThinScrollBar(Qt::Orientation orientation, QWidget* parent) : QScrollBar(orientation, parent) {
+  ThinScrollBar(Qt::Orientation orientation, QWidget* parent)
+      : QScrollBar(orientation, parent), style_(orientation) {
     setStyle(&style_);
     setAttribute(Qt::WA_Hover);
     setAttribute(Qt::WA_OpaquePaintEvent, false);  // the ground shows beside the handle

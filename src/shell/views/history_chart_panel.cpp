@@ -19,7 +19,7 @@ HistoryChartPanel::HistoryChartPanel(BalanceStore& store, const LocaleFormat& fo
                : QString();
   };
   chart_->onMove = [this] { showDay(); };
-  day_ = wrappingText({}, theme::TextStyle::calloutFigure, theme::TextColor::primary, this);
+  day_ = new PartedLabel(theme::TextStyle::calloutFigure, theme::TextColor::primary, this);
   day_->makeSelectable();
   // The words in the picture stand where everything in the panel begins and ends.
   constexpr int gap = HistoryPicture::gap;

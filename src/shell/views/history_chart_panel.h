@@ -5,7 +5,7 @@
 #include "platform/text/locale_format.h"
 #include "shell/views/controls.h"
 #include "shell/views/history_chart.h"
-#include "shell/views/labels.h"
+#include "shell/views/parted_label.h"
 
 namespace orvane {
 /// The chart of the daily history, with the choice of its span above it and the words for the day
@@ -26,6 +26,6 @@ class HistoryChartPanel final : public QWidget {
   std::optional<HistorySpan> shown_;
   SegmentedPicker* span_;
   HistoryChart* chart_;
-  TextLabel* day_;
+  PartedLabel* day_;
 };
 }  // namespace orvane

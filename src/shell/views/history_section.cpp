@@ -2,6 +2,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <array>
+#include <numeric>
 #include <utility>
 #include "shell/view_models/account_tables.h"
 #include "shell/views/figure_table.h"
@@ -44,7 +45,10 @@ class BraiinsHistorySummaryRow final : public QWidget {
  public:
   /// `trailing`: stands at the end of the row; the row owns it.
   BraiinsHistorySummaryRow(const LocaleFormat& format, QWidget* trailing, QWidget* parent)
-      : QWidget(parent), format_(format), metrics_(new MetricRow(&summaryMetric, this)) {
+      : QWidget(parent),
+        format_(format),
+        metrics_(new MetricRow(&summaryMetric, this)),
+        trailing_(trailing) {
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(theme::panelPadding, theme::summaryVerticalPadding, theme::panelPadding,
                             theme::summaryVerticalPadding);
@@ -57,9 +61,17 @@ class BraiinsHistorySummaryRow final : public QWidget {
     metrics_->showMetrics(historySummaryMetrics(summary, format_, extraMetrics));
   }
 
+  /// In which these and all usual totals stand in one row.
+  [[nodiscard]] int widthOfOneRow() const {
+    const int metrics =
+        std::max(metrics_->sizeHint().width(), metrics_->widthOf(usualHistoryMetrics(format_)));
+    return 2 * theme::panelPadding + metrics + theme::barPadding + trailing_->sizeHint().width();
+  }
+
  private:
   const LocaleFormat& format_;
   MetricRow* metrics_;
+  QWidget* trailing_;
 };
 
 /// A row a day, in the order given. Its columns share the width until the user moves one.
@@ -68,7 +80,6 @@ class BraiinsHistoryTable final : public FigureTable {
   BraiinsHistoryTable(const LocaleFormat& format, QWidget* parent)
       : FigureTable(parent), model_(new HistoryModel(format, this)) {
     setModel(model_);
-    setMinimumHeight(theme::historyTableMinimumHeight);
     setAccessibleName(tr("Daily history"));
     horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
     horizontalHeader()->setStretchLastSection(true);
@@ -85,6 +96,12 @@ class BraiinsHistoryTable final : public FigureTable {
     return isNew;
   }
 
+  /// In which no figure is cut off.
+  [[nodiscard]] int leastWidth() const {
+    const auto needed = neededWidths(true);
+    return std::reduce(needed.begin(), needed.end());
+  }
+
  protected:
   void resizeEvent(QResizeEvent* event) override {
     if (sharesWidth_) { shareWidth(); }
@@ -92,21 +109,36 @@ class BraiinsHistoryTable final : public FigureTable {
   }
 
   void fitColumns() override {
+    setMinimumHeight(theme::historyTableMinimumHeight / theme::tableRowHeight * rowHeight());
     for (std::size_t column = 0; column < columns.size(); ++column) {
-      const auto index = static_cast<int>(column);
-      neededWidths_[column] = std::max(titleWidth(index), sizeHintForColumn(index));
+      cellWidths_[column] = sizeHintForColumn(static_cast<int>(column));
     }
     if (sharesWidth_) { shareWidth(); }
   }
 
  private:
+  using Widths = std::array<int, columns.size()>;
+
+  [[nodiscard]] Widths neededWidths(bool wrapsTitles) const {
+    Widths needed = cellWidths_;
+    for (std::size_t column = 0; column < columns.size(); ++column) {
+      const int title = titleWidth(static_cast<int>(column), wrapsTitles);
+      needed[column] = std::max(needed[column], title);
+    }
+    return needed;
+  }
+
   /// Equal widths, but for a column that needs more than its share.
   void shareWidth() {
     int width = viewport()->width();
+    auto needed = neededWidths(false);
+    const bool wraps = std::reduce(needed.begin(), needed.end()) > width;
+    if (wraps) { needed = neededWidths(true); }
+    wrapTitles(wraps);
     auto sharers = static_cast<int>(columns.size());
     std::array<bool, columns.size()> isWide{};
     const auto needsMore = [&](std::size_t column) {
-      return !isWide[column] && neededWidths_[column] > width / sharers;
+      return !isWide[column] && needed[column] > width / sharers;
     };
     for (std::size_t column = 0; column < columns.size() && sharers > 1;) {
       if (!needsMore(column)) {
@@ -114,20 +146,20 @@ class BraiinsHistoryTable final : public FigureTable {
         continue;
       }
       isWide[column] = true;
-      width -= neededWidths_[column];
+      width -= needed[column];
       --sharers;
       column = 0;  // the others' share has become smaller
     }
     isSharing_ = true;
     for (std::size_t column = 0; column + 1 < columns.size(); ++column) {
-      const int share = isWide[column] ? neededWidths_[column] : width / sharers;
+      const int share = isWide[column] ? needed[column] : width / sharers;
       horizontalHeader()->resizeSection(static_cast<int>(column), share);
     }
     isSharing_ = false;
   }
 
   HistoryModel* model_;
-  std::array<int, columns.size()> neededWidths_{};
+  Widths cellWidths_{};
   bool sharesWidth_ = true;
   bool isSharing_ = false;
 };
@@ -176,6 +208,9 @@ void HistorySection::layOut() {
   column->addWidget(panel_, 1);
   column->addStretch();
 }
+
+int HistorySection::leastWidth() const { return table_->leastWidth() + 2; }
+int HistorySection::widthOfOneRow() const { return summaryRow_->widthOfOneRow() + 2; }
 
 void HistorySection::showView(const BalanceState& state, bool areNewDays) {
   const bool isChart = state.historyView == HistoryView::chart;

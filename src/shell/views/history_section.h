@@ -23,6 +23,10 @@ class HistorySection final : public QWidget {
   void showHistory(const BalanceState& state);
   /// Asks where, and saves the history as CSV; what goes wrong is told in the section.
   void saveHistory() { commands_->save(); }
+  /// In which no figure is cut off.
+  [[nodiscard]] int leastWidth() const;
+  /// In which the totals stand in one row, also those of a history that has yet to come.
+  [[nodiscard]] int widthOfOneRow() const;
 
  private:
   void layOut();

@@ -8,6 +8,7 @@
 #include <QUrl>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <memory>
 #include "platform/desktop/symbols.h"
 #include "platform/text/unicode.h"
 #include "shell/views/flow_layout.h"
@@ -16,7 +17,7 @@
 namespace orvane {
 namespace {
 /// The share of its size down to which a figure may shrink.
-constexpr double smallestShare = 0.45;
+constexpr double smallestShare = 0.3;
 
 int textWidth(const QFont& font, const QString& text) {
   return QFontMetrics(font).horizontalAdvance(text) + 2;  // glyphs may lean out of their advance
@@ -49,11 +50,16 @@ TextLabel::TextLabel(const QString& text, theme::TextStyle style, theme::TextCol
 void TextLabel::showText(std::string_view text) {
   const auto wanted = toQString(numbersIsolated(text));
   if (wanted == this->text()) { return; }
-  const bool isSelected = hasFocus() && isWhollySelected();
-  setText(wanted);
-  if (isSelected) { selectAll(); }
+  replaceText(wanted);
+  applyFont();
   const auto spoken = toQString(text);
   if (wanted != spoken) { setAccessibleName(spoken); }
+}
+
+void TextLabel::replaceText(const QString& text) {
+  const bool isSelected = hasFocus() && isWhollySelected();
+  setText(text);
+  if (isSelected) { selectAll(); }
 }
 
 void TextLabel::showTextOrHide(std::string_view text) {
@@ -85,7 +91,7 @@ bool TextLabel::isWhollySelected() const {
 
 void TextLabel::copy() const {
   auto text = hasSelectedText() ? selectedText() : this->text();
-  text.removeIf(isIsolate);
+  text.removeIf(isIsolate).replace(QChar::Nbsp, u' ');
   QGuiApplication::clipboard()->setText(text);
 }
 
@@ -168,6 +174,7 @@ LinkLabel::LinkLabel(theme::TextStyle style, std::string_view text, std::string_
                      QWidget* parent)
     : QLabel(parent), style_(style), text_(toQString(text)), url_(toQString(url)) {
   setAccessibleName(text_);
+  setWordWrap(true);
   if (!url_.isEmpty()) {
     setTextFormat(Qt::RichText);
     // Not accessible by keyboard in Qt's way, whose first station is the label around the link.
@@ -177,6 +184,11 @@ LinkLabel::LinkLabel(theme::TextStyle style, std::string_view text, std::string_
     setToolTip(url_);
   }
   applyStyle();
+}
+
+QSize LinkLabel::sizeHint() const {
+  const int width = textWidth(font(), text_);
+  return {width, heightForWidth(width)};
 }
 
 void LinkLabel::changeEvent(QEvent* event) {
@@ -225,15 +237,23 @@ void LinkLabel::keyPressEvent(QKeyEvent* event) {
   isReturn && !url_.isEmpty() ? pressSpoken() : QLabel::keyPressEvent(event);
 }
 
-SymbolLabel::SymbolLabel(QWidget* parent) : QWidget(parent) {
-  setFixedSize(theme::symbolSize, theme::symbolSize);
-}
+SymbolLabel::SymbolLabel(QWidget* parent) : QWidget(parent) { fitToFont(); }
 
 void SymbolLabel::showSymbol(const QString& name, theme::TextColor color) {
   if (name == name_ && color == color_) { return; }
   name_ = name;
   color_ = color;
   update();
+}
+
+void SymbolLabel::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::ApplicationFontChange) { fitToFont(); }
+}
+
+void SymbolLabel::fitToFont() {
+  const int size = theme::grown(theme::symbolSize);
+  setFixedSize(size, size);
 }
 
 void SymbolLabel::paintEvent(QPaintEvent* /*event*/) {
@@ -248,8 +268,8 @@ using theme::TextStyle;
 MetricBlock::MetricBlock(TextStyle title, TextStyle value, QWidget* parent)
     : QWidget(parent),
       title_(new TextLabel(title, TextColor::secondary, this)),
-      value_(new TextLabel(value, TextColor::primary, this)),
-      fiatValue_(new TextLabel(TextStyle::calloutFigure, TextColor::secondary, this)) {
+      value_(new FigureLabel(value, TextColor::primary, this)),
+      fiatValue_(new FigureLabel(TextStyle::calloutFigure, TextColor::secondary, this)) {
   value_->makeSelectable(TextLabel::By::mouse);
   auto* const lines = new QVBoxLayout(this);
   lines->setContentsMargins(0, 0, 0, 0);
@@ -290,5 +310,15 @@ void MetricRow::showMetrics(const std::vector<Metric>& metrics) {
     blocks_[i]->showMetric(metrics[i]);
   }
   setVisible(!metrics.empty());
+}
+
+int MetricRow::widthOf(const std::vector<Metric>& metrics) const {
+  int width = -theme::metricSpacing;
+  const std::unique_ptr<MetricBlock> block(makeBlock_(nullptr));
+  for (const Metric& metric : metrics) {
+    block->showMetric(metric);
+    width += theme::metricSpacing + block->sizeHint().width();
+  }
+  return width;
 }
 }  // namespace orvane

@@ -37,6 +37,8 @@ class TextLabel : public QLabel {
   void focusOutEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  /// A text that is selected as a whole stays so.
+  void replaceText(const QString& text);
   /// The font of the style, as the desktop has it now.
   virtual void applyFont();
 
@@ -74,6 +76,8 @@ class LinkLabel final : public QLabel, public SpokenWidget {
 
   [[nodiscard]] SpokenWords spokenWords() const override;
   void pressSpoken() override;
+  /// As wide as the text in one line; where that is too wide it goes on in further ones.
+  [[nodiscard]] QSize sizeHint() const override;
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -96,9 +100,12 @@ class SymbolLabel final : public QWidget {
   void showSymbol(const QString& name, theme::TextColor color);
 
  protected:
+  void changeEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void fitToFont();
+
   QString name_;
   theme::TextColor color_ = theme::TextColor::primary;
 };
@@ -111,8 +118,8 @@ class MetricBlock final : public QWidget {
 
  private:
   TextLabel* title_;
-  TextLabel* value_;
-  TextLabel* fiatValue_;
+  FigureLabel* value_;
+  FigureLabel* fiatValue_;
 };
 
 /// Any number of metrics side by side; they wrap when the width is used up.
@@ -123,6 +130,8 @@ class MetricRow final : public QWidget {
   /// `makeBlock`: makes the blocks in the style of the place.
   explicit MetricRow(MakeBlock makeBlock, QWidget* parent = nullptr);
   void showMetrics(const std::vector<Metric>& metrics);
+  /// What they would need in one row.
+  [[nodiscard]] int widthOf(const std::vector<Metric>& metrics) const;
 
  private:
   MakeBlock makeBlock_;

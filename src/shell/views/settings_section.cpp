@@ -5,6 +5,7 @@
 #include <cstring>
 #include <utility>
 #include "shell/view_models/window_contents.h"
+#include "shell/views/flow_layout.h"
 #include "shell/views/labelled_switch.h"
 #include "shell/views/qt_text.h"
 #include "shell/views/text_field.h"
@@ -156,14 +157,13 @@ SettingsSection::SettingsSection(BalanceStore& store, const std::string& poolWeb
 }
 
 void SettingsSection::layOut() {
-  auto* const currencyRow = new QHBoxLayout;
-  currencyRow->setSpacing(theme::barPadding);
+  auto* const currencyRow =
+      new FlowLayout(FlowLayout::Align::baseline, theme::barPadding, theme::smallSpacing);
   auto* const title =
       new TextLabel(tr("Preferred currency"), TextStyle::body, TextColor::primary, this);
   title->setBuddy(currency_);  // screen readers: its label
   currencyRow->addWidget(title);
   currencyRow->addWidget(currency_);
-  currencyRow->addStretch();
 
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(0, theme::groupGap, 0, 0);

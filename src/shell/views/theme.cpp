@@ -39,6 +39,7 @@ static_assert(styles.size() == static_cast<std::size_t>(TextStyle::largeFigure) 
 
 constexpr int largeFigureSize = 34;
 constexpr int smallestInterfaceSize = 12;
+constexpr int designInterfaceSize = 13;
 
 bool hasDigitsOfEqualWidth(const QFont& font) {
   const QFontMetricsF metrics(font);
@@ -82,6 +83,10 @@ int interfacePixelSize() {
   return std::max(smallestInterfaceSize, QFontInfo(QGuiApplication::font()).pixelSize());
 }
 }  // namespace
+
+int grown(int length) {
+  return std::max(length, length * interfacePixelSize() / designInterfaceSize);
+}
 
 QFont textFont(TextStyle style) {
   const auto& description = styles.at(static_cast<std::size_t>(style));

@@ -4,6 +4,10 @@
 
 /// The design's numbers and type, in one place. Lengths are logical pixels.
 namespace orvane::theme {
+/// A length of the design that grows with the interface font where that is larger than the
+/// design's, for what has to stay in proportion to the text beside it.
+[[nodiscard]] int grown(int length);
+
 inline constexpr int windowPadding = 24;
 inline constexpr int barPadding = 12;  ///< above and below the bar at the bottom
 inline constexpr int leftColumnWidth = 500;
@@ -34,9 +38,10 @@ inline constexpr int chipVerticalPadding = 5;
 inline constexpr int chipRadius = 6;
 inline constexpr double chipOpacity = 0.12;
 
-inline constexpr int tableRowHeight = 30;
+inline constexpr int tableRowHeight = 30;  ///< at least
 inline constexpr int tableCellPadding = 12;
-inline constexpr int workersRowsInSight = 12;  ///< longer lists scroll within the table
+inline constexpr int workersShownWhole = 100;       ///< longer lists scroll within the table
+inline constexpr double workersRowsInSight = 12.5;  ///< of these; half a row says that they go on
 inline constexpr int stateColumnWidth = 80;
 inline constexpr int rateColumnWidth = 110;
 inline constexpr int stateDotSize = 8;
@@ -54,7 +59,7 @@ inline constexpr int aboutWidth = 470;
 inline constexpr int helpMinimumWidth = 620;
 inline constexpr int helpMinimumHeight = 500;
 inline constexpr int helpSpacing = 18;
-inline constexpr int footerHeight = 52;
+inline constexpr int footerHeight = 52;  ///< at least
 inline constexpr int footerPadding = 22;
 
 /// What a text is to its reader; each has one font.

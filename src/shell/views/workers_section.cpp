@@ -17,6 +17,8 @@ constexpr std::array<TableColumn<WorkerRow>, columnTotal> columns{
      {.title = "60 min", .text = &WorkerRow::rate60m},
      {.title = "24 h", .text = &WorkerRow::rate24h}}};
 
+constexpr int leastNameWidth = 100;
+
 /// The rates with the longest texts, one for each unit.
 constexpr std::array widestRates{1e14, 999.999e9, 999.999e6, 999.999e3};
 
@@ -60,7 +62,7 @@ class WorkersModel final : public RecordTableModel<BraiinsWorkerStatus, WorkerRo
 };
 }  // namespace
 
-/// As high as its rows; a long list scrolls within.
+/// As high as its rows; a very long list scrolls within.
 class WorkersSection::Table final : public FigureTable {
  public:
   Table(const LocaleFormat& format, QWidget* parent)
@@ -82,11 +84,22 @@ class WorkersSection::Table final : public FigureTable {
   }
 
   [[nodiscard]] QSize sizeHint() const override {
-    const int rows = std::min(model_->rowCount(), theme::workersRowsInSight);
-    const int height = horizontalHeader()->sizeHint().height() + rows * theme::tableRowHeight;
-    return {theme::rightColumnMinimumWidth - 2 * theme::windowPadding - 2, height};
+    const int rows = model_->rowCount();
+    const double inSight = rows > theme::workersShownWhole ? theme::workersRowsInSight : rows;
+    const int height = static_cast<int>(inSight * rowHeight());
+    return {theme::rightColumnMinimumWidth - 2 * theme::windowPadding - 2,
+            horizontalHeader()->sizeHint().height() + height};
   }
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+  /// In which all figures show, and enough of the names.
+  [[nodiscard]] int leastWidth() const {
+    int width = std::max(titleWidth(Column::worker), theme::grown(leastNameWidth));
+    for (int column = Column::state; column < columnTotal; ++column) {
+      width += columnWidth(column);
+    }
+    return width;
+  }
 
  protected:
   void fitColumns() override {
@@ -127,6 +140,8 @@ WorkersSection::WorkersSection(const LocaleFormat& format, QWidget* parent)
   column->addWidget(emptyHint_);
   column->addWidget(panel_);
 }
+
+int WorkersSection::leastWidth() const { return table_->leastWidth() + 2; }
 
 void WorkersSection::showWorkers(const std::vector<BraiinsWorkerStatus>& workers) {
   header_->showSubtitle(workersSubtitle(workers));

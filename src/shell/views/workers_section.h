@@ -13,6 +13,8 @@ class WorkersSection final : public QWidget {
   /// `format` outlives the section.
   explicit WorkersSection(const LocaleFormat& format, QWidget* parent = nullptr);
   void showWorkers(const std::vector<BraiinsWorkerStatus>& workers);
+  /// In which no figure is cut off.
+  [[nodiscard]] int leastWidth() const;
 
  private:
   class Table;

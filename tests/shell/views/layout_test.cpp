@@ -1,4 +1,5 @@
 #include <QAccessible>
+#include <QClipboard>
 #include <QIdentityProxyModel>
 #include <QScrollBar>
 #include <QTableView>
@@ -10,29 +11,111 @@ using namespace Qt::StringLiterals;
 
 using LayoutTest = ViewTest;
 
+/// Another size of the interface font, for a while.
+struct FontSize {
+  explicit FontSize(int points) {
+    QFont font = before;
+    font.setPointSize(points);
+    QApplication::setFont(font);
+  }
+  ~FontSize() { QApplication::setFont(before); }
+  const QFont before = QApplication::font();
+};
+
 bool isCutOff(const QLabel& label) {
-  if (label.wordWrap() || label.textFormat() == Qt::RichText) { return false; }
-  return QFontMetrics(label.font()).horizontalAdvance(label.text()) > label.width() + 1;
+  if (label.textFormat() == Qt::RichText) { return false; }
+  const QFontMetrics metrics(label.font());
+  if (metrics.height() > label.height() + 1) { return true; }
+  if (!label.wordWrap()) { return metrics.horizontalAdvance(label.text()) > label.width() + 1; }
+  const auto words = label.text().split(u' ');
+  return label.heightForWidth(label.width()) > label.height() + 1 ||
+         std::ranges::any_of(words, [&](const QString& word) {
+           return metrics.horizontalAdvance(word) > label.width() + 1;
+         });
 }
 
-// In every state, at every width that the design names.
-TEST_F(LayoutTest, NoTextIsCutOffAndNoColumnScrollsSideways) {
-  for (const auto& sample : samples()) {
-    show(sample);
-    const int leastWidth = windowLayout(fakes->state()).minimumWidth;
-    for (const int width : {500, 640, 1190, 1600}) {
-      if (width < leastWidth) { continue; }
-      resize(width, 900);
-      for (const auto* const label : visible<QLabel>()) {
-        EXPECT_FALSE(isCutOff(*label))
-            << sample.name << " at " << width << ": " << label->text().toStdString();
-      }
-      for (const char* name : {"Balance and settings", "Workers and history"}) {
-        const auto* const column = find<QScrollArea>(name);
-        EXPECT_TRUE(!column || column->horizontalScrollBar()->maximum() == 0)
-            << sample.name << " at " << width << ": " << name;
+// In every state, at the least width and the others that the design names, up to twice the font.
+TEST_F(LayoutTest, NoTextIsCutOffAndNothingScrollsSideways) {
+  for (const int points : {9, 13, 20}) {
+    const FontSize font(points);
+    for (const auto& sample : samples()) {
+      show(sample);
+      const int least = view->minimumWidth();
+      for (const int width : {least, 640, 1190, 1600}) {
+        if (width < least) { continue; }
+        resize(width, 900);
+        const std::string where = sample.name + " at " + std::to_string(points) + " points, " +
+                                  std::to_string(width) + " wide: ";
+        for (const auto* const label : visible<QLabel>()) {
+          EXPECT_FALSE(isCutOff(*label)) << where << label->text().toStdString();
+        }
+        for (const auto* const area : visible<QAbstractScrollArea>()) {
+          EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0)
+              << where << area->accessibleName().toStdString();
+        }
       }
     }
+  }
+}
+
+/// Where the text of a label or of a control stands.
+int baseline(const QWidget& text) {
+  const QFontMetrics metrics(text.font());
+  return text.mapTo(text.window(), QPoint()).y() + (text.height() - metrics.height()) / 2 +
+         metrics.ascent();
+}
+
+// The totals are in sight at once, also of a history that has yet to come.
+TEST_F(LayoutTest, AWindowThatSizesItselfHasTheTotalsInOneRow) {
+  for (const int points : {9, 13}) {
+    const FontSize font(points);
+    auto figures = everything();
+    show(figures);
+    const int width = view->width();
+    EXPECT_GT(width, view->minimumWidth());
+    EXPECT_EQ(baseline(*label("TOTAL")), baseline(*label("VALUE · EUR"))) << points;
+    figures.history.clear();
+    show(figures);
+    EXPECT_EQ(view->width(), width) << points;
+  }
+}
+
+TEST_F(LayoutTest, ValuesStandBesideBothFiguresOrBeneathBoth) {
+  auto figures = everything();
+  for (const std::int64_t balance : {128'203LL, 2'099'999'997'690'000LL}) {
+    figures.stats->balanceSats = balance;
+    show(figures);
+    std::vector<bool> areBeneath;
+    for (const auto* const each : visible<QLabel>()) {
+      const auto* const row = each->parentWidget();
+      if (!each->text().startsWith(u'≈') || row->findChildren<QLabel*>().size() != 2) { continue; }
+      areBeneath.push_back(each->x() == 0);
+    }
+    const bool fits = balance < 1'000'000;
+    EXPECT_EQ(areBeneath, std::vector(2, !fits)) << balance;
+  }
+}
+
+TEST_F(LayoutTest, AStatusGoesOnInAFurtherLineBetweenItsPartsAndIsCopiedAsItReads) {
+  show(everything());
+  const QString text = u"Updated 2:05\u202fPM · 1 BTC = 84,123 € · refreshes every 5 minutes"_s;
+  auto& status = *label(text.toStdString());
+  for (const auto& end : status.text().split(u' ').first(2)) {
+    EXPECT_TRUE(end.endsWith(u'·')) << end.toStdString();
+  }
+  status.setFocus();
+  status.setSelection(0, static_cast<int>(text.size()));
+  QTest::keySequence(&status, QKeySequence::Copy);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), text);
+}
+
+TEST_F(LayoutTest, AHundredWorkersStandWholeAndMoreShowThatTheyGoOn) {
+  auto figures = everything();
+  for (const auto& [count, rows] : {std::pair(100, 100.0), {101, 12.5}}) {
+    figures.workers = manyWorkers(count);
+    show(figures);
+    const auto& table = *find<QTableView>("Workers");
+    EXPECT_EQ(table.viewport()->height(), rows * table.rowHeight(0)) << count;
   }
 }
 
@@ -93,24 +176,6 @@ TEST_F(LayoutTest, EverythingInTheHistoryBeginsAndEndsAtTheSameEdges) {
   }
 }
 
-/// Another size of the interface font, for a while.
-struct FontSize {
-  explicit FontSize(int points) {
-    QFont font = before;
-    font.setPointSize(points);
-    QApplication::setFont(font);
-  }
-  ~FontSize() { QApplication::setFont(before); }
-  const QFont before = QApplication::font();
-};
-
-/// Where the text of a label or of a control stands.
-int baseline(const QWidget& text) {
-  const QFontMetrics metrics(text.font());
-  return text.mapTo(text.window(), QPoint()).y() + (text.height() - metrics.height()) / 2 +
-         metrics.ascent();
-}
-
 TEST_F(LayoutTest, ATitleAndItsControlStandOnOneBaseline) {
   for (const int points : {9, 13, 16}) {
     const FontSize font(points);
@@ -152,6 +217,7 @@ TEST_F(LayoutTest, NoFigureIsCutOffInAFontSize) {
          {std::pair("Workers", 1), std::pair("Daily history", 0)}) {
       const auto& table = *find<QTableView>(name);
       const QFontMetrics metrics(table.font());
+      EXPECT_GE(table.rowHeight(0), metrics.height() + 12) << name << " at " << points;
       for (int column = firstFigure; column < table.model()->columnCount(); ++column) {
         const auto text = table.model()->index(0, column).data().toString();
         EXPECT_LE(metrics.horizontalAdvance(text) + 24, table.columnWidth(column))

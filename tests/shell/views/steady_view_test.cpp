@@ -11,7 +11,7 @@ using SteadyViewTest = ViewTest;
 
 TEST_F(SteadyViewTest, WhatTheUserHasInHandSurvivesNewFigures) {
   auto figures = everything();
-  figures.workers = manyWorkers(40);
+  figures.workers = manyWorkers(140);
   show(figures);
   resize(1190, 700);
   auto& field = *find<QLineEdit>("Bitcoin address to watch");
@@ -25,11 +25,11 @@ TEST_F(SteadyViewTest, WhatTheUserHasInHandSurvivesNewFigures) {
   table.setValue(300);
   address.setSelection(2, 9);
   figures.stats->balanceSats += 17;
-  figures.workers = manyWorkers(45);
+  figures.workers = manyWorkers(145);
   fakes->bring(figures);
   settle();
   ASSERT_TRUE(label("128,220 sats"));
-  ASSERT_TRUE(label("27 of 45 OK"));
+  ASSERT_TRUE(label("87 of 145 OK"));
   EXPECT_TRUE(field.hasFocus());
   EXPECT_EQ(field.text(), QStringLiteral("bc1q half"));
   EXPECT_EQ(field.cursorPosition(), 3);

@@ -60,7 +60,9 @@ class ViewTest : public testing::Test {
     });
   }
   [[nodiscard]] QLabel* label(const std::string& text) const {
-    return first<QLabel>([&](auto* each) { return each->text() == QString::fromStdString(text); });
+    return first<QLabel>([&](auto* each) {
+      return QString(each->text()).replace(QChar::Nbsp, u' ') == QString::fromStdString(text);
+    });
   }
 
   LocaleFormat english{{.numbers = "en_US", .dates = "en_US", .timeZone = "UTC"}};
