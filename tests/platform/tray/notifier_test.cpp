@@ -86,6 +86,14 @@ TEST_F(NotifierTest, GnomeWritesTheTextBesideASymbolThatStays) {
   EXPECT_FALSE(host->signalsHeard.contains("NewIcon")) << "it has no figure of its own";
 }
 
+TEST_F(NotifierTest, GnomeIsToldTwiceOfAnotherSymbolForItMayBeDrawingTheOneBefore) {
+  createRegisteredItem("GNOME");
+  auto image = sampleImage(*bar, "12,345 sats");
+  image.symbolColor.reset();
+  ASSERT_TRUE(hears("NewIcon", [&] { item->setImage(image); }));
+  EXPECT_TRUE(hears("NewIcon", [] {}));
+}
+
 TEST_F(NotifierTest, WideImagesHaveRoomForTheirText) {
   createRegisteredItem("MATE");
   for (const auto& icon : host->icons()) {

@@ -141,9 +141,7 @@ void NotifierItem::setState(NotifierState state) {
   if (old.iconThemePath != state_.iconThemePath) {
     object_.sendSignal(QStringLiteral("NewIconThemePath"), {state_.iconThemePath});
   }
-  if (old.iconName != state_.iconName || old.icons != state_.icons) {
-    object_.sendSignal(QStringLiteral("NewIcon"));
-  }
+  if (old.iconName != state_.iconName || old.icons != state_.icons) { announceIcon(); }
   if (old.title != state_.title) { object_.sendSignal(QStringLiteral("NewTitle")); }
   if (old.toolTip != state_.toolTip) { object_.sendSignal(QStringLiteral("NewToolTip")); }
   if (old.label != state_.label) {
@@ -151,6 +149,8 @@ void NotifierItem::setState(NotifierState state) {
     object_.sendSignal(QStringLiteral("XAyatanaNewLabel"), {label, label});
   }
 }
+
+void NotifierItem::announceIcon() { object_.sendSignal(QStringLiteral("NewIcon")); }
 
 QVariantMap NotifierItem::properties() const {
   QVariantMap values{

@@ -40,6 +40,8 @@ class NotifierItem final {
 
   /// Announces exactly what differs from before.
   void setState(NotifierState state);
+  /// Has the hosts read the icon once more.
+  void announceIcon();
 
  private:
   [[nodiscard]] ObjectSurface surface();

@@ -1,11 +1,16 @@
 #include "platform/tray/notifier/notifier_presenter.h"
 #include <array>
+#include <chrono>
 #include <utility>
 #include "platform/text/unicode.h"
 #include "platform/tray/notifier/icon_folder.h"
 
 namespace orvane {
 namespace {
+using namespace std::chrono_literals;
+
+constexpr auto timeToDrawAnIcon = 1s;
+
 /// The icon heights of panels at 100 and 200 %. Hosts take the nearest and scale it.
 constexpr std::array squareSides{16, 22, 24, 32, 44, 48, 64};
 constexpr std::array wideHeights{22, 24, 26, 28, 30, 32, 36, 40, 44, 48};
@@ -40,16 +45,25 @@ NotifierPresenter::~NotifierPresenter() = default;
 void NotifierPresenter::show(const StatusContent& content) {
   if (content_ == content) { return; }
   content_ = content;
-  state_ = stateFor(content);
+  const auto before = std::exchange(state_, stateFor(content));
   if (!item_) {
     appear();
     return;
   }
   item_->setState(state_);
+  if (state_.icons != before.icons) { announceIconAgain(); }
   menu_->contentMayHaveChanged();
 }
 
+/// GNOME's extension drops an icon that comes while it still draws the one before it, as the first
+/// green one may after a start, and then keeps the old one.
+void NotifierPresenter::announceIconAgain() {
+  if (presentation_ != Presentation::labelBesideSymbol) { return; }
+  announcingAgain_.emplace(executor_, timeToDrawAnIcon, [this] { item_->announceIcon(); });
+}
+
 void NotifierPresenter::appear() {
+  announcingAgain_.reset();
   item_.reset();
   menu_.reset();
   if (!content_ || !bus_.isOpen()) { return; }

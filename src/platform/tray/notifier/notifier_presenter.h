@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include "platform/async/executor.h"
+#include "platform/async/timer.h"
 #include "platform/bus/session_bus.h"
 #include "platform/tray/notifier/menu_export.h"
 #include "platform/tray/notifier/notifier_item.h"
@@ -26,6 +27,7 @@ class NotifierPresenter final : public StatusPresenter {
   void addIcon(NotifierState& state, const StatusImage& image, const StatusInk& ink);
   void addFile(NotifierState& state, const QImage& image);
   void appear();
+  void announceIconAgain();
 
   Presentation presentation_;
   Executor& executor_;
@@ -36,6 +38,7 @@ class NotifierPresenter final : public StatusPresenter {
   NotifierState state_;
   std::optional<MenuExport> menu_;
   std::optional<NotifierItem> item_;
+  std::optional<OneShotTimer> announcingAgain_;
   Registration busObserver_;
 };
 }  // namespace orvane
