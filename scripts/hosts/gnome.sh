@@ -4,6 +4,8 @@ packages="gnome-shell gnome-shell-extension-appindicator python3-dbusmock dconf-
 version_of=gnome-shell
 has_none="light vertical"
 menu_button=1
+writer=host
+starts=20
 patience=10
 # shellcheck source=scripts/hosts/lib/shell.sh
 . scripts/hosts/lib/shell.sh
@@ -19,6 +21,18 @@ start_host() { # start_host EDGE SHADE SCALE
   dconf write /org/gnome/desktop/interface/scaling-factor "uint32 $3"
   begin host gnome-shell --x11 --sm-disable
   leave_overview
+}
+
+# The extension hears late of every other start.
+hold_host() {
+  held=$((${held:-0} + 1))
+  if [ $((held % 2)) = 0 ] && runs host; then pause host 3; fi
+}
+
+interrupt_host() {
+  gnome-extensions disable ubuntu-appindicators@ubuntu.com
+  within 5 not find_item 0-without 6-switched-off || true
+  gnome-extensions enable ubuntu-appindicators@ubuntu.com
 }
 
 leave_overview() {

@@ -4,6 +4,7 @@ packages="mate-panel mate-settings-daemon dconf-cli dconf-gsettings-backend gnom
 version_of=mate-indicator-applet
 patience=6
 menu_button=1
+writer=host
 # shellcheck source=scripts/hosts/lib/mate.sh
 . scripts/hosts/lib/mate.sh
 

@@ -1,6 +1,6 @@
 # shellcheck shell=bash disable=SC2034
 title="Xfce, square icons switched off"
-packages="xfce4-panel xfconf"
+packages="xfce4-panel xfce4-settings xfconf"
 export XDG_CURRENT_DESKTOP=XFCE
 # shellcheck source=scripts/hosts/lib/xfce.sh
 . scripts/hosts/lib/xfce.sh

@@ -24,6 +24,14 @@ end() { # end NAME
 
 gone() { ! kill -0 -- -"$1" 2> /dev/null; }
 
+pause() { # pause NAME SECONDS: it does nothing for as long
+  local group
+  group=$(cat "$XDG_RUNTIME_DIR/$1.pid")
+  kill -STOP -- -"$group"
+  sleep "$2"
+  kill -CONT -- -"$group"
+}
+
 # within SECONDS COMMAND...: waits until it succeeds; fails when it does not in that time.
 within() {
   local end=$((SECONDS + $1))

@@ -1,6 +1,6 @@
 # shellcheck shell=bash
 # The rows of the table: what a user does with the item, and what then can be seen.
-: "${pictures:?}" "${program:?}" "${edge:?}" "${menu_button:?}"
+: "${pictures:?}" "${program:?}" "${services:?}" "${edge:?}" "${menu_button:?}" "${writer:?}"
 
 verdict() { # verdict ROW WORDS
   printf '%s\t%s\n' "$1" "$2" >> "$pictures/verdicts.tsv"
@@ -9,12 +9,12 @@ verdict() { # verdict ROW WORDS
 
 look() { /usr/bin/python3 scripts/hosts/lib/look "$@"; }
 
-# find_item BEFORE AFTER: takes the picture AFTER; sets x, y, width, height, ratio and black.
+# find_item BEFORE AFTER: takes the picture AFTER; sets x, y, width, height, ratio, black and shade.
 find_item() {
   local found
   take "$2"
-  found=$(look item "$pictures/$1.png" "$pictures/$2.png" "$edge") || return 1
-  read -r x y width height ratio black <<< "$found"
+  found=$(look item "$pictures/$1.png" "$pictures/$2.png" "$edge" "$scale" "$writer") || return 1
+  read -r x y width height ratio black shade <<< "$found"
   center_x=$((x + (width < 30 ? width / 2 : 10))) center_y=$((y + height / 2))
 }
 
@@ -27,6 +27,7 @@ wait_for_item() { # wait_for_item BEFORE AFTER
 
 start_program() {
   begin program "$program"
+  ! declare -F hold_host > /dev/null || hold_host
   within 20 sees Orvane
   sleep 2 # until the figures are there
 }
@@ -88,6 +89,19 @@ check_tooltip() {
   point_at 700 700
 }
 
+# It appears after every start of the program, and no ghost of it stays behind.
+check_starts() { # check_starts NUMBER
+  local start appeared=0 ghosts=0
+  for ((start = 0; start < $1; ++start)); do
+    start_program
+    hide_window
+    ! wait_for_item 0-without "11-start" || appeared=$((appeared + 1))
+    end program
+    within 5 not find_item 0-without "12-ended" || ghosts=$((ghosts + 1))
+  done
+  if [ $ghosts -eq 0 ]; then verdict starts "$appeared of $1"; else verdict starts "$ghosts ghosts"; fi
+}
+
 # The rows that can be chosen, in the menu's order.
 choose() { # choose NUMBER
   local step
@@ -107,9 +121,20 @@ try_row() { # try_row NUMBER TITLE: the window of that title appears
   close_window "$2"
 }
 
+explorer_requests() { grep -c '"service":"explorer"' "$services/requests.log"; }
+more_requests_than() { [ "$(explorer_requests)" -gt "$1" ]; }
+
+try_refresh() {
+  local before
+  before=$(explorer_requests)
+  choose 2
+  within 6 more_requests_than "$before"
+}
+
 check_menu() {
   local failed=()
   try_row 1 Orvane || failed+=(Open)
+  try_refresh || failed+=(Refresh)
   try_row 3 "Orvane Help" || failed+=(Help)
   try_row 4 "About Orvane" || failed+=(About)
   choose 5
@@ -119,20 +144,26 @@ check_menu() {
 }
 
 form() { # how it is drawn
-  if [ "$width" -ge $((height * 8 / 5)) ]; then
-    echo "symbol and figure"
-  else
+  if [ "$width" -lt $((height * 8 / 5)) ]; then
     echo "square"
+  elif [ "$writer" = host ]; then
+    echo "symbol and label"
+  else
+    echo "symbol and figure"
   fi
 }
 
-readable() { # readable SCALE: large enough, and it stands out from the panel
-  awk -v h="$height" -v scale="$1" -v ratio="$ratio" -v black="$black" \
-    'BEGIN { exit !(h >= 11 * scale && ratio >= 3 && black < 0.4) }'
+readable() { # readable LEAST-HEIGHT: and it stands out from the panel
+  awk -v h="$height" -v least="$1" -v ratio="$ratio" -v black="$black" \
+    'BEGIN { exit !(h >= least && ratio >= 3 && black < 0.4) }'
 }
 
-measure() { echo "$width × $height, $ratio : 1"; }
+measure() { echo "$width × $height, $ratio : 1, $shade panel"; }
 
-judge() { # judge ROW SCALE
-  if readable "$2"; then verdict "$1" "yes"; else verdict "$1" "no: $(measure)"; fi
+judge() { # judge ROW SHADE LEAST-HEIGHT
+  if [ "$shade" = "$2" ] && readable "$3"; then
+    verdict "$1" "yes"
+  else
+    verdict "$1" "no: $(measure)"
+  fi
 }

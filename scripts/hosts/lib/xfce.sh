@@ -36,13 +36,27 @@ start_xfce() { # start_xfce SQUARE EDGE SHADE SCALE
   </property>
 </channel>
 EOT
+  # All GTK programs are enlarged by this, and nobody else.
+  cat > "$folder/xsettings.xml" <<EOT
+<?xml version="1.0" encoding="UTF-8"?>
+<channel name="xsettings" version="1.0">
+  <property name="Net" type="empty">
+    <property name="ThemeName" type="string" value="Adwaita"/>
+  </property>
+  <property name="Gdk" type="empty">
+    <property name="WindowScalingFactor" type="int" value="$4"/>
+  </property>
+</channel>
+EOT
   local daemon=(/usr/lib/*/xfce4/xfconf/xfconfd)
   begin xfconf "${daemon[0]}"
   within 5 has_owner org.xfce.Xfconf
-  begin host env XDG_CURRENT_DESKTOP=XFCE GDK_SCALE="$4" xfce4-panel --disable-wm-check
+  begin settings xfsettingsd --disable-wm-check
+  begin host xfce4-panel --disable-wm-check
 }
 
 stop_host() {
   end host
+  end settings
   end xfconf
 }
