@@ -54,6 +54,7 @@ struct MenuItem {
   bool enabled = true;
   std::string keyEquivalent = {};  ///< one lower-case character, with Control; empty: none
   std::function<void()> action = {};
+  std::optional<bool> checked = {};  ///< whether what it switches is on; none: it switches nothing
 
   [[nodiscard]] static MenuItem separator() { return MenuItem{}; }
   [[nodiscard]] bool isSeparator() const { return title.empty(); }

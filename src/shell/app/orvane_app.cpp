@@ -146,22 +146,29 @@ Menu OrvaneApp::commands() {
   auto& application = platform_.desktop;
   auto payments = paymentsCommand.menuItem(openWindow(), application);
   payments.enabled = !store_->state().watchedAddress.empty();
-  return {{helpCommand.menuItem(openWindow(), application),
-           aboutCommand.menuItem(openWindow(), application),
-           MenuItem::separator(),
-           {.title = "Refresh Now",
-            .enabled = store_->state().hasSource(),
-            .keyEquivalent = "r",
-            .action = [actions = menuActions_] { actions->refreshNow(); }},
-           {.title = "Save History as CSV…",
-            .enabled = !store_->state().history.empty(),
-            .keyEquivalent = "s",
-            .action = [this] { broadcasts_.post(saveHistoryBroadcast); }},
-           std::move(payments),
-           MenuItem::separator(),
-           {.title = "Quit Orvane", .keyEquivalent = "q", .action = [&application] {
-              application.terminate();
-            }}}};
+  Menu menu{{helpCommand.menuItem(openWindow(), application),
+             aboutCommand.menuItem(openWindow(), application),
+             MenuItem::separator(),
+             {.title = "Refresh Now",
+              .enabled = store_->state().hasSource(),
+              .keyEquivalent = "r",
+              .action = [actions = menuActions_] { actions->refreshNow(); }},
+             {.title = "Save History as CSV…",
+              .enabled = !store_->state().history.empty(),
+              .keyEquivalent = "s",
+              .action = [this] { broadcasts_.post(saveHistoryBroadcast); }},
+             std::move(payments),
+             MenuItem::separator(),
+             {.title = "Quit Orvane", .keyEquivalent = "q", .action = [&application] {
+                application.terminate();
+              }}}};
+  if (const auto& login = settings_.startAtLogin) {
+    MenuItem start{.title = "Start at Login",
+                   .action = [login = *login] { login.set(!login.isOn()); },
+                   .checked = login->isOn()};
+    menu.items.insert(menu.items.end() - 2, std::move(start));  // before the end and its separator
+  }
+  return menu;
 }
 
 void OrvaneApp::tellOfMissingTray() {

@@ -30,6 +30,12 @@ struct OrvanePlatform {
   StatusBar& statusBar;
 };
 
+/// Whether the program starts at login, where it is the one to switch that.
+struct StartAtLogin {
+  std::function<bool()> isOn;
+  std::function<void(bool on)> set;
+};
+
 /// What a build or a test chooses.
 struct OrvaneSettings {
   std::string poolWebHost;      ///< host of the pool's web site
@@ -37,6 +43,7 @@ struct OrvaneSettings {
   std::string brandUrl;         ///< destination of the brand line; empty: plain text
   std::string version;
   AskWhereToSave askWhereToSave = {};  ///< none: the history cannot be saved
+  std::optional<StartAtLogin> startAtLogin = {};
 };
 
 /// Whether a launcher's command brings a window up.

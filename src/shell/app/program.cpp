@@ -4,9 +4,11 @@
 #include <cstdlib>
 #include <filesystem>
 #include <utility>
+#include "platform/bus/portal_requests.h"
 #include "platform/bus/session_bus.h"
 #include "platform/defaults/sqlite_defaults.h"
 #include "platform/desktop/qt/color_scheme.h"
+#include "platform/desktop/qt/login_start.h"
 #include "platform/desktop/qt/qt_desktop_application.h"
 #include "platform/desktop/qt/save_dialog.h"
 #include "platform/desktop/qt/session_instance.h"
@@ -40,6 +42,13 @@ std::filesystem::path settingsFileOfUser() {
   return settingsFile(qgetenv("XDG_CONFIG_HOME").toStdString(), QDir::homePath().toStdString());
 }
 
+/// Elsewhere the desktop switches it.
+std::optional<StartAtLogin> switchOf(LoginStart& start) {
+  if (!isInFlatpak()) { return std::nullopt; }
+  return StartAtLogin{.isOn = [&start] { return start.isOn(); },
+                      .set = [&start](bool on) { start.set(on); }};
+}
+
 /// Everything that exists as long as the one running application does.
 int runInstance(Executor& executor, SessionBus& bus, SessionInstance& instance,
                 const StartupPermission& permission, const ProgramSettings& settings) {
@@ -52,7 +61,9 @@ int runInstance(Executor& executor, SessionBus& bus, SessionInstance& instance,
   DesktopNotificationCenter notifications(bus);
   QtDesktopApplication desktop;
   desktop.setActivationToken(permission.activationToken.toStdString());  // for the first window
-  SaveDialog saveDialog(bus);
+  PortalRequests portal(bus);
+  SaveDialog saveDialog(portal);
+  LoginStart loginStart(portal, defaults);
   DesktopStatusBar statusBar(
       executor, [&desktop](const std::string& token) { desktop.setActivationToken(token); });
 
@@ -72,10 +83,11 @@ int runInstance(Executor& executor, SessionBus& bus, SessionInstance& instance,
        .explorerWebHost = settings.explorerWebHost,
        .brandUrl = settings.brandUrl,
        .version = settings.version,
-       .askWhereToSave = [&saveDialog](QWidget& over, const QString& fileName,
-                                       SaveDialog::Use use) {
-         saveDialog.ask(over, fileName, std::move(use));
-       }});
+       .askWhereToSave =
+           [&saveDialog](QWidget& over, const QString& fileName, SaveDialog::Use use) {
+             saveDialog.ask(over, fileName, std::move(use));
+           },
+       .startAtLogin = switchOf(loginStart)});
   app.onEnd = [&instance] { instance.release(); };
   const auto reopen = [&app, &desktop](const std::string& token) {
     desktop.setActivationToken(token);

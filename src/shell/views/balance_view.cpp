@@ -41,6 +41,7 @@ void addCommand(QMenu& menu, const MenuItem& item) {
   auto* const command = menu.addAction(toQString(item.title));
   command->setShortcuts(shortcuts(item.keyEquivalent));
   command->setShortcutContext(Qt::ApplicationShortcut);
+  command->setCheckable(item.checked.has_value());
   QObject::connect(command, &QAction::triggered, &menu, [action = item.action] {
     if (action) { action(); }
   });
@@ -50,16 +51,17 @@ void addCommand(QMenu& menu, const MenuItem& item) {
 /// the application while the button is on screen.
 class CommandButton final : public QPushButton {
  public:
-  explicit CommandButton(const Menu& commands, QWidget* parent) : QPushButton(parent) {
+  CommandButton(const std::function<Menu()>& commands, QWidget* parent) : QPushButton(parent) {
     setFlat(true);
     setAutoDefault(false);
     setAccessibleName(tr("Help and commands"));
     setToolTip(tr("Help and commands"));
     auto* const menu = new QMenu(this);
-    for (const auto& item : commands.items) {
+    for (const auto& item : commands().items) {
       addCommand(*menu, item);
     }
     setMenu(menu);
+    connect(menu, &QMenu::aboutToShow, this, [this, commands] { showCommands(commands()); });
     // Keys of a menu that is not open work only where its commands belong to a visible widget.
     addActions(menu->actions());
     drawSymbol();
@@ -69,7 +71,9 @@ class CommandButton final : public QPushButton {
   void showCommands(const Menu& commands) {
     const auto rows = menu()->actions();
     for (qsizetype row = 0; row < rows.size(); ++row) {
-      rows[row]->setEnabled(commands.items[static_cast<std::size_t>(row)].enabled);
+      const auto& command = commands.items[static_cast<std::size_t>(row)];
+      rows[row]->setEnabled(command.enabled);
+      rows[row]->setChecked(command.checked.value_or(false));
     }
   }
 
@@ -137,7 +141,8 @@ void makeRoom(QWidget& content, const QSize& least, const QSize& ideal) {
 class CloseBar final : public QWidget {
  public:
   /// `onClose` runs for the Close button and for Escape.
-  CloseBar(const std::function<void()>& onClose, const Menu& commands, QWidget* parent)
+  CloseBar(const std::function<void()>& onClose, const std::function<Menu()>& commands,
+           QWidget* parent)
       : QWidget(parent) {
     auto* const close = new QPushButton(tr("Close"), this);
     close->setAutoDefault(false);
@@ -152,7 +157,7 @@ class CloseBar final : public QWidget {
                             theme::barPadding);
     row->addWidget(close);
     row->addStretch();
-    if (commands.items.empty()) { return; }
+    if (commands().items.empty()) { return; }
     commands_ = new CommandButton(commands, this);
     row->addWidget(commands_);
   }
@@ -184,7 +189,7 @@ BalanceView::BalanceView(BalanceStore& store, const LocaleFormat& format,
   rightColumn_ = new ColumnArea(tr("Workers and history"), theme::rightColumnSpacing, this);
   workers_ = new WorkersSection(format, rightColumn_->widget());
   history_ = new HistorySection(store, format, settings.askWhereToSave, rightColumn_->widget());
-  closeBar_ = new CloseBar(onClose, commands_(), this);
+  closeBar_ = new CloseBar(onClose, commands_, this);
   layOut();
   showState();
 }

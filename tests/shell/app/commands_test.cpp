@@ -1,4 +1,5 @@
 #include <QAction>
+#include <QMenu>
 #include <QTimer>
 #include "shell/app/app_fixture.h"
 
@@ -94,6 +95,23 @@ TEST_F(AppTest, QuittingWaitsForTheTokenToReachTheKeychainButNoLongerThanTwoSeco
     tooLate.start(2s);
     EXPECT_EQ(QCoreApplication::exec(), 0);
     EXPECT_EQ(keptToken(), kept);
+  }
+}
+
+TEST_F(AppTest, StartAtLoginIsShownAsItIsAndNotAsItWasChosen) {
+  bool isOn = false;
+  std::optional<bool> asked;
+  settings.startAtLogin = {.isOn = [&] { return isOn; }, .set = [&](bool on) { asked = on; }};
+  launch();
+  auto& menu = *widget("Orvane").findChild<QMenu*>();
+  const auto rows = menu.actions();
+  auto* const start = *std::ranges::find(rows, QStringLiteral("Start at Login"), &QAction::text);
+  start->trigger();
+  EXPECT_EQ(asked, true);
+  for (const bool granted : {false, true}) {
+    isOn = granted;
+    Q_EMIT menu.aboutToShow();
+    EXPECT_EQ(start->isChecked(), granted);
   }
 }
 

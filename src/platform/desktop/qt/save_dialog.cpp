@@ -1,5 +1,4 @@
 #include "platform/desktop/qt/save_dialog.h"
-#include <QDBusArgument>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -7,19 +6,9 @@
 #include <QStandardPaths>
 #include <QUrl>
 #include <utility>
-#include "platform/bus/desktop_portal.h"
 
 namespace orvane {
 namespace {
-using namespace std::chrono_literals;
-
-const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
-const auto chooserInterface = QStringLiteral("org.freedesktop.portal.FileChooser");
-const auto requestInterface = QStringLiteral("org.freedesktop.portal.Request");
-
-/// A portal answers at once that it has opened a dialog, or has none; its start takes a moment.
-constexpr auto patience = 5s;
-
 QString title() { return QObject::tr("Save"); }
 
 /// The window as the portal names it; empty where it cannot be named.
@@ -40,44 +29,19 @@ void askWithQt(QWidget& over, const QString& fileName, SaveDialog::Use use) {
 }
 }  // namespace
 
-SaveDialog::SaveDialog(SessionBus& bus)
-    : bus_(bus),
-      response_(bus, {}, requestInterface, QStringLiteral("Response"),
-                [this](const QDBusMessage& response) { hear(response); }) {}
-
 void SaveDialog::ask(QWidget& over, const QString& fileName, Use use) {
-  if (!bus_.isOpen()) {
-    askWithQt(over, fileName, std::move(use));
-    return;
-  }
-  const auto token = QStringLiteral("orvane%1").arg(++lastRequest_);
-  // Known before the call, so that no answer is missed.
-  const auto request =
-      QStringLiteral("%1/request/%2/%3")
-          .arg(portalPath, bus_.connection().baseService().mid(1).replace(u'.', u'_'), token);
-  asked_[request] = use;
-  auto call = QDBusMessage::createMethodCall(portalService, portalPath, chooserInterface,
-                                             QStringLiteral("SaveFile"));
-  call << portalWindow(over) << title()
-       << QVariantMap{{QStringLiteral("handle_token"), token},
-                      {QStringLiteral("current_name"), fileName}};
-  callOnBus(
-      bus_, call, this,
-      [this, request, fileName, use = std::move(use),
-       over = QPointer(&over)](const BusReply& reply) {
-        if (reply) { return; }
-        asked_.erase(request);
-        if (over) { askWithQt(*over, fileName, use); }
+  portal_.send(
+      {.interface = QStringLiteral("org.freedesktop.portal.FileChooser"),
+       .method = QStringLiteral("SaveFile"),
+       .arguments = {portalWindow(over), title()},
+       .options = {{QStringLiteral("current_name"), fileName}}},
+      [use](const QVariantMap& results) {
+        const auto uris = results.value(QStringLiteral("uris")).toStringList();
+        const auto path = QUrl(uris.value(0)).toLocalFile();
+        if (!path.isEmpty()) { use(path); }
       },
-      patience);
-}
-
-void SaveDialog::hear(const QDBusMessage& response) {
-  const auto asked = asked_.extract(response.path());
-  if (asked.empty() || response.arguments().value(0).toUInt() != 0) { return; }
-  const auto results = qdbus_cast<QVariantMap>(response.arguments().value(1));
-  const auto uris = results.value(QStringLiteral("uris")).toStringList();
-  const auto path = QUrl(uris.value(0)).toLocalFile();
-  if (!path.isEmpty()) { asked.mapped()(path); }
+      [use, fileName, over = QPointer(&over)] {
+        if (over) { askWithQt(*over, fileName, use); }
+      });
 }
 }  // namespace orvane
