@@ -83,10 +83,9 @@ int runInstance(Executor& executor, SessionBus& bus, SessionInstance& instance,
        .explorerWebHost = settings.explorerWebHost,
        .brandUrl = settings.brandUrl,
        .version = settings.version,
-       .askWhereToSave =
-           [&saveDialog](QWidget& over, const QString& fileName, SaveDialog::Use use) {
-             saveDialog.ask(over, fileName, std::move(use));
-           },
+       .askWhereToSave = [&saveDialog](
+                             QWidget& over, const QString& fileName,
+                             SaveDialog::Use use) { saveDialog.ask(over, fileName, use); },
        .startAtLogin = switchOf(loginStart)});
   app.onEnd = [&instance] { instance.release(); };
   const auto reopen = [&app, &desktop](const std::string& token) {

@@ -29,7 +29,7 @@ void askWithQt(QWidget& over, const QString& fileName, SaveDialog::Use use) {
 }
 }  // namespace
 
-void SaveDialog::ask(QWidget& over, const QString& fileName, Use use) {
+void SaveDialog::ask(QWidget& over, const QString& fileName, const Use& use) {
   portal_.send(
       {.interface = QStringLiteral("org.freedesktop.portal.FileChooser"),
        .method = QStringLiteral("SaveFile"),

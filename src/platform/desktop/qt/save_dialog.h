@@ -15,7 +15,7 @@ class SaveDialog {
 
   /// Opens the dialog over the window of `over`, with `fileName` as a proposal, and returns. Calls
   /// `use` with the path that the user chooses; not at all when there is none.
-  void ask(QWidget& over, const QString& fileName, Use use);
+  void ask(QWidget& over, const QString& fileName, const Use& use);
 
  private:
   PortalRequests& portal_;
