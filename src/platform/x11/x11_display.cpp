@@ -145,6 +145,14 @@ void X11Display::setProperty(xcb_window_t window, const char* name,
                       static_cast<std::uint32_t>(values.size()), values.data());
 }
 
+void X11Display::resize(xcb_window_t window, const QSize& size) const {
+  const std::uint32_t values[] = {static_cast<std::uint32_t>(size.width()),
+                                  static_cast<std::uint32_t>(size.height())};
+  xcb_configure_window(connection_, window, XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
+                       values);
+  flush();
+}
+
 void X11Display::addEvents(xcb_window_t window, std::uint32_t mask) const {
   const auto reply =
       ask<xcb_get_window_attributes, xcb_get_window_attributes_reply>(connection_, window);

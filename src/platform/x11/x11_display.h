@@ -57,6 +57,7 @@ class X11Display {
   /// Sets a property of the type that has its own name.
   void setProperty(xcb_window_t window, const char* name,
                    const std::vector<std::uint32_t>& values) const;
+  void resize(xcb_window_t window, const QSize& size) const;
   /// Listens to a window in addition to what the connection listens to already.
   void addEvents(xcb_window_t window, std::uint32_t mask) const;
   /// Sends `receiver` the message `name` about `window`, by an event that `mask` lets through.

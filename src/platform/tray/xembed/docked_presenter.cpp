@@ -45,7 +45,7 @@ void DockedWindow::setContent(const StatusContent& content) {
       content.image ? QString::fromStdString(content.image->accessibilityDescription) : QString();
   setAccessibleName(name);
   setWindowTitle(name);
-  readBackground();  // some panels change their look without a word
+  readBackgroundSoon();  // some panels change their look, or make room, without a word
   redraw();
 }
 
@@ -68,8 +68,11 @@ void DockedWindow::followScale() {
 /// larger already.
 int DockedWindow::iconHeight() const {
   const double scale = std::max(1.0, panelScale_ / devicePixelRatio());
-  return std::clamp(height(), smallestIcon, static_cast<int>(std::lround(largestIcon * scale)));
+  return std::clamp(slot().height(), smallestIcon,
+                    static_cast<int>(std::lround(largestIcon * scale)));
 }
+
+QSize DockedWindow::slot() const { return visible_.isEmpty() ? size() : visible_; }
 
 PanelShade DockedWindow::shade() const {
   if (!background_.isNull()) { return shadeOfBackground(average(background_)); }
@@ -81,8 +84,8 @@ void DockedWindow::redraw() {
   drawn_ = draw(look_.shape, iconHeight());
   const int needed = drawn_.deviceIndependentSize().toSize().width();
   askForWidth(needed);
-  const bool isSqueezed = look_.shape == Shape::wide && width() < needed;
-  if (isSqueezed) { drawn_ = draw(Shape::square, std::min(iconHeight(), width())); }
+  const bool isSqueezed = look_.shape == Shape::wide && slot().width() < needed;
+  if (isSqueezed) { drawn_ = draw(Shape::square, std::min(iconHeight(), slot().width())); }
   const bool showsWholeText = look_.shape == Shape::wide && !isSqueezed;
   setToolTip(
       QString::fromStdString(showsWholeText ? content_.toolTip : content_.toolTipWithText()));
@@ -111,7 +114,21 @@ void DockedWindow::askForWidth(int imageWidth) {
 /// The panel paints itself around a window that is new or has moved, in its own time.
 void DockedWindow::readBackgroundSoon() {
   readBackground();
-  readingBackground_.emplace(executor_, panelPaintingTime, [this] { readBackground(); });
+  readingBackground_.emplace(executor_, panelPaintingTime, [this] {
+    readVisibleSize();
+    readBackground();
+  });
+}
+
+/// A panel that takes an icon in while the icon asks for its size may let it have that, in a place
+/// that has less, and would not tell when it makes room for it. What can be seen is what counts.
+void DockedWindow::readVisibleSize() {
+  const auto window = static_cast<xcb_window_t>(winId());
+  const auto visible = visibleSize(window) / devicePixelRatio();
+  if (visible == slot()) { return; }
+  visible_ = visible;
+  redraw();
+  shrinkToVisible(window);
 }
 
 void DockedWindow::readBackground() {
@@ -131,13 +148,15 @@ void DockedWindow::paintEvent(QPaintEvent* /*event*/) {
                      look_.alpha ? QColor(Qt::transparent) : palette().color(backgroundRole()));
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
   } else {
-    painter.drawImage(rect(), background_);
+    painter.drawImage(QRect({}, slot()), background_);
   }
   const auto size = drawn_.deviceIndependentSize().toSize();
-  painter.drawImage((width() - size.width()) / 2, (height() - size.height()) / 2, drawn_);
+  const auto room = (slot() - size) / 2;
+  painter.drawImage(room.width(), room.height(), drawn_);
 }
 
 void DockedWindow::resizeEvent(QResizeEvent* /*event*/) {
+  visible_ = {};
   redraw();
   readBackgroundSoon();
 }

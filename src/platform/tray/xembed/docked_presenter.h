@@ -46,9 +46,11 @@ class DockedWindow final : public QWidget {
   void askForWidth(int imageWidth);
   void followScale();
   [[nodiscard]] int iconHeight() const;
+  [[nodiscard]] QSize slot() const;
   [[nodiscard]] PanelShade shade() const;
   void readBackgroundSoon();
   void readBackground();
+  void readVisibleSize();
 
   Executor& executor_;
   Look look_;
@@ -56,6 +58,7 @@ class DockedWindow final : public QWidget {
   StatusContent content_;
   int panelScale_;
   QImage background_;
+  QSize visible_;  ///< empty until the tray has had time to answer
   QImage drawn_;
   std::optional<OneShotTimer> readingBackground_;
 };

@@ -58,6 +58,18 @@ QImage panelBackground(xcb_window_t window) {
   return blendBetween(left, right, area.size());
 }
 
+QSize visibleSize(xcb_window_t window) {
+  const auto display = X11Display::ofApplication();
+  if (!display) { return {}; }
+  const auto place = display->areaOf(display->parentOf(window));
+  return display->areaOf(window).intersected(place).size();
+}
+
+void shrinkToVisible(xcb_window_t window) {
+  const auto size = visibleSize(window);
+  if (!size.isEmpty()) { X11Display::ofApplication()->resize(window, size); }
+}
+
 int panelScale() {
   const auto display = X11Display::ofApplication();
   const auto told = display ? integerXSetting(*display, "Gdk/WindowScalingFactor") : std::nullopt;
