@@ -15,6 +15,7 @@
 #include <array>
 #include "platform/desktop/symbols.h"
 #include "shell/views/colors.h"
+#include "shell/views/equal_digits.h"
 #include "shell/views/figure_table.h"
 #include "shell/views/parted_label.h"
 #include "shell/views/theme.h"
@@ -156,8 +157,11 @@ class BlockRewardList::Delegate final : public QStyledItemDelegate {
     text_.setDocumentMargin(0);
     text_.setDefaultFont(list_.font());
     text_.setDefaultTextOption(option);
-    text_.setPlainText(breakingBetweenParts(toQString(numbersIsolated(toUtf8(text))),
-                                            QFontMetrics(list_.font()), width));
+    const auto line = toQString(numbersIsolated(toUtf8(text)));
+    const QFontMetrics metrics(list_.font());
+    const int paddings = widthWithEqualDigits(list_.font(), line) - metrics.horizontalAdvance(line);
+    text_.setPlainText(breakingBetweenParts(line, metrics, width - paddings));
+    equalizeDigits(text_);
     text_.setTextWidth(std::max(1, width));
     return text_.size().toSize().height();
   }

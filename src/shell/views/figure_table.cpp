@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QStyledItemDelegate>
 #include <QToolTip>
+#include "shell/views/equal_digits.h"
 #include "shell/views/frames.h"
 #include "shell/views/theme.h"
 
@@ -130,7 +131,9 @@ class FigureCellDelegate final : public QStyledItemDelegate {
   [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
                                const QModelIndex& index) const override {
     const int dot = index.data(dotColorRole).isValid() ? dotWidth() : 0;
-    return QStyledItemDelegate::sizeHint(option, index) + QSize(paddingOf(index).sum() + dot, 0);
+    const int text = widthWithEqualDigits(option.font, index.data().toString());
+    return {text + paddingOf(index).sum() + dot,
+            QStyledItemDelegate::sizeHint(option, index).height()};
   }
 
   /// A text that does not fit shows itself whole.
@@ -161,8 +164,8 @@ class FigureCellDelegate final : public QStyledItemDelegate {
     painter->setPen(isChosen ? option.palette.color(QPalette::HighlightedText)
                              : theme::textColor(theme::TextColor::primary, option.palette));
     const auto alignment = Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt());
-    drawElided(*painter, box, index.data(Qt::DisplayRole).toString(),
-               QStyle::visualAlignment(option.direction, alignment));
+    drawWithEqualDigits(*painter, box, index.data(Qt::DisplayRole).toString(),
+                        QStyle::visualAlignment(option.direction, alignment));
     painter->setRenderHint(QPainter::Antialiasing, false);
     if (index.row() + 1 < index.model()->rowCount()) {
       painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1),
@@ -211,7 +214,7 @@ void FigureTable::applyStyle() {
 }
 
 int FigureTable::cellWidth(int column, std::string_view text, bool hasDot) const {
-  return fontMetrics().horizontalAdvance(toQString(text)) +
+  return widthWithEqualDigits(font(), toQString(text)) +
          CellPadding(column, model()->columnCount()).sum() + (hasDot ? dotWidth() : 0);
 }
 

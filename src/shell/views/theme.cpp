@@ -1,7 +1,6 @@
 #include "shell/views/theme.h"
 #include <QFontDatabase>
 #include <QFontInfo>
-#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <algorithm>
 #include <array>
@@ -41,27 +40,13 @@ constexpr int largeFigureSize = 34;
 constexpr int smallestInterfaceSize = 12;
 constexpr int designInterfaceSize = 13;
 
-bool hasDigitsOfEqualWidth(const QFont& font) {
-  const QFontMetricsF metrics(font);
-  const auto width = metrics.horizontalAdvance(u'0');
-  return std::ranges::all_of(QStringView(u"123456789"), [&](QChar digit) {
-    return std::abs(metrics.horizontalAdvance(digit) - width) < 0.01;
-  });
-}
-
-/// Qt 6.4 cannot switch on a font's tabular digits, so a family that has no others is looked for
-/// when the interface font's digits differ in width: figures must not jump when they change.
+/// Where Qt cannot switch on a font's digits of equal width, `equal_digits.h` helps in columns;
+/// what stands alone is left in the font's own digits rather than in another typeface.
 QFont withDigitsOfEqualWidth(QFont font) {
   font.setKerning(false);
-  if (hasDigitsOfEqualWidth(font)) { return font; }
-  for (const auto* family : {"Noto Sans", "Roboto", "Liberation Sans", "DejaVu Sans"}) {
-    auto candidate = font;
-    candidate.setFamilies({QString::fromLatin1(family)});
-    if (QFontInfo(candidate).family() == QLatin1String(family) &&
-        hasDigitsOfEqualWidth(candidate)) {
-      return candidate;
-    }
-  }
+#if QT_VERSION >= QT_VERSION_CHECK(6, 7, 0)
+  font.setFeature(QFont::Tag("tnum"), 1);
+#endif
   return font;
 }
 

@@ -1,5 +1,8 @@
 
+#include <QApplication>
 #include <QListView>
+#include <QPainter>
+#include "shell/views/equal_digits.h"
 #include "shell/views/figure_table.h"
 #include "shell/views/view_fixture.h"
 
@@ -104,6 +107,39 @@ TEST_F(DrawingTest, AWorkersStateHasAWordADotAndATip) {
   }
   EXPECT_EQ(model.index(0, 0).data(Qt::ToolTipRole), u"pellam.garage"_s);
   EXPECT_EQ(model.index(0, 1).data(Qt::ToolTipRole), u"Last share Nov 15, 2026, 2:02\u202fPM"_s);
+}
+
+// Figures were drawn in another family where the interface font's digits differ in width.
+TEST_F(DrawingTest, EverythingIsInTheInterfaceFontAndDigitsStandBelowEachOther) {
+  const QFont before = QApplication::font();
+  const QFont proportional("Cantarell");
+  ASSERT_EQ(QFontInfo(proportional).family(), proportional.family());
+  QApplication::setFont(proportional);
+  show(everything());
+  for (const auto* const widget : visible<QWidget>()) {
+    const QFontInfo info(widget->font());
+    EXPECT_TRUE(info.fixedPitch() || info.family() == proportional.family())
+        << widget->metaObject()->className() << " " << info.family().toStdString();
+  }
+  // What stands before digits stands at the same place, whichever they are.
+  const auto barBefore = [](const char* digits) {
+    QImage image(100, 20, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setFont(theme::textFont(theme::TextStyle::calloutFigure));
+    drawWithEqualDigits(painter, image.rect(), QString::fromLatin1(digits), Qt::AlignRight);
+    int x = 0;
+    while (x < image.width() && image.pixelColor(x, 10) == Qt::white) {
+      ++x;
+    }
+    return x;
+  };
+  const int place = barBefore("|111,111 X");
+  EXPECT_EQ(barBefore("|444,444 X"), place);
+  QApplication::setLayoutDirection(Qt::RightToLeft);  // no matter to what is Latin
+  EXPECT_EQ(barBefore("|444,444 X"), place);
+  QApplication::setLayoutDirection(Qt::LeftToRight);
+  QApplication::setFont(before);
 }
 
 TEST_F(DrawingTest, NoRowCanBeSelected) {
