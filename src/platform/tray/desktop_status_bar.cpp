@@ -1,13 +1,17 @@
 #include "platform/tray/desktop_status_bar.h"
 #include <QAction>
 #include <QCursor>
+#include <QGuiApplication>
 #include <QKeySequence>
 #include <QMenu>
 #include <QPoint>
+#include <QWindow>
+#include <algorithm>
 #include <chrono>
 #include <utility>
 #include "platform/async/timer.h"
 #include "platform/color/contrast.h"
+#include "platform/desktop/qt/window_placement.h"
 #include "platform/desktop/symbols.h"
 #include "platform/text/unicode.h"
 #include "platform/tray/notifier/notifier_presenter.h"
@@ -44,6 +48,25 @@ std::unique_ptr<QMenu> menuWindow(const Menu& menu, Executor& executor) {
     });
   }
   return window;
+}
+
+/// A compositor that places all windows itself takes a menu only as part of a window of the same
+/// program, and closes it at once unless that has the keyboard. Alone it would be a window with a
+/// frame, somewhere.
+bool canPopUp() {
+  const QWindow* const window = QGuiApplication::focusWindow();
+  return canPlaceWindows() || (window && window->isExposed());
+}
+
+/// Makes `menu` part of the window that has the keyboard. Gives the place of that window which is
+/// next to `position`; the compositor goes on from there.
+QPoint hangOnFocusWindow(QMenu& menu, const QPoint& position) {
+  QWindow* const window = QGuiApplication::focusWindow();
+  menu.winId();  // makes the window that is told
+  menu.windowHandle()->setTransientParent(window);
+  const QRect room = window ? window->geometry() : QRect(position, QSize(1, 1));
+  return {std::clamp(position.x(), room.left(), room.right()),
+          std::clamp(position.y(), room.top(), room.bottom())};
 }
 
 /// The status item on the Linux desktop. It holds what is to be shown; a presenter brings that to
@@ -144,7 +167,11 @@ class DesktopStatusItem final : public StatusItem {
             .menu = [this] { return takeMenu(); },
             .popUpMenu =
                 [this](const QPoint& position) {
-                  if (const auto menu = takeMenu()) { popUp(*menu, position); }
+                  if (!canPopUp()) {
+                    act(DesktopEvent::Type::leftMouseUp);  // the window has the same commands
+                  } else if (const auto menu = takeMenu()) {
+                    popUp(*menu, position);
+                  }
                 },
             .activationToken =
                 [this](const std::string& token) {
@@ -166,8 +193,9 @@ class DesktopStatusItem final : public StatusItem {
   }
 
   /// In place of one that is still open.
-  void popUp(const Menu& menu, const QPoint& position) {
+  void popUp(const Menu& menu, QPoint position) {
     shownMenu_ = menuWindow(menu, executor_);
+    if (!canPlaceWindows()) { position = hangOnFocusWindow(*shownMenu_, position); }
     shownMenu_->popup(position);
   }
 

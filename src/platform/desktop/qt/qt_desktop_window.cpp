@@ -25,11 +25,18 @@ void noticeReturningFocus(QWidget& window) {
   QT_WARNING_POP
 }
 
+/// One of our windows has the keyboard. Qt goes on naming one that was hidden with it; that one has
+/// no surface, or, shown again, one that has not appeared yet.
+bool holdsKeyboard(const QWindow* window) { return window && window->isExposed(); }
+
 /// For compositors that hand out permissions; Qt takes one from the environment. Without one it
-/// asks the compositor itself, which answers a program that is not in front with "is ready".
+/// asks the compositor itself in the name of the window that has the keyboard. For a program that
+/// is not in front the answer would be "is ready".
 void activateByPermission(QWidget& window, const std::string& token) {
+  const QWindow* const holder = QGuiApplication::focusWindow();
+  const bool canPassOn = holder != window.windowHandle() && holdsKeyboard(holder);
   if (!token.empty()) { qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(token)); }
-  if (!token.empty() || QGuiApplication::focusWindow()) { window.activateWindow(); }
+  if (!token.empty() || canPassOn) { window.activateWindow(); }
   qunsetenv("XDG_ACTIVATION_TOKEN");  // it was for this window
 }
 }  // namespace
