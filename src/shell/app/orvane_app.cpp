@@ -126,7 +126,8 @@ std::unique_ptr<QWidget> OrvaneApp::makeMainContent() {
                        .application = platform_.desktop},
       BalanceViewSettings{.poolWebHost = settings_.poolWebHost,
                           .commands = [this] { return commands(); },
-                          .askWhereToSave = settings_.askWhereToSave});
+                          .askWhereToSave = settings_.askWhereToSave,
+                          .layout = &layout_});
   mainContent_ = content.get();
   return content;
 }

@@ -189,6 +189,7 @@ BalanceView::BalanceView(BalanceStore& store, const LocaleFormat& format,
   rightColumn_ = new ColumnArea(tr("Workers and history"), theme::rightColumnSpacing, this);
   workers_ = new WorkersSection(format, rightColumn_->widget());
   history_ = new HistorySection(store, format, settings.askWhereToSave, rightColumn_->widget());
+  if (settings.layout) { history_->keepColumns(*settings.layout); }
   closeBar_ = new CloseBar(onClose, commands_, this);
   layOut();
   showState();

@@ -10,6 +10,7 @@
 #include "shell/views/coalesced_update.h"
 #include "shell/views/frames.h"
 #include "shell/views/history_commands.h"
+#include "shell/views/kept_layout.h"
 
 namespace orvane {
 class AddressCardView;
@@ -25,6 +26,7 @@ struct BalanceViewSettings {
   /// them perhaps disabled. They stand in a menu beside the Close button; none: no such button.
   std::function<Menu()> commands = [] { return Menu(); };
   AskWhereToSave askWhereToSave = {};  ///< none: the history cannot be saved
+  KeptLayout* layout = nullptr;        ///< outlives the view; none: widths of columns are not kept
 };
 
 class CloseBar;

@@ -74,7 +74,8 @@ class BraiinsHistorySummaryRow final : public QWidget {
   QWidget* trailing_;
 };
 
-/// A row a day, in the order given. Its columns share the width until the user moves one.
+/// A row a day, in the order given. Its columns share the width until the user moves one, and then
+/// keep theirs as far as there is room for every figure.
 class BraiinsHistoryTable final : public FigureTable {
  public:
   BraiinsHistoryTable(const LocaleFormat& format, QWidget* parent)
@@ -83,10 +84,15 @@ class BraiinsHistoryTable final : public FigureTable {
     setAccessibleName(tr("Daily history"));
     horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
     horizontalHeader()->setStretchLastSection(true);
-    connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int section) {
-      const bool isStretched = std::cmp_equal(section + 1, columns.size());
-      if (!isSharing_ && !isStretched && isVisible()) { sharesWidth_ = false; }
-    });
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+            [this](int section, int /*before*/, int width) { handleResize(section, width); });
+  }
+
+  void keepColumns(KeptLayout& layout) {
+    layout_ = &layout;
+    const auto widths = layout.historyColumns();
+    if (std::cmp_equal(widths.size(), columnsBeforeLast)) { chosenWidths_ = widths; }
+    arrange();
   }
 
   /// Returns whether the days differ from those shown before.
@@ -104,8 +110,13 @@ class BraiinsHistoryTable final : public FigureTable {
 
  protected:
   void resizeEvent(QResizeEvent* event) override {
-    if (sharesWidth_) { shareWidth(); }
+    arrange();
     FigureTable::resizeEvent(event);
+  }
+
+  void hideEvent(QHideEvent* event) override {
+    if (layout_ && !chosenWidths_.empty()) { layout_->setHistoryColumns(chosenWidths_); }
+    FigureTable::hideEvent(event);
   }
 
   void fitColumns() override {
@@ -113,11 +124,12 @@ class BraiinsHistoryTable final : public FigureTable {
     for (std::size_t column = 0; column < columns.size(); ++column) {
       cellWidths_[column] = sizeHintForColumn(static_cast<int>(column));
     }
-    if (sharesWidth_) { shareWidth(); }
+    arrange();
   }
 
  private:
   using Widths = std::array<int, columns.size()>;
+  static constexpr int columnsBeforeLast = static_cast<int>(columns.size()) - 1;
 
   [[nodiscard]] Widths neededWidths(bool wrapsTitles) const {
     Widths needed = cellWidths_;
@@ -128,13 +140,60 @@ class BraiinsHistoryTable final : public FigureTable {
     return needed;
   }
 
-  /// Equal widths, but for a column that needs more than its share.
-  void shareWidth() {
-    int width = viewport()->width();
-    auto needed = neededWidths(false);
-    const bool wraps = std::reduce(needed.begin(), needed.end()) > width;
-    if (wraps) { needed = neededWidths(true); }
+  /// Titles stand in one line each where there is room for that.
+  [[nodiscard]] bool hasToWrap() const {
+    const auto needed = neededWidths(false);
+    return std::reduce(needed.begin(), needed.end()) > viewport()->width();
+  }
+
+  /// The user has moved the edge of a column, which gives to the last one or takes from it.
+  void handleResize(int section, int width) {
+    if (isArranging_ || section == columnsBeforeLast || !isVisible()) { return; }
+    const auto needed = neededWidths(hasToWrap());
+    const int least = needed.at(static_cast<std::size_t>(section));
+    int most = viewport()->width() - needed.back();
+    for (int column = 0; column < columnsBeforeLast; ++column) {
+      if (column != section) { most -= columnWidth(column); }
+    }
+    isArranging_ = true;
+    horizontalHeader()->resizeSection(section, std::max(std::min(width, most), least));
+    isArranging_ = false;
+    chosenWidths_.clear();
+    for (int column = 0; column < columnsBeforeLast; ++column) {
+      chosenWidths_.push_back(columnWidth(column));
+    }
+  }
+
+  void arrange() {
+    isArranging_ = true;
+    const bool wraps = hasToWrap();
     wrapTitles(wraps);
+    if (chosenWidths_.empty()) {
+      shareWidth(neededWidths(wraps));
+    } else {
+      showChosenWidths(neededWidths(wraps));
+    }
+    isArranging_ = false;
+  }
+
+  /// What is too much is taken from the first columns, down to what they need.
+  void showChosenWidths(const Widths& needed) {
+    int excess = needed.back() - viewport()->width();
+    std::vector<int> widths;
+    for (std::size_t column = 0; column < chosenWidths_.size(); ++column) {
+      widths.push_back(std::max(chosenWidths_[column], needed[column]));
+      excess += widths.back();
+    }
+    for (std::size_t column = 0; column < widths.size(); ++column) {
+      const int given = std::clamp(excess, 0, widths[column] - needed[column]);
+      excess -= given;
+      horizontalHeader()->resizeSection(static_cast<int>(column), widths[column] - given);
+    }
+  }
+
+  /// Equal widths, but for a column that needs more than its share.
+  void shareWidth(const Widths& needed) {
+    int width = viewport()->width();
     auto sharers = static_cast<int>(columns.size());
     std::array<bool, columns.size()> isWide{};
     const auto needsMore = [&](std::size_t column) {
@@ -150,18 +209,17 @@ class BraiinsHistoryTable final : public FigureTable {
       --sharers;
       column = 0;  // the others' share has become smaller
     }
-    isSharing_ = true;
     for (std::size_t column = 0; column + 1 < columns.size(); ++column) {
       const int share = isWide[column] ? needed[column] : width / sharers;
       horizontalHeader()->resizeSection(static_cast<int>(column), share);
     }
-    isSharing_ = false;
   }
 
   HistoryModel* model_;
   Widths cellWidths_{};
-  bool sharesWidth_ = true;
-  bool isSharing_ = false;
+  std::vector<int> chosenWidths_;  ///< by the user, but for the last column; empty: none
+  KeptLayout* layout_ = nullptr;
+  bool isArranging_ = false;
 };
 
 HistorySection::HistorySection(BalanceStore& store, const LocaleFormat& format,
@@ -211,6 +269,8 @@ void HistorySection::layOut() {
 
 int HistorySection::leastWidth() const { return table_->leastWidth() + 2; }
 int HistorySection::widthOfOneRow() const { return summaryRow_->widthOfOneRow() + 2; }
+
+void HistorySection::keepColumns(KeptLayout& layout) { table_->keepColumns(layout); }
 
 void HistorySection::showView(const BalanceState& state, bool areNewDays) {
   const bool isChart = state.historyView == HistoryView::chart;

@@ -8,6 +8,7 @@
 #include "shell/views/controls.h"
 #include "shell/views/frames.h"
 #include "shell/views/history_commands.h"
+#include "shell/views/kept_layout.h"
 
 namespace orvane {
 class BraiinsHistorySummaryRow;
@@ -20,6 +21,8 @@ class HistorySection final : public QWidget {
   /// `store` and `format` outlive the section.
   HistorySection(BalanceStore& store, const LocaleFormat& format, AskWhereToSave askWhereToSave,
                  QWidget* parent = nullptr);
+  /// Has the table's columns come back as the user left them; `layout` outlives the section.
+  void keepColumns(KeptLayout& layout);
   void showHistory(const BalanceState& state);
   /// Asks where, and saves the history as CSV; what goes wrong is told in the section.
   void saveHistory() { commands_->save(); }

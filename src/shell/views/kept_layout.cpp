@@ -8,6 +8,9 @@ namespace orvane {
 namespace {
 constexpr std::string_view sizeKey = "window.size";      // width and height; "": the program's own
 constexpr std::string_view centreKey = "window.centre";  // across and down, in the desktop's pixels
+constexpr std::string_view historyColumnsKey = "history.columnWidths";
+
+using Texts = std::vector<std::string>;
 
 /// Window systems count to no more.
 constexpr int farthest = 32'767;
@@ -30,7 +33,7 @@ Pair pair(const UserDefaults& defaults, std::string_view key, int least) {
 
 void setPair(UserDefaults& defaults, std::string_view key, const Pair& pair) {
   const auto text = [](std::optional<int> each) { return each ? std::to_string(*each) : ""; };
-  const std::vector texts{text(pair.first), text(pair.second)};
+  const Texts texts{text(pair.first), text(pair.second)};
   if (defaults.texts(key) != texts) { defaults.setTexts(key, texts); }
 }
 }  // namespace
@@ -51,5 +54,23 @@ void KeptLayout::setPlacement(const ChosenPlacement& placement) {
   if (const auto centre = placement.centre) {
     setPair(defaults_, centreKey, {centre->x(), centre->y()});
   }
+}
+
+std::vector<int> KeptLayout::historyColumns() const {
+  std::vector<int> widths;
+  for (const std::string& text : defaults_.texts(historyColumnsKey).value_or(Texts())) {
+    const auto width = number(text, 1);
+    if (!width) { return {}; }
+    widths.push_back(*width);
+  }
+  return widths;
+}
+
+void KeptLayout::setHistoryColumns(const std::vector<int>& widths) {
+  Texts texts;
+  for (const int width : widths) {
+    texts.push_back(std::to_string(width));
+  }
+  if (defaults_.texts(historyColumnsKey) != texts) { defaults_.setTexts(historyColumnsKey, texts); }
 }
 }  // namespace orvane

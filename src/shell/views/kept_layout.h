@@ -17,6 +17,10 @@ class KeptLayout {
   [[nodiscard]] ChosenPlacement placement() const;
   void setPlacement(const ChosenPlacement& placement);
 
+  /// Of the history's table, but for the last column; empty: not chosen.
+  [[nodiscard]] std::vector<int> historyColumns() const;
+  void setHistoryColumns(const std::vector<int>& widths);
+
  private:
   UserDefaults& defaults_;
 };

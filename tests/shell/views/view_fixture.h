@@ -18,10 +18,10 @@ class ViewTest : public testing::Test {
     sample.showIn(*fakes);
     view = std::make_unique<BalanceView>(
         *fakes->store, english,
-        BalanceViewSettings{
-            .poolWebHost = "pool.test",
-            .commands = [] { return Menu{{{.title = "Help"}}}; },
-            .askWhereToSave = [this](auto&, auto&, const auto& use) { use(place); }},
+        BalanceViewSettings{.poolWebHost = "pool.test",
+                            .commands = [] { return Menu{{{.title = "Help"}}}; },
+                            .askWhereToSave = [this](auto&, auto&, const auto& use) { use(place); },
+                            .layout = &layout},
         [this] { ++closes; });
     view->show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));  // keys go to no other window
@@ -65,6 +65,8 @@ class ViewTest : public testing::Test {
     });
   }
 
+  MemoryDefaults defaults;  ///< those of the view alone
+  KeptLayout layout{defaults};
   LocaleFormat english{{.numbers = "en_US", .dates = "en_US", .timeZone = "UTC"}};
   std::unique_ptr<StoreOnFakes> fakes;
   std::unique_ptr<BalanceView> view;
