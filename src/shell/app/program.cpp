@@ -85,7 +85,7 @@ int runInstance(Executor& executor, SessionBus& bus, SessionInstance& instance,
        .version = settings.version,
        .askWhereToSave = [&saveDialog](
                              QWidget& over, const QString& fileName,
-                             SaveDialog::Use use) { saveDialog.ask(over, fileName, use); },
+                             const SaveDialog::Use& use) { saveDialog.ask(over, fileName, use); },
        .startAtLogin = switchOf(loginStart)});
   app.onEnd = [&instance] { instance.release(); };
   const auto reopen = [&app, &desktop](const std::string& token) {
