@@ -17,6 +17,7 @@ constexpr int smallestIcon = 12;
 /// Left and right of a wide image, so that it keeps away from its neighbours and the screen's edge.
 constexpr int wideMargin = 4;
 constexpr auto panelPaintingTime = 400ms;
+constexpr int mostFittings = 4;
 
 QColor average(const QImage& image) {
   return image.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixelColor(0, 0);
@@ -41,6 +42,7 @@ DockedWindow::DockedWindow(Executor& executor, Look look, StatusRequests request
 
 void DockedWindow::setContent(const StatusContent& content) {
   content_ = content;
+  fittings_ = mostFittings;
   const auto name =
       content.image ? QString::fromStdString(content.image->accessibilityDescription) : QString();
   setAccessibleName(name);
@@ -64,15 +66,14 @@ void DockedWindow::followScale() {
   if (scale != before) { resize(size() * scale / before); }
 }
 
-/// Panels that GTK enlarges give pixels in larger numbers; where Qt enlarges as well, our own are
-/// larger already.
+/// A square fills what it gets. A wide image may get the height of the whole panel; panels that GTK
+/// enlarges give pixels in larger numbers, and where Qt enlarges as well, our own are larger
+/// already.
 int DockedWindow::iconHeight() const {
+  if (look_.shape == Shape::square) { return std::max(smallestIcon, std::min(width(), height())); }
   const double scale = std::max(1.0, panelScale_ / devicePixelRatio());
-  return std::clamp(slot().height(), smallestIcon,
-                    static_cast<int>(std::lround(largestIcon * scale)));
+  return std::clamp(height(), smallestIcon, static_cast<int>(std::lround(largestIcon * scale)));
 }
-
-QSize DockedWindow::slot() const { return visible_.isEmpty() ? size() : visible_; }
 
 PanelShade DockedWindow::shade() const {
   if (!background_.isNull()) { return shadeOfBackground(average(background_)); }
@@ -84,8 +85,8 @@ void DockedWindow::redraw() {
   drawn_ = draw(look_.shape, iconHeight());
   const int needed = drawn_.deviceIndependentSize().toSize().width();
   askForWidth(needed);
-  const bool isSqueezed = look_.shape == Shape::wide && slot().width() < needed;
-  if (isSqueezed) { drawn_ = draw(Shape::square, std::min(iconHeight(), slot().width())); }
+  const bool isSqueezed = look_.shape == Shape::wide && width() < needed;
+  if (isSqueezed) { drawn_ = draw(Shape::square, std::min(iconHeight(), width())); }
   const bool showsWholeText = look_.shape == Shape::wide && !isSqueezed;
   setToolTip(
       QString::fromStdString(showsWholeText ? content_.toolTip : content_.toolTipWithText()));
@@ -115,20 +116,18 @@ void DockedWindow::askForWidth(int imageWidth) {
 void DockedWindow::readBackgroundSoon() {
   readBackground();
   readingBackground_.emplace(executor_, panelPaintingTime, [this] {
-    readVisibleSize();
+    fitPlace();
     readBackground();
   });
 }
 
 /// A panel that takes an icon in while the icon asks for its size may let it have that, in a place
-/// that has less, and would not tell when it makes room for it. What can be seen is what counts.
-void DockedWindow::readVisibleSize() {
-  const auto window = static_cast<xcb_window_t>(winId());
-  const auto visible = visibleSize(window) / devicePixelRatio();
-  if (visible == slot()) { return; }
-  visible_ = visible;
-  redraw();
-  shrinkToVisible(window);
+/// that has less, or leave it small in one that has more, and does not tell when the place changes.
+/// Only so often, in case that there is one that does not agree.
+void DockedWindow::fitPlace() {
+  if (look_.shape == Shape::square || fittings_ == 0) { return; }
+  --fittings_;
+  fitIntoParent(static_cast<xcb_window_t>(winId()));
 }
 
 void DockedWindow::readBackground() {
@@ -148,15 +147,13 @@ void DockedWindow::paintEvent(QPaintEvent* /*event*/) {
                      look_.alpha ? QColor(Qt::transparent) : palette().color(backgroundRole()));
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
   } else {
-    painter.drawImage(QRect({}, slot()), background_);
+    painter.drawImage(rect(), background_);
   }
   const auto size = drawn_.deviceIndependentSize().toSize();
-  const auto room = (slot() - size) / 2;
-  painter.drawImage(room.width(), room.height(), drawn_);
+  painter.drawImage((width() - size.width()) / 2, (height() - size.height()) / 2, drawn_);
 }
 
 void DockedWindow::resizeEvent(QResizeEvent* /*event*/) {
-  visible_ = {};
   redraw();
   readBackgroundSoon();
 }

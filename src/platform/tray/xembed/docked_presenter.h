@@ -46,11 +46,10 @@ class DockedWindow final : public QWidget {
   void askForWidth(int imageWidth);
   void followScale();
   [[nodiscard]] int iconHeight() const;
-  [[nodiscard]] QSize slot() const;
   [[nodiscard]] PanelShade shade() const;
   void readBackgroundSoon();
   void readBackground();
-  void readVisibleSize();
+  void fitPlace();
 
   Executor& executor_;
   Look look_;
@@ -58,7 +57,7 @@ class DockedWindow final : public QWidget {
   StatusContent content_;
   int panelScale_;
   QImage background_;
-  QSize visible_;  ///< empty until the tray has had time to answer
+  int fittings_ = 0;  ///< that are left until the content changes
   QImage drawn_;
   std::optional<OneShotTimer> readingBackground_;
 };

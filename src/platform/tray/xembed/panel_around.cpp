@@ -58,16 +58,12 @@ QImage panelBackground(xcb_window_t window) {
   return blendBetween(left, right, area.size());
 }
 
-QSize visibleSize(xcb_window_t window) {
+void fitIntoParent(xcb_window_t window) {
   const auto display = X11Display::ofApplication();
-  if (!display) { return {}; }
-  const auto place = display->areaOf(display->parentOf(window));
-  return display->areaOf(window).intersected(place).size();
-}
-
-void shrinkToVisible(xcb_window_t window) {
-  const auto size = visibleSize(window);
-  if (!size.isEmpty()) { X11Display::ofApplication()->resize(window, size); }
+  const auto parent = display ? display->parentOf(window) : XCB_WINDOW_NONE;
+  if (parent == XCB_WINDOW_NONE || parent == display->root()) { return; }
+  const auto size = display->areaOf(parent).size();
+  if (!size.isEmpty() && size != display->areaOf(window).size()) { display->resize(window, size); }
 }
 
 int panelScale() {

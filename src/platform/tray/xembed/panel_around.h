@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QImage>
-#include <QSize>
 #include <xcb/xcb.h>
 
 namespace orvane {
@@ -12,12 +11,8 @@ namespace orvane {
 /// window is on the screen. In device pixels.
 [[nodiscard]] QImage panelBackground(xcb_window_t window);
 
-/// What can be seen of a window, from its top left corner, in device pixels; empty when that is
-/// nothing. A tray may let an icon have the size that it asked for, in a place that has less.
-[[nodiscard]] QSize visibleSize(xcb_window_t window);
-
-/// Makes a window as small as what can be seen of it.
-void shrinkToVisible(xcb_window_t window);
+/// Makes a window as large as the one that it stands in, unless that is the screen.
+void fitIntoParent(xcb_window_t window);
 
 /// How many pixels of the screen the desktop has its panels draw for one; 1 where it does not tell.
 [[nodiscard]] int panelScale();
