@@ -143,8 +143,10 @@ check_menu() {
   if [ ${#failed[@]} -eq 0 ]; then verdict menu yes; else verdict menu "not ${failed[*]}"; fi
 }
 
-form() { # how it is drawn
-  if [ "$width" -lt $((height * 8 / 5)) ]; then
+form() { # how it is drawn; a symbol is less high than one with a figure beneath it
+  if [ "$height" -lt $((17 * scale)) ] && [ "$width" -le $((20 * scale)) ]; then
+    echo "symbol alone"
+  elif [ "$width" -lt $((height * 8 / 5)) ]; then
     echo "square"
   elif [ "$writer" = host ]; then
     echo "symbol and label"
@@ -161,7 +163,7 @@ readable() { # readable LEAST-HEIGHT: and it stands out from the panel
 measure() { echo "$width × $height, $ratio : 1, $shade panel"; }
 
 judge() { # judge ROW SHADE LEAST-HEIGHT
-  if [ "$shade" = "$2" ] && readable "$3"; then
+  if [ "$shade" = "$2" ] && readable "$3" && [ "$(form)" != "symbol alone" ]; then
     verdict "$1" "yes"
   else
     verdict "$1" "no: $(measure)"
