@@ -1,12 +1,18 @@
 #include "platform/bus/desktop_portal.h"
+#include <QDBusArgument>
 #include <QDBusVariant>
+#include <chrono>
 #include <utility>
 
 namespace orvane {
 namespace {
 const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
+const auto requestInterface = QStringLiteral("org.freedesktop.portal.Request");
 const auto settingsInterface = QStringLiteral("org.freedesktop.portal.Settings");
 const auto appearanceGroup = QStringLiteral("org.freedesktop.appearance");
+
+/// A portal says at once that it has taken a request, or does not; its start takes a moment.
+constexpr std::chrono::seconds patience{5};
 
 ColorPreference preferenceIn(const QVariant& value) {
   switch (value.toUInt()) {
@@ -79,4 +85,42 @@ void PortalContrastWish::ask(PortalSetting::Start start) {
 }
 
 void PortalContrastWish::tell() { handle_(isWished_ || isWishedOfGnome_); }
+
+PortalRequests::PortalRequests(SessionBus& bus)
+    : bus_(bus),
+      response_(bus, {}, requestInterface, QStringLiteral("Response"),
+                [this](const QDBusMessage& response) { hear(response); }) {}
+
+void PortalRequests::send(Request request, std::function<void(const QVariantMap&)> answered,
+                          std::function<void()> missing) {
+  if (!bus_.isOpen()) {
+    missing();
+    return;
+  }
+  const auto token = QStringLiteral("orvane%1").arg(++last_);
+  // Known before the call, so that no answer is missed.
+  const auto path =
+      QStringLiteral("%1/request/%2/%3")
+          .arg(portalPath, bus_.connection().baseService().mid(1).replace(u'.', u'_'), token);
+  sent_[path] = std::move(answered);
+  auto call =
+      QDBusMessage::createMethodCall(portalService, portalPath, request.interface, request.method);
+  request.options.insert(QStringLiteral("handle_token"), token);
+  request.arguments.append(request.options);
+  call.setArguments(request.arguments);
+  callOnBus(
+      bus_, call, this,
+      [this, path, missing = std::move(missing)](const BusReply& reply) {
+        if (reply) { return; }
+        sent_.erase(path);
+        missing();
+      },
+      patience);
+}
+
+void PortalRequests::hear(const QDBusMessage& response) {
+  const auto sent = sent_.extract(response.path());
+  if (sent.empty() || response.arguments().value(0).toUInt() != 0) { return; }
+  sent.mapped()(qdbus_cast<QVariantMap>(response.arguments().value(1)));
+}
 }  // namespace orvane

@@ -3,13 +3,17 @@
 #include <QDBusMessage>
 #include <QObject>
 #include <QString>
-#include <QVariant>
+#include <QVariantMap>
 #include <functional>
+#include <map>
 #include "platform/bus/session_bus.h"
 
 namespace orvane {
 /// The desktop portal's name on the session bus.
 inline const QString portalService = QStringLiteral("org.freedesktop.portal.Desktop");
+
+/// The file that says that the program runs in a Flatpak, and in which.
+inline const QString flatpakInfoFile = QStringLiteral("/.flatpak-info");
 
 /// Whether the user prefers light or dark programs; the numbers are the portal's.
 enum class ColorPreference { none = 0, dark = 1, light = 2 };
@@ -62,5 +66,31 @@ class PortalContrastWish final {
   bool isWishedOfGnome_ = false;
   PortalSetting setting_;
   PortalSetting settingOfGnome_;  ///< which older portals have alone
+};
+
+/// Requests to the desktop portal, which answers them when the user has.
+class PortalRequests final : public QObject {
+ public:
+  struct Request {
+    QString interface;
+    QString method;
+    QVariantList arguments;  ///< without the options, which come last
+    QVariantMap options;
+  };
+
+  explicit PortalRequests(SessionBus& bus);
+
+  /// Calls `answered` with what the user agreed to; not at all when that is nothing. Calls
+  /// `missing` instead when there is no portal that takes such requests.
+  void send(Request request, std::function<void(const QVariantMap& results)> answered,
+            std::function<void()> missing);
+
+ private:
+  void hear(const QDBusMessage& response);
+
+  SessionBus& bus_;
+  std::map<QString, std::function<void(const QVariantMap&)>> sent_;  ///< by the request's path
+  int last_ = 0;
+  BusSignal response_;
 };
 }  // namespace orvane

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <utility>
-#include "platform/bus/portal_requests.h"
+#include "platform/bus/desktop_portal.h"
 #include "platform/bus/session_bus.h"
 #include "platform/defaults/sqlite_defaults.h"
 #include "platform/desktop/qt/color_scheme.h"
@@ -110,7 +110,7 @@ int runInstance(Executor& executor, SessionBus& bus, SessionInstance& instance,
 
 int runApplication(int argc, char** argv, const ProgramSettings& settings) {
   const auto permission = StartupPermission::fromEnvironment();
-  nameApplicationForScreenReaders(toQString(mainWindowTitle));
+  nameApplicationForScreenReaders();
   const QApplication application(argc, argv);
   introduceToDesktop(settings.version);
   const auto executor = settings.makeExecutor();

@@ -3,7 +3,6 @@
 #include <QEvent>
 #include <QWidget>
 #include <functional>
-#include <utility>
 #include "platform/color/contrast.h"
 #include "shell/views/theme.h"
 
@@ -35,9 +34,12 @@ constexpr Demands usualDemands{
 constexpr Demands higherDemands{
     .text = strongContrast, .mark = readableContrast, .line = strongContrast};
 
-bool isHigherContrastWished = false;
+/// Of the application, which has its palette and its font as well.
+constexpr const char* wishProperty = "higherContrastIsWished";
 
-const Demands& demands() { return isHigherContrastWished ? higherDemands : usualDemands; }
+bool isHigherContrastWished() { return qApp->property(wishProperty).toBool(); }
+
+const Demands& demands() { return isHigherContrastWished() ? higherDemands : usualDemands; }
 
 QColor windowColor(const QPalette& palette) { return palette.color(QPalette::Window); }
 
@@ -50,7 +52,7 @@ QColor onWindow(const QColor& tone, const QPalette& palette, double ratio) {
 /// Secondary, before anything is asked of it.
 QColor dimmedText(const QPalette& palette) {
   return between(windowColor(palette), textColor(TextColor::primary, palette),
-                 isHigherContrastWished ? 1 : secondaryShare);
+                 isHigherContrastWished() ? 1 : secondaryShare);
 }
 
 QColor markTone(MarkColor color, const QPalette& palette) {
@@ -82,7 +84,8 @@ void inEachGroup(QPalette palette,
 }  // namespace
 
 void wishHigherContrast(bool isWished) {
-  if (std::exchange(isHigherContrastWished, isWished) == isWished) { return; }
+  if (isHigherContrastWished() == isWished) { return; }
+  qApp->setProperty(wishProperty, isWished);
   for (auto* const widget : QApplication::allWidgets()) {
     QEvent change(QEvent::PaletteChange);
     QCoreApplication::sendEvent(widget, &change);
@@ -106,7 +109,7 @@ QColor groundOutlineColor(Ground ground, const QPalette& palette) {
   switch (ground) {
     case Ground::greenCard:
     case Ground::orangeCard:
-      return isHigherContrastWished
+      return isHigherContrastWished()
                  ? outlineColor(palette)
                  : withOpacity(markTone(tintOf(ground), palette), cardOutlineOpacity);
     case Ground::chip:
@@ -115,6 +118,10 @@ QColor groundOutlineColor(Ground ground, const QPalette& palette) {
       return outlineColor(palette);
   }
   return {};
+}
+
+QPalette surroundings(const QWidget& widget) {
+  return widget.parentWidget() ? widget.parentWidget()->palette() : QGuiApplication::palette();
 }
 
 QPalette groundPalette(Ground ground, const QPalette& surroundings) {
@@ -185,8 +192,8 @@ QColor linkColor(const QPalette& palette) {
 }
 
 QColor outlineColor(const QPalette& palette) {
-  return isHigherContrastWished ? fieldOutlineColor(palette)
-                                : withOpacity(dimmedText(palette), panelOutlineOpacity);
+  return isHigherContrastWished() ? fieldOutlineColor(palette)
+                                  : withOpacity(dimmedText(palette), panelOutlineOpacity);
 }
 
 QColor fieldOutlineColor(const QPalette& palette) {
@@ -198,7 +205,7 @@ QColor fieldOutlineColor(const QPalette& palette) {
 QColor thumbColor(const QPalette& palette) {
   if (!isDark(palette)) { return between(windowColor(palette), Qt::white, lightThumbShare); }
   return between(windowColor(palette), palette.color(QPalette::WindowText),
-                 isHigherContrastWished ? 0 : darkThumbShare);
+                 isHigherContrastWished() ? 0 : darkThumbShare);
 }
 
 QColor accentColor(const QPalette& palette) {

@@ -3,6 +3,8 @@
 #include <QColor>
 #include <QPalette>
 
+class QWidget;
+
 // Colours come out of the desktop's palette: a tone of the design's or the desktop's is made darker
 // or lighter until its contrast with the ground that the palette has for windows suffices. What is
 // a ground of its own hands a palette on in which that ground is the window's, so whatever stands
@@ -18,6 +20,8 @@ enum class Ground { greenCard, orangeCard, chip, list };
 [[nodiscard]] QColor groundColor(Ground ground, const QPalette& palette);
 /// The line around it; no colour where there is no line.
 [[nodiscard]] QColor groundOutlineColor(Ground ground, const QPalette& palette);
+/// The palette around a widget that has one of its own.
+[[nodiscard]] QPalette surroundings(const QWidget& widget);
 /// What is to be set for things that stand on it.
 [[nodiscard]] QPalette groundPalette(Ground ground, const QPalette& surroundings);
 

@@ -88,12 +88,8 @@ void Surface::changeEvent(QEvent* event) {
   }
 }
 
-QPalette Surface::surroundings() const {
-  return parentWidget() ? parentWidget()->palette() : QGuiApplication::palette();
-}
-
 void Surface::applyGround() {
-  setPalette(theme::groundPalette(ground_, surroundings()));
+  setPalette(theme::groundPalette(ground_, theme::surroundings(*this)));
   // One that stands on this one has set its own window colour, so it does not hear of this one's.
   for (auto* const above : findChildren<Surface*>(Qt::FindDirectChildrenOnly)) {
     above->applyGround();
@@ -101,7 +97,7 @@ void Surface::applyGround() {
 }
 
 void Surface::paintEvent(QPaintEvent* /*event*/) {
-  const auto around = surroundings();
+  const auto around = theme::surroundings(*this);
   drawRoundedFrame(*this, radius_, theme::groundColor(ground_, around),
                    theme::groundOutlineColor(ground_, around));
 }

@@ -21,7 +21,6 @@ class Surface : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  [[nodiscard]] QPalette surroundings() const;
   void applyGround();
 
   theme::Ground ground_;

@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QWidget>
 #include <utility>
+#include "shell/view_models/app_info.h"
 #include "shell/views/qt_text.h"
 
 namespace orvane {
@@ -13,12 +14,11 @@ namespace orvane {
 // this, of no size and unseen, with the text for its name.
 
 namespace {
-QString applicationName;
-
 class SpokenApplication final : public QAccessibleApplication {
  public:
   [[nodiscard]] QString text(QAccessible::Text which) const override {
-    return which == QAccessible::Name ? applicationName : QAccessibleApplication::text(which);
+    return which == QAccessible::Name ? toQString(orvaneAppInfo().name)
+                                      : QAccessibleApplication::text(which);
   }
 };
 
@@ -101,10 +101,7 @@ void say(QWidget& from, const QString& text) {
 // an answer for every widget.
 SpokenWidget::SpokenWidget() { QAccessible::installFactory(&interfaceOfWidget); }
 
-void nameApplicationForScreenReaders(const QString& name) {
-  applicationName = name;
-  QAccessible::installFactory(&interfaceOfApplication);
-}
+void nameApplicationForScreenReaders() { QAccessible::installFactory(&interfaceOfApplication); }
 
 void announce(QWidget& from, std::string_view text) {
   if (QAccessible::isActive()) { say(from, toQString(text)); }

@@ -29,9 +29,9 @@ class SpokenWidget {
   virtual void pressSpoken() {}
 };
 
-/// What screen readers call the application; to be said before the QApplication is made. Elsewhere
+/// Has screen readers call the application by its name; before the QApplication is made. Elsewhere
 /// it goes by its id, after which desktops find its entry.
-void nameApplicationForScreenReaders(const QString& name);
+void nameApplicationForScreenReaders();
 
 /// Has a screen reader say `text` when it has finished what it is saying, wherever the keyboard is.
 /// `from`: the widget that shows the text.

@@ -1,6 +1,5 @@
 #include "shell/views/text_field.h"
 #include <QEvent>
-#include <QGuiApplication>
 #include <QPainter>
 #include <utility>
 #include "shell/views/colors.h"
@@ -28,12 +27,8 @@ void TextField::changeEvent(QEvent* event) {
   }
 }
 
-QPalette TextField::surroundings() const {
-  return parentWidget() ? parentWidget()->palette() : QGuiApplication::palette();
-}
-
 void TextField::applyPalette() {
-  auto own = theme::fieldPalette(surroundings());
+  auto own = theme::fieldPalette(theme::surroundings(*this));
   own.setColor(QPalette::Base, Qt::transparent);
   setPalette(own);
 }
@@ -50,7 +45,7 @@ QPen TextField::outline(const QPalette& around) const {
 
 void TextField::paintEvent(QPaintEvent* event) {
   {
-    const auto around = surroundings();
+    const auto around = theme::surroundings(*this);
     const auto pen = outline(around);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);

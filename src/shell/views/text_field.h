@@ -16,7 +16,6 @@ class TextField final : public QLineEdit {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  [[nodiscard]] QPalette surroundings() const;
   void applyPalette();
   [[nodiscard]] QPen outline(const QPalette& around) const;
 

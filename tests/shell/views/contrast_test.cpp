@@ -4,7 +4,7 @@
 #include <iomanip>
 #include <iostream>
 #include <map>
-#include "platform/desktop/qt/look.h"
+#include "platform/desktop/qt/color_scheme.h"
 #include "shell/views/controls.h"
 #include "shell/views/labelled_switch.h"
 #include "shell/views/text_field.h"

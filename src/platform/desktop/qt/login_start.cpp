@@ -12,7 +12,7 @@ const QStringList commandLine{
     QStringLiteral("gapplication action com.quorvex.Orvane start-quietly || exec orvane")};
 }  // namespace
 
-bool isInFlatpak() { return QFile::exists(QStringLiteral("/.flatpak-info")); }
+bool isInFlatpak() { return QFile::exists(flatpakInfoFile); }
 
 bool LoginStart::isOn() const { return defaults_.boolean(startsAtLoginKey).value_or(false); }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QString>
-#include "platform/bus/portal_requests.h"
+#include "platform/bus/desktop_portal.h"
 #include "platform/defaults/user_defaults.h"
 
 namespace orvane {

@@ -3,7 +3,7 @@
 #include <QString>
 #include <QWidget>
 #include <functional>
-#include "platform/bus/portal_requests.h"
+#include "platform/bus/desktop_portal.h"
 
 namespace orvane {
 /// The desktop's dialog for saving a file: the portal's where there is one, else Qt's.

@@ -9,7 +9,6 @@
 #include <utility>
 #include <vector>
 #include "platform/desktop/symbols.h"
-#include "platform/tray/drawing/pixel_figure.h"
 #include "platform/tray/drawing/short_figure.h"
 
 namespace orvane {

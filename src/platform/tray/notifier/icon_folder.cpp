@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <csignal>
 #include <utility>
+#include "platform/bus/desktop_portal.h"
 
 namespace orvane {
 namespace {
@@ -35,9 +36,8 @@ QString sharedFolder(const QString& runtime, const QString& flatpakInfo) {
 }
 
 IconFolder::IconFolder() {
-  const auto shared =
-      sharedFolder(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation),
-                   QStringLiteral("/.flatpak-info"));
+  const auto shared = sharedFolder(
+      QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation), flatpakInfoFile);
   if (shared.isEmpty()) { return; }
   const QDir directory(shared);
   removeLeftovers(directory);
