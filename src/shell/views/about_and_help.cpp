@@ -1,9 +1,9 @@
 #include "shell/views/about_and_help.h"
 #include <QHBoxLayout>
 #include <QPainter>
-#include <QPushButton>
 #include <QVBoxLayout>
 #include "platform/desktop/symbols.h"
+#include "shell/views/controls.h"
 #include "shell/views/frames.h"
 #include "shell/views/labels.h"
 #include "shell/views/qt_text.h"
@@ -97,8 +97,7 @@ QWidget* footer(const std::string& brandUrl, const std::function<void()>& closeA
                 QWidget* view) {
   auto* const footer = new QWidget(view);
   footer->setMinimumHeight(theme::footerHeight);
-  auto* const close = new QPushButton(QWidget::tr("Close"), footer);
-  close->setMinimumHeight(theme::controlHeight);
+  auto* const close = new TextButton(QWidget::tr("Close"), footer);
   QObject::connect(close, &QPushButton::clicked, footer, [view, closeAction] {
     if (closeAction) {
       closeAction();

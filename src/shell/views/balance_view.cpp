@@ -144,9 +144,7 @@ class CloseBar final : public QWidget {
   CloseBar(const std::function<void()>& onClose, const std::function<Menu()>& commands,
            QWidget* parent)
       : QWidget(parent) {
-    auto* const close = new QPushButton(tr("Close"), this);
-    close->setAutoDefault(false);
-    close->setMinimumHeight(theme::controlHeight);
+    auto* const close = new TextButton(tr("Close"), this);
     close->setToolTip(tr("Close the window; the app stays in the menu bar"));
     connect(close, &QPushButton::clicked, this, [onClose] { onClose(); });
     // Not the button's own shortcut: that one would first show the button pressed for a moment.

@@ -14,6 +14,7 @@ namespace orvane {
 namespace {
 constexpr int stepsPerTurn = 12;
 constexpr int degreesPerStep = 360 / stepsPerTurn;
+constexpr int symbolGap = 4;
 
 void drawBusyIndicator(QPainter& painter, const QRect& around, const QColor& color, int step) {
   const int size = theme::grown(theme::busyIndicatorSize) - 2;
@@ -54,6 +55,7 @@ class Segment final : public QRadioButton {
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.setLayoutDirection(Qt::LayoutDirectionAuto);  // the text's own, not the window's
     const auto box = QRectF(rect()).adjusted(segmentInset + 0.5, segmentInset + 0.5,
                                              -segmentInset - 0.5, -segmentInset - 0.5);
     auto colors = palette();
@@ -90,11 +92,20 @@ QIcon symbolIcon(const QString& name, int size, const QPalette& palette) {
   return icon;
 }
 
-RefreshButton::RefreshButton(const QString& subject, std::function<void()> onPress, QWidget* parent)
-    : QPushButton(parent), subject_(subject) {
-  setText(tr("Refresh"));  // not earlier: a change makes screen readers ask what this is
+TextButton::TextButton(const QString& text, QWidget* parent) : QPushButton(text, parent) {
   setAutoDefault(false);
-  setMinimumHeight(theme::controlHeight);
+}
+
+QSize TextButton::sizeHint() const {
+  const int symbol = icon().isNull() ? 0 : iconSize().width() + symbolGap;
+  const int text = fontMetrics().horizontalAdvance(this->text());
+  const QSize least(symbol + text + 2 * theme::grown(theme::buttonPadding), theme::controlHeight);
+  return QPushButton::sizeHint().expandedTo(least);
+}
+
+RefreshButton::RefreshButton(const QString& subject, std::function<void()> onPress, QWidget* parent)
+    : TextButton({}, parent), subject_(subject) {
+  setText(tr("Refresh"));  // not earlier: a change makes screen readers ask what this is
   setAccessibleDescription(subject_);
   drawSymbol();
   connect(this, &QPushButton::clicked, this, [this, onPress = std::move(onPress)] {
@@ -144,7 +155,7 @@ void RefreshButton::startOrStopMoving() {
 }
 
 void RefreshButton::paintEvent(QPaintEvent* event) {
-  if (!isBusy_) {
+  if (!isBusy_ && layoutDirection() == Qt::LeftToRight) {
     QPushButton::paintEvent(event);
     return;
   }
@@ -152,12 +163,26 @@ void RefreshButton::paintEvent(QPaintEvent* event) {
   initStyleOption(&option);
   option.text.clear();
   option.icon = QIcon();
-  option.state.setFlag(QStyle::State_Enabled, false);
-  option.state.setFlag(QStyle::State_MouseOver, false);
+  option.state.setFlag(QStyle::State_Enabled, !isBusy_);
+  option.state.setFlag(QStyle::State_MouseOver, underMouse() && !isBusy_);
   QStylePainter painter(this);
   painter.drawControl(QStyle::CE_PushButton, option);
-  drawBusyIndicator(painter, rect(), palette().color(QPalette::Active, QPalette::ButtonText),
-                    step_);
+  const auto color = palette().color(QPalette::Active, QPalette::ButtonText);
+  if (isBusy_) {
+    drawBusyIndicator(painter, rect(), color, step_);
+  } else {
+    drawLabelFromRight(painter, color);
+  }
+}
+
+// Styles set a text beside a symbol at the wrong end of its room there.
+void RefreshButton::drawLabelFromRight(QPainter& painter, const QColor& color) const {
+  const int textWidth = fontMetrics().horizontalAdvance(text());
+  QRect label(0, 0, textWidth + symbolGap + iconSize().width(), height());
+  label.moveCenter(rect().center());
+  icon().paint(&painter, label, Qt::AlignRight | Qt::AlignVCenter | Qt::AlignAbsolute);
+  painter.setPen(color);
+  painter.drawText(label, Qt::AlignLeft | Qt::AlignVCenter | Qt::AlignAbsolute, text());
 }
 
 void RefreshButton::timerEvent(QTimerEvent* event) {

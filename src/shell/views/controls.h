@@ -15,9 +15,17 @@ namespace orvane {
 /// A symbol for a button, in the colours of button texts.
 [[nodiscard]] QIcon symbolIcon(const QString& name, int size, const QPalette& palette);
 
+/// A button with a text, with room around it in every font: some styles leave a large one hardly
+/// any.
+class TextButton : public QPushButton {
+ public:
+  TextButton(const QString& text, QWidget* parent);
+  [[nodiscard]] QSize sizeHint() const override;
+};
+
 /// "Refresh"; while its refresh runs, a moving indicator stands in the label's place and the
 /// button keeps the focus, but cannot be pressed. Nothing moves while the button is out of sight.
-class RefreshButton final : public QPushButton, public SpokenWidget {
+class RefreshButton final : public TextButton, public SpokenWidget {
   Q_OBJECT
 
  public:
@@ -43,6 +51,7 @@ class RefreshButton final : public QPushButton, public SpokenWidget {
   void setBusy(bool busy);
   void startOrStopMoving();
   void drawSymbol();
+  void drawLabelFromRight(QPainter& painter, const QColor& color) const;
 
   QString subject_;
   QBasicTimer timer_;

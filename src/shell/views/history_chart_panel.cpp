@@ -1,4 +1,5 @@
 #include "shell/views/history_chart_panel.h"
+#include <QEvent>
 #include <QVBoxLayout>
 #include "shell/views/history_picture.h"
 #include "shell/views/qt_text.h"
@@ -11,7 +12,7 @@ HistoryChartPanel::HistoryChartPanel(BalanceStore& store, const LocaleFormat& fo
       tr("Days in the chart"), {}, {tr("30 days"), tr("90 days"), tr("1 year"), tr("All")},
       [&store](std::size_t index) { store.setHistorySpan(static_cast<HistorySpan>(index)); }, this);
   chart_ = new HistoryChart(format, this);
-  chart_->setMinimumHeight(theme::historyTableMinimumHeight);
+  fitToFont();
   chart_->dayText = [this](std::size_t row) {
     const auto& state = store_.state();
     return row < state.history.size()
@@ -34,6 +35,15 @@ HistoryChartPanel::HistoryChartPanel(BalanceStore& store, const LocaleFormat& fo
   column->addLayout(choice);
   column->addWidget(chart_, 1);
   column->addWidget(day_);
+}
+
+void HistoryChartPanel::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::ApplicationFontChange) { fitToFont(); }
+}
+
+void HistoryChartPanel::fitToFont() {
+  chart_->setMinimumHeight(theme::grown(theme::historyTableMinimumHeight));
 }
 
 void HistoryChartPanel::showHistory(bool areNewDays) {

@@ -18,7 +18,11 @@ class HistoryChartPanel final : public QWidget {
   /// Brings the panel up to date with the store; `areNewDays`: the history is another one.
   void showHistory(bool areNewDays);
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
+  void fitToFont();
   void showDay();
 
   BalanceStore& store_;

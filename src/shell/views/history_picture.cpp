@@ -41,7 +41,8 @@ HistoryPicture::HistoryPicture(const HistorySeries& series, const LocaleFormat& 
   const int left = metrics.horizontalAdvance(toQString(axisSatsText(format_, series_.topSats)));
   const int right = metrics.horizontalAdvance(toQString(axisHashRateText(series_.topHashRate)));
   const int line = metrics.height();
-  plot_ = QRectF(area_).adjusted(left + 2.0 * gap, line + 2.0 * gap, -right - 2.0 * gap,
+  // The words at the ends of the axes reach into the space beneath the legend.
+  plot_ = QRectF(area_).adjusted(left + 2.0 * gap, 1.5 * line + gap, -right - 2.0 * gap,
                                  -2.0 * line - gap);
   plot_ = plot_.toAlignedRect();
   dayWidth_ = plot_.width() / dayTotal();
@@ -77,6 +78,9 @@ void HistoryPicture::paint(QPainter& painter, const QPalette& palette,
                            std::optional<std::size_t> cursor) const {
   if (plot_.width() < 1 || plot_.height() < 1) { return; }
   painter.setFont(font_);
+  // Time runs to the right everywhere, and each axis keeps its side; words have their own
+  // direction.
+  painter.setLayoutDirection(Qt::LayoutDirectionAuto);
   if (cursor) {
     const auto color = theme::textColor(theme::TextColor::primary, palette);
     painter.fillRect(place(*cursor), theme::withOpacity(color, cursorOpacity));

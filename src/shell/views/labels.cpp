@@ -23,6 +23,8 @@ int textWidth(const QFont& font, const QString& text) {
   return QFontMetrics(font).horizontalAdvance(text) + 2;  // glyphs may lean out of their advance
 }
 
+constexpr QChar leftToRightMark(0x200E);
+
 /// Keeps a number in its place while it is drawn.
 bool isIsolate(QChar character) {
   return character.unicode() >= 0x2066 && character.unicode() <= 0x2069;
@@ -47,8 +49,16 @@ TextLabel::TextLabel(const QString& text, theme::TextStyle style, theme::TextCol
   setText(text);
 }
 
+// A text that can be selected takes its direction from the first character that has one, also from
+// within an isolated number, such as a date.
+QString TextLabel::drawn(std::string_view text) {
+  const auto isolated = toQString(numbersIsolated(text));
+  const bool beginsWithNumber = !isolated.isEmpty() && isIsolate(isolated.front());
+  return beginsWithNumber && !isolated.isRightToLeft() ? leftToRightMark + isolated : isolated;
+}
+
 void TextLabel::showText(std::string_view text) {
-  const auto wanted = toQString(numbersIsolated(text));
+  const auto wanted = drawn(text);
   if (wanted == this->text()) { return; }
   replaceText(wanted);
   applyFont();
@@ -91,6 +101,7 @@ bool TextLabel::isWhollySelected() const {
 
 void TextLabel::copy() const {
   auto text = hasSelectedText() ? selectedText() : this->text();
+  if (text.startsWith(leftToRightMark)) { text.remove(0, 1); }
   text.removeIf(isIsolate).replace(QChar::Nbsp, u' ');
   QGuiApplication::clipboard()->setText(text);
 }

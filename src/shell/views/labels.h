@@ -37,6 +37,8 @@ class TextLabel : public QLabel {
   void focusOutEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  /// The text with the marks that keep its parts in order in windows from right to left.
+  [[nodiscard]] static QString drawn(std::string_view text);
   /// A text that is selected as a whole stays so.
   void replaceText(const QString& text);
   /// The font of the style, as the desktop has it now.

@@ -1,6 +1,5 @@
 #include "shell/views/parted_label.h"
 #include <algorithm>
-#include "platform/text/unicode.h"
 #include "shell/views/qt_text.h"
 
 namespace orvane {
@@ -30,7 +29,7 @@ void PartedLabel::showText(std::string_view text) {
   const auto spoken = toQString(text);
   if (spoken == accessibleName()) { return; }
   setAccessibleName(spoken);
-  text_ = toQString(numbersIsolated(text));
+  text_ = drawn(text);
   breakAnew();
 }
 

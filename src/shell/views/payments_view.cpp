@@ -7,6 +7,7 @@
 #include <QUrl>
 #include <array>
 #include <utility>
+#include "shell/views/controls.h"
 #include "shell/views/figure_table.h"
 
 namespace orvane {
@@ -91,8 +92,8 @@ PaymentsView::PaymentsView(BalanceStore& store, const LocaleFormat& format,
       hint_(wrappingText({}, theme::TextStyle::callout, theme::TextColor::secondary, this)),
       panel_(new Panel(this)),
       table_(new Table(store, format, panel_)),
-      copy_(new QPushButton(tr("Copy Transaction ID"), this)),
-      open_(new QPushButton(tr("Open in Browser"), this)),
+      copy_(new TextButton(tr("Copy Transaction ID"), this)),
+      open_(new TextButton(tr("Open in Browser"), this)),
       update_(*this, [this] { showState(); }),
       subscription_(store.observe([this] { update_.request(); })) {
   addCommand(copy_, &PaymentsView::copyId);
@@ -108,8 +109,6 @@ PaymentsView::PaymentsView(BalanceStore& store, const LocaleFormat& format,
 
 /// The same command as a button beneath the table and in the table's context menu.
 void PaymentsView::addCommand(QPushButton* button, void (PaymentsView::*command)() const) {
-  button->setAutoDefault(false);
-  button->setMinimumHeight(theme::controlHeight);
   auto* const action = new QAction(button->text(), table_);
   table_->addAction(action);
   connect(action, &QAction::triggered, this, command);
@@ -117,9 +116,7 @@ void PaymentsView::addCommand(QPushButton* button, void (PaymentsView::*command)
 }
 
 void PaymentsView::layOut() {
-  auto* const close = new QPushButton(tr("Close"), this);
-  close->setAutoDefault(false);
-  close->setMinimumHeight(theme::controlHeight);
+  auto* const close = new TextButton(tr("Close"), this);
   connect(close, &QPushButton::clicked, this, [this] { window()->close(); });
   auto* const buttons = new QHBoxLayout;
   buttons->addWidget(copy_);

@@ -1,6 +1,5 @@
 #include "shell/views/settings_section.h"
 #include <QHBoxLayout>
-#include <QPushButton>
 #include <algorithm>
 #include <cstring>
 #include <utility>
@@ -34,10 +33,8 @@ TextLabel* helpText(const char* text, QWidget* parent) {
 
 /// Both fields have buttons of the same words; a screen reader says which field they belong to.
 QPushButton* textButton(const QString& text, const QString& fieldName, QWidget* parent) {
-  auto* const button = new QPushButton(text, parent);
+  auto* const button = new TextButton(text, parent);
   button->setAccessibleDescription(fieldName);
-  button->setAutoDefault(false);
-  button->setMinimumHeight(theme::controlHeight);
   return button;
 }
 

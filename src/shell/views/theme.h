@@ -49,6 +49,7 @@ inline constexpr int historyTableMinimumHeight = 200;
 inline constexpr int summaryVerticalPadding = 10;
 
 inline constexpr int controlHeight = 28;  ///< of buttons and fields, at least
+inline constexpr int buttonPadding = 10;  ///< beside a button's text, at least
 inline constexpr int scrollBarWidth = 12;
 inline constexpr int symbolSize = 14;
 inline constexpr int busyIndicatorSize = 14;

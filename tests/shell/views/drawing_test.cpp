@@ -1,5 +1,6 @@
 
 #include <QApplication>
+#include <QClipboard>
 #include <QListView>
 #include <QPainter>
 #include "shell/views/equal_digits.h"
@@ -140,6 +141,22 @@ TEST_F(DrawingTest, EverythingIsInTheInterfaceFontAndDigitsStandBelowEachOther) 
   EXPECT_EQ(barBefore("|444,444 X"), place);
   QApplication::setLayoutDirection(Qt::LeftToRight);
   QApplication::setFont(before);
+}
+
+// Qt gave a text that can be selected the direction of the date in it: its parts changed places.
+TEST_F(DrawingTest, ATextThatBeginsWithAnArabicDateRunsAsItReadsAndIsCopiedAsItIs) {
+  const std::string text = "١٥\u200f/١١\u200f/٢٠٢٦ · ٤٬٠٠٠ sats";
+  std::vector<int> ink;
+  for (const bool canBeSelected : {false, true}) {
+    TextLabel date(theme::TextStyle::body);
+    if (canBeSelected) { date.makeSelectable(); }
+    date.showText(text);
+    date.resize(400, 40);
+    ink.push_back(inkWithin(date.grab()).first);
+    QTest::keySequence(&date, QKeySequence::Copy);
+    EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), text);
+  }
+  EXPECT_NEAR(ink[0], ink[1], 1);
 }
 
 TEST_F(DrawingTest, NoRowCanBeSelected) {

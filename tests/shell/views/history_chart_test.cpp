@@ -59,6 +59,20 @@ TEST_F(HistoryChartTest, KeysAndPointerMoveFromDayToDayAndAScreenReaderHearsIt) 
   EXPECT_TRUE(isAt("Oct 20"));
 }
 
+TEST_F(HistoryChartTest, LooksTheSameInWindowsFromRightToLeft) {
+  std::vector<QImage> looks;
+  for (const auto direction : {Qt::RightToLeft, Qt::LeftToRight}) {
+    QApplication::setLayoutDirection(direction);
+    showChart();
+    resize(1190, 990);
+    for (QWidget* const each : {chart->viewport(), static_cast<QWidget*>(&button("30 days"))}) {
+      looks.push_back(each->grab().toImage());
+    }
+  }
+  EXPECT_EQ(looks[0], looks[2]);
+  EXPECT_EQ(looks[1], looks[3]);
+}
+
 TEST_F(HistoryChartTest, DrawsBarsFromZeroAndNoneWhereThereIsNoReward) {
   showChart();
   const auto picture = chart->viewport()->grab().toImage();

@@ -128,6 +128,31 @@ TEST_F(LayoutTest, TheLeftColumnIsFixedBesideTheAccountAndTakesAllWithoutIt) {
   EXPECT_EQ(find<QScrollArea>("Balance and settings")->width(), 1600);
 }
 
+/// Where what is written in the first row's cell begins and ends in the window.
+std::pair<int, int> inkOf(const QTableView& table, int column) {
+  const QRect cell = table.visualRect(table.model()->index(0, column)).adjusted(0, 0, 0, -2);
+  const auto [left, right] = inkWithin(table.viewport()->grab(cell));
+  const int begin = table.viewport()->mapTo(table.window(), cell.topLeft()).x();
+  return {begin + left, begin + cell.width() - right};
+}
+
+TEST_F(LayoutTest, AButtonsTextStandsInItsMiddleWithRoomAround) {
+  for (const int points : {9, 20}) {
+    for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+      const FontSize font(points);
+      QApplication::setLayoutDirection(direction);
+      show(everything());
+      for (auto* const each : visible<QPushButton>()) {
+        if (each->text().isEmpty()) { continue; }
+        const auto [left, right] = inkWithin(each->grab(each->rect().adjusted(4, 8, -4, -8)));
+        EXPECT_GE(left, 4) << each->text().toStdString() << " at " << points;
+        EXPECT_NEAR(left, right, 3) << each->text().toStdString() << " at " << points;
+      }
+    }
+  }
+  QApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
 TEST_F(LayoutTest, AScrollBarTakesNoWidthFromWhatScrolls) {
   auto figures = everything();
   for (const auto [height, days] : {std::pair(600, 365U), {1'150, 2U}}) {
@@ -141,23 +166,6 @@ TEST_F(LayoutTest, AScrollBarTakesNoWidthFromWhatScrolls) {
     EXPECT_EQ(label("Braiins Pool balance")->parentWidget()->width(), 500 - 2 * 24);
     EXPECT_EQ(table.viewport()->width(), 1190 - 501 - 2 * 25);
   }
-}
-
-/// The first and the last column of pixels that differ from the first, in the window's own.
-std::pair<int, int> inkOf(const QTableView& table, int column) {
-  const QRect cell = table.visualRect(table.model()->index(0, column)).adjusted(0, 0, 0, -2);
-  const QImage image = table.viewport()->grab(cell).toImage();
-  int first = image.width();
-  int last = 0;
-  for (int x = 0; x < image.width(); ++x) {
-    for (int y = 0; y < image.height(); ++y) {
-      if (image.pixel(x, y) == image.pixel(0, 0)) { continue; }
-      first = std::min(first, x);
-      last = x;
-    }
-  }
-  const int left = table.viewport()->mapTo(table.window(), cell.topLeft()).x();
-  return {left + first, left + last + 1};
 }
 
 TEST_F(LayoutTest, EverythingInTheHistoryBeginsAndEndsAtTheSameEdges) {

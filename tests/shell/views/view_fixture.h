@@ -9,6 +9,21 @@
 #include "shell/views/balance_view.h"
 
 namespace orvane::test {
+/// How far what is drawn stands from the left and the right edge of a picture.
+[[nodiscard]] inline std::pair<int, int> inkWithin(const QPixmap& picture) {
+  const QImage image = picture.toImage();
+  int first = image.width();
+  int last = 0;
+  for (int x = 0; x < image.width(); ++x) {
+    for (int y = 0; y < image.height(); ++y) {
+      if (image.pixel(x, y) == image.pixel(0, y)) { continue; }
+      first = std::min(first, x);
+      last = x;
+    }
+  }
+  return {first, image.width() - last - 1};
+}
+
 /// The main window's content over a store on fakes.
 class ViewTest : public testing::Test {
  protected:
