@@ -208,8 +208,12 @@ QColor thumbColor(const QPalette& palette) {
                  isHigherContrastWished() ? 0 : darkThumbShare);
 }
 
-QColor accentColor(const QPalette& palette) {
-  return onWindow(palette.color(QPalette::Highlight), palette, demands().line);
+QColor accentColor(const QPalette& palette) { return accentColor(palette, windowColor(palette)); }
+
+QColor accentColor(const QPalette& palette, const QColor& beside) {
+  const auto ground = windowColor(palette);
+  return withContrast(palette.color(QPalette::Highlight), farthestFrom(ground), {ground, beside},
+                      demands().line);
 }
 
 QColor selectionColor(const QPalette& palette) {

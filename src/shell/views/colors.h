@@ -49,6 +49,8 @@ enum class MarkColor { green, orange, red, gray };
 [[nodiscard]] QColor thumbColor(const QPalette& palette);
 /// The desktop's accent, for what has the focus.
 [[nodiscard]] QColor accentColor(const QPalette& palette);
+/// The same where it stands between the window's ground and something `beside` it.
+[[nodiscard]] QColor accentColor(const QPalette& palette, const QColor& beside);
 /// The ground of a selection, under the palette's own text for it.
 [[nodiscard]] QColor selectionColor(const QPalette& palette);
 

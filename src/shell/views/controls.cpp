@@ -72,7 +72,9 @@ class Segment final : public QRadioButton {
 
  private:
   void paintFocus(QPainter& painter, const QRectF& box) const {
-    painter.setPen(QPen(theme::accentColor(palette()), 2));
+    const auto inside =
+        isChecked() ? theme::thumbColor(palette()) : palette().color(QPalette::Window);
+    painter.setPen(QPen(theme::accentColor(palette(), inside), 2));
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(box, trackRadius - segmentInset, trackRadius - segmentInset);
   }

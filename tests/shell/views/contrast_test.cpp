@@ -95,13 +95,19 @@ void measurePicker(Table& table, QWidget& ground) {
   SegmentedPicker picker("Unit", {}, {"██", "██"}, [](std::size_t) {}, &ground);
   picker.showChoice(0);
   picker.resize(picker.sizeHint());
-  picker.ensurePolished();
+  picker.show();
   const auto segments = picker.findChildren<QRadioButton*>();
   for (int i = 0; i < 2; ++i) {
     segments[i]->setGeometry(i * 60, 0, 60, picker.height());
   }
   const auto image = picker.grab().toImage();
   const auto at = [&](int x) { return image.pixelColor(x, picker.height() / 2); };
+  segments[0]->setFocus();
+  const auto ring = pixel(picker, {2, picker.height() / 2});
+  for (const auto& beside : {at(6), at(64)}) {
+    table["line: focus on the chosen"].push_back(contrast(ring, beside));
+  }
+  segments[0]->clearFocus();
   table["line: chosen to unchosen"].push_back(contrast(at(2), at(64)));
   table["text: chosen"].push_back(contrast(at(6), at(30)));
   table["text: unchosen"].push_back(contrast(at(64), at(90)));
@@ -112,6 +118,8 @@ Table measure(const QPalette& palette) {
   QWidget window;
   window.setPalette(palette);
   window.resize(200, 200);
+  window.show();
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
   measureTexts(table, window, "window");
   measureControls(table, window);
   measurePicker(table, window);
