@@ -185,8 +185,9 @@ BalanceView::BalanceView(BalanceStore& store, const LocaleFormat& format,
   settings_ = new SettingsSection(store, settings.poolWebHost, leftColumn_->widget());
   columnDivider_ = new Divider(Qt::Vertical, this);
   rightColumn_ = new ColumnArea(tr("Workers and history"), theme::rightColumnSpacing, this);
-  workers_ = new WorkersSection(format, rightColumn_->widget());
-  history_ = new HistorySection(store, format, settings.askWhereToSave, rightColumn_->widget());
+  account_ = new QWidget(rightColumn_->widget());
+  workers_ = new WorkersSection(format, account_);
+  history_ = new HistorySection(store, format, settings.askWhereToSave, account_);
   if (settings.layout) { history_->keepColumns(*settings.layout); }
   closeBar_ = new CloseBar(onClose, commands_, this);
   layOut();
@@ -197,12 +198,13 @@ void BalanceView::layOut() {
   for (QWidget* part : std::initializer_list<QWidget*>{poolCard_, addressCard_, settings_}) {
     leftColumn_->column()->addWidget(part);
   }
-  // Not the parts': their column would ask for their height at a width that they do not take.
-  leftColumn_->widget()->setMaximumWidth(theme::readableWidth + 2 * theme::windowPadding);
   leftColumn_->column()->addStretch();
-  rightColumn_->column()->addWidget(workers_);
-  rightColumn_->column()->addWidget(history_, 1);
-  rightColumn_->widget()->setMinimumWidth(theme::rightColumnMinimumWidth - columnDivider_->width());
+  auto* const account = new QVBoxLayout(account_);
+  account->setSpacing(theme::rightColumnSpacing);
+  account->addWidget(workers_);
+  account->addWidget(history_, 1);
+  account->setContentsMargins(0, 0, 0, 0);
+  rightColumn_->column()->addWidget(account_, 1);
 
   auto* const columns = new QHBoxLayout;
   columns->setSpacing(0);
@@ -215,6 +217,35 @@ void BalanceView::layOut() {
   window->addLayout(columns, 1);
   window->addWidget(new Divider(Qt::Horizontal, this));
   window->addWidget(closeBar_);
+}
+
+void BalanceView::moveAccountTo(ColumnArea& area) {
+  if (account_->parentWidget() == area.widget()) { return; }
+  const bool isBelow = &area == leftColumn_;
+  auto* const focused = account_->focusWidget();
+  const bool hasFocus = focused && focused->hasFocus();
+  account_->layout()->setContentsMargins(
+      0, isBelow ? theme::rightColumnSpacing - theme::leftColumnSpacing : 0, 0, 0);
+  auto& column = *area.column();
+  column.insertWidget(isBelow ? column.count() - 1 : 0, account_, isBelow ? 0 : 1);
+  account_->show();
+  if (hasFocus) { focused->setFocus(Qt::OtherFocusReason); }
+}
+
+// Where the screen has no room for two columns, the second one's content follows the first one's:
+// what scrolls sideways is not found, and figures are not compared in it.
+void BalanceView::placeColumns() {
+  const bool hasAccount = windowLayout(store_.state()).showsAccountColumn;
+  const bool hasSize = testAttribute(Qt::WA_WState_Created);
+  const bool isOneColumn = hasAccount && hasSize && width() < widthAround(accountWidth());
+  moveAccountTo(isOneColumn ? *leftColumn_ : *rightColumn_);
+  rightColumn_->setVisible(hasAccount && !isOneColumn);
+  columnDivider_->setVisible(hasAccount && !isOneColumn);
+  leftColumn_->setMaximumWidth(hasAccount && !isOneColumn ? theme::leftColumnWidth
+                                                          : QWIDGETSIZE_MAX);
+  // Not the parts': their column would ask for their height at a width that they do not take.
+  leftColumn_->widget()->setMaximumWidth(
+      isOneColumn ? QWIDGETSIZE_MAX : theme::readableWidth + 2 * theme::windowPadding);
 }
 
 void BalanceView::saveHistory() { history_->saveHistory(); }
@@ -232,11 +263,8 @@ void BalanceView::showState() {
     workers_->showWorkers(state.workers);
     history_->showHistory(state);
   }
-  rightColumn_->setVisible(layout.showsAccountColumn);
-  columnDivider_->setVisible(layout.showsAccountColumn);
-  leftColumn_->setMaximumWidth(layout.showsAccountColumn ? theme::leftColumnWidth
-                                                         : QWIDGETSIZE_MAX);
   closeBar_->showCommands(commands_());
+  placeColumns();
   askForSize();
 }
 
@@ -244,14 +272,17 @@ int BalanceView::widthAround(int content) const {
   return theme::leftColumnWidth + columnDivider_->width() + 2 * theme::windowPadding + content;
 }
 
+int BalanceView::accountWidth() const {
+  return std::max(workers_->leastWidth(), history_->leastWidth());
+}
+
 QSize BalanceView::leastSize() const {
   const auto wanted = windowLayout(store_.state());
   int width = wanted.minimumWidth;
   if (wanted.showsAccountColumn) {
     // In larger fonts the figures of the tables need more than the design's width.
-    const int content = std::max(workers_->leastWidth(), history_->leastWidth());
     const int most = theme::grown(theme::rightColumnMinimumWidth) + theme::leftColumnWidth;
-    width = std::max(width, std::min(widthAround(content), most));
+    width = std::max(width, std::min(widthAround(accountWidth()), most));
   }
   return QSize(width, wanted.minimumHeight).boundedTo(largestSize(roomOf(*window())));
 }
@@ -278,8 +309,15 @@ void BalanceView::changeEvent(QEvent* event) {
   if (event->type() == QEvent::ApplicationFontChange) { update_.request(); }
 }
 
+void BalanceView::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  placeColumns();
+  layout()->activate();
+}
+
 void BalanceView::showEvent(QShowEvent* event) {
   settings_->loadDrafts();
+  placeColumns();
   askForSize();
   QWidget::showEvent(event);
 }

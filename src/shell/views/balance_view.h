@@ -31,9 +31,10 @@ struct BalanceViewSettings {
 
 class CloseBar;
 
-/// The content of the main window: shows the store's figures and redraws, once per turn of the
-/// event loop, when the store announces a change. Asks its window for the least size that the
-/// parts on show need, as far as the screen has it.
+/// The content of the main window, in two columns or, where the screen has no room for both, in
+/// one: shows the store's figures and redraws, once per turn of the event loop, when the store
+/// announces a change. Asks its window for the least size that the parts on show need, as far as
+/// the screen has it.
 class BalanceView final : public QWidget {
  public:
   /// `store` and `format` outlive the view. `onClose` runs for the Close button and for Escape.
@@ -48,15 +49,20 @@ class BalanceView final : public QWidget {
 
  protected:
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
 
  private:
   void layOut();
+  void placeColumns();
+  void moveAccountTo(ColumnArea& area);
   /// Brings every part up to date with the store; only what differs is touched, so that focus,
   /// typed text, selections and scroll positions stay.
   void showState();
   void askForSize();
   [[nodiscard]] QSize leastSize() const;
+  /// In which no figure of the account's tables is cut off.
+  [[nodiscard]] int accountWidth() const;
   /// Of the window whose right column's content is as wide as this.
   [[nodiscard]] int widthAround(int content) const;
 
@@ -68,6 +74,7 @@ class BalanceView final : public QWidget {
   PoolCardView* poolCard_;
   AddressCardView* addressCard_;
   SettingsSection* settings_;
+  QWidget* account_;  ///< what the right column shows, where there is room for one
   WorkersSection* workers_;
   HistorySection* history_;
   std::function<Menu()> commands_;

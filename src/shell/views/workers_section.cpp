@@ -87,8 +87,7 @@ class WorkersSection::Table final : public FigureTable {
     const int rows = model_->rowCount();
     const double inSight = rows > theme::workersShownWhole ? theme::workersRowsInSight : rows;
     const int height = static_cast<int>(inSight * rowHeight());
-    return {theme::rightColumnMinimumWidth - 2 * theme::windowPadding - 2,
-            horizontalHeader()->sizeHint().height() + height};
+    return {leastWidth(), horizontalHeader()->sizeHint().height() + height};
   }
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 

@@ -34,15 +34,16 @@ bool isCutOff(const QLabel& label) {
          });
 }
 
-// In every state, at the least width and the others that the design names, up to twice the font.
+// In every state, at the least width, the others that the design names and those of small screens,
+// up to twice the font.
 TEST_F(LayoutTest, NoTextIsCutOffAndNothingScrollsSideways) {
-  for (const int points : {9, 13, 20}) {
+  for (const auto& [points, narrowest] : {std::pair(9, 640), {13, 800}, {20, 1190}}) {
     const FontSize font(points);
     for (const auto& sample : samples()) {
       show(sample);
       const int least = view->minimumWidth();
-      for (const int width : {least, 640, 1190, 1600}) {
-        if (width < least) { continue; }
+      for (const int width : {least, 640, 800, 1000, 1190, 1600}) {
+        if (width < std::min(least, narrowest)) { continue; }
         resize(width, 900);
         const std::string where = sample.name + " at " + std::to_string(points) + " points, " +
                                   std::to_string(width) + " wide: ";
@@ -134,6 +135,22 @@ std::pair<int, int> inkOf(const QTableView& table, int column) {
   const auto [left, right] = inkWithin(table.viewport()->grab(cell));
   const int begin = table.viewport()->mapTo(table.window(), cell.topLeft()).x();
   return {begin + left, begin + cell.width() - right};
+}
+
+TEST_F(LayoutTest, TheAccountStandsBelowWhereTheScreenHasNoRoomBesideAndKeepsTheFocus) {
+  show(everything());
+  auto& table = *find<QTableView>("Workers");
+  table.setFocus();
+  const auto placeOf = [this](const char* text) {
+    return label(text)->mapTo(view.get(), QPoint()) - QPoint(24, 0);
+  };
+  for (const int width : {1000, 1190}) {
+    resize(width, 900);
+    const bool isBelow = placeOf("Workers").y() > placeOf("Settings").y();
+    EXPECT_EQ(isBelow, width == 1000);
+    EXPECT_EQ(placeOf("Workers").x(), isBelow ? 0 : 501);
+    EXPECT_TRUE(table.hasFocus());
+  }
 }
 
 TEST_F(LayoutTest, AButtonsTextStandsInItsMiddleWithRoomAround) {
