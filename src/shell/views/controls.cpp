@@ -65,7 +65,9 @@ class Segment final : public QRadioButton {
       painter.setBrush(colors.color(QPalette::Window));
       painter.drawRoundedRect(box, trackRadius - segmentInset, trackRadius - segmentInset);
     }
-    if (hasFocus()) { paintFocus(painter, box); }
+    // As styles do for buttons: not before the user goes from one to another by keyboard.
+    const bool isByKeyboard = window()->testAttribute(Qt::WA_KeyboardFocusChange);
+    if (hasFocus() && isByKeyboard) { paintFocus(painter, box); }
     painter.setPen(theme::textColor(theme::TextColor::primary, colors));
     painter.drawText(rect(), Qt::AlignCenter, text());
   }
@@ -83,7 +85,7 @@ class Segment final : public QRadioButton {
 
 QIcon symbolIcon(const QString& name, int size, const QPalette& palette) {
   QIcon icon;
-  for (const auto devicePixelRatio : {1, 2, 3}) {
+  for (const double devicePixelRatio : {1.0, 1.25, 1.5, 1.75, 2.0, 3.0}) {
     icon.addPixmap(symbolPixmap(name, size, palette.color(QPalette::Active, QPalette::ButtonText),
                                 devicePixelRatio),
                    QIcon::Normal);

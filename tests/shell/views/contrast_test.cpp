@@ -102,7 +102,8 @@ void measurePicker(Table& table, QWidget& ground) {
   }
   const auto image = picker.grab().toImage();
   const auto at = [&](int x) { return image.pixelColor(x, picker.height() / 2); };
-  segments[0]->setFocus();
+  segments[0]->clearFocus();
+  segments[0]->setFocus(Qt::ShortcutFocusReason);
   const auto ring = pixel(picker, {2, picker.height() / 2});
   for (const auto& beside : {at(6), at(64)}) {
     table["line: focus on the chosen"].push_back(contrast(ring, beside));

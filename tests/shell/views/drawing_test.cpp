@@ -3,6 +3,8 @@
 #include <QClipboard>
 #include <QListView>
 #include <QPainter>
+#include "platform/desktop/symbols.h"
+#include "shell/views/controls.h"
 #include "shell/views/equal_digits.h"
 #include "shell/views/figure_table.h"
 #include "shell/views/view_fixture.h"
@@ -40,6 +42,15 @@ TEST_F(DrawingTest, AFailureIsOrangeBehindATriangle) {
   const auto& failure = *label(*fakes->state().accountStatus);
   EXPECT_TRUE(isIn(TextColor::orange, failure));
   EXPECT_TRUE(standsBeside(failure, "exclamationmark.triangle.fill", TextColor::orange));
+}
+
+TEST_F(DrawingTest, AButtonsSymbolIsDrawnForTheScaleOfTheScreen) {
+  const QIcon icon = symbolIcon(u"arrow.clockwise"_s, theme::symbolSize, QPalette(Qt::white));
+  const QSize size(theme::symbolSize, theme::symbolSize);
+  for (const double scale : {1.0, 1.25, 1.5, 1.75, 2.0}) {
+    const auto drawn = symbolPixmap(u"arrow.clockwise"_s, theme::symbolSize, Qt::black, scale);
+    EXPECT_EQ(icon.pixmap(size, scale).toImage(), drawn.toImage()) << scale;
+  }
 }
 
 TEST_F(DrawingTest, ABlockRewardIsGreenOnceItCanBeSpent) {

@@ -27,9 +27,18 @@ TEST_F(FocusTest, WhoStartsWithNothingCanTypeTheTokenAtOnce) {
 
 TEST_F(FocusTest, EveryStationOfTheTabKeyShowsThatItHasTheFocus) {
   show(everything());
+  auto* const first = visible<QRadioButton>().constFirst();
+  ASSERT_TRUE(first->hasFocus());
+  const auto calm = first->grab().toImage();
+  first->clearFocus();
+  EXPECT_EQ(first->grab().toImage(), calm) << "a ring before any key was pressed";
+  first->setFocus();
   std::set<QWidget*> stations;
   for (;;) {
     QTest::keyClick(view->windowHandle(), Qt::Key_Tab);
+    if (QApplication::focusWidget() == first) {
+      QTest::keyClick(view->windowHandle(), Qt::Key_Right);
+    }
     auto& station = *QApplication::focusWidget();
     if (!stations.insert(&station).second) { break; }
     const auto with = view->grab().toImage();
