@@ -99,12 +99,16 @@ class StatusRow final : public QWidget {
             this)) {
     text_->makeSelectable();
     symbol_->showSymbol(QStringLiteral("exclamationmark.triangle.fill"), TextColor::orange);
-    auto* const row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(theme::smallSpacing);
-    row->addWidget(symbol_);
-    row->addWidget(text_, 1);
-    row->addWidget(button_);
+    auto* const line = new QHBoxLayout;
+    line->addWidget(symbol_);
+    line->addWidget(text_, 1);
+    row_ = new QBoxLayout(QBoxLayout::LeftToRight, this);
+    for (QBoxLayout* const each : {row_, static_cast<QBoxLayout*>(line)}) {
+      each->setContentsMargins(0, 0, 0, 0);
+      each->setSpacing(theme::smallSpacing);
+    }
+    row_->addLayout(line, 1);
+    row_->addWidget(button_, 0, Qt::AlignTrailing | Qt::AlignVCenter);
   }
 
   void showStatus(const StatusLine& status, const RefreshButtonState& refresh) {
@@ -113,9 +117,29 @@ class StatusRow final : public QWidget {
     announcer_.notice(*text_, status.text, status.isWarning);
     text_->setColor(status.isWarning ? TextColor::orange : TextColor::secondary);
     button_->showState(refresh);
+    placeButton();
+  }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override {
+    QWidget::resizeEvent(event);
+    placeButton();
   }
 
  private:
+  /// Beneath the text where a part of it would break beside the button, or a failure, which is a
+  /// sentence, would have less than half of the width: so it is in large fonts.
+  void placeButton() {
+    const bool isFailure = symbol_->isVisibleTo(this);
+    const int wanted = isFailure ? width() / 2 + symbol_->width() : text_->widthOfParts();
+    const bool fits = wanted + 2 * theme::smallSpacing + button_->sizeHint().width() <= width();
+    const auto direction = fits ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom;
+    if (direction == row_->direction()) { return; }
+    row_->setDirection(direction);
+    updateGeometry();
+  }
+
+  QBoxLayout* row_;
   SymbolLabel* symbol_;
   PartedLabel* text_;
   RefreshButton* button_;

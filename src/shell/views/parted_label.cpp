@@ -4,15 +4,17 @@
 
 namespace orvane {
 namespace {
+const QString betweenParts = QStringLiteral(" · ");
+const QString dot = QChar(QChar::Nbsp) + QStringLiteral("·");  ///< at the end of a part
+
 int sideMargins(const QWidget& widget) {
   return widget.contentsMargins().left() + widget.contentsMargins().right();
 }
 }  // namespace
 
 QString breakingBetweenParts(const QString& text, const QFontMetrics& metrics, int width) {
-  auto parts = text.split(QStringLiteral(" · "));
+  auto parts = text.split(betweenParts);
   if (parts.size() < 2) { return text; }
-  const QString dot = QChar(QChar::Nbsp) + QStringLiteral("·");
   for (auto& part : parts) {
     const QString whole = QString(part).replace(u' ', QChar::Nbsp);
     if (metrics.horizontalAdvance(whole + dot) <= width) { part = whole; }
@@ -51,6 +53,16 @@ QSize PartedLabel::minimumSizeHint() const {
     widest = std::max(widest, metrics.horizontalAdvance(word));
   }
   return {widest + sideMargins(*this), metrics.height()};
+}
+
+int PartedLabel::widthOfParts() const {
+  const auto parts = text_.split(betweenParts);
+  int widest = minimumSizeHint().width();
+  for (const auto& part : parts.size() > 1 ? parts : QStringList()) {
+    const int width = QFontMetrics(font()).horizontalAdvance(part + dot);
+    widest = std::max(widest, width + sideMargins(*this));
+  }
+  return widest;
 }
 
 void PartedLabel::resizeEvent(QResizeEvent* event) {

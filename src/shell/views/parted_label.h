@@ -19,6 +19,8 @@ class PartedLabel final : public TextLabel {
   void showText(std::string_view text);
   [[nodiscard]] int heightForWidth(int width) const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
+  /// In which no part breaks; that of words for a text of one part.
+  [[nodiscard]] int widthOfParts() const;
 
  protected:
   void resizeEvent(QResizeEvent* event) override;

@@ -98,12 +98,16 @@ TEST_F(LayoutTest, ValuesStandBesideBothFiguresOrBeneathBoth) {
 }
 
 TEST_F(LayoutTest, AStatusGoesOnInAFurtherLineBetweenItsPartsAndIsCopiedAsItReads) {
-  show(everything());
   const QString text = u"Updated 2:05\u202fPM · 1 BTC = 84,123 € · refreshes every 5 minutes"_s;
-  auto& status = *label(text.toStdString());
-  for (const auto& end : status.text().split(u' ').first(2)) {
-    EXPECT_TRUE(end.endsWith(u'·')) << end.toStdString();
+  for (const int points : {20, 13, 9}) {
+    const FontSize font(points);
+    show(everything());
+    const auto lines = label(text.toStdString())->text().split(u' ');
+    EXPECT_EQ(lines.size(), 3) << points;
+    EXPECT_TRUE(lines[0].endsWith(u'·') && lines[1].endsWith(u'·')) << points;
   }
+  show(everything());
+  auto& status = *label(text.toStdString());
   status.setFocus();
   status.setSelection(0, static_cast<int>(text.size()));
   QTest::keySequence(&status, QKeySequence::Copy);
