@@ -126,6 +126,9 @@ TEST_F(KeychainItemsTest, AReadSeesTheSavesBeforeIt) {
   keychain.delay = 1s;
   shared.saveItem("first", service, account);
   shared.saveItem("second", service, account);
+  EXPECT_EQ(runTask(executor, shared.readItem(service, account, KeychainPrompt::never, 500ms)),
+            std::unexpected(KeychainMiss::unknown))
+      << "without the patience for it";
   EXPECT_EQ(read(shared), "second");
 }
 

@@ -58,6 +58,12 @@ TEST_F(PoolAccountTest, AKeychainThatStartsAfterUsGivesItsTokenOnceUnlessOneWasE
     executor.runUntilIdle();
     EXPECT_EQ(state().token, used);
   }
+  keychain.items.clear();  // from now on it is known that there is none
+  startAndSettle();
+  storeToken("another program's");
+  keychain.arrive();
+  executor.runUntilIdle();
+  EXPECT_EQ(state().token, "");
 }
 
 TEST_F(PoolAccountTest, ClearingTheTokenForgetsTheAccount) {

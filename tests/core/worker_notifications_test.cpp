@@ -83,6 +83,7 @@ TEST_F(WorkerNotificationsTest, BeginAnewUnlessTheyWereOnAndOfThisAccount) {
     list(State::ok, 5);
     EXPECT_THAT(takeTold(), IsEmpty()) << name;
   }
+  EXPECT_EQ(notifications.authorizationRequests(), 0) << "with nothing to say";
   startWithAlerts();
   store->setNotifiesWorkerStates(false);
   store->setNotifiesWorkerStates(true);

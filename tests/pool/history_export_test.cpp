@@ -1,5 +1,6 @@
 #include "pool/history_export.h"
 #include <algorithm>
+#include <limits>
 #include <gtest/gtest.h>
 
 namespace orvane::test { namespace {
@@ -20,6 +21,7 @@ TEST(HistoryExportTest, GivesEachDayInFieldsThatProgramsRead) {
       {{day, 0.1, 0, "0.000000005"}, "2026-11-15,0.1,0,0.000000005,0.5"},
       {{day, 1e22, {}, "1e-3"}, "2026-11-15,10000000000000000000000,,1e-3,100000"},
       {{day}, "2026-11-15,,,,"},
+      {{day, std::numeric_limits<double>::infinity()}, "2026-11-15,,,,"},
       {{std::chrono::sys_seconds::max()}, "9999-12-31,,,,"},
       {{std::chrono::sys_seconds::min()}, "0000-01-01,,,,"},
       {{day, {}, {}, "-0.5"}, "2026-11-15,,,-0.5,-50000000"},

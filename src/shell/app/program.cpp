@@ -51,7 +51,7 @@ std::optional<StartAtLogin> switchOf(LoginStart& start) {
 
 /// Everything that exists as long as the one running application does.
 int runInstance(Executor& executor, SessionBus& bus, SessionInstance& instance,
-                const StartupPermission& permission, const ProgramSettings& settings) {
+                const QString& activationToken, const ProgramSettings& settings) {
   const ColorScheme colorScheme(bus, theme::wishHigherContrast);
   const LocaleFormat format(LocaleNames::fromEnvironment());
   SqliteDefaults defaults(settingsFileOfUser());
@@ -60,7 +60,7 @@ int runInstance(Executor& executor, SessionBus& bus, SessionInstance& instance,
   SecretServiceKeychain keychain(bus);
   DesktopNotificationCenter notifications(bus);
   QtDesktopApplication desktop;
-  desktop.setActivationToken(permission.activationToken.toStdString());  // for the first window
+  desktop.setActivationToken(activationToken.toStdString());  // for the first window
   PortalRequests portal(bus);
   SaveDialog saveDialog(portal);
   LoginStart loginStart(portal, defaults);
@@ -109,17 +109,17 @@ int runInstance(Executor& executor, SessionBus& bus, SessionInstance& instance,
 }
 
 int runApplication(int argc, char** argv, const ProgramSettings& settings) {
-  const auto permission = StartupPermission::fromEnvironment();
+  const QString activationToken = activationTokenOfStart();
   nameApplicationForScreenReaders();
   const QApplication application(argc, argv);
   introduceToDesktop(settings.version);
   const auto executor = settings.makeExecutor();
   SessionBus bus(*executor);
   SessionInstance instance(bus, applicationId);
-  switch (instance.claim(permission)) {
+  switch (instance.claim(activationToken)) {
     case InstanceRole::first:
     case InstanceRole::alone:
-      return runInstance(*executor, bus, instance, permission, settings);
+      return runInstance(*executor, bus, instance, activationToken, settings);
     case InstanceRole::handedOver:
       return 0;
     case InstanceRole::unreachable:

@@ -75,9 +75,9 @@ TEST_F(SessionInstanceTest, AnswersLaunchers) {
               0);
   };
   call("Activate", {"{'activation-token': <'t'>}"});
-  call("Open", {"@as []", "@a{sv} {}"});
+  call("Open", {"@as []", "{'desktop-startup-id': <'s'>}"});
   call("ActivateAction", {"show-help", "@av []", "{'activation-token': <'t'>}"});
-  EXPECT_THAT(heard, ElementsAre("activate t", "activate ", "show-help t"));
+  EXPECT_THAT(heard, ElementsAre("activate t", "activate s", "show-help t"));
 }
 
 TEST_F(SessionInstanceTest, AnswersWhatCameWithTheStartBeforeAnythingElseHappens) {

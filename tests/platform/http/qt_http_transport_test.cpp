@@ -9,6 +9,7 @@
 #include "services/server/certificate_authority.h"
 #include "services/server/http_server.h"
 #include "services/working_directory.h"
+#include "support/temporary_folder.h"
 
 namespace orvane::test { namespace {
 
@@ -26,13 +27,24 @@ struct Oddity {
   bool isPlain = false;
   const char* names = "DNS:localhost";
   std::string endless = {};  ///< sent after the answer for as long as it is taken
+  int newestTls = 0;         ///< 0: any
 };
+
+/// A security policy that lets old versions of TLS through, as some machines still have it: what
+/// refuses them then is the program alone. Read when OpenSSL is used for the first time.
+const TemporaryFolder policy;
+const bool isPermissive = [] {
+  const std::string file = policy.path() / "openssl.cnf";
+  std::ofstream(file) << "openssl_conf = a\n[a]\nssl_conf = b\n[b]\nsystem_default = c\n[c]\n"
+                         "MinProtocol = TLSv1\nCipherString = DEFAULT@SECLEVEL=0\n";
+  return ::setenv("OPENSSL_CONF", file.c_str(), 1) == 0;
+}();
 
 /// An HTTPS server that sends the bytes a test hands it, and remembers what it was asked.
 class OddServer {
  public:
   explicit OddServer(std::function<std::string(const Request&)> answer, Oddity oddity = {})
-      : server_(0, oddity.isPlain ? nullptr : authority_.makeServerContext(oddity.names),
+      : server_(0, contextFor(oddity),
                 [this, answer, oddity](const Request& request, auto& connection) {
                   const std::lock_guard lock(mutex_);
                   requests_.push_back(request);
@@ -53,6 +65,14 @@ class OddServer {
   }
 
  private:
+  [[nodiscard]] services::TlsContext contextFor(const Oddity& oddity) const {
+    if (oddity.isPlain) { return nullptr; }
+    services::TlsContext context = authority_.makeServerContext(oddity.names);
+    if (oddity.newestTls != 0) { SSL_CTX_set_min_proto_version(context.get(), TLS1_VERSION); }
+    SSL_CTX_set_max_proto_version(context.get(), oddity.newestTls);
+    return context;
+  }
+
   mutable std::mutex mutex_;
   std::vector<Request> requests_;
   services::WorkingDirectory directory_{{}};
@@ -133,6 +153,16 @@ TEST_F(QtHttpTransportTest, ACertificateForAnotherNameIsRefusedWhateverItsCommon
                          {.names = "DNS:elsewhere.example"});
   expectFailure(getFrom(server), HttpFailure::other);
   EXPECT_TRUE(server.requests().empty());
+}
+
+TEST_F(QtHttpTransportTest, ServersThatKnowNoTlsOfThisDecadeAreRefused) {
+  ASSERT_TRUE(isPermissive);
+  for (const auto& [version, isSpoken] :
+       {std::pair(TLS1_2_VERSION, true), {TLS1_1_VERSION, false}}) {
+    const OddServer server([](const Request&) { return emptyAnswer("200 OK"); },
+                           {.newestTls = version});
+    EXPECT_EQ(getFrom(server).has_value(), isSpoken) << version;
+  }
 }
 
 TEST_F(QtHttpTransportTest, RedirectsEndSomewhereAndACookieIsNeverSentBack) {

@@ -85,6 +85,7 @@ TEST(LocaleFormatTest, ShowsTimesInTheUsersZoneAndDaysInUtc) {
   EXPECT_EQ(berlin.shortTime(afternoon), "15:05");
   const sys_seconds late = sys_days{2025y / November / 15} + 23h + 59min;
   EXPECT_EQ(berlin.mediumDateUtc(late), "15.11.2025");
+  EXPECT_EQ(berlin.mediumDateUtc(sys_days{2025y / November / 15}), "15.11.2025");
   EXPECT_EQ(berlin.mediumDateShortTime(late), "16.11.2025, 00:59");
 }
 

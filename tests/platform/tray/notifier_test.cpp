@@ -211,6 +211,14 @@ TEST_F(MenuExportTest, IsBuiltAfreshByWhateverComesBeforeItIsShown) {
   }
 }
 
+TEST_F(MenuExportTest, TellsAGroupsCallerWhatChangedAndWhatIsGone) {
+  const auto asked = QVariant::fromValue(QList<int>{0, rowId("Open Orvane"), 4711});
+  menu = sample("changed");
+  const auto answer = host->callMenu("AboutToShowGroup", {asked});
+  EXPECT_THAT(qdbus_cast<QList<int>>(answer.value(0)), ElementsAre(0));
+  EXPECT_THAT(qdbus_cast<QList<int>>(answer.value(1)), ElementsAre(4711));
+}
+
 TEST_F(MenuExportTest, TellsAHostToReadAgainOnlyWhenItSeesADifference) {
   const auto revision = [this] {
     return host->callMenu("GetLayout", {0, -1, QStringList()}).value(0).toInt();

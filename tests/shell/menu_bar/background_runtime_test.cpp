@@ -111,6 +111,8 @@ TEST_F(BackgroundRuntimeTest, WithoutAHostTheWindowStaysMinimisedUntilThereIsOne
   window.deminiaturize();
   statusBar.item.hasHost = true;
   executor.advance(1min);
+  window.miniaturize();
+  executor.advance(1min);
   EXPECT_FALSE(runtime->isMenuBarOnly());
 }
 
@@ -130,6 +132,8 @@ TEST_F(BackgroundRuntimeTest, AHostThatGoesForGoodStrandsNobodyAndOneThatIsBackS
 }
 
 TEST_F(BackgroundRuntimeTest, ARightClickShowsTheMenuAndTakesItAwayAgain) {
+  statusBar.item.action(DesktopEvent{.type = Type::rightMouseUp});
+  EXPECT_FALSE(statusBar.item.poppedUp) << "before there is a menu";
   runtime->statusMenuProvider = [] { return Menu{{MenuItem{.title = "Quit Orvane"}}}; };
   statusBar.item.action(DesktopEvent{.type = Type::rightMouseUp});
   ASSERT_TRUE(statusBar.item.poppedUp);
@@ -156,6 +160,7 @@ TEST_F(BackgroundRuntimeTest, NothingOfItRemainsAfterItsEndAndCallbacksDoNothing
 TEST_F(BackgroundRuntimeTest, AWindowHasItsContentWhileItIsOnScreenWithTheApplication) {
   bool told = false;
   WindowVisibility visibility(runtime, [&] { told = visibility.showsContent(); });
+  EXPECT_FALSE(visibility.showsContent()) << "without a window";
   visibility.handleWindow(&help);
   struct Step {
     const char* name;

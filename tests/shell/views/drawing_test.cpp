@@ -42,6 +42,8 @@ TEST_F(DrawingTest, AFailureIsOrangeBehindATriangle) {
   const auto& failure = *label(*fakes->state().accountStatus);
   EXPECT_TRUE(isIn(TextColor::orange, failure));
   EXPECT_TRUE(standsBeside(failure, "exclamationmark.triangle.fill", TextColor::orange));
+  const QImage triangle = symbolPixmap("exclamationmark.triangle.fill", 16, Qt::red, 1).toImage();
+  EXPECT_EQ(triangle.pixelColor(0, 0).alpha(), 0);
 }
 
 TEST_F(DrawingTest, AButtonsSymbolIsDrawnForTheScaleOfTheScreen) {

@@ -22,15 +22,9 @@ uint requestName(const QDBusConnection& bus, const QString& name) {
   return reply.isValid() ? reply.value() : 0;
 }
 
-QVariantMap platformData(const StartupPermission& permission) {
-  QVariantMap data;
-  if (!permission.startupId.isEmpty()) {
-    data.insert(QStringLiteral("desktop-startup-id"), permission.startupId);
-  }
-  if (!permission.activationToken.isEmpty()) {
-    data.insert(QStringLiteral("activation-token"), permission.activationToken);
-  }
-  return data;
+QVariantMap platformData(const QString& activationToken) {
+  if (activationToken.isEmpty()) { return {}; }
+  return {{QStringLiteral("activation-token"), activationToken}};
 }
 
 std::string activationToken(const QVariantMap& data) {
@@ -40,10 +34,8 @@ std::string activationToken(const QVariantMap& data) {
 }
 }  // namespace
 
-StartupPermission StartupPermission::fromEnvironment() {
-  const auto startupId = qEnvironmentVariable("DESKTOP_STARTUP_ID");
-  return {.startupId = startupId,
-          .activationToken = qEnvironmentVariable("XDG_ACTIVATION_TOKEN", startupId)};
+QString activationTokenOfStart() {
+  return qEnvironmentVariable("XDG_ACTIVATION_TOKEN", qEnvironmentVariable("DESKTOP_STARTUP_ID"));
 }
 
 SessionInstance::SessionInstance(SessionBus& bus, const QString& applicationId,
@@ -52,7 +44,7 @@ SessionInstance::SessionInstance(SessionBus& bus, const QString& applicationId,
 
 SessionInstance::~SessionInstance() { unexportObject(); }
 
-InstanceRole SessionInstance::claim(const StartupPermission& permission) {
+InstanceRole SessionInstance::claim(const QString& activationToken) {
   busObserver_ = bus_.observe([this] { claimAgain(); });
   if (!bus_.isOpen()) { return InstanceRole::alone; }
   exportObject();
@@ -61,7 +53,7 @@ InstanceRole SessionInstance::claim(const StartupPermission& permission) {
       case primaryOwner:
         return InstanceRole::first;
       case nameHasOtherOwner:
-        if (activateOther(permission)) { return InstanceRole::handedOver; }
+        if (activateOther(activationToken)) { return InstanceRole::handedOver; }
         break;
       default:
         return InstanceRole::alone;
@@ -104,10 +96,10 @@ void SessionInstance::answerEarlyRequests() {
   QCoreApplication::sendPostedEvents(this);
 }
 
-bool SessionInstance::activateOther(const StartupPermission& permission) const {
+bool SessionInstance::activateOther(const QString& activationToken) const {
   auto request =
       QDBusMessage::createMethodCall(id_, path_, interfaceName, QStringLiteral("Activate"));
-  request << platformData(permission);
+  request << platformData(activationToken);
   const auto answer =
       bus_.connection().call(request, QDBus::Block, static_cast<int>(patience_.count()));
   return answer.type() == QDBusMessage::ReplyMessage;

@@ -26,14 +26,9 @@ enum class InstanceRole {
   alone,        ///< no session bus: nobody can ask, and nobody can be asked
 };
 
-/// What a launcher gave this process for its window to take the focus.
-struct StartupPermission {
-  QString startupId;        ///< X11's
-  QString activationToken;  ///< Wayland's
-
-  /// Reads it before the QApplication is made, which takes it away. An empty field: none was given.
-  [[nodiscard]] static StartupPermission fromEnvironment();
-};
+/// What a launcher gave this process for its window to take the focus, on X11 a startup id. To be
+/// read before the QApplication is made, which takes it away; empty: none was given.
+[[nodiscard]] QString activationTokenOfStart();
 
 /// Makes the application one of its kind on the session bus, under the name `applicationId`, where
 /// launchers and second starts talk to it by the interface org.freedesktop.Application. A bus that
@@ -51,7 +46,7 @@ class SessionInstance final : public QObject {
 
   /// Takes the name, or asks its owner to show itself, with the permission that was meant for this
   /// process. Waits for the bus at most half a second; called before there is a window.
-  [[nodiscard]] InstanceRole claim(const StartupPermission& permission);
+  [[nodiscard]] InstanceRole claim(const QString& activationToken);
   /// Gives the name up, so that a start from now on brings a new instance. Does not wait.
   void release();
 
@@ -73,7 +68,7 @@ class SessionInstance final : public QObject {
   void exportObject();
   void unexportObject();
   void claimAgain();
-  [[nodiscard]] bool activateOther(const StartupPermission& permission) const;
+  [[nodiscard]] bool activateOther(const QString& activationToken) const;
 
   SessionBus& bus_;
   QString id_;
