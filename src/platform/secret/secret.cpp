@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstring>
 #include <fstream>
+#include <malloc.h>
 #include <sys/resource.h>
 
 namespace orvane {
@@ -26,5 +27,14 @@ void refuseCoreDumps() {
     ::setrlimit(RLIMIT_CORE, &limit);
   }
   std::ofstream("/proc/self/coredump_filter") << "0\n";
+}
+
+// The GNU C library does it for all but its smallest blocks; fresh memory is then zero, as it is
+// when the kernel has just given it.
+void wipeFreedMemory() {
+#ifdef M_PERTURB
+  constexpr int freed = 0xFF;  // and its complement where memory is given out
+  ::mallopt(M_PERTURB, freed);
+#endif
 }
 }  // namespace orvane

@@ -52,4 +52,8 @@ class Secret {
 /// Keeps the memory of this process out of core dumps, and the process without any where the system
 /// lets it decide. Programs that it starts inherit that and may change it.
 void refuseCoreDumps();
+
+/// Has memory written over when it is given back, by whomever. A socket leaves the request in its
+/// buffer, and the token with it.
+void wipeFreedMemory();
 }  // namespace orvane

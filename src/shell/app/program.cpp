@@ -131,6 +131,7 @@ int runApplication(int argc, char** argv, const ProgramSettings& settings) {
 
 int runProgram(int argc, char** argv, const ProgramSettings& settings) {
   refuseCoreDumps();
+  wipeFreedMemory();
   const int code = runApplication(argc, argv, settings);
   // All that is ours has ended; what is left would wait for the network.
   if (isResolverAtWork()) { std::quick_exit(code); }

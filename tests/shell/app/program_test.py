@@ -29,6 +29,32 @@ def token_is_entered_and_kept(program):
         assert line in kept, kept
 
 
+def copies_in_memory(program, text):
+    """How often a text stands in what the program may write to, in either form that it has there."""
+    process = pathlib.Path("/proc", str(program.process.pid))
+    copies = 0
+    with open(process / "mem", "rb", 0) as memory:
+        for line in (process / "maps").read_text().splitlines():
+            begin, end = (int(bound, 16) for bound in line.split()[0].split("-"))
+            if line.split()[1].startswith("rw"):
+                memory.seek(begin)
+                content = memory.read(end - begin)
+                copies += sum(content.count(text.encode(code)) for code in ("utf-8", "utf-16-le"))
+    return copies
+
+
+def removed_token_leaves_the_memory(program, services):
+    set_fault(services, {"service": "pool", "kind": "silence"})
+    for _ in range(3):
+        program.save(TOKEN_FIELD, TOKEN)
+        wait_for("a request", lambda: copies_in_memory(program, f"Pool-Auth-Token: {TOKEN}"))
+        program.press("Remove", TOKEN_FIELD)
+        program.wait_for("Paste a read-only Braiins API token below to start.")
+        # Its beginning may be gone where the allocator keeps its lists.
+        wait_for("no copy", lambda: copies_in_memory(program, TOKEN[-12:]) == 0)
+    set_fault(services, None)
+
+
 def address_is_entered_and_read(program, address):
     program.save(ADDRESS_FIELD, f"  {address} ")
     program.wait_for(address)
@@ -89,6 +115,7 @@ def brightness(window):
 
 def tell_the_story(services):
     with Service("watcher"), Program(services) as program:
+        removed_token_leaves_the_memory(program, services)
         token_is_entered_and_kept(program)
         no_core_dump_would_hold_the_token(program)
         address_is_entered_and_read(program, services["address"])
