@@ -1,5 +1,6 @@
 #include <QLabel>
 #include <QScreen>
+#include <QSignalSpy>
 #include "shell/app/app_fixture.h"
 #include "shell/views/about_and_help.h"
 
@@ -115,6 +116,31 @@ TEST_F(WindowsStory, TheMainWindowComesBackAtTheNextStartAsTheUserLeftIt) {
   defaults.setTexts("window.centre", {"99999999999999", "1"});
   launch();
   EXPECT_EQ(widget("Orvane").geometry(), own);
+}
+
+TEST_F(WindowsStory, WithoutPermissionToComeForwardOneBehindOthersAppearsAnew) {
+  auto& field = tokenField();
+  field.setText(QStringLiteral("half"));
+  field.setFocus();
+  struct Case {
+    bool isBehind;
+    const char* token;
+    int changes;
+  };
+  for (const auto& [isBehind, token, changes] :
+       {Case{true, "", 2}, Case{true, "given", 0}, Case{false, "", 0}}) {
+    QWindow other;  // takes the keyboard from the program
+    other.setVisible(isBehind);
+    settle();
+    other.hide();
+    settle();
+    const QSignalSpy seen(widget("Orvane").windowHandle(), &QWindow::visibleChanged);
+    desktop.setActivationToken(token);
+    statusBar.item.action(DesktopEvent{.type = DesktopEvent::Type::leftMouseUp});
+    settle();
+    EXPECT_EQ(seen.count(), changes) << isBehind << token;
+    EXPECT_TRUE(field.hasFocus() && field.text() == u"half");
+  }
 }
 
 TEST_F(WindowsStory, TheAboutWindowNamesTheVersion) {

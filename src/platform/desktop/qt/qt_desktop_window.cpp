@@ -88,6 +88,7 @@ void QtDesktopWindow::orderOut() { widget_->hide(); }
 
 void QtDesktopWindow::makeKeyAndOrderFront() {
   const std::string token = onOrderFront_(*this);
+  if (token.empty() && canOnlyAppear()) { widget_->hide(); }
   if (isMiniaturized()) { deminiaturize(); }
   if (!widget_->isVisible()) { takePlace(); }
   widget_->show();
@@ -132,6 +133,13 @@ bool QtDesktopWindow::eventFilter(QObject* watched, QEvent* event) {
       break;
   }
   return QObject::eventFilter(watched, event);
+}
+
+/// It is up without the keyboard, where programs raise no windows; one that appears comes to the
+/// front there.
+bool QtDesktopWindow::canOnlyAppear() const {
+  return !X11Display::ofApplication() && isVisible() && !isAppearing_ &&
+         !holdsKeyboard(QGuiApplication::focusWindow());
 }
 
 /// Before the window appears.

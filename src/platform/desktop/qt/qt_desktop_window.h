@@ -57,6 +57,7 @@ class QtDesktopWindow final : public QObject, public DesktopWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  [[nodiscard]] bool canOnlyAppear() const;
   void takePlace();
   void standAt(const QRect& place);
   void comeOntoScreen();
