@@ -1,21 +1,18 @@
-// From the explorer's list of transactions to the summary, beside the bare parse of the same text
-// by the library whose parser feeds our tree.
+// From the explorer's list of transactions to the summary, beside the bare trees of two libraries.
 
 #include <string>
 #include <benchmark/benchmark.h>
 #include <nlohmann/json.hpp>
+#include <simdjson.h>
 #include "address/address_summary.h"
 #include "address/explorer_documents.h"
 #include "documents.h"
 
 namespace orvane::bench { namespace {
 
-constexpr std::size_t transactions = 10'000;
-constexpr std::size_t outputsEach = 100;
-const std::string watchedAddress = "bc1qar0srrr7xfkvy5l643lydnw9re59gtzzwf5mdq";
-
 const std::string& document() {
-  static const std::string text = transactionsDocument(transactions, outputsEach, watchedAddress);
+  static const std::string text =
+      transactionsDocument(transactionTotal, outputsOfTransaction, watchedAddress);
   return text;
 }
 
@@ -30,17 +27,23 @@ void decodeAndBuildSummary(benchmark::State& state) {
   const std::string& text = document();
   for ([[maybe_unused]] auto _ : state) {
     const auto list = decodeTransactions(text);
-    const auto summary = buildSummary({}, list.value(), 920'000, watchedAddress);
-    if (summary.value().incoming.size() != transactions) {
+    const auto summary = buildSummary({}, list.value(), 920'000, std::string(watchedAddress));
+    if (summary.value().incoming.size() != transactionTotal) {
       state.SkipWithError("the summary does not list every transaction");
       break;
     }
   }
 }
 
+void simdjsonTree(benchmark::State& state) {
+  const simdjson::padded_string text(document());
+  for ([[maybe_unused]] auto _ : state) {
+    simdjson::dom::parser parser;
+    benchmark::DoNotOptimize(parser.parse(text).error());
+  }
+}
 BENCHMARK(libraryTree)->Name("libraryTree/transactions")->Unit(benchmark::kMillisecond);
-BENCHMARK(decodeAndBuildSummary)
-    ->Name("decodeAndBuildSummary/transactions")
-    ->Unit(benchmark::kMillisecond);
+BENCHMARK(simdjsonTree)->Name("simdjson/transactions")->Unit(benchmark::kMillisecond);
+BENCHMARK(decodeAndBuildSummary)->Name("decodeAndMap/transactions")->Unit(benchmark::kMillisecond);
 
 }}  // namespace orvane::bench

@@ -51,6 +51,15 @@ std::string workersDocument(std::size_t workers) {
   return text + "}}}";
 }
 
+std::string profileDocument() {
+  return R"({"username":"pellam","btc":{"confirmed_reward":"0.00123456","unconfirmed_reward":)"
+         R"("0.00000412","estimated_reward":"0.00004000","hash_rate_unit":"Gh/s",)"
+         R"("hash_rate_5m":95100.5,"hash_rate_60m":95010,"hash_rate_24h":94870.25,)"
+         R"("low_workers":1,"off_workers":1,"ok_workers":7,"dis_workers":0,"shares_5m":412,)"
+         R"("shares_60m":5032,"shares_24h":1912044812,"today_reward":"0.00004127",)"
+         R"("current_balance":"0.00128203"}})";
+}
+
 std::string rewardsDocument(std::size_t days) {
   std::mt19937 random(seed);
   std::string text = R"({"btc":{"daily_rewards":[)";

@@ -11,8 +11,6 @@
 
 namespace orvane::bench { namespace {
 
-constexpr std::size_t daysOfTwentyYears = 2 * daysOfTenYears;
-
 std::vector<BraiinsHistoryDay> twentyYears() {
   return buildHistoryDays(rewardsDocument(daysOfTwentyYears),
                           dailyHashrateDocument(daysOfTwentyYears))

@@ -8,11 +8,9 @@
 
 namespace orvane::bench { namespace {
 
-std::string workers() { return workersDocument(10'000); }
-std::string rewards() { return rewardsDocument(daysOfTenYears); }
-std::string transactions() {
-  return transactionsDocument(50, 200, "bc1qar0srrr7xfkvy5l643lydnw9re59gtzzwf5mdq");
-}
+std::string workers() { return workersDocument(workerTotal); }
+std::string rewards() { return rewardsDocument(daysOfTwentyYears); }
+std::string transactions() { return transactionsDocument(50, 200, watchedAddress); }
 
 void reportBytes(benchmark::State& state, const std::string& text) {
   state.SetBytesProcessed(static_cast<std::int64_t>(text.size()) *
