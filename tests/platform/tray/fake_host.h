@@ -85,9 +85,10 @@ class FakeHost final : public QObject {
     return qdbus_cast<QVariantMap>(
         call(NotifierItem::itemPath, propertiesInterface, "GetAll", arguments).value(0));
   }
-  [[nodiscard]] QVariant property(const char* name) {
-    const QVariantList arguments{QLatin1String(itemInterface), QLatin1String(name)};
-    const auto reply = call(NotifierItem::itemPath, propertiesInterface, "Get", arguments);
+  [[nodiscard]] QVariant property(const char* name, const char* path = NotifierItem::itemPath,
+                                  const char* interface = itemInterface) {
+    const QVariantList arguments{QLatin1String(interface), QLatin1String(name)};
+    const auto reply = call(path, propertiesInterface, "Get", arguments);
     return qvariant_cast<QDBusVariant>(reply.value(0)).variant();
   }
   [[nodiscard]] QString text(const char* name) { return property(name).toString(); }

@@ -99,6 +99,8 @@ TEST_F(NotifierTest, WideImagesHaveRoomForTheirText) {
   for (const auto& icon : host->icons()) {
     const auto scale = icon.height() / 18.0;
     EXPECT_GT(icon.width(), bar->textSize("12,345 sats", 9 * scale).width + 14 * scale);
+    const auto symbol = inkFor(sampleImage(*bar, ""), PanelShade::unknown).symbol;
+    EXPECT_FALSE(hasColor(icon.copy(0, 0, 1, icon.height()), symbol)) << "the outline's place";
   }
 }
 
@@ -193,6 +195,8 @@ TEST_F(MenuExportTest, HasTheRowsOfTheMenu) {
   }
   EXPECT_THAT(rows, ElementsAre("Balance 12,345 sats [off]", "Today 815 sats [off]", "separator",
                                 "Open__Orvane", "Refresh Now Control+R", "Quit Orvane Control+Q"));
+  EXPECT_EQ(host->property("TextDirection", NotifierItem::menuPath, "com.canonical.dbusmenu"),
+            "ltr");
 }
 
 TEST_F(MenuExportTest, IsBuiltAfreshByWhateverComesBeforeItIsShown) {

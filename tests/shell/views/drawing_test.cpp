@@ -44,6 +44,9 @@ TEST_F(DrawingTest, AFailureIsOrangeBehindATriangle) {
   EXPECT_TRUE(standsBeside(failure, "exclamationmark.triangle.fill", TextColor::orange));
   const QImage triangle = symbolPixmap("exclamationmark.triangle.fill", 16, Qt::red, 1).toImage();
   EXPECT_EQ(triangle.pixelColor(0, 0).alpha(), 0);
+  for (const auto* const each : visible<QLabel>()) {
+    EXPECT_NE(each->textFormat(), Qt::AutoText) << each->text().toStdString();
+  }
 }
 
 TEST_F(DrawingTest, AButtonsSymbolIsDrawnForTheScaleOfTheScreen) {
@@ -120,6 +123,7 @@ TEST_F(DrawingTest, AWorkersStateHasAWordADotAndATip) {
     EXPECT_FALSE(model.index(row, 0).data(dotColorRole).isValid());
   }
   EXPECT_EQ(model.index(0, 0).data(Qt::ToolTipRole), u"pellam.garage"_s);
+  EXPECT_EQ(plainToolTip("<b>1</b>"), u"&lt;b&gt;1&lt;/b&gt;"_s);
   EXPECT_EQ(model.index(0, 1).data(Qt::ToolTipRole), u"Last share Nov 15, 2026, 2:02\u202fPM"_s);
 }
 
@@ -170,6 +174,18 @@ TEST_F(DrawingTest, ATextThatBeginsWithAnArabicDateRunsAsItReadsAndIsCopiedAsItI
     EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), text);
   }
   EXPECT_NEAR(ink[0], ink[1], 1);
+}
+
+TEST_F(DrawingTest, LinesStandBetweenTheRows) {
+  show(everything());
+  const auto& table = *find<QTableView>("Workers");
+  const int last = table.model()->rowCount() - 1;
+  for (const int row : {0, last}) {
+    const QRect cell = table.visualRect(table.model()->index(row, 0));
+    const QImage drawn = table.viewport()->grab(cell).toImage();
+    const bool isLined = drawn.pixel(0, cell.height() - 1) != drawn.pixel(0, cell.height() - 2);
+    EXPECT_EQ(isLined, row != last) << row;
+  }
 }
 
 TEST_F(DrawingTest, NoRowCanBeSelected) {

@@ -207,17 +207,14 @@ QVariant MenuExport::layoutNode(int id, bool withChildren, const QStringList& na
   return QVariant::fromValue(node);
 }
 
-bool MenuExport::handleEvent(int id, const QString& name) {
-  if (id == 0) {
-    if (name == QStringLiteral("opened")) { rebuild(); }
-    return true;
-  }
+bool MenuExport::has(int id) const { return id == 0 || find(id); }
+
+void MenuExport::handleEvent(int id, const QString& name) {
+  if (id == 0 && name == QStringLiteral("opened")) { rebuild(); }
   const auto* const item = find(id);
-  if (!item) { return false; }
-  if (name == QStringLiteral("clicked") && item->enabled && item->action) {
+  if (name == QStringLiteral("clicked") && item && item->enabled && item->action) {
     executor_.post(item->action);
   }
-  return true;
 }
 
 ObjectSurface MenuExport::surface() {
@@ -286,7 +283,7 @@ QVariantList MenuExport::aboutToShowGroup(const QVariantList& arguments) {
   QList<int> missing;
   for (const int id : qdbus_cast<QList<int>>(arguments.at(0))) {
     if (id == 0 && rebuild()) { changed.append(id); }
-    if (id != 0 && !find(id)) { missing.append(id); }
+    if (!has(id)) { missing.append(id); }
   }
   return {QVariant::fromValue(changed), QVariant::fromValue(missing)};
 }
@@ -308,7 +305,8 @@ QVariantList MenuExport::eventGroup(const QVariantList& arguments) {
     events.beginStructure();
     events >> id >> name >> data >> timestamp;
     events.endStructure();
-    if (!handleEvent(id, name)) { missing.append(id); }
+    handleEvent(id, name);
+    if (!has(id)) { missing.append(id); }
   }
   events.endArray();
   return {QVariant::fromValue(missing)};

@@ -41,8 +41,8 @@ class MenuExport final {
   [[nodiscard]] const MenuItem* find(int id) const;
   [[nodiscard]] QVariantMap propertiesOf(int id, const QStringList& names) const;
   [[nodiscard]] QVariant layoutNode(int id, bool withChildren, const QStringList& names) const;
-  /// False when there is no such row.
-  bool handleEvent(int id, const QString& name);
+  [[nodiscard]] bool has(int id) const;
+  void handleEvent(int id, const QString& name);
 
   // What hosts call: the arguments of the call, and the values of its reply.
   [[nodiscard]] ObjectSurface surface();
