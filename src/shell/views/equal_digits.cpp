@@ -18,7 +18,8 @@ class DigitPadding {
   explicit DigitPadding(const QFont& font) {
     const QFontMetricsF metrics(font);
     for (std::size_t digit = 0; digit < widths_.size(); ++digit) {
-      widths_[digit] = metrics.horizontalAdvance(QChar(u'0' + static_cast<char16_t>(digit)));
+      // As a text: the width of a character knows nothing of the font's features.
+      widths_[digit] = metrics.horizontalAdvance(QString::number(digit));
     }
     widest_ = std::ranges::max(widths_);
   }

@@ -83,6 +83,7 @@ TEST_F(LayoutTest, AWindowThatSizesItselfHasTheTotalsInOneRow) {
 
 TEST_F(LayoutTest, ValuesStandBesideBothFiguresOrBeneathBoth) {
   auto figures = everything();
+  figures.addressSummary->confirmedSats = 25'179;  // beside its value in any font
   for (const std::int64_t balance : {128'203LL, 2'099'999'997'690'000LL}) {
     figures.stats->balanceSats = balance;
     show(figures);
