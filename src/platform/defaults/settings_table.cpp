@@ -153,7 +153,10 @@ SettingsState stateOf(int sqliteCode) {
   }
 }
 
+/// Without waiting for the disk: a power failure that takes a file which is being made takes no
+/// setting with it, and the program's first window would wait as well.
 SettingsState createTable(sqlite3* connection) {
+  execute(connection, "PRAGMA synchronous = OFF; PRAGMA journal_mode = WAL");
   SqliteTransaction transaction(connection);
   int code = transaction.beginCode();
   if (code == SQLITE_OK) {
@@ -294,9 +297,8 @@ SqliteConnection openSqlite(const std::filesystem::path& file, SqliteAccess acce
 void writeAhead(sqlite3* connection) {
   const PreparedSql journal(connection, "PRAGMA journal_mode = WAL");
   const bool isAnswered = journal.step() == SQLITE_ROW;
-  if (isAnswered && bytesOf(journal.statement.get(), 0) == "wal") {
-    execute(connection, "PRAGMA synchronous = NORMAL");
-  }
+  const bool isAhead = isAnswered && bytesOf(journal.statement.get(), 0) == "wal";
+  execute(connection, isAhead ? "PRAGMA synchronous = NORMAL" : "PRAGMA synchronous = FULL");
 }
 
 SettingsState readSettings(sqlite3* connection, SettingValues& values) {

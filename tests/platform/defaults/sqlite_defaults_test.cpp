@@ -11,6 +11,11 @@
 #include "support/memory_defaults.h"
 #include "support/temporary_folder.h"
 
+static int waitsForTheDisk = 0;
+
+// SQLite's way to the disk, in the system's place.
+extern "C" int fdatasync(int /*file*/) { return ++waitsForTheDisk, 0; }
+
 namespace orvane::test { namespace {
 
 namespace fs = std::filesystem;
@@ -92,6 +97,13 @@ TEST_F(SqliteDefaultsTest, HoldTheContractAsTheFakeDoes) {
   expectContract(settings);
   MemoryDefaults fake;
   expectContract(fake);
+}
+
+TEST_F(SqliteDefaultsTest, TheFirstStartDoesNotWaitForTheDisk) {
+  waitsForTheDisk = 0;
+  SqliteDefaults defaults(file);
+  defaults.setBoolean("boolean", true);
+  EXPECT_EQ(waitsForTheDisk, 0);
 }
 
 TEST_F(SqliteDefaultsTest, EverythingIsThereAfterARestart) {
