@@ -7,12 +7,13 @@
 #include <QStyleOptionButton>
 #include <QStylePainter>
 #include <algorithm>
+#include <chrono>
 #include "platform/desktop/symbols.h"
 #include "shell/views/theme.h"
 
 namespace orvane {
 namespace {
-constexpr int stepsPerTurn = 12;
+constexpr int stepsPerTurn = 8;
 constexpr int degreesPerStep = 360 / stepsPerTurn;
 constexpr int symbolGap = 4;
 
@@ -152,10 +153,19 @@ void RefreshButton::keyPressEvent(QKeyEvent* event) {
 void RefreshButton::startOrStopMoving() {
   const bool animates = style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this) > 0;
   if (isBusy_ && isVisible() && animates) {
-    if (!timer_.isActive()) { timer_.start(theme::busyStepMilliseconds, this); }
+    if (!timer_.isActive()) { awaitNextStep(); }
   } else {
     timer_.stop();
   }
+}
+
+/// All indicators step at the same moments, so that several wake the machine no more than one.
+void RefreshButton::awaitNextStep() {
+  constexpr std::chrono::milliseconds length(theme::busyStepMilliseconds);
+  const auto now = std::chrono::floor<std::chrono::milliseconds>(
+      std::chrono::steady_clock::now().time_since_epoch());
+  step_ = static_cast<int>(now / length % stepsPerTurn);
+  timer_.start(static_cast<int>((length - now % length).count()), Qt::PreciseTimer, this);
 }
 
 void RefreshButton::paintEvent(QPaintEvent* event) {
@@ -194,7 +204,7 @@ void RefreshButton::timerEvent(QTimerEvent* event) {
     QPushButton::timerEvent(event);
     return;
   }
-  step_ = (step_ + 1) % stepsPerTurn;
+  awaitNextStep();
   update();
 }
 

@@ -50,6 +50,7 @@ class RefreshButton final : public TextButton, public SpokenWidget {
  private:
   void setBusy(bool busy);
   void startOrStopMoving();
+  void awaitNextStep();
   void drawSymbol();
   void drawLabelFromRight(QPainter& painter, const QColor& color) const;
 
