@@ -68,9 +68,11 @@ class ApplicationIconEngine final : public QIconEngine {
     return pixmap(size, mode, state);  // `size` already counts device pixels
   }
 
+  // Each window's start draws all of them for the window manager. What shows larger ones finds the
+  // drawing itself through the desktop's entry.
   QList<QSize> availableSizes(QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
     QList<QSize> sizes;
-    for (const int side : {16, 22, 24, 32, 48, 64, 128, 256}) {
+    for (const int side : {16, 22, 24, 32, 48, 64}) {
       sizes.append(QSize(side, side));
     }
     return sizes;
