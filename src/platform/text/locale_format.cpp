@@ -1,5 +1,6 @@
 #include "platform/text/locale_format.h"
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <initializer_list>
@@ -152,7 +153,8 @@ struct LocaleFormat::Formatters {
   std::unique_ptr<icu::DateFormat> shortTime;
   std::unique_ptr<icu::DateFormat> mediumDateShortTime;
   std::unique_ptr<icu::DateFormat> mediumDateUtc;
-  std::vector<std::unique_ptr<icu::DateFormat>> calendarUtc;  ///< by the part
+  icu::Locale dates;
+  std::array<std::unique_ptr<icu::DateFormat>, 3> calendarUtc;  ///< by the part, once it is needed
   UsersZone zone;
 
   void moveToUsersZone() {
@@ -180,9 +182,7 @@ LocaleFormat::LocaleFormat(const LocaleNames& names)
   made.mediumDateUtc.reset(
       DateFormat::createDateInstance(DateFormat::kMedium, withGregorianCalendar(dates)));
   if (made.mediumDateUtc) { made.mediumDateUtc->setTimeZone(*icu::TimeZone::getGMT()); }
-  for (const char* const parts : {"MMMd", "MMM", "y"}) {
-    made.calendarUtc.push_back(utcFormatter(dates, parts));
-  }
+  made.dates = dates;
 }
 
 LocaleFormat::~LocaleFormat() = default;
@@ -215,6 +215,11 @@ std::string LocaleFormat::mediumDateUtc(std::chrono::sys_seconds time) const {
 }
 
 std::string LocaleFormat::calendarUtc(CalendarPart part, std::chrono::sys_seconds time) const {
-  return formatted(formatters_->calendarUtc.at(static_cast<std::size_t>(part)), milliseconds(time));
+  constexpr std::array skeletons{"MMMd", "MMM", "y"};
+  const auto index = static_cast<std::size_t>(part);
+  auto& format = formatters_->calendarUtc.at(index);
+  // The patterns of a locale are looked through for it, which takes as long as all else here.
+  if (!format) { format = utcFormatter(formatters_->dates, skeletons.at(index)); }
+  return formatted(format, milliseconds(time));
 }
 }  // namespace orvane
