@@ -1,15 +1,20 @@
 #include "platform/network/qt_network_watch.h"
+#include <QTimer>
 #include <utility>
 
 namespace orvane {
-QtNetworkWatch::QtNetworkWatch() {
+QtNetworkWatch::QtNetworkWatch(std::chrono::milliseconds delay) {
+  QTimer::singleShot(delay, &receiver_, [this] { begin(); });
+}
+
+void QtNetworkWatch::begin() {
   if (!QNetworkInformation::loadBackendByFeatures(QNetworkInformation::Feature::Reachability)) {
     return;
   }
   const QNetworkInformation* const network = QNetworkInformation::instance();
-  known_ = network->reachability();
   QObject::connect(network, &QNetworkInformation::reachabilityChanged, &receiver_,
                    [this](Reachability now) { notice(now); });
+  notice(network->reachability());  // it may have come back before
 }
 
 // The values are in the order of how far one gets. A rise from a site to the internet is one more

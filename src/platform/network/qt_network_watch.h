@@ -2,6 +2,7 @@
 
 #include <QNetworkInformation>
 #include <QObject>
+#include <chrono>
 #include "platform/network/network_watch.h"
 
 namespace orvane {
@@ -9,7 +10,9 @@ namespace orvane {
 /// its service. Lives on the main thread, after the QCoreApplication's construction.
 class QtNetworkWatch final : public NetworkWatch {
  public:
-  QtNetworkWatch();
+  /// Begins so much later: finding the plugins takes as long as painting a window that is about to
+  /// appear.
+  explicit QtNetworkWatch(std::chrono::milliseconds delay = std::chrono::seconds(1));
 
   [[nodiscard]] Registration onReachable(std::function<void()> listener) override {
     return reachable_.subscribe(std::move(listener));
@@ -18,6 +21,7 @@ class QtNetworkWatch final : public NetworkWatch {
  private:
   using Reachability = QNetworkInformation::Reachability;
 
+  void begin();
   void notice(Reachability now);
 
   Reachability known_ = Reachability::Unknown;
