@@ -66,9 +66,12 @@ int widthWithEqualDigits(const QFont& font, const QString& text) {
 void drawWithEqualDigits(QPainter& painter, const QRect& box, const QString& text,
                          Qt::Alignment alignment) {
   const auto font = painter.font();
-  const QFontMetrics metrics(font);
-  const int paddings = widthWithEqualDigits(font, text) - metrics.horizontalAdvance(text);
-  const auto shown = metrics.elidedText(text, Qt::ElideRight, box.width() - paddings);
+  auto shown = text;
+  if (const int wanted = widthWithEqualDigits(font, text); wanted > box.width()) {
+    const QFontMetrics metrics(font);
+    const int paddings = wanted - metrics.horizontalAdvance(text);
+    shown = metrics.elidedText(text, Qt::ElideRight, box.width() - paddings);
+  }
   QTextOption option(alignment | Qt::AlignAbsolute);
   option.setTextDirection(Qt::LayoutDirectionAuto);
   option.setWrapMode(QTextOption::NoWrap);
