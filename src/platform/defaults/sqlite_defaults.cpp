@@ -139,6 +139,7 @@ SettingsState SqliteDefaults::openForWriting(int longestWait) {
   } else if (state == SettingsState::usable) {
     writeAhead(connection.get());
     sqlite3_busy_timeout(connection.get(), longestWaitInMilliseconds);
+    sqlite3_db_release_memory(connection.get());  // the pages of the one reading
     connection_ = std::move(connection);
     take(std::move(values));
   }

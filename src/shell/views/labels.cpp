@@ -8,6 +8,7 @@
 #include <QUrl>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <map>
 #include <memory>
 #include "platform/desktop/symbols.h"
 #include "platform/text/unicode.h"
@@ -34,6 +35,35 @@ bool isIsolate(QChar character) {
 bool isTemporary(Qt::FocusReason reason) {
   return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
 }
+
+/// Takes the width that its place has. As a window comes up, layouts ask for the height at the same
+/// few widths again and again, and Qt would lay the text out each time.
+class WrappingLabel final : public TextLabel {
+ public:
+  WrappingLabel(const QString& text, theme::TextStyle style, theme::TextColor color,
+                QWidget* parent)
+      : TextLabel(text, style, color, parent) {
+    setWordWrap(true);
+  }
+
+  [[nodiscard]] int heightForWidth(int width) const override {
+    if (heights_.size() > mostHeights || text() != measuredText_ || font() != measuredFont_) {
+      heights_.clear();
+      measuredText_ = text();
+      measuredFont_ = font();
+    }
+    const auto [known, isNew] = heights_.try_emplace(width);
+    if (isNew) { known->second = TextLabel::heightForWidth(width); }
+    return known->second;
+  }
+
+ private:
+  static constexpr std::size_t mostHeights = 16;
+
+  mutable QString measuredText_;
+  mutable QFont measuredFont_;
+  mutable std::map<int, int> heights_;  ///< of that text in that font, by the width
+};
 }  // namespace
 
 TextLabel::TextLabel(theme::TextStyle style, theme::TextColor color, QWidget* parent)
@@ -151,9 +181,7 @@ void TextLabel::applyColor() {
 
 TextLabel* wrappingText(const QString& text, theme::TextStyle style, theme::TextColor color,
                         QWidget* parent) {
-  auto* const label = new TextLabel(text, style, color, parent);
-  label->setWordWrap(true);
-  return label;
+  return new WrappingLabel(text, style, color, parent);
 }
 
 QSize FigureLabel::sizeHint() const {
