@@ -117,7 +117,10 @@ TEST_F(NotifierTest, TheFigureInTheSmallestIconIsOfWholePixels) {
 
 TEST_F(NotifierTest, AnIndicatorServiceThatComesLaterGetsFiles) {
   const QDir runtime(qEnvironmentVariable("XDG_RUNTIME_DIR"));
-  ASSERT_TRUE(runtime.mkpath("orvane-status-999999999") && runtime.mkpath("orvane-status-1"));
+  const auto fromBefore =
+      QStringLiteral("orvane-status-%1/9").arg(QCoreApplication::applicationPid());
+  ASSERT_TRUE(runtime.mkpath("orvane-status-999999999") && runtime.mkpath("orvane-status-1") &&
+              runtime.mkpath(fromBefore));
   createRegisteredItem();
   const QString before = host->registered.takeLast();
   EXPECT_TRUE(before.startsWith(u':')) << "GNOME may lose an item that has a name";
@@ -125,6 +128,7 @@ TEST_F(NotifierTest, AnIndicatorServiceThatComesLaterGetsFiles) {
   ASSERT_TRUE(isRegistered());
   EXPECT_FALSE(host->connection.interface()->isServiceRegistered(before)) << "a ghost";
   EXPECT_FALSE(runtime.exists("orvane-status-999999999")) << "its process has ended";
+  EXPECT_FALSE(runtime.exists(fromBefore)) << "a sandbox gives each process the same number";
   EXPECT_TRUE(runtime.exists("orvane-status-1"));
 
   std::vector<QFileInfo> files;

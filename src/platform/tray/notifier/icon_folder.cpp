@@ -13,15 +13,17 @@ namespace orvane {
 namespace {
 const auto folderPrefix = QStringLiteral("orvane-status-");
 
-bool isRunning(qint64 process) {
-  return kill(static_cast<pid_t>(process), 0) == 0 || errno == EPERM;
+/// Another process; one with our number had it before us, as in a sandbox, where they begin anew.
+bool isAnother(qint64 process) {
+  return process != QCoreApplication::applicationPid() &&
+         (kill(static_cast<pid_t>(process), 0) == 0 || errno == EPERM);
 }
 
 void removeLeftovers(const QDir& runtime) {
   for (const auto& name : runtime.entryList({folderPrefix + u'*'}, QDir::Dirs)) {
     bool isNumber = false;
     const auto process = name.mid(folderPrefix.size()).toLongLong(&isNumber);
-    if (isNumber && process > 0 && !isRunning(process)) {
+    if (isNumber && process > 0 && !isAnother(process)) {
       QDir(runtime.filePath(name)).removeRecursively();
     }
   }
