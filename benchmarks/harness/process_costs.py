@@ -118,11 +118,18 @@ def memory(setting):
 
 
 def neighbour(command, times):
-    """The PSS of a program that lives in the tray, as it is without a window of its own."""
+    """The PSS of a program that lives in the tray, started without a window of its own."""
     tell("measuring", command)
     sizes = []
     for _ in range(times):
-        with Tray(), empty_home() as home, Process([command], **home) as program:
-            time.sleep(4)
-            sizes.append(program.memory("Pss"))
+        with empty_home() as home:
+            settings = pathlib.Path(home["XDG_CONFIG_HOME"], "keepassxc/keepassxc.ini")
+            settings.parent.mkdir()
+            settings.write_text("[GUI]\nShowTrayIcon=true\nMinimizeToTray=true\n"
+                                "MinimizeOnStartup=true\n")
+            with Tray(), Process([command], **home) as program:
+                time.sleep(4)
+                if program.window():
+                    raise RuntimeError(f"{command} has a window")
+                sizes.append(program.memory("Pss"))
     return sizes
