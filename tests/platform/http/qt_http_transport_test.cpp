@@ -267,6 +267,13 @@ TEST_F(QtHttpTransportTest, WhatIsNotTrustedOrCannotBeSentFailsAndSendsNoRequest
   expectFailure(get({.url = otherName}), HttpFailure::other);  // but the same machine
   expectFailure(get({.url = tipRequest.url, .headers = {{"X", "a\r\nY: b"}}}), HttpFailure::other);
   expectFailure(get({.url = "http://" + host}), HttpFailure::invalidUrl);
+  QtHttpTransport without({.extraCaFile = {}, .resolver = [](const QUrl&) {
+                             return Proxies{QNetworkProxy(QNetworkProxy::FtpCachingProxy)};
+                           }});
+  EXPECT_LT(
+      timeOf([&] { expectFailure(run(without.get(tipRequest)), HttpFailure::cannotFindHost); }),
+      10s)
+      << "no proxy that carries it";
   EXPECT_TRUE(local.requests().empty());
 }
 

@@ -81,6 +81,7 @@ TEST_F(NotifierTest, GnomesPanelIsDarkWhateverTheUserPrefersForWindows) {
 TEST_F(NotifierTest, GnomeWritesTheTextBesideASymbolThatStays) {
   createRegisteredItem("GNOME");
   EXPECT_EQ(host->text("XAyatanaLabel"), "12,345 sats");
+  EXPECT_EQ(host->allProperties()["XAyatanaLabelGuide"], "12,345 sats");
   ASSERT_TRUE(hears("XAyatanaNewLabel", [this] { showText("99,999 sats"); }));
   EXPECT_EQ(host->text("XAyatanaLabel"), "99,999 sats");
   EXPECT_FALSE(host->signalsHeard.contains("NewIcon")) << "it has no figure of its own";

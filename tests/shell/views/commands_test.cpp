@@ -85,6 +85,7 @@ TEST_F(CommandsTest, AnAcceptedAddressStandsInItsFieldAsItIsKept) {
 TEST_F(CommandsTest, RowsOfTheHistoryAreCopiedAndAllAreSavedOrTheFailureTold) {
   show(everything());
   auto& table = *find<QTableView>("Daily history");
+  EXPECT_EQ(table.contextMenuPolicy(), Qt::ActionsContextMenu);
   const auto copied = [&] {
     return QGuiApplication::clipboard()->text().split(u'\n', Qt::SkipEmptyParts);
   };
