@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPixmapCache>
 #include <QRadioButton>
 #include <QStyleOptionButton>
 #include <QStylePainter>
@@ -17,16 +18,35 @@ constexpr int stepsPerTurn = 8;
 constexpr int degreesPerStep = 360 / stepsPerTurn;
 constexpr int symbolGap = 4;
 
-void drawBusyIndicator(QPainter& painter, const QRect& around, const QColor& color, int step) {
-  const int size = theme::grown(theme::busyIndicatorSize) - 2;
-  QRectF circle(0, 0, size, size);
-  circle.moveCenter(QRectF(around).center());
+QPixmap drawnBusyIndicator(int size, const QColor& color, int step, double scale) {
+  QPixmap pixmap(QSize(size, size) * scale);
+  pixmap.setDevicePixelRatio(scale);
+  pixmap.fill(Qt::transparent);
+  QPainter painter(&pixmap);
   painter.setRenderHint(QPainter::Antialiasing);
+  const QRectF circle(1, 1, size - 2, size - 2);
   painter.setPen(QPen(theme::withOpacity(color, 0.2), 2));
   painter.drawEllipse(circle);
   painter.setPen(QPen(color, 2, Qt::SolidLine, Qt::RoundCap));
   constexpr int sixteenths = 16;
   painter.drawArc(circle, (90 - step * degreesPerStep) * sixteenths, -100 * sixteenths);
+  return pixmap;
+}
+
+/// Each step is drawn once: Qt fills a circle on threads of its own, which would wake with each.
+QPixmap busyIndicator(const QColor& color, int step, double scale) {
+  const int size = theme::grown(theme::busyIndicatorSize);
+  const auto key = QStringLiteral("orvane/busy/%1/%2/%3/%4")
+                       .arg(size)
+                       .arg(color.rgba(), 0, 16)
+                       .arg(step)
+                       .arg(scale);
+  QPixmap pixmap;
+  if (!QPixmapCache::find(key, &pixmap)) {
+    pixmap = drawnBusyIndicator(size, color, step, scale);
+    QPixmapCache::insert(key, pixmap);
+  }
+  return pixmap;
 }
 
 constexpr int trackHeight = theme::controlHeight;
@@ -183,7 +203,10 @@ void RefreshButton::paintEvent(QPaintEvent* event) {
   painter.drawControl(QStyle::CE_PushButton, option);
   const auto color = palette().color(QPalette::Active, QPalette::ButtonText);
   if (isBusy_) {
-    drawBusyIndicator(painter, rect(), color, step_);
+    const auto indicator = busyIndicator(color, step_, devicePixelRatioF());
+    QRectF place({}, indicator.deviceIndependentSize());
+    place.moveCenter(QRectF(rect()).center());
+    painter.drawPixmap(place.topLeft(), indicator);
   } else {
     drawLabelFromRight(painter, color);
   }

@@ -132,8 +132,7 @@ class FigureCellDelegate final : public QStyledItemDelegate {
                                const QModelIndex& index) const override {
     const int dot = index.data(dotColorRole).isValid() ? dotWidth() : 0;
     const int text = widthWithEqualDigits(option.font, index.data().toString());
-    return {text + paddingOf(index).sum() + dot,
-            QStyledItemDelegate::sizeHint(option, index).height()};
+    return {text + paddingOf(index).sum() + dot, option.fontMetrics.height()};
   }
 
   /// A text that does not fit shows itself whole.

@@ -53,7 +53,7 @@ inline constexpr int buttonPadding = 10;  ///< beside a button's text, at least
 inline constexpr int scrollBarWidth = 12;
 inline constexpr int symbolSize = 14;
 inline constexpr int busyIndicatorSize = 14;
-inline constexpr int busyStepMilliseconds = 200;  ///< each wakes the machine
+inline constexpr int busyStepMilliseconds = 250;  ///< each wakes the machine
 
 inline constexpr int appIconSize = 82;
 inline constexpr int aboutWidth = 470;
