@@ -46,6 +46,9 @@ class FakeHost final : public QObject {
     }
   }
   ~FakeHost() override {
+    // At once: the bus would learn of the end of a connection after a successor's wish for the
+    // name.
+    connection.unregisterService(QLatin1String(NotifierItem::watcherName));
     watcher_.reset();
     QDBusConnection::disconnectFromBus(name_);
   }
