@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <map>
 #include <memory>
+#include <tuple>
 #include "platform/desktop/symbols.h"
 #include "platform/text/unicode.h"
 #include "shell/views/flow_layout.h"
@@ -47,10 +48,10 @@ class WrappingLabel final : public TextLabel {
   }
 
   [[nodiscard]] int heightForWidth(int width) const override {
-    if (heights_.size() > mostHeights || text() != measuredText_ || font() != measuredFont_) {
+    const std::tuple now(text(), font(), devicePixelRatioF());
+    if (heights_.size() > mostHeights || now != measured_) {
       heights_.clear();
-      measuredText_ = text();
-      measuredFont_ = font();
+      measured_ = now;
     }
     const auto [known, isNew] = heights_.try_emplace(width);
     if (isNew) { known->second = TextLabel::heightForWidth(width); }
@@ -60,9 +61,8 @@ class WrappingLabel final : public TextLabel {
  private:
   static constexpr std::size_t mostHeights = 16;
 
-  mutable QString measuredText_;
-  mutable QFont measuredFont_;
-  mutable std::map<int, int> heights_;  ///< of that text in that font, by the width
+  mutable std::tuple<QString, QFont, double> measured_;  ///< the font's pixels depend on the screen
+  mutable std::map<int, int> heights_;                   ///< of that, by the width
 };
 }  // namespace
 
