@@ -44,7 +44,8 @@ close_window() { # close_window TITLE
   within 5 not sees "$1"
 }
 
-# show_with BUTTON NAME: what pressing it on the item brings, "window", "menu" or "nothing".
+# show_with BUTTON NAME: what pressing it on the item brings, "window", "menu", "the panel's menu" or
+# "nothing".
 show_with() {
   local size
   point_at 700 700
@@ -57,12 +58,16 @@ show_with() {
     echo window
   elif size=$(look popup "$pictures/before-click.png" "$pictures/$2.png" "$edge" "$center_x" "$center_y") &&
       [ "${size% *}" -gt 90 ] && [ "${size#* }" -gt 90 ]; then
-    echo menu
+    if [ "$(popup_rows "$2")" -ge 6 ]; then echo menu; else echo "the panel's menu"; fi
     press Escape
   else
     echo nothing
   fi
   sleep 0.5
+}
+
+popup_rows() { # popup_rows PICTURE: a panel's own menus are shorter than the program's
+  look rows "$pictures/before-click.png" "$pictures/$1.png" "$edge" "$center_x" "$center_y" | wc -l
 }
 
 check_clicks() {
