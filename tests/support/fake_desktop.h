@@ -121,6 +121,7 @@ struct FakeStatusItemState {
   std::optional<Menu> menu;
   std::optional<Menu> poppedUp;  ///< the menu that the last click showed
   int draws = 0;
+  int menuNotices = 0;
   StatusItem::Action action;
   bool hasHost = true;
 };
@@ -143,6 +144,7 @@ class FakeStatusItem final : public StatusItem {
   void setToolTip(const std::string& text) override { state_.toolTip = text; }
   void setAction(Action action) override { state_.action = std::move(action); }
   void setMenu(std::optional<Menu> menu) override { state_.menu = std::move(menu); }
+  void noticeMenu() override { ++state_.menuNotices; }
   void performClick() override { state_.poppedUp = state_.menu; }
   [[nodiscard]] bool hasHost() const override { return state_.hasHost; }
 

@@ -103,6 +103,7 @@ class DesktopStatusItem final : public StatusItem {
 
   void setAction(Action action) override { action_ = std::move(action); }
   void setMenu(std::optional<Menu> menu) override { menu_ = std::move(menu); }
+  void noticeMenu() override { showSoon(); }
 
   void performClick() override {
     if (takingMenu_) {

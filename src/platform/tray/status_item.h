@@ -50,6 +50,8 @@ class StatusItem {
   virtual void setToolTip(const std::string& text) = 0;
   virtual void setAction(Action action) = 0;
   virtual void setMenu(std::optional<Menu> menu) = 0;
+  /// The rows of the menu may be others than before: a host that keeps a copy is told.
+  virtual void noticeMenu() = 0;
   /// Shows the menu that is set.
   virtual void performClick() = 0;
 

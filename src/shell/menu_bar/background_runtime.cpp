@@ -49,6 +49,7 @@ void BackgroundRuntime::attachMainWindow(const std::string& title) {
 void BackgroundRuntime::updateStatus(bool working, const std::string& status, bool alert) {
   ensureStatusItem();
   if (displayedWorking_ == working && displayedStatus_ == status && displayedAlert_ == alert) {
+    if (statusItem_) { statusItem_->noticeMenu(); }
     return;
   }
   displayedWorking_ = working;

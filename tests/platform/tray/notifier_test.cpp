@@ -213,6 +213,7 @@ TEST_F(MenuExportTest, IsBuiltAfreshByWhateverComesBeforeItIsShown) {
       {"opened", [&] { sendEvent(0, "opened"); }},
       {"GetLayout", [&] { static_cast<void>(host->layout()); }},
       {"another tool tip", [&] { item->setToolTip("for hosts that announce nothing"); }},
+      {"a notice", [&] { item->noticeMenu(); }},
   };
   for (const auto& [name, happen] : occasions) {
     menu = sample(name);

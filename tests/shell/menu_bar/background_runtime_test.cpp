@@ -142,6 +142,15 @@ TEST_F(BackgroundRuntimeTest, ARightClickShowsTheMenuAndTakesItAwayAgain) {
   EXPECT_EQ(log, CallLog());
 }
 
+// An address that came between two equal states had its row in the menu half a minute late.
+TEST_F(BackgroundRuntimeTest, AnEqualStateIsNotDrawnAgainButTheMenuIsLookedAt) {
+  runtime->updateStatus(true, "Balance", false);
+  const int draws = statusBar.item.draws;
+  runtime->updateStatus(true, "Balance", false);
+  EXPECT_EQ(statusBar.item.draws, draws);
+  EXPECT_EQ(statusBar.item.menuNotices, 1);
+}
+
 TEST_F(BackgroundRuntimeTest, NothingOfItRemainsAfterItsEndAndCallbacksDoNothing) {
   runtime->updateStatus(true, "Balance", false);
   const auto action = statusBar.item.action;

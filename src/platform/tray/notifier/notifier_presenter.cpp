@@ -43,7 +43,10 @@ NotifierPresenter::NotifierPresenter(Presentation presentation, Executor& execut
 NotifierPresenter::~NotifierPresenter() = default;
 
 void NotifierPresenter::show(const StatusContent& content) {
-  if (content_ == content) { return; }
+  if (content_ == content) {
+    if (menu_) { menu_->contentMayHaveChanged(); }
+    return;
+  }
   content_ = content;
   const auto before = std::exchange(state_, stateFor(content));
   if (!item_) {
