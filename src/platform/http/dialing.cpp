@@ -45,8 +45,8 @@ void Dialing::begin() {
   } else if (proxy_->type() != QNetworkProxy::NoProxy || !QHostAddress(host_).isNull()) {
     tryHost(host_);
   } else {
-    lookup_ = QHostInfo::lookupHost(host_, &receiver_,
-                                    [this](const QHostInfo& found) { lookedUp(found); });
+    // By the slot's name: Qt 6.4 loses a function object whose look-up is given up.
+    lookup_ = QHostInfo::lookupHost(host_, this, SLOT(lookedUp(QHostInfo)));
   }
 }
 

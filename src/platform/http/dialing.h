@@ -21,7 +21,9 @@ namespace orvane {
 /// Of several addresses the next is tried when the one before has failed, or has been silent for a
 /// quarter of a second (RFC 8305): a network whose IPv6 leads nowhere is not waited for. The first
 /// that answers is taken, the others are dropped.
-class Dialing {
+class Dialing final : public QObject {
+  Q_OBJECT
+
  public:
   struct Listener {
     std::function<void(std::unique_ptr<QSslSocket>)> connected;
@@ -34,13 +36,15 @@ class Dialing {
   Dialing(const Dialing&) = delete;
   Dialing& operator=(const Dialing&) = delete;
   /// Gives up what is under way.
-  ~Dialing();
+  ~Dialing() override;
 
   /// The listener may hear of a failure before this returns.
   void begin();
 
- private:
+ private Q_SLOTS:
   void lookedUp(const QHostInfo& found);
+
+ private:
   void tryNext();
   void tryHost(const QString& hostOrAddress);
   void taken(QSslSocket& socket);
