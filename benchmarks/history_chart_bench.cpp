@@ -1,7 +1,6 @@
 // What it costs to draw twenty years of the daily history. A frame is 16.7 ms; the pointer moving
 // along the days draws one after the other.
 
-#include <QApplication>
 #include <QImage>
 #include <QPainter>
 #include <vector>
@@ -44,10 +43,3 @@ BENCHMARK_CAPTURE(paint, twenty_years, HistorySpan::all, 1)->Unit(benchmark::kMi
 BENCHMARK_CAPTURE(paint, twenty_years_at_2x, HistorySpan::all, 2)->Unit(benchmark::kMillisecond);
 
 }}  // namespace orvane::bench
-
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication application(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-}

@@ -101,7 +101,7 @@ def records(setting):
 
 
 def screen(setting):
-    runs = Runs().add_benchmarks(setting, "views_bench")
+    runs = Runs().add_benchmarks(setting, "views_bench", "^(update|repaint)/")
     yield from runs.figures("update", "announcement to repainted window", TO_SCREEN)
 
 

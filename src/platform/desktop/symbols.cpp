@@ -83,10 +83,8 @@ class ApplicationIconEngine final : public QIconEngine {
 };
 }  // namespace
 
-bool hasSymbol(const QString& name) { return QFile::exists(symbolPath(name)); }
-
-QPixmap symbolPixmap(const QString& name, int size, const QColor& color, qreal devicePixelRatio) {
-  if (size <= 0 || !hasSymbol(name)) { return {}; }
+QPixmap keptDrawing(const QString& name, int size, const QColor& color, qreal devicePixelRatio,
+                    const std::function<QPixmap()>& draw) {
   const auto key = QStringLiteral("orvane/%1/%2/%3/%4")
                        .arg(name)
                        .arg(size)
@@ -94,10 +92,18 @@ QPixmap symbolPixmap(const QString& name, int size, const QColor& color, qreal d
                        .arg(devicePixelRatio);
   QPixmap pixmap;
   if (!QPixmapCache::find(key, &pixmap)) {
-    pixmap = drawSymbol(symbolPath(name), size, color, devicePixelRatio);
+    pixmap = draw();
     QPixmapCache::insert(key, pixmap);
   }
   return pixmap;
+}
+
+bool hasSymbol(const QString& name) { return QFile::exists(symbolPath(name)); }
+
+QPixmap symbolPixmap(const QString& name, int size, const QColor& color, qreal devicePixelRatio) {
+  if (size <= 0 || !hasSymbol(name)) { return {}; }
+  return keptDrawing(name, size, color, devicePixelRatio,
+                     [&] { return drawSymbol(symbolPath(name), size, color, devicePixelRatio); });
 }
 
 qreal symbolAspectRatio(const QString& name) {

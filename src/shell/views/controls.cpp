@@ -3,7 +3,6 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QPixmapCache>
 #include <QRadioButton>
 #include <QStyleOptionButton>
 #include <QStylePainter>
@@ -36,17 +35,8 @@ QPixmap drawnBusyIndicator(int size, const QColor& color, int step, double scale
 /// Each step is drawn once: Qt fills a circle on threads of its own, which would wake with each.
 QPixmap busyIndicator(const QColor& color, int step, double scale) {
   const int size = theme::grown(theme::busyIndicatorSize);
-  const auto key = QStringLiteral("orvane/busy/%1/%2/%3/%4")
-                       .arg(size)
-                       .arg(color.rgba(), 0, 16)
-                       .arg(step)
-                       .arg(scale);
-  QPixmap pixmap;
-  if (!QPixmapCache::find(key, &pixmap)) {
-    pixmap = drawnBusyIndicator(size, color, step, scale);
-    QPixmapCache::insert(key, pixmap);
-  }
-  return pixmap;
+  return keptDrawing(QStringLiteral("busy/%1").arg(step), size, color, scale,
+                     [&] { return drawnBusyIndicator(size, color, step, scale); });
 }
 
 constexpr int trackHeight = theme::controlHeight;
