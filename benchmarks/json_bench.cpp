@@ -1,4 +1,4 @@
-// What our own tree costs, beside the bare tree of the library whose parser feeds it.
+// What our own tree costs, beside the bare tree of nlohmann-json.
 
 #include <string>
 #include <benchmark/benchmark.h>

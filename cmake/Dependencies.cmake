@@ -6,6 +6,7 @@ find_package(fmt REQUIRED)
 find_package(SQLite3 REQUIRED)
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Network DBus Gui Widgets Svg)
 pkg_check_modules(LIBSECRET REQUIRED IMPORTED_TARGET libsecret-1)
+pkg_check_modules(SIMDJSON REQUIRED IMPORTED_TARGET simdjson)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb)
 
 if(ORVANE_BUILD_TESTS OR ORVANE_BUILD_DEMO)

@@ -14,7 +14,7 @@ from setting import tell
 from table import Figure, Sample
 
 # What others of the same document stand beside, and what we aim for there.
-MEASURES = {"libraryTree": ("the JSON library's tree", "0.5 of it"),
+MEASURES = {"libraryTree": ("nlohmann-json's tree", "0.5 of it"),
             "simdjson": ("simdjson's tree", ""),
             "jq": ("jq doing the same", "0.1 of it"),
             "repaint": ("a repaint without new data", "16.7 ms")}

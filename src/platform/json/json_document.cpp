@@ -1,14 +1,22 @@
 #include "platform/json/json_document.h"
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 #include <string>
 #include <utility>
 #include <vector>
-#include <nlohmann/json.hpp>
+#include <locale.h>
+#include <simdjson.h>
+
+// The parser first notes where in the text each token starts, and then gives the values one after
+// the other, as they are asked for. It checks only what it is asked for. So everything is asked for
+// here, once and in the order of the text: when the tree is there, the whole text has been checked.
 
 namespace orvane {
-/// A stretch of a tree's text pool.
+namespace ondemand = simdjson::ondemand;
+
+/// A stretch of a tree's text.
 struct JsonSpan {
   std::uint32_t offset;
   std::uint32_t length;
@@ -32,14 +40,14 @@ struct JsonNode {
   JsonType type;
 };
 
-/// A whole document in two blocks of memory. There is nothing recursive in it, so neither its size
-/// nor its depth matters to the stack.
+/// A whole document in two blocks of memory. There is nothing recursive in it, so its size does not
+/// matter to the stack.
 struct JsonTree {
+  std::string text;  ///< names and texts lie where they stand, with their escapes written out
   std::vector<JsonNode> nodes;
-  std::string pool;  ///< all names and texts, one after the other
 
   [[nodiscard]] std::string_view view(JsonSpan span) const {
-    return std::string_view(pool).substr(span.offset, span.length);
+    return std::string_view(text).substr(span.offset, span.length);
   }
 };
 
@@ -50,124 +58,266 @@ constexpr std::size_t maximumDepth = 512;
 constexpr std::uint32_t mostEntries = 100'000;
 constexpr std::size_t mostValues = 2'000'000;
 
-// Offsets and node indices have 32 bits; no text yields more nodes than it has characters.
-constexpr std::size_t maximumTextSize = std::numeric_limits<std::uint32_t>::max() - 1;
+// Of a value these are five at the most: its name and a colon, two brackets, a comma.
+constexpr std::size_t mostTokens = 5 * mostValues;
+
+// Lengths and node indices have 32 bits, and so has what the parser allocates by.
+constexpr std::size_t maximumTextSize = std::numeric_limits<std::uint32_t>::max() / 2;
 
 // Both ends of the range of int64 as doubles. The upper one is the first value beyond the range.
 constexpr double integerMinimum = -0x1p63;
 constexpr double integerLimit = 0x1p63;
 
-bool isWrittenAsInteger(std::string_view number) {
-  return std::ranges::all_of(number, [](char c) { return c == '-' || (c >= '0' && c <= '9'); });
+constexpr std::string_view whiteSpace = " \n\r\t";
+
+/// Whether the first character of `rest` is one of `characters`; takes it away then.
+bool takeOneOf(std::string_view characters, std::string_view& rest) {
+  const bool isThere = !rest.empty() && characters.contains(rest.front());
+  rest.remove_prefix(isThere ? 1 : 0);
+  return isThere;
 }
 
-/// Receives the parser's events and appends the nodes they stand for. Every event answers whether
-/// to go on.
-class TreeBuilder final : public nlohmann::json_sax<nlohmann::json> {
+bool takeDigits(std::string_view& rest) {
+  const bool isThere = takeOneOf("0123456789", rest);
+  rest.remove_prefix(std::min(rest.find_first_not_of("0123456789"), rest.size()));
+  return isThere;
+}
+
+bool isNumber(std::string_view rest) {
+  takeOneOf("-", rest);
+  if (!takeOneOf("0", rest) && !takeDigits(rest)) { return false; }
+  if (takeOneOf(".", rest) && !takeDigits(rest)) { return false; }
+  if (takeOneOf("eE", rest)) {
+    takeOneOf("+-", rest);
+    if (!takeDigits(rest)) { return false; }
+  }
+  return rest.empty();
+}
+
+/// The double nearest to any number but a whole one of 64 bits. The parser's own reading is exact
+/// up to 19 digits. Of longer numbers version 3.0 makes others (of 0.0000922337203685477580800000
+/// it makes 0), and 3.12 still refuses a zero with a long exponent.
+std::optional<double> readNumber(ondemand::value& value, std::string_view written) {
+  constexpr std::size_t mostExactDigits = 19;
+  double nearest = 0;
+  if (written.size() <= mostExactDigits) {
+    return value.get_double().get(nearest) ? std::nullopt : std::optional(nearest);
+  }
+  if (!isNumber(written)) { return std::nullopt; }
+  static const locale_t withDecimalPoint = newlocale(LC_ALL_MASK, "C", nullptr);
+  nearest = strtod_l(std::string(written).c_str(), nullptr, withDecimalPoint);
+  return std::isfinite(nearest) ? std::optional(nearest) : std::nullopt;
+}
+
+/// Appends the nodes of values. Every step answers whether to go on. It calls itself for what is
+/// nested, and so no deeper than `maximumDepth`.
+class TreeBuilder {
  public:
-  explicit TreeBuilder(JsonTree& tree) : tree_(tree) {}
+  TreeBuilder(const ondemand::parser& parser, JsonTree& tree) : parser_(parser), tree_(tree) {}
 
-  bool null() override {
-    append(JsonType::null);
-    return fits();
-  }
-
-  bool boolean(bool value) override {
-    append(JsonType::boolean).boolean = value;
-    return fits();
-  }
-
-  bool number_integer(number_integer_t value) override {
-    append(JsonType::integer).integer = value;
-    return fits();
-  }
-
-  bool number_unsigned(number_unsigned_t value) override {
-    if (std::in_range<std::int64_t>(value)) {
-      append(JsonType::integer).integer = static_cast<std::int64_t>(value);
-    } else {
-      append(JsonType::number).number = static_cast<double>(value);
+  bool add(ondemand::value& value, JsonSpan name) {
+    std::vector<JsonNode>& nodes = tree_.nodes;
+    ondemand::json_type type;
+    if (nodes.size() == mostValues || value.type().get(type)) { return false; }
+    JsonNode& node = nodes.emplace_back();
+    node.name = name;
+    node.end = static_cast<std::uint32_t>(nodes.size());
+    switch (type) {
+      case ondemand::json_type::array:
+        return addElements(value);
+      case ondemand::json_type::object:
+        return addMembers(value);
+      case ondemand::json_type::number:
+        return addNumber(value, node);
+      case ondemand::json_type::string:
+        return addText(value, node);
+      case ondemand::json_type::boolean:
+        node.type = JsonType::boolean;
+        return !value.get_bool().get(node.boolean);
+      case ondemand::json_type::null:
+        node.type = JsonType::null;
+        return !value.is_null().get(node.boolean) && node.boolean;
+      default:
+        return false;  // later versions of the parser have a type for what is no value
     }
-    return fits();
-  }
-
-  // Digits alone arrive here only when they exceed 64 bits: rounding to a double must not bring
-  // such a number (-9223372036854775809) back into the range. The written form serves for nothing
-  // else, because the parser puts the C locale's decimal point into it.
-  bool number_float(number_float_t value, const string_t& written) override {
-    const bool isInRange = value >= integerMinimum && value < integerLimit;
-    if (isInRange && std::trunc(value) == value && !isWrittenAsInteger(written)) {
-      append(JsonType::integer).integer = static_cast<std::int64_t>(value);
-    } else {
-      append(JsonType::number).number = value;
-    }
-    return fits();
-  }
-
-  bool string(string_t& value) override {
-    const JsonSpan text = keep(value);
-    append(JsonType::text).text = text;
-    return fits();
-  }
-
-  // Only the binary formats of the parser have these.
-  bool binary(binary_t& /*value*/) override { return false; }
-
-  bool start_object(std::size_t /*size*/) override { return open(JsonType::object); }
-  bool end_object() override { return close(); }
-  bool start_array(std::size_t /*size*/) override { return open(JsonType::array); }
-  bool end_array() override { return close(); }
-
-  bool key(string_t& value) override {
-    name_ = keep(value);
-    return true;
-  }
-
-  bool parse_error(std::size_t /*position*/, const std::string& /*lastToken*/,
-                   const nlohmann::detail::exception& /*error*/) override {
-    return false;
   }
 
  private:
-  [[nodiscard]] bool fits() const {
-    return tree_.nodes.size() <= mostValues &&
-           (open_.empty() || tree_.nodes[open_.back()].childCount <= mostEntries);
-  }
-
-  JsonNode& append(JsonType type) {
-    if (!open_.empty()) { ++tree_.nodes[open_.back()].childCount; }
-    JsonNode& node = tree_.nodes.emplace_back();
-    node.name = std::exchange(name_, {});
-    node.end = static_cast<std::uint32_t>(tree_.nodes.size());
-    node.type = type;
-    return node;
-  }
-
-  bool open(JsonType type) {
-    if (open_.size() == maximumDepth) { return false; }
-    append(type).childCount = 0;
-    const bool isWithinLimits = fits();
-    open_.push_back(static_cast<std::uint32_t>(tree_.nodes.size() - 1));
-    return isWithinLimits;
-  }
-
-  bool close() {
-    tree_.nodes[open_.back()].end = static_cast<std::uint32_t>(tree_.nodes.size());
-    open_.pop_back();
+  bool addElements(ondemand::value& value) {
+    ondemand::array array;
+    if (depth_ == maximumDepth || value.get_array().get(array)) { return false; }
+    const std::size_t opened = open(JsonType::array);
+    std::uint32_t count = 0;
+    for (simdjson::simdjson_result<ondemand::value> next : array) {
+      ondemand::value element;
+      if (++count > mostEntries || next.get(element) || !add(element, {})) { return false; }
+    }
+    close(opened, count);
     return true;
   }
 
-  JsonSpan keep(std::string_view text) {
-    const JsonSpan span{.offset = static_cast<std::uint32_t>(tree_.pool.size()),
-                        .length = static_cast<std::uint32_t>(text.size())};
-    tree_.pool.append(text);
-    return span;
+  bool addMembers(ondemand::value& value) {
+    ondemand::object object;
+    if (depth_ == maximumDepth || value.get_object().get(object)) { return false; }
+    const std::size_t opened = open(JsonType::object);
+    std::uint32_t count = 0;
+    for (simdjson::simdjson_result<ondemand::field> next : object) {
+      ondemand::field member;
+      if (++count > mostEntries || std::move(next).get(member)) { return false; }
+      ondemand::value& content = member.value();
+      const auto name = keep(member.key(), content.raw_json_token());
+      if (!name || !add(content, *name)) { return false; }
+    }
+    close(opened, count);
+    return true;
   }
 
+  std::size_t open(JsonType type) {
+    ++depth_;
+    tree_.nodes.back().type = type;
+    return tree_.nodes.size() - 1;
+  }
+
+  void close(std::size_t opened, std::uint32_t count) {
+    --depth_;
+    tree_.nodes[opened].childCount = count;
+    tree_.nodes[opened].end = static_cast<std::uint32_t>(tree_.nodes.size());
+  }
+
+  /// Writes the escapes of the text out, in its own place, as it does not become longer. `behind`
+  /// is somewhere behind its closing quote and before the next one.
+  std::optional<JsonSpan> keep(ondemand::raw_json_string raw, std::string_view behind) {
+    std::string_view written(raw.raw(), static_cast<std::size_t>(behind.data() - raw.raw()));
+    written = written.substr(0, written.rfind('"'));
+    const auto offset = static_cast<std::size_t>(written.data() - tree_.text.data());
+    if (written.contains('\\')) {
+      unescaped_.resize(std::max(unescaped_.size(), written.size() + simdjson::SIMDJSON_PADDING));
+      std::uint8_t* end = unescaped_.data();
+      if (parser_.unescape(raw, end).get(written)) { return std::nullopt; }
+      std::ranges::copy(written, tree_.text.begin() + static_cast<std::ptrdiff_t>(offset));
+    }
+    return JsonSpan{.offset = static_cast<std::uint32_t>(offset),
+                    .length = static_cast<std::uint32_t>(written.size())};
+  }
+
+  static bool addNumber(ondemand::value& value, JsonNode& node) {
+    if (!value.get_int64().get(node.integer)) {
+      node.type = JsonType::integer;
+      return true;
+    }
+    std::string_view written = value.raw_json_token();
+    written = written.substr(0, written.find_last_not_of(whiteSpace) + 1);
+    const std::optional<double> nearest = readNumber(value, written);
+    if (!nearest) { return false; }
+    // Digits alone exceed the range here: rounding to a double must not bring such a number
+    // (-9223372036854775809) back into it.
+    if (*nearest >= integerMinimum && *nearest < integerLimit && std::trunc(*nearest) == *nearest &&
+        written.find_first_of(".eE") != std::string_view::npos) {
+      node.type = JsonType::integer;
+      node.integer = static_cast<std::int64_t>(*nearest);
+    } else {
+      node.type = JsonType::number;
+      node.number = *nearest;
+    }
+    return true;
+  }
+
+  bool addText(ondemand::value& value, JsonNode& node) {
+    const std::string_view written = value.raw_json_token();
+    ondemand::raw_json_string raw;
+    if (value.get_raw_json_string().get(raw)) { return false; }
+    const auto text = keep(raw, written.substr(written.size()));
+    node.type = JsonType::text;
+    node.text = text.value_or(JsonSpan{});
+    return text.has_value();
+  }
+
+  const ondemand::parser& parser_;
   JsonTree& tree_;
-  std::vector<std::uint32_t> open_;  ///< the containers around the next value, outermost first
-  JsonSpan name_ = {};               ///< the name of the next value
+  std::vector<std::uint8_t> unescaped_;
+  std::size_t depth_ = 0;  ///< of the containers around the next value
 };
+
+// The parser's notes take four bytes a token before it gives the first value, so a text of nothing
+// but tokens is refused before it notes any. Tokens are counted as it counts them, without a look
+// at grammar: marks (brackets, commas and colons) and the first characters of everything else.
+
+bool isMark(char c) {
+  c |= 0x20;  // makes braces of brackets, and marks of two control characters: so does the parser
+  return c == '{' || c == '}' || c == ',' || c == ':';
+}
+
+/// Whether a token starts with `c`, unless that is inside a text.
+bool startsToken(char before, char c) {
+  return isMark(c) || (!whiteSpace.contains(c) &&
+                       (isMark(before) || before == '"' || whiteSpace.contains(before)));
+}
+
+/// 1 for a character that is a token or may stand before one, else 0. Without branches, so that the
+/// compiler can look at many characters at once.
+std::uint8_t separates(unsigned char c) {
+  return std::uint8_t(c <= '"') | std::uint8_t(c == ',') | std::uint8_t(c == ':') |
+         std::uint8_t((c | 0x20) == '{') | std::uint8_t((c | 0x20) == '}');
+}
+
+/// Not less than the number of tokens, and fast.
+std::size_t mostTokensIn(std::string_view text) {
+  constexpr std::size_t blockSize = 255;  // what a byte can count
+  std::size_t separators = 0;
+  for (; !text.empty(); text.remove_prefix(std::min(blockSize, text.size()))) {
+    std::uint8_t inBlock = 0;
+    for (const char c : text.substr(0, blockSize)) {
+      inBlock += separates(static_cast<unsigned char>(c));
+    }
+    separators += inBlock;
+  }
+  return 2 * separators + 1;
+}
+
+bool hasTooManyTokens(std::string_view text) {
+  if (text.size() <= mostTokens || mostTokensIn(text) <= mostTokens) { return false; }
+  std::size_t count = 0;
+  bool isInText = false;
+  bool isEscaped = false;
+  char before = ' ';
+  for (const char c : text) {
+    if (!isInText && startsToken(before, c) && ++count > mostTokens) { return true; }
+    if (c == '"' && !isEscaped) { isInText = !isInText; }
+    isEscaped = c == '\\' && !isEscaped;
+    before = c;
+  }
+  return false;
+}
+
+/// The text as the element of an array: to the parser a number, a text or a word is then like any
+/// other value, also where the document is nothing else. Behind it is the room that it asks for.
+std::string asElement(std::string_view text) {
+  std::string array;
+  array.reserve(text.size() + 2 + simdjson::SIMDJSON_PADDING);
+  array += '[';
+  array += text;
+  array += ']';
+  array.append(simdjson::SIMDJSON_PADDING, ' ');
+  return array;
+}
+
+/// Makes the nodes of `tree` from its text, unless that is not an array with one element.
+bool buildNodes(JsonTree& tree) {
+  const simdjson::padded_string_view array(
+      tree.text.data(), tree.text.size() - simdjson::SIMDJSON_PADDING, tree.text.size());
+  ondemand::parser parser;
+  ondemand::document document;
+  ondemand::array elements;
+  if (parser.iterate(array).get(document) || document.get_array().get(elements)) { return false; }
+  TreeBuilder builder(parser, tree);
+  std::size_t count = 0;
+  for (simdjson::simdjson_result<ondemand::value> next : elements) {
+    ondemand::value element;
+    if (++count > 1 || next.get(element) || !builder.add(element, {})) { return false; }
+  }
+  const bool isAtEnd = document.current_location().error() == simdjson::OUT_OF_BOUNDS;
+  return count == 1 && isAtEnd;
+}
 }  // namespace
 
 JsonDocument::JsonDocument(std::unique_ptr<JsonTree> tree) : tree_(std::move(tree)) {}
@@ -176,14 +326,13 @@ JsonDocument& JsonDocument::operator=(JsonDocument&&) noexcept = default;
 JsonDocument::~JsonDocument() = default;
 
 std::optional<JsonDocument> JsonDocument::parse(std::string_view text) {
-  // The parser takes a NUL for the end of the text; in JSON it is nowhere allowed.
-  if (text.size() > maximumTextSize || text.contains('\0')) { return std::nullopt; }
-  auto tree = std::make_unique<JsonTree>();
-  // Fits the documents of our sources: large ones grow no block more than once or twice.
+  constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+  if (text.starts_with(byteOrderMark)) { text.remove_prefix(byteOrderMark.size()); }
+  if (text.size() > maximumTextSize || hasTooManyTokens(text)) { return std::nullopt; }
+  auto tree = std::make_unique<JsonTree>(asElement(text));
+  // Fits the documents of our sources: large ones grow the block no more than once or twice.
   tree->nodes.reserve(std::min(text.size() / 16, mostValues) + 1);
-  tree->pool.reserve(text.size() / 2);
-  TreeBuilder builder(*tree);
-  if (!nlohmann::json::sax_parse(text.begin(), text.end(), &builder)) { return std::nullopt; }
+  if (!buildNodes(*tree)) { return std::nullopt; }
   return JsonDocument(std::move(tree));
 }
 
@@ -191,7 +340,7 @@ JsonValue JsonDocument::root() const { return {tree_.get(), 0}; }
 
 JsonValue JsonValue::null() {
   static const JsonTree tree{
-      .nodes = {{.boolean = false, .name = {}, .end = 1, .type = JsonType::null}}, .pool = {}};
+      .text = {}, .nodes = {{.boolean = false, .name = {}, .end = 1, .type = JsonType::null}}};
   return {&tree, 0};
 }
 

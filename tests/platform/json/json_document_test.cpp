@@ -1,6 +1,7 @@
 #include "platform/json/json_document.h"
 #include <vector>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include "platform/json/json_reader.h"
 #include "support/comma_locale.h"
 
@@ -9,9 +10,28 @@ namespace orvane::test { namespace {
 using namespace std::string_literals;
 
 TEST(JsonDocumentTest, RefusesWhatIsNotOneWholeValueOfValidText) {
-  for (const char* text :
-       {"", "{", "[1,]", "{\"a\":1,}", "'a'", "1 2", "{}}", "NaN", "01", "1e400", "-1e400",
-        "// c\n1", "\"\n\"", "\"\\ud800\"", "\"\xff\"", "[1]\xc3", "{\"\xed\xa0\x80\":1}"}) {
+  for (const char* text : {"",
+                           "{",
+                           "[1,]",
+                           "{\"a\":1,}",
+                           "'a'",
+                           "1 2",
+                           "1,2",
+                           "1],[2",
+                           "{}}",
+                           "NaN",
+                           "nul",
+                           "01",
+                           "1e400",
+                           "-1e400",
+                           "0.18446744073709551616e400",
+                           "12345678901234567890.",
+                           "// c\n1",
+                           "\"\n\"",
+                           "\"\\ud800\"",
+                           "\"\xff\"",
+                           "[1]\xc3",
+                           "{\"\xed\xa0\x80\":1}"}) {
     EXPECT_FALSE(JsonDocument::parse(text)) << text;
   }
   for (const std::string& text : {"{}\0"s, "\0{}"s, "[1,\0 2]"s}) {
@@ -46,6 +66,28 @@ TEST(JsonDocumentTest, BoundsTheNumberOfEntriesAndOfAllValues) {
   EXPECT_FALSE(JsonDocument::parse(listOf(21, listOf(100'000, "0"))));
 }
 
+/// In kB, of the process.
+long mostMemory() {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  return usage.ru_maxrss;
+}
+
+TEST(JsonDocumentTest, RefusesTooManyTokensBeforeTheyCostMemory) {
+  std::string commas;
+  commas.resize(12'000'000, ',');
+  EXPECT_TRUE(JsonDocument::parse("[\"\\\"" + commas + "\"]"));
+  std::string zeros = "[0";
+  zeros.reserve(24'000'001);
+  while (zeros.size() < 24'000'000) {
+    zeros += ",0";
+  }
+  zeros += "]";
+  const long before = mostMemory();
+  EXPECT_FALSE(JsonDocument::parse(zeros));
+  EXPECT_LT(mostMemory() - before, 20'000);
+}
+
 TEST(JsonReaderTest, ReadsNoElementBehindTheFirstThatDoesNotFit) {
   static int reads = 0;
   constexpr JsonRead<int> read = [](JsonValue value, JsonMatch& match) {
@@ -76,6 +118,8 @@ TEST(JsonDocumentTest, KeepsWholeNumbersExactlyAlsoUnderALocaleWithDecimalComma)
       {"1700000000.0", 1.7e9, 1'700'000'000},
       {"-2.5E1", -25, -25},
       {"1.5", 1.5, {}},
+      {"0.0000922337203685477580800000", 9.223372036854775808e-5, {}},
+      {"0e18446744073709551616", 0, 0},
       {"9007199254740993", 9007199254740992, 9007199254740993},
       {"9223372036854775807", 0x1p63, INT64_MAX},
       {"9223372036854775808", 0x1p63, {}},
