@@ -2,6 +2,7 @@
 // texts, keeps its pace, and never forgets a payment that it told of. The lines of the input are
 // profile, workers, rewards, daily hash rates, totals, transactions, tip height and prices.
 
+#include "core/display_texts.h"
 #include "fuzzer.h"
 #include "platform/text/unicode.h"
 #include "shell/view_models/account_tables.h"
@@ -35,12 +36,12 @@ void requireReadableCards(const test::StoreOnFakes& shown) {
 
 void requireReadableTables(const test::StoreOnFakes& shown) {
   for (const BraiinsWorkerStatus& worker : shown.state().workers) {
-    const WorkerRow row = workerRow(worker, shown.format);
-    requireReadable(row.name + row.nameToolTip + row.stateToolTip + row.rate5m + row.rate24h);
+    requireReadable(workerName(worker) + lastShareText(shown.format, worker.lastShare) +
+                    hashRateText(worker.hashRate5m) + hashRateText(worker.hashRate24h));
   }
   for (const BraiinsHistoryDay& day : shown.state().history) {
-    const HistoryRow row = historyRow(day, shown.format);
-    requireReadable(row.date + row.averageHashRate + row.shares + row.reward);
+    requireReadable(historyDateText(day, shown.format) + historyHashRateText(day) +
+                    historySharesText(day, shown.format) + historyRewardText(day, shown.format));
   }
   const BraiinsHistorySummary summary(shown.state().history);
   requireReadable(historySummaryMetrics(summary, shown.format, {}));

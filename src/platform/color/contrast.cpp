@@ -1,15 +1,32 @@
 #include "platform/color/contrast.h"
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace orvane {
 namespace {
+constexpr std::size_t levels = 256;
+
+/// The share of its light that a channel has at each of its levels; thousands are looked up as a
+/// window comes up.
+const std::array<double, levels>& lightOfLevels() {
+  static const std::array<double, levels> light = [] {
+    std::array<double, levels> made{};
+    for (std::size_t level = 0; level < levels; ++level) {
+      const double share = static_cast<double>(level) / (levels - 1);
+      made[level] = share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    }
+    return made;
+  }();
+  return light;
+}
+
 double luminance(const QColor& color) {
-  const auto linear = [](double channel) {
-    return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+  const auto lightAt = [&light = lightOfLevels()](int level) {
+    return light[static_cast<std::size_t>(level)];
   };
-  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-         0.0722 * linear(color.blueF());
+  return 0.2126 * lightAt(color.red()) + 0.7152 * lightAt(color.green()) +
+         0.0722 * lightAt(color.blue());
 }
 }  // namespace
 

@@ -283,6 +283,9 @@ SqliteConnection openSqlite(const std::filesystem::path& file, SqliteAccess acce
     const bool isReserved = c == '%' || c == '?' || c == '#';
     uri += isReserved ? fmt::format("%{:02X}", static_cast<unsigned>(c)) : std::string(1, c);
   }
+  // Of a page that is read or written once, no room for twenty is needed. It is refused once SQLite
+  // is in use, which is after the first call.
+  sqlite3_config(SQLITE_CONFIG_PAGECACHE, nullptr, 0, 0);
   const bool isWritten = access == SqliteAccess::readWrite;
   uri += isWritten ? "?mode=rw" : "?mode=ro&immutable=1";
   const int flags = isWritten ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;

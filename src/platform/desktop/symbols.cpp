@@ -6,6 +6,7 @@
 #include <QSvgRenderer>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 // Q_INIT_RESOURCE declares a function of the global namespace.
 static void initSymbolResources() { Q_INIT_RESOURCE(symbols); }
@@ -43,6 +44,39 @@ QPixmap drawSymbol(const QString& path, int size, const QColor& color, qreal dev
   painter.fillRect(whole, color);
   return pixmap;
 }
+
+class SymbolEngine final : public QIconEngine {
+ public:
+  SymbolEngine(QString name, const QPalette& palette) : name_(std::move(name)), palette_(palette) {}
+
+  void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode,
+             QIcon::State /*state*/) override {
+    const auto ratio = painter->device()->devicePixelRatio();
+    painter->drawPixmap(rect.topLeft(), symbolPixmap(name_, rect.height(), colorIn(mode), ratio));
+  }
+
+  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    return scaledPixmap(size, mode, state, 1);
+  }
+
+  // `size` counts the pixels of the screen.
+  QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State /*state*/,
+                       qreal scale) override {
+    return symbolPixmap(name_, qRound(size.height() / scale), colorIn(mode), scale);
+  }
+
+  QIconEngine* clone() const override { return new SymbolEngine(*this); }
+  QString key() const override { return QStringLiteral("orvane-symbol"); }
+
+ private:
+  [[nodiscard]] QColor colorIn(QIcon::Mode mode) const {
+    const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+    return palette_.color(group, QPalette::ButtonText);
+  }
+
+  QString name_;
+  QPalette palette_;
+};
 
 /// Draws the icon at whatever size is asked for, so that no size is made before it is needed.
 class ApplicationIconEngine final : public QIconEngine {
@@ -108,6 +142,10 @@ QPixmap symbolPixmap(const QString& name, int size, const QColor& color, qreal d
 
 qreal symbolAspectRatio(const QString& name) {
   return hasSymbol(name) ? aspectRatio(QSvgRenderer(symbolPath(name))) : 1;
+}
+
+QIcon symbolIcon(const QString& name, const QPalette& palette) {
+  return QIcon(new SymbolEngine(name, palette));  // the icon owns its engine
 }
 
 QIcon applicationIcon() {

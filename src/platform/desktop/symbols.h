@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QIcon>
+#include <QPalette>
 #include <QPixmap>
 #include <QString>
 #include <functional>
@@ -20,6 +21,10 @@ namespace orvane {
 /// when there is no such symbol.
 [[nodiscard]] QPixmap symbolPixmap(const QString& name, int size, const QColor& color,
                                    qreal devicePixelRatio);
+
+/// The symbol for a button, in the colours that `palette` has for the texts of buttons. It is drawn
+/// when it is shown, for the size and the screen at hand.
+[[nodiscard]] QIcon symbolIcon(const QString& name, const QPalette& palette);
 
 /// Width divided by height of the symbol; 1 when there is no such symbol.
 [[nodiscard]] qreal symbolAspectRatio(const QString& name);

@@ -13,7 +13,7 @@ namespace orvane {
 
 namespace {
 /// As many questions may wait for their answers at once; the others wait for a thread.
-constexpr int mostThreads = 4;
+constexpr int mostThreads = 2;
 
 /// Never destroyed: its destruction would wait for resolvers, and the end of the program with it.
 QThreadPool& threads() {

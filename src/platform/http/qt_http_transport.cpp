@@ -27,6 +27,15 @@ std::optional<QSslConfiguration> trustBesideTheSystem(const std::string& caFile)
   return tls;
 }
 
+/// The first to ask for TLS waits until its library is read and ready, which takes as long as a
+/// window's first painting.
+ProxyResolver withTls(const ProxyResolver& resolver) {
+  return [resolver](const QUrl& url) {
+    QSslConfiguration::defaultConfiguration();
+    return resolver(url);
+  };
+}
+
 QSslConfiguration strict(QSslConfiguration tls) {
   tls.setProtocol(QSsl::TlsV1_2OrLater);
   tls.setPeerVerifyMode(QSslSocket::VerifyPeer);
@@ -48,7 +57,7 @@ Task<HttpResult> QtHttpTransport::get(HttpRequest request) {
                           .end = context.executor->now() + options_.longestExchange};
   for (int redirects = 0;; ++redirects) {
     const Instant patience = std::min(context.executor->now() + limits.idle, limits.end);
-    const ProxyResult proxies = co_await findProxies(options_.resolver, *url, patience);
+    const ProxyResult proxies = co_await findProxies(withTls(options_.resolver), *url, patience);
     if (!proxies) { co_return std::unexpected(proxies.error()); }
     ExchangeOrder order{.url = *url,
                         .headers = request.headers,

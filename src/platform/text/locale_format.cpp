@@ -4,10 +4,10 @@
 #include <cstdlib>
 #include <filesystem>
 #include <initializer_list>
+#include <optional>
 #include <string_view>
 #include <system_error>
 #include <utility>
-#include <vector>
 #include <unicode/datefmt.h>
 #include <unicode/locid.h>
 #include <unicode/numberformatter.h>
@@ -149,7 +149,9 @@ struct LocaleFormat::Formatters {
   explicit Formatters(const LocaleNames& names) : zone(names) {}
 
   LocalizedNumberFormatter integer;
-  std::vector<LocalizedNumberFormatter> fixed;  ///< by the number of digits
+  icu::Locale numbers;
+  /// By the number of digits, once it is needed.
+  std::array<std::optional<LocalizedNumberFormatter>, mostDigits + 1> fixed;
   std::unique_ptr<icu::DateFormat> shortTime;
   std::unique_ptr<icu::DateFormat> mediumDateShortTime;
   std::unique_ptr<icu::DateFormat> mediumDateUtc;
@@ -173,9 +175,7 @@ LocaleFormat::LocaleFormat(const LocaleNames& names)
   const icu::Locale dates = localeNamed(names.dates);
   Formatters& made = *formatters_;
   made.integer = NumberFormatter::withLocale(numbers);
-  for (int digits = 0; digits <= mostDigits; ++digits) {
-    made.fixed.push_back(fixedFormatter(numbers, digits));
-  }
+  made.numbers = numbers;
   made.shortTime.reset(DateFormat::createTimeInstance(DateFormat::kShort, dates));
   made.mediumDateShortTime.reset(
       DateFormat::createDateTimeInstance(DateFormat::kMedium, DateFormat::kShort, dates));
@@ -196,8 +196,10 @@ std::string LocaleFormat::integer(std::int64_t value) const {
 std::string LocaleFormat::fixed(double value, int digits) const {
   UErrorCode status = U_ZERO_ERROR;
   std::string text;
-  const auto index = static_cast<std::size_t>(std::clamp(digits, 0, mostDigits));
-  return formatters_->fixed[index].formatDouble(value, status).toString(status).toUTF8String(text);
+  const int shown = std::clamp(digits, 0, mostDigits);
+  auto& formatter = formatters_->fixed[static_cast<std::size_t>(shown)];
+  if (!formatter) { formatter = fixedFormatter(formatters_->numbers, shown); }
+  return formatter->formatDouble(value, status).toString(status).toUTF8String(text);
 }
 
 std::string LocaleFormat::shortTime(WallTime time) const {

@@ -8,11 +8,6 @@
 
 namespace orvane {
 namespace {
-/// In UTC, the pool's own days, so that a day reads the same in every time zone.
-std::string historyDateFormatter(const LocaleFormat& format, std::chrono::sys_seconds date) {
-  return format.mediumDateUtc(date);
-}
-
 std::string dayCountText(std::int64_t days) {
   return days == 1 ? "1 day" : fmt::format("{} days", days);
 }
@@ -20,21 +15,14 @@ std::string dayCountText(std::int64_t days) {
 std::string averageText(const std::optional<double>& hashRate) {
   return hashRate ? hashRateText(*hashRate) : unknownFigure;
 }
-
-std::string rewardText(const LocaleFormat& format, const std::optional<std::string>& rewardBTC) {
-  const auto bitcoins = rewardBTC ? Decimal::parse(*rewardBTC) : std::nullopt;
-  return bitcoins ? historySatsText(format, *bitcoins * satsPerBTC) : unknownFigure;
-}
 }  // namespace
 
-WorkerRow workerRow(const BraiinsWorkerStatus& worker, const LocaleFormat& format) {
-  return {.name = controlsMarked(shortWorkerName(worker.fullName)),
-          .nameToolTip = controlsMarked(worker.fullName),
-          .stateWord = stateWords.at(static_cast<std::size_t>(worker.state)),
-          .stateToolTip = lastShareText(format, worker.lastShare),
-          .rate5m = hashRateText(worker.hashRate5m),
-          .rate60m = hashRateText(worker.hashRate60m),
-          .rate24h = hashRateText(worker.hashRate24h)};
+std::string stateWord(BraiinsWorkerStatus::State state) {
+  return stateWords.at(static_cast<std::size_t>(state));
+}
+
+std::string workerName(const BraiinsWorkerStatus& worker) {
+  return controlsMarked(shortWorkerName(worker.fullName));
 }
 
 std::string workersSubtitle(std::span<const BraiinsWorkerStatus> workers) {
@@ -45,11 +33,21 @@ std::string workersSubtitle(std::span<const BraiinsWorkerStatus> workers) {
   return fmt::format("{} of {} OK", okCount, workers.size());
 }
 
-HistoryRow historyRow(const BraiinsHistoryDay& day, const LocaleFormat& format) {
-  return {.date = historyDateFormatter(format, day.date),
-          .averageHashRate = averageText(day.averageHashRate),
-          .shares = day.shares ? format.integer(*day.shares) : unknownFigure,
-          .reward = rewardText(format, day.rewardBTC)};
+std::string historyDateText(const BraiinsHistoryDay& day, const LocaleFormat& format) {
+  return format.mediumDateUtc(day.date);
+}
+
+std::string historyHashRateText(const BraiinsHistoryDay& day) {
+  return averageText(day.averageHashRate);
+}
+
+std::string historySharesText(const BraiinsHistoryDay& day, const LocaleFormat& format) {
+  return day.shares ? format.integer(*day.shares) : unknownFigure;
+}
+
+std::string historyRewardText(const BraiinsHistoryDay& day, const LocaleFormat& format) {
+  const auto bitcoins = day.rewardBTC ? Decimal::parse(*day.rewardBTC) : std::nullopt;
+  return bitcoins ? historySatsText(format, *bitcoins * satsPerBTC) : unknownFigure;
 }
 
 std::string historySubtitle(std::span<const BraiinsHistoryDay> days) {

@@ -11,34 +11,26 @@
 #include "shell/view_models/window_contents.h"
 
 namespace orvane {
-/// What the two tables of the account show, and the words around them. A row costs little, so that
-/// a table of any length asks only for the rows in sight.
+/// What the two tables of the account show, and the words around them. Each text is made for
+/// itself, so that a table of any length costs what is in sight.
 
 /// What each state of a worker is called, in the order of `BraiinsWorkerStatus::State`.
 inline constexpr std::array stateWords{"OK", "Low", "Off", "Disabled", unknownFigure};
 
-/// One worker.
-struct WorkerRow {
-  std::string name;  ///< the short name
-  std::string nameToolTip;
-  std::string stateWord;
-  std::string stateToolTip;  ///< empty: none
-  std::string rate5m;
-  std::string rate60m;
-  std::string rate24h;
-};
-[[nodiscard]] WorkerRow workerRow(const BraiinsWorkerStatus& worker, const LocaleFormat& format);
+[[nodiscard]] std::string stateWord(BraiinsWorkerStatus::State state);
+/// The short name.
+[[nodiscard]] std::string workerName(const BraiinsWorkerStatus& worker);
 /// "2 of 3 OK", or "3 OK" when all are; empty without workers.
 [[nodiscard]] std::string workersSubtitle(std::span<const BraiinsWorkerStatus> workers);
 
-/// One day of the history.
-struct HistoryRow {
-  std::string date;
-  std::string averageHashRate;
-  std::string shares;
-  std::string reward;
-};
-[[nodiscard]] HistoryRow historyRow(const BraiinsHistoryDay& day, const LocaleFormat& format);
+/// One day of the history. Its date is in UTC, the pool's own days, so that a day reads the same in
+/// every time zone.
+[[nodiscard]] std::string historyDateText(const BraiinsHistoryDay& day, const LocaleFormat& format);
+[[nodiscard]] std::string historyHashRateText(const BraiinsHistoryDay& day);
+[[nodiscard]] std::string historySharesText(const BraiinsHistoryDay& day,
+                                            const LocaleFormat& format);
+[[nodiscard]] std::string historyRewardText(const BraiinsHistoryDay& day,
+                                            const LocaleFormat& format);
 /// "365 days"; empty without history.
 [[nodiscard]] std::string historySubtitle(std::span<const BraiinsHistoryDay> days);
 /// "12,346 sats": whole satoshis, halves away from zero; below one satoshi three decimals, so that

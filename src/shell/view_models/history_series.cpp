@@ -160,11 +160,10 @@ std::string axisHashRateText(double hashesPerSecond) {
 
 std::string historyDayText(const BraiinsHistoryDay& day, const BalanceState& state,
                            const LocaleFormat& format) {
-  const HistoryRow row = historyRow(day, format);
   const auto sats = chartDay(day, 0).sats;
   const auto value = sats ? fiatText(state, format, *sats) : std::nullopt;
-  std::string text = row.date + " · " + row.reward;
+  std::string text = historyDateText(day, format) + " · " + historyRewardText(day, format);
   if (value) { text += " · " + *value + " at today's price"; }
-  return text + " · " + row.averageHashRate;
+  return text + " · " + historyHashRateText(day);
 }
 }  // namespace orvane

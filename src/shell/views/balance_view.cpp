@@ -7,6 +7,7 @@
 #include <QStylePainter>
 #include <algorithm>
 #include "platform/desktop/qt/window_placement.h"
+#include "platform/desktop/symbols.h"
 #include "shell/view_models/window_contents.h"
 #include "shell/views/cards.h"
 #include "shell/views/controls.h"
@@ -106,7 +107,7 @@ class CommandButton final : public QPushButton {
     const int side = size + theme::controlHeight - helpSymbolSize;
     setFixedSize(side, side);
     setIconSize({size, size});
-    setIcon(symbolIcon(QStringLiteral("questionmark.circle"), size, palette()));
+    setIcon(symbolIcon(QStringLiteral("questionmark.circle"), palette()));
   }
 };
 

@@ -13,6 +13,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <array>
+#include <optional>
 #include "platform/desktop/symbols.h"
 #include "shell/views/colors.h"
 #include "shell/views/equal_digits.h"
@@ -29,8 +30,7 @@ namespace orvane {
 namespace {
 constexpr int isSpendableRole = Qt::UserRole;
 
-constexpr std::array<TableColumn<BlockRewardLine>, 1> columns{
-    {{.title = "Block reward", .text = &BlockRewardLine::text, .side = Qt::AlignLeft}}};
+constexpr std::array<TableColumn, 1> columns{{{.title = "Block reward", .side = Qt::AlignLeft}}};
 
 QString formOf(QString text) {
   for (QChar& character : text) {
@@ -40,12 +40,14 @@ QString formOf(QString text) {
 }
 }  // namespace
 
-class BlockRewardList::Model final : public RecordTableModel<BlockRewardLine, BlockRewardLine> {
+class BlockRewardList::Model final : public RecordTableModel<BlockRewardLine> {
  public:
   explicit Model(QObject* parent) : RecordTableModel(columns, parent) {}
 
  protected:
-  [[nodiscard]] BlockRewardLine row(const BlockRewardLine& line) const override { return line; }
+  [[nodiscard]] std::string text(const BlockRewardLine& line, int /*column*/) const override {
+    return line.text;
+  }
   [[nodiscard]] QVariant detail(const BlockRewardLine& line, int /*column*/,
                                 int role) const override {
     return role == isSpendableRole ? QVariant(line.isSpendable) : QVariant();
@@ -159,9 +161,10 @@ class BlockRewardList::Delegate final : public QStyledItemDelegate {
     text_.setDefaultTextOption(option);
     const auto line = toQString(numbersIsolated(toUtf8(text)));
     const QFontMetrics metrics(list_.font());
-    const int paddings = widthWithEqualDigits(list_.font(), line) - metrics.horizontalAdvance(line);
+    if (!digits_ || digits_->font() != list_.font()) { digits_.emplace(list_.font()); }
+    const int paddings = digits_->widthOf(line) - metrics.horizontalAdvance(line);
     text_.setPlainText(breakingBetweenParts(line, metrics, width - paddings));
-    equalizeDigits(text_);
+    digits_->applyTo(text_);
     text_.setTextWidth(std::max(1, width));
     return text_.size().toSize().height();
   }
@@ -171,6 +174,7 @@ class BlockRewardList::Delegate final : public QStyledItemDelegate {
   mutable std::vector<Form> forms_;  ///< the heights belong to the measured width
   mutable int measuredWidth_ = -1;
   mutable QTextDocument text_;
+  mutable std::optional<EqualDigits> digits_;  ///< in the list's font
 };
 
 BlockRewardList::BlockRewardList(QWidget* parent)

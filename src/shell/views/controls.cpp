@@ -94,19 +94,6 @@ class Segment final : public QRadioButton {
 };
 }  // namespace
 
-QIcon symbolIcon(const QString& name, int size, const QPalette& palette) {
-  QIcon icon;
-  for (const double devicePixelRatio : {1.0, 1.25, 1.5, 1.75, 2.0, 3.0}) {
-    icon.addPixmap(symbolPixmap(name, size, palette.color(QPalette::Active, QPalette::ButtonText),
-                                devicePixelRatio),
-                   QIcon::Normal);
-    icon.addPixmap(symbolPixmap(name, size, palette.color(QPalette::Disabled, QPalette::ButtonText),
-                                devicePixelRatio),
-                   QIcon::Disabled);
-  }
-  return icon;
-}
-
 TextButton::TextButton(const QString& text, QWidget* parent) : QPushButton(text, parent) {
   setAutoDefault(false);
 }
@@ -207,7 +194,10 @@ void RefreshButton::drawLabelFromRight(QPainter& painter, const QColor& color) c
   const int textWidth = fontMetrics().horizontalAdvance(text());
   QRect label(0, 0, textWidth + symbolGap + iconSize().width(), height());
   label.moveCenter(rect().center());
-  icon().paint(&painter, label, Qt::AlignRight | Qt::AlignVCenter | Qt::AlignAbsolute);
+  QRect symbol(QPoint(), iconSize());
+  symbol.moveCenter(label.center());
+  symbol.moveRight(label.right());
+  icon().paint(&painter, symbol);
   painter.setPen(color);
   painter.drawText(label, Qt::AlignLeft | Qt::AlignVCenter | Qt::AlignAbsolute, text());
 }
@@ -242,7 +232,7 @@ void RefreshButton::changeEvent(QEvent* event) {
 void RefreshButton::drawSymbol() {
   const int size = theme::grown(theme::symbolSize);
   setIconSize({size, size});
-  setIcon(symbolIcon(QStringLiteral("arrow.clockwise"), size, palette()));
+  setIcon(symbolIcon(QStringLiteral("arrow.clockwise"), palette()));
 }
 
 SegmentedPicker::SegmentedPicker(const QString& group, const QString& subject,

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QBasicTimer>
-#include <QIcon>
 #include <QPushButton>
 #include <functional>
 #include <vector>
@@ -12,9 +11,6 @@
 class QRadioButton;
 
 namespace orvane {
-/// A symbol for a button, in the colours of button texts.
-[[nodiscard]] QIcon symbolIcon(const QString& name, int size, const QPalette& palette);
-
 /// A button with a text, with room around it in every font: some styles leave a large one hardly
 /// any.
 class TextButton : public QPushButton {

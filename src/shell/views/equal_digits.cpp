@@ -12,38 +12,36 @@ namespace orvane {
 namespace {
 constexpr double negligible = 0.01;
 
-/// How much wider the widest digit is than each.
-class DigitPadding {
- public:
-  explicit DigitPadding(const QFont& font) {
-    const QFontMetricsF metrics(font);
-    for (std::size_t digit = 0; digit < widths_.size(); ++digit) {
-      // As a text: the width of a character knows nothing of the font's features.
-      widths_[digit] = metrics.horizontalAdvance(QString::number(digit));
-    }
-    widest_ = std::ranges::max(widths_);
-  }
+bool isDigit(QChar character) { return character >= u'0' && character <= u'9'; }
+}  // namespace
 
-  [[nodiscard]] bool isNeeded() const { return widest_ - std::ranges::min(widths_) > negligible; }
-  [[nodiscard]] double of(QChar character) const {
-    const bool isDigit = character >= u'0' && character <= u'9';
-    return isDigit ? widest_ - widths_[character.unicode() - u'0'] : 0;
+EqualDigits::EqualDigits(const QFont& font) : font_(font) {
+  const QFontMetricsF metrics(font);
+  for (std::size_t digit = 0; digit < widths_.size(); ++digit) {
+    // As a text: the width of a character knows nothing of the font's features.
+    widths_[digit] = metrics.horizontalAdvance(QString::number(digit));
   }
+  widest_ = std::ranges::max(widths_);
+  isPadded_ = widest_ - std::ranges::min(widths_) > negligible;
+}
 
- private:
-  std::array<double, 10> widths_{};
-  double widest_ = 0;
-};
+double EqualDigits::paddingOf(QChar character) const {
+  return isDigit(character) ? widest_ - widths_[character.unicode() - u'0'] : 0;
+}
+
+QString EqualDigits::formOf(QString text) {
+  std::ranges::replace_if(text, isDigit, u'0');
+  return text;
+}
 
 /// The formats that set each digit in the middle of its cell: space belongs to the character before
 /// it, so a digit's own half goes there.
-QList<QTextLayout::FormatRange> digitCells(const QFont& font, const QString& text) {
+QList<QTextLayout::FormatRange> EqualDigits::digitCells(const QString& text) const {
   QList<QTextLayout::FormatRange> cells;
-  const DigitPadding padding(font);
-  if (!padding.isNeeded()) { return cells; }
+  if (!isPadded_) { return cells; }
   for (int i = 0; i < text.size(); ++i) {
-    const double next = i + 1 < text.size() ? padding.of(text[i + 1]) : 0;
-    const double space = (padding.of(text[i]) + next) / 2;
+    const double next = i + 1 < text.size() ? paddingOf(text[i + 1]) : 0;
+    const double space = (paddingOf(text[i]) + next) / 2;
     if (space < negligible) { continue; }
     QTextCharFormat format;
     format.setFontLetterSpacingType(QFont::AbsoluteSpacing);
@@ -52,32 +50,27 @@ QList<QTextLayout::FormatRange> digitCells(const QFont& font, const QString& tex
   }
   return cells;
 }
-}  // namespace
 
-int widthWithEqualDigits(const QFont& font, const QString& text) {
-  double width = QFontMetricsF(font).horizontalAdvance(text);
-  const DigitPadding padding(font);
-  for (const auto character : text) {
-    width += padding.of(character);
-  }
-  return static_cast<int>(std::ceil(width));
+int EqualDigits::widthOf(const QString& text) const {
+  const auto digits = std::ranges::count_if(text, isDigit);
+  const double width = QFontMetricsF(font_).horizontalAdvance(formOf(text));
+  return static_cast<int>(std::ceil(width + static_cast<double>(digits) * paddingOf(u'0')));
 }
 
-void drawWithEqualDigits(QPainter& painter, const QRect& box, const QString& text,
-                         Qt::Alignment alignment) {
-  const auto font = painter.font();
+void EqualDigits::draw(QPainter& painter, const QRect& box, const QString& text,
+                       Qt::Alignment alignment) const {
   auto shown = text;
-  if (const int wanted = widthWithEqualDigits(font, text); wanted > box.width()) {
-    const QFontMetrics metrics(font);
+  if (const int wanted = widthOf(text); wanted > box.width()) {
+    const QFontMetrics metrics(font_);
     const int paddings = wanted - metrics.horizontalAdvance(text);
     shown = metrics.elidedText(text, Qt::ElideRight, box.width() - paddings);
   }
   QTextOption option(alignment | Qt::AlignAbsolute);
   option.setTextDirection(Qt::LayoutDirectionAuto);
   option.setWrapMode(QTextOption::NoWrap);
-  QTextLayout layout(shown, font);
+  QTextLayout layout(shown, font_);
   layout.setTextOption(option);
-  layout.setFormats(digitCells(font, shown));
+  layout.setFormats(digitCells(shown));
   layout.beginLayout();
   auto line = layout.createLine();
   line.setLineWidth(box.width());
@@ -86,9 +79,9 @@ void drawWithEqualDigits(QPainter& painter, const QRect& box, const QString& tex
               {static_cast<double>(box.left()), box.top() + (box.height() - line.height()) / 2});
 }
 
-void equalizeDigits(QTextDocument& document) {
+void EqualDigits::applyTo(QTextDocument& document) const {
   QTextCursor cursor(&document);
-  for (const auto& cell : digitCells(document.defaultFont(), document.toPlainText())) {
+  for (const auto& cell : digitCells(document.toPlainText())) {
     cursor.setPosition(cell.start);
     cursor.setPosition(cell.start + cell.length, QTextCursor::KeepAnchor);
     cursor.mergeCharFormat(cell.format);

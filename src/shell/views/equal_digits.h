@@ -4,25 +4,45 @@
 #include <QList>
 #include <QString>
 #include <QTextLayout>
+#include <array>
 
 class QPainter;
 class QRect;
 class QTextDocument;
 
 namespace orvane {
-// Figures below each other are compared digit by digit, so their digits must have one width. Many
-// interface fonts have such digits only as a feature that older versions of Qt cannot switch on;
-// then each digit gets the width of the widest, rather than all of them another typeface.
+/// One width for all digits of a font. Figures below each other are compared digit by digit, so
+/// their digits must have one width. Many interface fonts have such digits only as a feature that
+/// older versions of Qt cannot switch on; then each digit gets the width of the widest, rather than
+/// all of them another typeface. Made once for a font, as it measures each digit.
+class EqualDigits {
+ public:
+  explicit EqualDigits(const QFont& font);
 
-/// What a line of text needs in a font.
-[[nodiscard]] int widthWithEqualDigits(const QFont& font, const QString& text);
+  [[nodiscard]] const QFont& font() const { return font_; }
 
-/// Draws a line of text in the painter's font and pen at the middle of the box's height, shortened
-/// where it is longer than the box. `alignment` is the visual one; the text itself runs in its own
-/// direction, whatever the desktop's.
-void drawWithEqualDigits(QPainter& painter, const QRect& box, const QString& text,
-                         Qt::Alignment alignment);
+  /// What a line of text needs. Texts of the same form need the same.
+  [[nodiscard]] int widthOf(const QString& text) const;
+  /// `text` with a zero for each digit.
+  [[nodiscard]] static QString formOf(QString text);
 
-/// Gives equal width to the digits of a document in its default font.
-void equalizeDigits(QTextDocument& document);
+  /// Draws a line of text in the painter's pen at the middle of the box's height, shortened where
+  /// it is longer than the box. `alignment` is the visual one; the text itself runs in its own
+  /// direction, whatever the desktop's.
+  void draw(QPainter& painter, const QRect& box, const QString& text,
+            Qt::Alignment alignment) const;
+
+  /// Gives equal width to the digits of a document in this font.
+  void applyTo(QTextDocument& document) const;
+
+ private:
+  /// How much wider the widest digit is than this one; nothing for other characters.
+  [[nodiscard]] double paddingOf(QChar character) const;
+  [[nodiscard]] QList<QTextLayout::FormatRange> digitCells(const QString& text) const;
+
+  QFont font_;
+  std::array<double, 10> widths_{};
+  double widest_ = 0;
+  bool isPadded_ = false;
+};
 }  // namespace orvane

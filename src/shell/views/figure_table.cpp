@@ -3,11 +3,14 @@
 #include <QClipboard>
 #include <QEvent>
 #include <QGuiApplication>
+#include <QHash>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QPainter>
+#include <QSet>
 #include <QStyledItemDelegate>
 #include <QToolTip>
+#include <optional>
 #include "shell/views/equal_digits.h"
 #include "shell/views/frames.h"
 #include "shell/views/theme.h"
@@ -78,10 +81,9 @@ class PlainHeader final : public QHeaderView {
   [[nodiscard]] bool wrapsTitles() const { return wraps_; }
   /// What a column needs for its title, in lines of one word or in one line.
   [[nodiscard]] int titleWidth(int section, bool wraps) const {
-    const QFontMetrics metrics(font());
     int widest = 0;
     for (const auto& line : linesOf(section, wraps)) {
-      widest = std::max(widest, metrics.horizontalAdvance(line));
+      widest = std::max(widest, widthOf(line));
     }
     return widest + CellPadding(section, count()).sum();
   }
@@ -120,7 +122,20 @@ class PlainHeader final : public QHeaderView {
     return wraps ? title.split(u' ') : QStringList(title);
   }
 
+  /// Kept, as each layout asks for them.
+  [[nodiscard]] int widthOf(const QString& line) const {
+    if (measured_ != font()) {
+      measured_ = font();
+      widths_.clear();
+    }
+    const auto known = widths_.constFind(line);
+    if (known != widths_.cend()) { return *known; }
+    return *widths_.insert(line, QFontMetrics(font()).horizontalAdvance(line));
+  }
+
   bool wraps_ = false;
+  mutable QFont measured_;
+  mutable QHash<QString, int> widths_;  ///< of the titles' lines in that font
 };
 
 /// Draws a cell's text, the dot before it when it has one, and the line beneath its row.
@@ -131,7 +146,7 @@ class FigureCellDelegate final : public QStyledItemDelegate {
   [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
                                const QModelIndex& index) const override {
     const int dot = index.data(dotColorRole).isValid() ? dotWidth() : 0;
-    const int text = widthWithEqualDigits(option.font, index.data().toString());
+    const int text = digits(option.font).widthOf(index.data().toString());
     return {text + paddingOf(index).sum() + dot, option.fontMetrics.height()};
   }
 
@@ -163,8 +178,9 @@ class FigureCellDelegate final : public QStyledItemDelegate {
     painter->setPen(isChosen ? option.palette.color(QPalette::HighlightedText)
                              : theme::textColor(theme::TextColor::primary, option.palette));
     const auto alignment = Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt());
-    drawWithEqualDigits(*painter, box, index.data(Qt::DisplayRole).toString(),
-                        QStyle::visualAlignment(option.direction, alignment));
+    digits(option.font)
+        .draw(*painter, box, index.data(Qt::DisplayRole).toString(),
+              QStyle::visualAlignment(option.direction, alignment));
     painter->setRenderHint(QPainter::Antialiasing, false);
     if (index.row() + 1 < index.model()->rowCount()) {
       painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1),
@@ -176,6 +192,14 @@ class FigureCellDelegate final : public QStyledItemDelegate {
     }
     painter->restore();
   }
+
+  [[nodiscard]] const EqualDigits& digits(const QFont& font) const {
+    if (!digits_ || digits_->font() != font) { digits_.emplace(font); }
+    return *digits_;
+  }
+
+ private:
+  mutable std::optional<EqualDigits> digits_;
 };
 }  // namespace
 
@@ -213,8 +237,21 @@ void FigureTable::applyStyle() {
 }
 
 int FigureTable::cellWidth(int column, std::string_view text, bool hasDot) const {
-  return widthWithEqualDigits(font(), toQString(text)) +
+  const auto& delegate = static_cast<const FigureCellDelegate&>(*itemDelegate());
+  return delegate.digits(font()).widthOf(toQString(text)) +
          CellPadding(column, model()->columnCount()).sum() + (hasDot ? dotWidth() : 0);
+}
+
+int FigureTable::widestCell(int column) const {
+  QSet<QString> forms;  // of thousands of dates and figures, a few dozen
+  int widest = 0;
+  for (int row = 0; row < model()->rowCount(); ++row) {
+    const auto form = EqualDigits::formOf(model()->index(row, column).data().toString());
+    if (forms.contains(form)) { continue; }
+    forms.insert(form);
+    widest = std::max(widest, cellWidth(column, toUtf8(form)));
+  }
+  return widest;
 }
 
 int FigureTable::rowHeight() const { return heightOfRow(font()); }

@@ -15,20 +15,17 @@ enum TableRole {
   dotColorRole = Qt::UserRole  ///< a theme::MarkColor as int: a dot before the text
 };
 
-/// A column that shows one of the texts of a `Row`.
-template <typename Row>
 struct TableColumn {
   const char* title;
-  std::string Row::* text;
   Qt::AlignmentFlag side = Qt::AlignRight;
 };
 
-/// A table whose rows are records of one kind. Texts are made when a cell is asked for, so that a
+/// A table whose rows are records of one kind. A text is made when its cell is asked for, so that a
 /// list of any length costs what is in sight.
-template <typename Record, typename Row>
+template <typename Record>
 class RecordTableModel : public QAbstractTableModel {
  public:
-  using Columns = std::span<const TableColumn<Row>>;
+  using Columns = std::span<const TableColumn>;
 
   /// `columns` outlives the model.
   RecordTableModel(Columns columns, QObject* parent)
@@ -65,7 +62,7 @@ class RecordTableModel : public QAbstractTableModel {
 
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
     const auto& record = records_.at(static_cast<std::size_t>(index.row()));
-    if (role == Qt::DisplayRole) { return toQString(row(record).*column(index.column()).text); }
+    if (role == Qt::DisplayRole) { return toQString(text(record, index.column())); }
     if (role == Qt::TextAlignmentRole) { return alignment(index.column()); }
     return detail(record, index.column(), role);
   }
@@ -77,8 +74,8 @@ class RecordTableModel : public QAbstractTableModel {
   }
 
  protected:
-  /// What the table shows of `record`.
-  [[nodiscard]] virtual Row row(const Record& record) const = 0;
+  /// What the table shows of `record` in a column.
+  [[nodiscard]] virtual std::string text(const Record& record, int column) const = 0;
   /// What is to be said of a cell in the roles beyond text and alignment.
   [[nodiscard]] virtual QVariant detail(const Record& /*record*/, int /*column*/,
                                         int /*role*/) const {
@@ -86,7 +83,7 @@ class RecordTableModel : public QAbstractTableModel {
   }
 
  private:
-  [[nodiscard]] const TableColumn<Row>& column(int index) const {
+  [[nodiscard]] const TableColumn& column(int index) const {
     return columns_[static_cast<std::size_t>(index)];
   }
   [[nodiscard]] int alignment(int index) const {
@@ -112,6 +109,8 @@ class FigureTable : public QTableView {
   /// for each of its words.
   [[nodiscard]] int cellWidth(int column, std::string_view text, bool hasDot = false) const;
   [[nodiscard]] int titleWidth(int column, bool wraps = false) const;
+  /// What the longest text of a column needs.
+  [[nodiscard]] int widestCell(int column) const;
   void wrapTitles(bool wraps);
   [[nodiscard]] int rowHeight() const;
   /// Lets the user copy the cell with the cursor (Control-C) or its row, for a table whose rows

@@ -14,20 +14,30 @@ using theme::TextColor;
 using theme::TextStyle;
 
 namespace {
-constexpr std::array<TableColumn<HistoryRow>, 4> columns{
-    {{.title = "DATE", .text = &HistoryRow::date, .side = Qt::AlignLeft},
-     {.title = "AVG HASHRATE", .text = &HistoryRow::averageHashRate},
-     {.title = "ACCEPTED SHARES", .text = &HistoryRow::shares},
-     {.title = "CONFIRMED REWARD", .text = &HistoryRow::reward}}};
+enum Column { date, averageHashRate, shares, reward, columnTotal };
 
-class HistoryModel final : public RecordTableModel<BraiinsHistoryDay, HistoryRow> {
+constexpr std::array<TableColumn, columnTotal> columns{{{.title = "DATE", .side = Qt::AlignLeft},
+                                                        {.title = "AVG HASHRATE"},
+                                                        {.title = "ACCEPTED SHARES"},
+                                                        {.title = "CONFIRMED REWARD"}}};
+
+class HistoryModel final : public RecordTableModel<BraiinsHistoryDay> {
  public:
   HistoryModel(const LocaleFormat& format, QObject* parent)
       : RecordTableModel(columns, parent), format_(format) {}
 
  protected:
-  [[nodiscard]] HistoryRow row(const BraiinsHistoryDay& day) const override {
-    return historyRow(day, format_);
+  [[nodiscard]] std::string text(const BraiinsHistoryDay& day, int column) const override {
+    switch (column) {
+      case date:
+        return historyDateText(day, format_);
+      case averageHashRate:
+        return historyHashRateText(day);
+      case shares:
+        return historySharesText(day, format_);
+      default:
+        return historyRewardText(day, format_);
+    }
   }
 
  private:
@@ -122,7 +132,7 @@ class BraiinsHistoryTable final : public FigureTable {
   void fitColumns() override {
     setMinimumHeight(theme::historyTableMinimumHeight / theme::tableRowHeight * rowHeight());
     for (std::size_t column = 0; column < columns.size(); ++column) {
-      cellWidths_[column] = sizeHintForColumn(static_cast<int>(column));
+      cellWidths_[column] = widestCell(static_cast<int>(column));
     }
     arrange();
   }

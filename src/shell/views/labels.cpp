@@ -8,9 +8,7 @@
 #include <QUrl>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <map>
 #include <memory>
-#include <tuple>
 #include "platform/desktop/symbols.h"
 #include "platform/text/unicode.h"
 #include "shell/views/flow_layout.h"
@@ -37,8 +35,7 @@ bool isTemporary(Qt::FocusReason reason) {
   return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
 }
 
-/// Takes the width that its place has. As a window comes up, layouts ask for the height at the same
-/// few widths again and again, and Qt would lay the text out each time.
+/// Takes the width that its place has.
 class WrappingLabel final : public TextLabel {
  public:
   WrappingLabel(const QString& text, theme::TextStyle style, theme::TextColor color,
@@ -48,27 +45,30 @@ class WrappingLabel final : public TextLabel {
   }
 
   [[nodiscard]] int heightForWidth(int width) const override {
-    const std::tuple now(text(), font(), devicePixelRatioF());
-    if (heights_.size() > mostHeights || now != measured_) {
-      heights_.clear();
-      measured_ = now;
-    }
-    const auto [known, isNew] = heights_.try_emplace(width);
-    if (isNew) { known->second = TextLabel::heightForWidth(width); }
-    return known->second;
+    return heights_.at(width, *this, [&] { return TextLabel::heightForWidth(width); });
   }
 
  private:
-  static constexpr std::size_t mostHeights = 16;
-
-  mutable std::tuple<QString, QFont, double> measured_;  ///< the font's pixels depend on the screen
-  mutable std::map<int, int> heights_;                   ///< of that, by the width
+  mutable KeptHeights heights_;
 };
 }  // namespace
+
+int KeptHeights::at(int width, const QLabel& label, const std::function<int()>& measure) {
+  constexpr std::size_t mostHeights = 16;
+  const std::tuple now(label.text(), label.font(), label.devicePixelRatioF());
+  if (heights_.size() > mostHeights || now != measured_) {
+    heights_.clear();
+    measured_ = now;
+  }
+  const auto [known, isNew] = heights_.try_emplace(width);
+  if (isNew) { known->second = measure(); }
+  return known->second;
+}
 
 TextLabel::TextLabel(theme::TextStyle style, theme::TextColor color, QWidget* parent)
     : QLabel(parent), style_(style), color_(color) {
   setTextFormat(Qt::PlainText);
+  setTextInteractionFlags(Qt::NoTextInteraction);
   setFont(theme::textFont(style_));
   applyColor();
 }
@@ -114,13 +114,18 @@ void TextLabel::setColor(theme::TextColor color) {
 }
 
 void TextLabel::makeSelectable(By means) {
-  if (means == By::mouse) {
+  isSelectedByMouse_ = means == By::mouse;
+  if (isSelectedByMouse_) { return; }
+  setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  setFocusPolicy(Qt::StrongFocus);
+}
+
+// Not earlier: what can be selected is a document of its own, and most figures never are.
+void TextLabel::enterEvent(QEnterEvent* event) {
+  if (isSelectedByMouse_ && focusPolicy() == Qt::NoFocus) {
     setTextInteractionFlags(Qt::TextSelectableByMouse);
-    setFocusPolicy(Qt::ClickFocus);
-  } else {
-    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    setFocusPolicy(Qt::StrongFocus);
   }
+  QLabel::enterEvent(event);
 }
 
 void TextLabel::selectAll() { setSelection(0, static_cast<int>(text().size())); }
@@ -182,6 +187,10 @@ void TextLabel::applyColor() {
 TextLabel* wrappingText(const QString& text, theme::TextStyle style, theme::TextColor color,
                         QWidget* parent) {
   return new WrappingLabel(text, style, color, parent);
+}
+
+int FigureLabel::widthOf(std::string_view text) const {
+  return textWidth(theme::textFont(style()), toQString(text));
 }
 
 QSize FigureLabel::sizeHint() const {
@@ -328,6 +337,11 @@ void MetricBlock::showMetric(const Metric& metric) {
   if (title != value_->accessibleDescription()) { value_->setAccessibleDescription(title); }
 }
 
+int MetricBlock::widthOf(const Metric& metric) const {
+  return std::max({textWidth(title_->font(), toQString(metric.title)),
+                   value_->widthOf(metric.value), fiatValue_->widthOf(metric.fiatValue)});
+}
+
 MetricRow::MetricRow(MakeBlock makeBlock, QWidget* parent)
     : QWidget(parent), makeBlock_(makeBlock) {
   new FlowLayout(FlowLayout::Align::top, theme::metricSpacing, theme::metricRowGap, this);
@@ -355,8 +369,7 @@ int MetricRow::widthOf(const std::vector<Metric>& metrics) const {
   int width = -theme::metricSpacing;
   const std::unique_ptr<MetricBlock> block(makeBlock_(nullptr));
   for (const Metric& metric : metrics) {
-    block->showMetric(metric);
-    width += theme::metricSpacing + block->sizeHint().width();
+    width += theme::metricSpacing + block->widthOf(metric);
   }
   return width;
 }

@@ -2,7 +2,10 @@
 
 #include <QLabel>
 #include <QWidget>
+#include <functional>
+#include <map>
 #include <string_view>
+#include <tuple>
 #include <vector>
 #include "shell/view_models/window_contents.h"
 #include "shell/views/colors.h"
@@ -33,6 +36,7 @@ class TextLabel : public QLabel {
  protected:
   [[nodiscard]] theme::TextStyle style() const { return style_; }
   void changeEvent(QEvent* event) override;
+  void enterEvent(QEnterEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -52,6 +56,18 @@ class TextLabel : public QLabel {
 
   theme::TextStyle style_;
   theme::TextColor color_;
+  bool isSelectedByMouse_ = false;
+};
+
+/// The heights that a text has at the widths it was asked for. As a window comes up, layouts ask
+/// for the height at the same few widths again and again, and Qt would lay the text out each time.
+class KeptHeights {
+ public:
+  [[nodiscard]] int at(int width, const QLabel& label, const std::function<int()>& measure);
+
+ private:
+  std::tuple<QString, QFont, double> measured_;  ///< the font's pixels depend on the screen
+  std::map<int, int> heights_;                   ///< of that, by the width
 };
 
 /// A text of any length, that goes on in a further line where the width ends.
@@ -62,6 +78,8 @@ class TextLabel : public QLabel {
 class FigureLabel final : public TextLabel {
  public:
   using TextLabel::TextLabel;
+  /// What it would need to show this in its full size.
+  [[nodiscard]] int widthOf(std::string_view text) const;
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -117,6 +135,8 @@ class MetricBlock final : public QWidget {
  public:
   MetricBlock(theme::TextStyle title, theme::TextStyle value, QWidget* parent);
   void showMetric(const Metric& metric);
+  /// What it would need to show this one.
+  [[nodiscard]] int widthOf(const Metric& metric) const;
 
  private:
   TextLabel* title_;

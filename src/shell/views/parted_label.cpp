@@ -40,10 +40,12 @@ QString PartedLabel::brokenFor(int width) const {
 }
 
 int PartedLabel::heightForWidth(int width) const {
-  const auto broken = brokenFor(width);
-  if (broken == text()) { return TextLabel::heightForWidth(width); }
-  const QRect room(0, 0, width - sideMargins(*this), QWIDGETSIZE_MAX);
-  return QFontMetrics(font()).boundingRect(room, Qt::TextWordWrap, broken).height();
+  return heights_.at(width, *this, [&] {
+    const auto broken = brokenFor(width);
+    if (broken == text()) { return TextLabel::heightForWidth(width); }
+    const QRect room(0, 0, width - sideMargins(*this), QWIDGETSIZE_MAX);
+    return QFontMetrics(font()).boundingRect(room, Qt::TextWordWrap, broken).height();
+  });
 }
 
 QSize PartedLabel::minimumSizeHint() const {

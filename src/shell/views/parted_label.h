@@ -31,5 +31,6 @@ class PartedLabel final : public TextLabel {
   void breakAnew();
 
   QString text_;
+  mutable KeptHeights heights_;
 };
 }  // namespace orvane

@@ -14,20 +14,30 @@ namespace orvane {
 namespace {
 enum Column { amount, kind, confirmed, transaction, columnTotal };
 
-constexpr std::array<TableColumn<PaymentRow>, columnTotal> columns{
-    {{.title = "Amount", .text = &PaymentRow::amount},
-     {.title = "Kind", .text = &PaymentRow::kind, .side = Qt::AlignLeft},
-     {.title = "Confirmations", .text = &PaymentRow::confirmations},
-     {.title = "Transaction", .text = &PaymentRow::shortId, .side = Qt::AlignLeft}}};
+constexpr std::array<TableColumn, columnTotal> columns{
+    {{.title = "Amount"},
+     {.title = "Kind", .side = Qt::AlignLeft},
+     {.title = "Confirmations"},
+     {.title = "Transaction", .side = Qt::AlignLeft}}};
 
-class PaymentsModel final : public RecordTableModel<Payment, PaymentRow> {
+class PaymentsModel final : public RecordTableModel<Payment> {
  public:
   PaymentsModel(const BalanceStore& store, const LocaleFormat& format, QObject* parent)
       : RecordTableModel(columns, parent), store_(store), format_(format) {}
 
  protected:
-  [[nodiscard]] PaymentRow row(const Payment& payment) const override {
-    return paymentRow(payment, store_.state(), format_);
+  [[nodiscard]] std::string text(const Payment& payment, int column) const override {
+    const PaymentRow row = paymentRow(payment, store_.state(), format_);
+    switch (column) {
+      case amount:
+        return row.amount;
+      case kind:
+        return row.kind;
+      case confirmed:
+        return row.confirmations;
+      default:
+        return row.shortId;
+    }
   }
   [[nodiscard]] QVariant detail(const Payment& payment, int column, int role) const override {
     const bool isId = column == transaction && role == Qt::ToolTipRole;

@@ -10,12 +10,11 @@ namespace orvane {
 namespace {
 enum Column { worker, state, rate5m, rate60m, rate24h, columnTotal };
 
-constexpr std::array<TableColumn<WorkerRow>, columnTotal> columns{
-    {{.title = "Worker", .text = &WorkerRow::name, .side = Qt::AlignLeft},
-     {.title = "State", .text = &WorkerRow::stateWord, .side = Qt::AlignLeft},
-     {.title = "5 min", .text = &WorkerRow::rate5m},
-     {.title = "60 min", .text = &WorkerRow::rate60m},
-     {.title = "24 h", .text = &WorkerRow::rate24h}}};
+constexpr std::array<TableColumn, columnTotal> columns{{{.title = "Worker", .side = Qt::AlignLeft},
+                                                        {.title = "State", .side = Qt::AlignLeft},
+                                                        {.title = "5 min"},
+                                                        {.title = "60 min"},
+                                                        {.title = "24 h"}}};
 
 constexpr int leastNameWidth = 100;
 
@@ -38,14 +37,25 @@ theme::MarkColor dotColor(BraiinsWorkerStatus::State state) {
   return theme::MarkColor::gray;
 }
 
-class WorkersModel final : public RecordTableModel<BraiinsWorkerStatus, WorkerRow> {
+class WorkersModel final : public RecordTableModel<BraiinsWorkerStatus> {
  public:
   WorkersModel(const LocaleFormat& format, QObject* parent)
       : RecordTableModel(columns, parent), format_(format) {}
 
  protected:
-  [[nodiscard]] WorkerRow row(const BraiinsWorkerStatus& worker) const override {
-    return workerRow(worker, format_);
+  [[nodiscard]] std::string text(const BraiinsWorkerStatus& record, int column) const override {
+    switch (column) {
+      case worker:
+        return workerName(record);
+      case state:
+        return stateWord(record.state);
+      case rate5m:
+        return hashRateText(record.hashRate5m);
+      case rate60m:
+        return hashRateText(record.hashRate60m);
+      default:
+        return hashRateText(record.hashRate24h);
+    }
   }
   [[nodiscard]] QVariant detail(const BraiinsWorkerStatus& record, int column,
                                 int role) const override {
@@ -53,8 +63,8 @@ class WorkersModel final : public RecordTableModel<BraiinsWorkerStatus, WorkerRo
       return static_cast<int>(dotColor(record.state));
     }
     if (role != Qt::ToolTipRole) { return {}; }
-    if (column == worker) { return plainToolTip(row(record).nameToolTip); }
-    return column == state ? plainToolTip(row(record).stateToolTip) : QVariant();
+    if (column == worker) { return plainToolTip(controlsMarked(record.fullName)); }
+    return column == state ? plainToolTip(lastShareText(format_, record.lastShare)) : QVariant();
   }
 
  private:

@@ -13,7 +13,7 @@ constexpr std::chrono::sys_seconds november15 = std::chrono::sys_days{2026y / 11
 const LocaleFormat english({.numbers = "en_US", .dates = "en_US", .timeZone = "America/New_York"});
 
 TEST(WorkersTest, AreNamedByWhatFollowsTheFirstDot) {
-  const auto name = [](const char* login) { return workerRow({.fullName = login}, english).name; };
+  const auto name = [](const char* login) { return workerName({.fullName = login}); };
   EXPECT_EQ(name("pellam.mac"), "mac");
   EXPECT_EQ(name("a.b.c"), "b.c");
   EXPECT_EQ(name("pellam"), "pellam");
@@ -43,8 +43,8 @@ TEST(HistoryTest, WholeSatoshisAreRoundedAndTheSmallestRewardsAreSeen) {
 }
 
 std::vector<std::string> cellsOf(const BraiinsHistoryDay& day) {
-  const HistoryRow row = historyRow(day, english);
-  return {row.date, row.averageHashRate, row.shares, row.reward};
+  return {historyDateText(day, english), historyHashRateText(day), historySharesText(day, english),
+          historyRewardText(day, english)};
 }
 
 TEST(HistoryTest, ARowHasADashForWhatIsNotKnown) {

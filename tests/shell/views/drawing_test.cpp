@@ -50,7 +50,7 @@ TEST_F(DrawingTest, AFailureIsOrangeBehindATriangle) {
 }
 
 TEST_F(DrawingTest, AButtonsSymbolIsDrawnForTheScaleOfTheScreen) {
-  const QIcon icon = symbolIcon(u"arrow.clockwise"_s, theme::symbolSize, QPalette(Qt::white));
+  const QIcon icon = symbolIcon(u"arrow.clockwise"_s, QPalette(Qt::white));
   const QSize size(theme::symbolSize, theme::symbolSize);
   for (const double scale : {1.0, 1.25, 1.5, 1.75, 2.0}) {
     const auto drawn = symbolPixmap(u"arrow.clockwise"_s, theme::symbolSize, Qt::black, scale);
@@ -144,8 +144,8 @@ TEST_F(DrawingTest, EverythingIsInTheInterfaceFontAndDigitsStandBelowEachOther) 
     QImage image(100, 20, QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
-    painter.setFont(theme::textFont(theme::TextStyle::calloutFigure));
-    drawWithEqualDigits(painter, image.rect(), QString::fromLatin1(digits), Qt::AlignRight);
+    const EqualDigits equal(theme::textFont(theme::TextStyle::calloutFigure));
+    equal.draw(painter, image.rect(), QString::fromLatin1(digits), Qt::AlignRight);
     int x = 0;
     while (x < image.width() && image.pixelColor(x, 10) == Qt::white) {
       ++x;
@@ -174,6 +174,28 @@ TEST_F(DrawingTest, ATextThatBeginsWithAnArabicDateRunsAsItReadsAndIsCopiedAsItI
     EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), text);
   }
   EXPECT_NEAR(ink[0], ink[1], 1);
+}
+
+// A text becomes a document when the pointer comes.
+TEST_F(DrawingTest, ATextThatCanBeSelectedStaysAsItIsWhenThePointerComes) {
+  for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+    QApplication::setLayoutDirection(direction);
+    show(everything());
+    int documents = 0;
+    for (auto* const each : visible<TextLabel>()) {
+      if (each->focusPolicy() != Qt::NoFocus) { continue; }
+      const QImage before = each->grab().toImage();
+      const QSize size = each->sizeHint();
+      const int height = each->heightForWidth(each->width());
+      bringPointerTo(*each);
+      documents += each->focusPolicy() == Qt::ClickFocus ? 1 : 0;
+      EXPECT_EQ(each->grab().toImage(), before) << each->text().toStdString();
+      EXPECT_EQ(each->sizeHint(), size) << each->text().toStdString();
+      EXPECT_EQ(each->heightForWidth(each->width()), height) << each->text().toStdString();
+    }
+    EXPECT_EQ(documents, 14);
+  }
+  QApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
 TEST_F(DrawingTest, LinesStandBetweenTheRows) {

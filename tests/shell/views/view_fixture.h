@@ -8,6 +8,11 @@
 #include "shell/sample_states.h"
 #include "shell/views/balance_view.h"
 
+inline void bringPointerTo(QWidget& widget) {
+  QEnterEvent enter({}, {}, {});
+  QCoreApplication::sendEvent(&widget, &enter);
+}
+
 namespace orvane::test {
 /// How far what is drawn stands from the left and the right edge of a picture.
 [[nodiscard]] inline std::pair<int, int> inkWithin(const QPixmap& picture) {
