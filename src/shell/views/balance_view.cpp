@@ -265,8 +265,9 @@ void BalanceView::showState() {
     history_->showHistory(state);
   }
   closeBar_->showCommands(commands_());
-  placeColumns();
+  // In this order: the columns belong to the size that is asked for.
   askForSize();
+  placeColumns();
 }
 
 int BalanceView::widthAround(int content) const {
@@ -318,8 +319,8 @@ void BalanceView::resizeEvent(QResizeEvent* event) {
 
 void BalanceView::showEvent(QShowEvent* event) {
   settings_->loadDrafts();
-  placeColumns();
   askForSize();
+  placeColumns();
   QWidget::showEvent(event);
 }
 }  // namespace orvane
