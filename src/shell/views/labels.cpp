@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <memory>
+#include <utility>
 #include "platform/desktop/symbols.h"
 #include "platform/text/unicode.h"
 #include "shell/views/flow_layout.h"
@@ -114,15 +115,20 @@ void TextLabel::setColor(theme::TextColor color) {
 }
 
 void TextLabel::makeSelectable(By means) {
-  isSelectedByMouse_ = means == By::mouse;
-  if (isSelectedByMouse_) { return; }
-  setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  setFocusPolicy(Qt::StrongFocus);
+  if (means == By::mouseAndKeyboard) {
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setFocusPolicy(Qt::StrongFocus);
+  } else if (wordWrap()) {
+    setTextInteractionFlags(Qt::TextSelectableByMouse);
+  } else {
+    waitsForPointer_ = true;
+  }
 }
 
-// Not earlier: what can be selected is a document of its own, and most figures never are.
+// What can be selected is a document of its own, and most figures never are. In a line it looks as
+// before; several lines would take another height.
 void TextLabel::enterEvent(QEnterEvent* event) {
-  if (isSelectedByMouse_ && focusPolicy() == Qt::NoFocus) {
+  if (std::exchange(waitsForPointer_, false)) {
     setTextInteractionFlags(Qt::TextSelectableByMouse);
   }
   QLabel::enterEvent(event);

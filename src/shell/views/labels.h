@@ -56,7 +56,7 @@ class TextLabel : public QLabel {
 
   theme::TextStyle style_;
   theme::TextColor color_;
-  bool isSelectedByMouse_ = false;
+  bool waitsForPointer_ = false;  ///< to be selectable
 };
 
 /// The heights that a text has at the widths it was asked for. As a window comes up, layouts ask
