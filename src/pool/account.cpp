@@ -1,6 +1,7 @@
 #include "pool/account.h"
 #include <algorithm>
 #include <array>
+#include <deque>
 #include <tuple>
 #include <utility>
 #include "platform/text/unicode.h"
@@ -43,18 +44,19 @@ BraiinsWorkerStatus workerStatus(std::string fullName,
   return status;
 }
 
-/// A worker with its name in the form that names are compared in, made once and not in every
-/// comparison.
+/// What a worker is ranked by, beside the worker itself, so that comparing needs nothing else of
+/// it.
 struct RankedWorker {
-  std::string comparedName;
-  BraiinsWorkerStatus worker;
+  double hashRate5m;
+  std::string_view comparedName;  ///< in the form that names are compared in
+  BraiinsWorkerStatus* worker;
 };
 
 // Names that differ only in their normalization are told apart by their bytes, so that a list
 // never depends on the order it came in.
 bool ranksBefore(const RankedWorker& a, const RankedWorker& b) {
-  return std::tie(b.worker.hashRate5m, a.comparedName, a.worker.fullName) <
-         std::tie(a.worker.hashRate5m, b.comparedName, b.worker.fullName);
+  return std::tie(b.hashRate5m, a.comparedName, a.worker->fullName) <
+         std::tie(a.hashRate5m, b.comparedName, b.worker->fullName);
 }
 }  // namespace
 
@@ -73,25 +75,31 @@ BraiinsAccountStats accountStats(const BraiinsProfileResponse& response) {
 }
 
 std::vector<BraiinsWorkerStatus> workerStatuses(BraiinsWorkersResponse response) {
-  const BraiinsWorkersResponse::BTC entry = currencyEntry(std::move(response.values));
+  BraiinsWorkersResponse::BTC entry = currencyEntry(std::move(response.values));
   std::vector<BraiinsWorkerStatus> workers;
   workers.reserve(entry.workers.size());
-  for (const auto& [fullName, worker] : entry.workers) {
-    workers.push_back(workerStatus(fullName, worker));
+  while (!entry.workers.empty()) {
+    auto named = entry.workers.extract(entry.workers.begin());
+    workers.push_back(workerStatus(std::move(named.key()), named.mapped()));
   }
   return workerOrder(std::move(workers));
 }
 
 std::vector<BraiinsWorkerStatus> workerOrder(std::vector<BraiinsWorkerStatus> workers) {
+  std::deque<std::string> normalizedNames;  // of those that are not ASCII
   std::vector<RankedWorker> ranked;
   ranked.reserve(workers.size());
   for (BraiinsWorkerStatus& worker : workers) {
-    std::string comparedName = nfcNormalized(worker.fullName);
-    ranked.push_back({.comparedName = std::move(comparedName), .worker = std::move(worker)});
+    std::string_view name = worker.fullName;
+    if (!isAscii(name)) { name = normalizedNames.emplace_back(nfcNormalized(name)); }
+    ranked.push_back({.hashRate5m = worker.hashRate5m, .comparedName = name, .worker = &worker});
   }
   std::ranges::sort(ranked, ranksBefore);
-  std::ranges::transform(ranked, workers.begin(),
-                         [](RankedWorker& entry) { return std::move(entry.worker); });
-  return workers;
+  std::vector<BraiinsWorkerStatus> ordered;
+  ordered.reserve(workers.size());
+  for (const RankedWorker& entry : ranked) {
+    ordered.push_back(std::move(*entry.worker));
+  }
+  return ordered;
 }
 }  // namespace orvane

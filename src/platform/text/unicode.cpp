@@ -90,10 +90,6 @@ bool isLetterMarkOrNumber(UChar32 codePoint) {
   return (U_GET_GC_MASK(codePoint) & (U_GC_L_MASK | U_GC_M_MASK | U_GC_N_MASK)) != 0;
 }
 
-bool isAscii(std::string_view text) {
-  return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
 char lowercasedAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 icu::StringPiece piece(std::string_view text) {
@@ -121,6 +117,10 @@ std::string asciiLowercased(std::string_view text) {
   return result;
 }
 
+bool isAscii(std::string_view text) {
+  return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
 std::string nfcNormalized(std::string_view text) {
   UErrorCode status = U_ZERO_ERROR;
   const icu::Normalizer2* const composition = icu::Normalizer2::getNFCInstance(status);
@@ -132,6 +132,7 @@ std::string nfcNormalized(std::string_view text) {
 }
 
 bool isStreamSafe(std::string_view text) {
+  if (isAscii(text)) { return true; }
   constexpr int longestRun = 30;
   int run = 0;
   while (!text.empty()) {

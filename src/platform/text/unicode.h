@@ -14,6 +14,9 @@ namespace orvane {
 /// ASCII letters in lower case, everything else as it is: a look-alike never becomes a letter.
 [[nodiscard]] std::string asciiLowercased(std::string_view text);
 
+/// Whether it is in every normalization as it is.
+[[nodiscard]] bool isAscii(std::string_view text);
+
 /// Canonical composition (NFC). A text that is not valid UTF-8 comes back unchanged.
 [[nodiscard]] std::string nfcNormalized(std::string_view text);
 
