@@ -45,6 +45,15 @@ QPixmap drawSymbol(const QString& path, int size, const QColor& color, qreal dev
   return pixmap;
 }
 
+/// The size that an icon is asked for in, which since Qt 6.8 is one in logical pixels.
+QSize inDevicePixels(const QSize& size, [[maybe_unused]] qreal scale) {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+  return size * scale;
+#else
+  return size;
+#endif
+}
+
 class SymbolEngine final : public QIconEngine {
  public:
   SymbolEngine(QString name, const QPalette& palette) : name_(std::move(name)), palette_(palette) {}
@@ -59,10 +68,10 @@ class SymbolEngine final : public QIconEngine {
     return scaledPixmap(size, mode, state, 1);
   }
 
-  // `size` counts the pixels of the screen.
   QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State /*state*/,
                        qreal scale) override {
-    return symbolPixmap(name_, qRound(size.height() / scale), colorIn(mode), scale);
+    const int height = qRound(inDevicePixels(size, scale).height() / scale);
+    return symbolPixmap(name_, height, colorIn(mode), scale);
   }
 
   QIconEngine* clone() const override { return new SymbolEngine(*this); }
@@ -98,8 +107,8 @@ class ApplicationIconEngine final : public QIconEngine {
   }
 
   QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State state,
-                       qreal /*scale*/) override {
-    return pixmap(size, mode, state);  // `size` already counts device pixels
+                       qreal scale) override {
+    return pixmap(inDevicePixels(size, scale), mode, state);
   }
 
   // Each window's start draws all of them for the window manager. What shows larger ones finds the

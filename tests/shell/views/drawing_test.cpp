@@ -49,12 +49,13 @@ TEST_F(DrawingTest, AFailureIsOrangeBehindATriangle) {
   }
 }
 
-TEST_F(DrawingTest, AButtonsSymbolIsDrawnForTheScaleOfTheScreen) {
+TEST_F(DrawingTest, IconsAreDrawnForTheScaleOfTheScreen) {
   const QIcon icon = symbolIcon(u"arrow.clockwise"_s, QPalette(Qt::white));
   const QSize size(theme::symbolSize, theme::symbolSize);
   for (const double scale : {1.0, 1.25, 1.5, 1.75, 2.0}) {
     const auto drawn = symbolPixmap(u"arrow.clockwise"_s, theme::symbolSize, Qt::black, scale);
     EXPECT_EQ(icon.pixmap(size, scale).toImage(), drawn.toImage()) << scale;
+    EXPECT_EQ(applicationIcon().pixmap({32, 32}, scale).size(), QSize(32, 32) * scale) << scale;
   }
 }
 
