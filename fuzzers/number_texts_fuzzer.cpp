@@ -17,6 +17,7 @@ using boost::multiprecision::cpp_int;
 // What a decimal surely holds; beyond it digits may be rounded away.
 constexpr std::size_t exactDigits = 40;
 constexpr int largestExponent = 100;
+constexpr std::size_t longestText = 1'000;  // a longer one is no number
 
 bool isDigit(char character) { return character >= '0' && character <= '9'; }
 
@@ -43,6 +44,7 @@ bool takeOneOf(std::string_view& rest, std::string_view characters) {
 }
 
 std::optional<WrittenAmount> readAmount(std::string_view rest) {
+  if (rest.size() > longestText) { return std::nullopt; }
   const bool isNegative = rest.starts_with('-');
   takeOneOf(rest, "+-");
   const std::string_view whole = takeDigits(rest);
