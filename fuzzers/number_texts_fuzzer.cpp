@@ -67,7 +67,11 @@ std::optional<WrittenAmount> readAmount(std::string_view rest) {
 }
 
 cpp_int powerOfTen(int exponent) {
-  return boost::multiprecision::pow(cpp_int(10), static_cast<unsigned>(exponent));
+  cpp_int power = 1;
+  for (; exponent > 0; --exponent) {
+    power *= 10;
+  }
+  return power;
 }
 
 std::int64_t satsOf(const WrittenAmount& amount) {
