@@ -36,7 +36,8 @@ void requireReadableCards(const test::StoreOnFakes& shown) {
 
 void requireReadableTables(const test::StoreOnFakes& shown) {
   for (const BraiinsWorkerStatus& worker : shown.state().workers) {
-    requireReadable(workerName(worker) + lastShareText(shown.format, worker.lastShare) +
+    requireReadable(workerName(worker) + workerFullName(worker) +
+                    lastShareText(shown.format, worker.lastShare) +
                     hashRateText(worker.hashRate5m) + hashRateText(worker.hashRate24h));
   }
   for (const BraiinsHistoryDay& day : shown.state().history) {

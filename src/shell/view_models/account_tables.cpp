@@ -25,6 +25,10 @@ std::string workerName(const BraiinsWorkerStatus& worker) {
   return controlsMarked(shortWorkerName(worker.fullName));
 }
 
+std::string workerFullName(const BraiinsWorkerStatus& worker) {
+  return controlsMarked(worker.fullName);
+}
+
 std::string workersSubtitle(std::span<const BraiinsWorkerStatus> workers) {
   if (workers.empty()) { return {}; }
   const auto okCount =

@@ -18,8 +18,9 @@ namespace orvane {
 inline constexpr std::array stateWords{"OK", "Low", "Off", "Disabled", unknownFigure};
 
 [[nodiscard]] std::string stateWord(BraiinsWorkerStatus::State state);
-/// The short name.
+/// The short name, and the whole one.
 [[nodiscard]] std::string workerName(const BraiinsWorkerStatus& worker);
+[[nodiscard]] std::string workerFullName(const BraiinsWorkerStatus& worker);
 /// "2 of 3 OK", or "3 OK" when all are; empty without workers.
 [[nodiscard]] std::string workersSubtitle(std::span<const BraiinsWorkerStatus> workers);
 

@@ -32,6 +32,8 @@ constexpr int isSpendableRole = Qt::UserRole;
 
 constexpr std::array<TableColumn, 1> columns{{{.title = "Block reward", .side = Qt::AlignLeft}}};
 
+/// The digits of every script count here: lines of another height than expected would only leave or
+/// lack a little room, where a column must not cut off a figure.
 QString formOf(QString text) {
   for (QChar& character : text) {
     if (character.isDigit()) { character = QChar(character.unicode() - character.digitValue()); }
@@ -161,10 +163,10 @@ class BlockRewardList::Delegate final : public QStyledItemDelegate {
     text_.setDefaultTextOption(option);
     const auto line = toQString(numbersIsolated(toUtf8(text)));
     const QFontMetrics metrics(list_.font());
-    if (!digits_ || digits_->font() != list_.font()) { digits_.emplace(list_.font()); }
-    const int paddings = digits_->widthOf(line) - metrics.horizontalAdvance(line);
+    const auto& digits = EqualDigits::of(list_.font(), digits_);
+    const int paddings = digits.widthOf(line) - metrics.horizontalAdvance(line);
     text_.setPlainText(breakingBetweenParts(line, metrics, width - paddings));
-    digits_->applyTo(text_);
+    digits.applyTo(text_);
     text_.setTextWidth(std::max(1, width));
     return text_.size().toSize().height();
   }

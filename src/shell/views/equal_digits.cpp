@@ -25,6 +25,11 @@ EqualDigits::EqualDigits(const QFont& font) : font_(font) {
   isPadded_ = widest_ - std::ranges::min(widths_) > negligible;
 }
 
+const EqualDigits& EqualDigits::of(const QFont& font, std::optional<EqualDigits>& kept) {
+  if (!kept || kept->font_ != font) { kept.emplace(font); }
+  return *kept;
+}
+
 double EqualDigits::paddingOf(QChar character) const {
   return isDigit(character) ? widest_ - widths_[character.unicode() - u'0'] : 0;
 }

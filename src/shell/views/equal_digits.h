@@ -5,6 +5,7 @@
 #include <QString>
 #include <QTextLayout>
 #include <array>
+#include <optional>
 
 class QPainter;
 class QRect;
@@ -19,7 +20,8 @@ class EqualDigits {
  public:
   explicit EqualDigits(const QFont& font);
 
-  [[nodiscard]] const QFont& font() const { return font_; }
+  /// Those of `font`, from `kept` unless it has another's.
+  [[nodiscard]] static const EqualDigits& of(const QFont& font, std::optional<EqualDigits>& kept);
 
   /// What a line of text needs. Texts of the same form need the same.
   [[nodiscard]] int widthOf(const QString& text) const;

@@ -194,8 +194,7 @@ class FigureCellDelegate final : public QStyledItemDelegate {
   }
 
   [[nodiscard]] const EqualDigits& digits(const QFont& font) const {
-    if (!digits_ || digits_->font() != font) { digits_.emplace(font); }
-    return *digits_;
+    return EqualDigits::of(font, digits_);
   }
 
  private:

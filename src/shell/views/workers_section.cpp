@@ -63,7 +63,7 @@ class WorkersModel final : public RecordTableModel<BraiinsWorkerStatus> {
       return static_cast<int>(dotColor(record.state));
     }
     if (role != Qt::ToolTipRole) { return {}; }
-    if (column == worker) { return plainToolTip(controlsMarked(record.fullName)); }
+    if (column == worker) { return plainToolTip(workerFullName(record)); }
     return column == state ? plainToolTip(lastShareText(format_, record.lastShare)) : QVariant();
   }
 

@@ -21,6 +21,12 @@ TEST(WorkersTest, AreNamedByWhatFollowsTheFirstDot) {
   EXPECT_EQ(name(".a"), "a");
 }
 
+TEST(WorkersTest, NamesThatWouldReorderTheLineShowItInBothForms) {
+  const BraiinsWorkerStatus disguised{.fullName = "a.\u202egnp.exe"};
+  EXPECT_EQ(workerName(disguised), "\ufffdgnp.exe");
+  EXPECT_EQ(workerFullName(disguised), "a.\ufffdgnp.exe");
+}
+
 TEST(WorkersTest, ThoseThatAreWellAreCounted) {
   const BraiinsWorkerStatus well{.fullName = "a", .state = State::ok};
   const BraiinsWorkerStatus low{.fullName = "a", .state = State::low};
