@@ -153,7 +153,7 @@ struct LocaleFormat::Formatters {
   /// By the number of digits, once it is needed.
   std::array<std::optional<LocalizedNumberFormatter>, mostDigits + 1> fixed;
   std::unique_ptr<icu::DateFormat> shortTime;
-  std::unique_ptr<icu::DateFormat> mediumDateShortTime;
+  std::unique_ptr<icu::DateFormat> mediumDateShortTime;  ///< once it is needed
   std::unique_ptr<icu::DateFormat> mediumDateUtc;
   icu::Locale dates;
   std::array<std::unique_ptr<icu::DateFormat>, 3> calendarUtc;  ///< by the part, once it is needed
@@ -177,8 +177,6 @@ LocaleFormat::LocaleFormat(const LocaleNames& names)
   made.integer = NumberFormatter::withLocale(numbers);
   made.numbers = numbers;
   made.shortTime.reset(DateFormat::createTimeInstance(DateFormat::kShort, dates));
-  made.mediumDateShortTime.reset(
-      DateFormat::createDateTimeInstance(DateFormat::kMedium, DateFormat::kShort, dates));
   made.mediumDateUtc.reset(
       DateFormat::createDateInstance(DateFormat::kMedium, withGregorianCalendar(dates)));
   if (made.mediumDateUtc) { made.mediumDateUtc->setTimeZone(*icu::TimeZone::getGMT()); }
@@ -209,7 +207,15 @@ std::string LocaleFormat::shortTime(WallTime time) const {
 
 std::string LocaleFormat::mediumDateShortTime(std::chrono::sys_seconds time) const {
   formatters_->moveToUsersZone();
-  return formatted(formatters_->mediumDateShortTime, milliseconds(time));
+  auto& format = formatters_->mediumDateShortTime;
+  if (!format) {
+    format.reset(icu::DateFormat::createDateTimeInstance(
+        icu::DateFormat::kMedium, icu::DateFormat::kShort, formatters_->dates));
+    // By now the user may have moved, which the new format does not know.
+    const auto& beside = formatters_->shortTime;
+    if (format && beside) { format->setTimeZone(beside->getTimeZone()); }
+  }
+  return formatted(format, milliseconds(time));
 }
 
 std::string LocaleFormat::mediumDateUtc(std::chrono::sys_seconds time) const {

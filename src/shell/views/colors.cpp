@@ -111,7 +111,8 @@ QColor groundOutlineColor(Ground ground, const QPalette& palette) {
     case Ground::orangeCard:
       return isHigherContrastWished()
                  ? outlineColor(palette)
-                 : withOpacity(markTone(tintOf(ground), palette), cardOutlineOpacity);
+                 : between(groundColor(ground, palette), markTone(tintOf(ground), palette),
+                           cardOutlineOpacity);
     case Ground::chip:
       return {};
     case Ground::list:
@@ -192,8 +193,9 @@ QColor linkColor(const QPalette& palette) {
 }
 
 QColor outlineColor(const QPalette& palette) {
-  return isHigherContrastWished() ? fieldOutlineColor(palette)
-                                  : withOpacity(dimmedText(palette), panelOutlineOpacity);
+  return isHigherContrastWished()
+             ? fieldOutlineColor(palette)
+             : between(windowColor(palette), dimmedText(palette), panelOutlineOpacity);
 }
 
 QColor fieldOutlineColor(const QPalette& palette) {

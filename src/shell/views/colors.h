@@ -54,5 +54,7 @@ enum class MarkColor { green, orange, red, gray };
 /// The ground of a selection, under the palette's own text for it.
 [[nodiscard]] QColor selectionColor(const QPalette& palette);
 
+/// For what lies over more than one colour. Everything else is opaque: a large translucent area Qt
+/// mixes on two threads of its own, which each painting would wake.
 [[nodiscard]] QColor withOpacity(QColor color, double opacity);
 }  // namespace orvane::theme

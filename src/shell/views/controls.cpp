@@ -8,6 +8,7 @@
 #include <QStylePainter>
 #include <algorithm>
 #include <chrono>
+#include "platform/color/contrast.h"
 #include "platform/desktop/symbols.h"
 #include "shell/views/theme.h"
 
@@ -16,27 +17,37 @@ namespace {
 constexpr int stepsPerTurn = 8;
 constexpr int degreesPerStep = 360 / stepsPerTurn;
 constexpr int symbolGap = 4;
+constexpr double trackShare = 0.2;  ///< of the arc's colour in the track; the rest is ground
 
-QPixmap drawnBusyIndicator(int size, const QColor& color, int step, double scale) {
+struct BusyColors {
+  QColor arc;
+  QColor track;
+};
+
+QPixmap drawnBusyIndicator(int size, const BusyColors& colors, int step, double scale) {
   QPixmap pixmap(QSize(size, size) * scale);
   pixmap.setDevicePixelRatio(scale);
   pixmap.fill(Qt::transparent);
   QPainter painter(&pixmap);
   painter.setRenderHint(QPainter::Antialiasing);
   const QRectF circle(1, 1, size - 2, size - 2);
-  painter.setPen(QPen(theme::withOpacity(color, 0.2), 2));
+  painter.setPen(QPen(colors.track, 2));
   painter.drawEllipse(circle);
-  painter.setPen(QPen(color, 2, Qt::SolidLine, Qt::RoundCap));
+  painter.setPen(QPen(colors.arc, 2, Qt::SolidLine, Qt::RoundCap));
   constexpr int sixteenths = 16;
   painter.drawArc(circle, (90 - step * degreesPerStep) * sixteenths, -100 * sixteenths);
   return pixmap;
 }
 
-/// Each step is drawn once: Qt fills a circle on threads of its own, which would wake with each.
-QPixmap busyIndicator(const QColor& color, int step, double scale) {
+QPixmap busyIndicator(const QPalette& palette, int step, double scale) {
   const int size = theme::grown(theme::busyIndicatorSize);
-  return keptDrawing(QStringLiteral("busy/%1").arg(step), size, color, scale,
-                     [&] { return drawnBusyIndicator(size, color, step, scale); });
+  const auto arc = palette.color(QPalette::Active, QPalette::ButtonText);
+  const BusyColors colors{
+      .arc = arc,
+      .track = between(palette.color(QPalette::Active, QPalette::Button), arc, trackShare)};
+  const auto name = QStringLiteral("busy/%1/%2").arg(step).arg(colors.track.rgb(), 0, 16);
+  return keptDrawing(name, size, colors.arc, scale,
+                     [&] { return drawnBusyIndicator(size, colors, step, scale); });
 }
 
 constexpr int trackHeight = theme::controlHeight;
@@ -178,14 +189,13 @@ void RefreshButton::paintEvent(QPaintEvent* event) {
   option.state.setFlag(QStyle::State_MouseOver, underMouse() && !isBusy_);
   QStylePainter painter(this);
   painter.drawControl(QStyle::CE_PushButton, option);
-  const auto color = palette().color(QPalette::Active, QPalette::ButtonText);
   if (isBusy_) {
-    const auto indicator = busyIndicator(color, step_, devicePixelRatioF());
+    const auto indicator = busyIndicator(palette(), step_, devicePixelRatioF());
     QRectF place({}, indicator.deviceIndependentSize());
     place.moveCenter(QRectF(rect()).center());
     painter.drawPixmap(place.topLeft(), indicator);
   } else {
-    drawLabelFromRight(painter, color);
+    drawLabelFromRight(painter, palette().color(QPalette::Active, QPalette::ButtonText));
   }
 }
 

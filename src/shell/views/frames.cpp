@@ -6,6 +6,7 @@
 #include <QScrollBar>
 #include <QStyleOptionSlider>
 #include <algorithm>
+#include "platform/color/contrast.h"
 #include "shell/views/flow_layout.h"
 
 namespace orvane {
@@ -66,7 +67,7 @@ class ThinScrollBar final : public QScrollBar {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(theme::withOpacity(color, opacity));
+    painter.setBrush(between(palette().color(QPalette::Window), color, opacity));
     const auto radius = std::min(handle.width(), handle.height()) / 2;
     painter.drawRoundedRect(handle, radius, radius);
   }

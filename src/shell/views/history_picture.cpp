@@ -17,14 +17,14 @@ constexpr double lineWidth = 1.6;
 constexpr double pointRadius = 3.5;
 constexpr int swatch = 10;
 constexpr double cursorOpacity = 0.18;
-constexpr double darkBarOpacity = 0.6;
-constexpr int gridSteps = 2;  ///< from the ground to the ends of the axes
+constexpr double darkBarShare = 0.6;  ///< of colour in it; the rest is ground
+constexpr int gridSteps = 2;          ///< from the ground to the ends of the axes
 constexpr double wordsPerTick = 1.6;
 
 /// In the dark the line, which is nearly white, would be lost on bars of the full colour.
 QColor barColor(const QPalette& palette) {
   const auto color = theme::markColor(theme::MarkColor::green, palette);
-  return isDark(palette) ? theme::withOpacity(color, darkBarOpacity) : color;
+  return isDark(palette) ? between(palette.color(QPalette::Window), color, darkBarShare) : color;
 }
 QColor lineColor(const QPalette& palette) {
   return theme::textColor(theme::TextColor::primary, palette);

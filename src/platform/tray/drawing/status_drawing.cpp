@@ -135,13 +135,22 @@ int symbolHeightInSquare(int side) {
   return (side - height) % 2 == 0 ? height : height + 1;
 }
 
-/// The largest that fits; a figure of five characters sets the least size.
+/// The largest that fits; a figure of five characters sets the least size. Each size that is tried
+/// is a font that the toolkit keeps, so it begins where the width at one size says.
 TabularText figureInSquare(const QString& figure, int side) {
   constexpr int least = 5;
-  for (int size = toPixels(side * 0.56); size > least; --size) {
-    if (TabularText text(figure, size); text.width() <= side) { return text; }
+  constexpr int measured = 36;
+  const int largest = std::max(least, toPixels(side * 0.56));
+  const double width = std::max(1.0, TabularText(figure, measured).width());
+  const auto fits = [&](int size) { return TabularText(figure, size).width() <= side; };
+  int size = std::clamp(static_cast<int>(measured * side / width), least, largest);
+  while (size < largest && fits(size + 1)) {
+    ++size;
   }
-  return {figure, least};
+  while (size > least && !fits(size)) {
+    --size;
+  }
+  return {figure, static_cast<double>(size)};
 }
 
 /// In smaller squares nothing stays whole that is thinner than a pixel.
