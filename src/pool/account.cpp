@@ -78,9 +78,8 @@ std::vector<BraiinsWorkerStatus> workerStatuses(BraiinsWorkersResponse response)
   BraiinsWorkersResponse::BTC entry = currencyEntry(std::move(response.values));
   std::vector<BraiinsWorkerStatus> workers;
   workers.reserve(entry.workers.size());
-  while (!entry.workers.empty()) {
-    auto named = entry.workers.extract(entry.workers.begin());
-    workers.push_back(workerStatus(std::move(named.key()), named.mapped()));
+  for (auto& [name, worker] : entry.workers) {
+    workers.push_back(workerStatus(std::move(name), worker));
   }
   return workerOrder(std::move(workers));
 }

@@ -5,7 +5,6 @@
 #include <ranges>
 #include <fmt/format.h>
 #include "platform/decimal/decimal.h"
-#include "platform/json/json_reader.h"
 #include "platform/text/unicode.h"
 
 namespace orvane {
@@ -56,15 +55,15 @@ BraiinsWorkersResponse::Worker readWorker(JsonValue value, JsonMatch& match) {
 
 BraiinsWorkersResponse::BTC readWorkersOfCurrency(JsonValue value, JsonMatch& match) {
   const JsonObjectReader currency(value, match);
-  BraiinsWorkersResponse::BTC entry{.workers =
-                                        readJsonMap(currency.value("workers"), match, readWorker)};
+  BraiinsWorkersResponse::BTC entry{
+      .workers = readJsonMembers(currency.value("workers"), match, readWorker)};
   const auto names = entry.workers | std::views::keys;
   if (!std::ranges::all_of(names, isWorkerName)) { match.fail(); }
   return entry;
 }
 
 BraiinsWorkersResponse readWorkers(JsonValue root, JsonMatch& match) {
-  return {.values = readJsonMap(root, match, readWorkersOfCurrency)};
+  return {.values = readJsonMembers(root, match, readWorkersOfCurrency)};
 }
 
 BraiinsRewardsResponse::Reward readReward(JsonValue value, JsonMatch& match) {
@@ -92,7 +91,7 @@ std::vector<BraiinsDailyHashrateResponse::Day> readDaysOfGroup(JsonValue value, 
 }
 
 BraiinsDailyHashrateResponse readDailyHashrate(JsonValue root, JsonMatch& match) {
-  return {.values = readJsonMap(root, match, readDaysOfGroup)};
+  return {.values = readJsonMembers(root, match, readDaysOfGroup)};
 }
 }  // namespace
 

@@ -2,21 +2,16 @@
 
 #include <chrono>
 #include <cstdint>
-#include <functional>
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
+#include "platform/json/json_reader.h"
 
 namespace orvane {
 /// The answers of the pool's account API, with the members that are read of them. Hash rates are
 /// in the unit that stands beside them; times are seconds since 1970-01-01T00:00:00 UTC.
-
-/// Values under names that the pool chooses. Of members with the same name the last one counts.
-template <class Value>
-using NamedValues = std::map<std::string, Value, std::less<>>;
 
 /// The account as a whole.
 struct BraiinsProfileResponse {
@@ -41,9 +36,9 @@ struct BraiinsWorkersResponse {
     std::optional<double> hashRate24h;
   };
   struct BTC {
-    NamedValues<Worker> workers;  ///< by full name
+    NamedRecords<Worker> workers;  ///< by full name
   };
-  NamedValues<BTC> values;  ///< by currency, in practice "btc"
+  NamedRecords<BTC> values;  ///< by currency, in practice "btc"
 };
 
 /// What each day has earned.
@@ -66,16 +61,16 @@ struct BraiinsDailyHashrateResponse {
     double hashRate24h = 0;
     double totalShares = 0;
   };
-  NamedValues<std::vector<Day>> values;  ///< by group, in practice "btc"
+  NamedRecords<std::vector<Day>> values;  ///< by group, in practice "btc"
 };
 
 /// The entry that an account in bitcoin is read from: "btc", else the first by name, else the
 /// empty value.
-template <class Value>
-[[nodiscard]] Value currencyEntry(NamedValues<Value> values) {
-  auto entry = values.find("btc");
+template <class Record>
+[[nodiscard]] Record currencyEntry(NamedRecords<Record> values) {
+  auto entry = findRecord(values, "btc");
   if (entry == values.end()) { entry = values.begin(); }
-  return entry == values.end() ? Value{} : std::move(entry->second);
+  return entry == values.end() ? Record{} : std::move(entry->second);
 }
 
 /// Decoders of the pool's answers. Each gives nothing when any part of the body does not match its

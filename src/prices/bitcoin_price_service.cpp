@@ -5,7 +5,6 @@
 #include <type_traits>
 #include <utility>
 #include <locale.h>
-#include "platform/json/json_reader.h"
 
 namespace orvane {
 namespace {
@@ -33,11 +32,11 @@ std::string readRate(JsonValue value, JsonMatch& match) {
 CoinbasePriceResponse readCoinbasePrice(JsonValue root, JsonMatch& match) {
   const JsonObjectReader document(root, match);
   const JsonObjectReader data(document.value("data"), match);
-  return {.data = {.rates = readJsonMap(data.value("rates"), match, readRate)}};
+  return {.data = {.rates = readJsonMembers(data.value("rates"), match, readRate)}};
 }
 
 std::optional<double> rate(const CoinbasePriceResponse& response, PreferredFiatCurrency currency) {
-  const auto found = response.data.rates.find(rawValue(currency));
+  const auto found = findRecord(response.data.rates, rawValue(currency));
   return found == response.data.rates.end() ? std::nullopt : parsePriceText(found->second);
 }
 

@@ -2,12 +2,12 @@
 
 #include <expected>
 #include <functional>
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
 #include "platform/async/task.h"
 #include "platform/http/http_transport.h"
+#include "platform/json/json_reader.h"
 #include "prices/bitcoin_prices.h"
 
 namespace orvane {
@@ -26,7 +26,7 @@ struct CurrentPriceResponse {
 struct CoinbasePriceResponse {
   struct Data {
     /// What one bitcoin is worth, by currency code in upper case, as number texts.
-    std::map<std::string, std::string, std::less<>> rates;
+    NamedRecords<std::string> rates;
   };
   Data data;
 };

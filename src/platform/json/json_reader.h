@@ -1,11 +1,14 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
-#include <map>
+#include <numeric>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <tuple>
+#include <utility>
 #include <vector>
 #include "platform/json/json_document.h"
 
@@ -77,19 +80,53 @@ template <class Record>
   return records;
 }
 
+/// Records under names that a document chooses, in the order of the names; each name is there once.
+template <class Record>
+using NamedRecords = std::vector<std::pair<std::string, Record>>;
+
+/// The place of the record with that name, or the end.
+[[nodiscard]] auto findRecord(auto& records, std::string_view name) {
+  const auto nameOf = [](const auto& record) -> std::string_view { return record.first; };
+  const auto at = std::ranges::lower_bound(records, name, {}, nameOf);
+  return at != records.end() && at->first == name ? at : records.end();
+}
+
+namespace detail {
+/// Brings records in the order of their names, and drops all but the last of each name.
+template <class Record>
+void sortByName(NamedRecords<Record>& records) {
+  std::vector<std::size_t> order(records.size());
+  std::iota(order.begin(), order.end(), 0);
+  std::ranges::sort(order, [&records](std::size_t a, std::size_t b) {
+    return std::tie(records[a].first, a) < std::tie(records[b].first, b);
+  });
+  NamedRecords<Record> sorted;
+  sorted.reserve(records.size());
+  for (const std::size_t next : order) {
+    if (!sorted.empty() && sorted.back().first == records[next].first) { sorted.pop_back(); }
+    sorted.push_back(std::move(records[next]));
+  }
+  records = std::move(sorted);
+}
+}  // namespace detail
+
 /// The records of an object whose names the document chooses; fails the match when `object` is
 /// none. Every record must match; of those with the same name the last one counts.
 template <class Record>
-[[nodiscard]] std::map<std::string, Record, std::less<>> readJsonMap(JsonValue object,
-                                                                     JsonMatch& match,
-                                                                     JsonRead<Record> read) {
+[[nodiscard]] NamedRecords<Record> readJsonMembers(JsonValue object, JsonMatch& match,
+                                                   JsonRead<Record> read) {
   if (!object.isObject()) { match.fail(); }
-  std::map<std::string, Record, std::less<>> records;
+  NamedRecords<Record> records;
+  records.reserve(object.size());
   for (const JsonMember member : object) {
     if (match.failed()) { break; }
-    // Names tend to come in order: the hint spares the search then.
-    records.insert_or_assign(records.end(), std::string(member.name), read(member.value, match));
+    records.emplace_back(std::string(member.name), read(member.value, match));
   }
+  // Names tend to come in order, and once.
+  constexpr auto name = &std::pair<std::string, Record>::first;
+  const auto isInOrder =
+      std::ranges::adjacent_find(records, std::ranges::greater_equal(), name) == records.end();
+  if (!isInOrder) { detail::sortByName(records); }
   return records;
 }
 }  // namespace orvane
