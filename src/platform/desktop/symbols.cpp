@@ -126,8 +126,10 @@ class ApplicationIconEngine final : public QIconEngine {
 };
 }  // namespace
 
-QPixmap keptDrawing(const QString& name, int size, const QColor& color, qreal devicePixelRatio,
-                    const std::function<QPixmap()>& draw) {
+bool hasSymbol(const QString& name) { return QFile::exists(symbolPath(name)); }
+
+QPixmap symbolPixmap(const QString& name, int size, const QColor& color, qreal devicePixelRatio) {
+  if (size <= 0 || !hasSymbol(name)) { return {}; }
   const auto key = QStringLiteral("orvane/%1/%2/%3/%4")
                        .arg(name)
                        .arg(size)
@@ -135,18 +137,10 @@ QPixmap keptDrawing(const QString& name, int size, const QColor& color, qreal de
                        .arg(devicePixelRatio);
   QPixmap pixmap;
   if (!QPixmapCache::find(key, &pixmap)) {
-    pixmap = draw();
+    pixmap = drawSymbol(symbolPath(name), size, color, devicePixelRatio);
     QPixmapCache::insert(key, pixmap);
   }
   return pixmap;
-}
-
-bool hasSymbol(const QString& name) { return QFile::exists(symbolPath(name)); }
-
-QPixmap symbolPixmap(const QString& name, int size, const QColor& color, qreal devicePixelRatio) {
-  if (size <= 0 || !hasSymbol(name)) { return {}; }
-  return keptDrawing(name, size, color, devicePixelRatio,
-                     [&] { return drawSymbol(symbolPath(name), size, color, devicePixelRatio); });
 }
 
 qreal symbolAspectRatio(const QString& name) {

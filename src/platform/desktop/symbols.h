@@ -5,14 +5,8 @@
 #include <QPalette>
 #include <QPixmap>
 #include <QString>
-#include <functional>
 
 namespace orvane {
-/// A drawing that is kept between paintings: `draw` is called where there is none of this name,
-/// size, colour and ratio.
-[[nodiscard]] QPixmap keptDrawing(const QString& name, int size, const QColor& color,
-                                  qreal devicePixelRatio, const std::function<QPixmap()>& draw);
-
 /// Our drawings of the system symbols, by name ("arrow.clockwise", "hourglass", ...). They are
 /// single-colour shapes, drawn in any colour.
 [[nodiscard]] bool hasSymbol(const QString& name);

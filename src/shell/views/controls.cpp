@@ -19,35 +19,19 @@ constexpr int degreesPerStep = 360 / stepsPerTurn;
 constexpr int symbolGap = 4;
 constexpr double trackShare = 0.2;  ///< of the arc's colour in the track; the rest is ground
 
-struct BusyColors {
-  QColor arc;
-  QColor track;
-};
-
-QPixmap drawnBusyIndicator(int size, const BusyColors& colors, int step, double scale) {
-  QPixmap pixmap(QSize(size, size) * scale);
-  pixmap.setDevicePixelRatio(scale);
-  pixmap.fill(Qt::transparent);
-  QPainter painter(&pixmap);
+void drawBusyIndicator(QPainter& painter, const QPointF& centre, const QPalette& palette,
+                       int step) {
+  const auto arc = palette.color(QPalette::Active, QPalette::ButtonText);
+  const auto track = between(palette.color(QPalette::Active, QPalette::Button), arc, trackShare);
+  const double diameter = theme::grown(theme::busyIndicatorSize) - 2;  // the pen is two wide
+  QRectF circle(0, 0, diameter, diameter);
+  circle.moveCenter(centre);
   painter.setRenderHint(QPainter::Antialiasing);
-  const QRectF circle(1, 1, size - 2, size - 2);
-  painter.setPen(QPen(colors.track, 2));
+  painter.setPen(QPen(track, 2));
   painter.drawEllipse(circle);
-  painter.setPen(QPen(colors.arc, 2, Qt::SolidLine, Qt::RoundCap));
+  painter.setPen(QPen(arc, 2, Qt::SolidLine, Qt::RoundCap));
   constexpr int sixteenths = 16;
   painter.drawArc(circle, (90 - step * degreesPerStep) * sixteenths, -100 * sixteenths);
-  return pixmap;
-}
-
-QPixmap busyIndicator(const QPalette& palette, int step, double scale) {
-  const int size = theme::grown(theme::busyIndicatorSize);
-  const auto arc = palette.color(QPalette::Active, QPalette::ButtonText);
-  const BusyColors colors{
-      .arc = arc,
-      .track = between(palette.color(QPalette::Active, QPalette::Button), arc, trackShare)};
-  const auto name = QStringLiteral("busy/%1/%2").arg(step).arg(colors.track.rgb(), 0, 16);
-  return keptDrawing(name, size, colors.arc, scale,
-                     [&] { return drawnBusyIndicator(size, colors, step, scale); });
 }
 
 constexpr int trackHeight = theme::controlHeight;
@@ -190,10 +174,7 @@ void RefreshButton::paintEvent(QPaintEvent* event) {
   QStylePainter painter(this);
   painter.drawControl(QStyle::CE_PushButton, option);
   if (isBusy_) {
-    const auto indicator = busyIndicator(palette(), step_, devicePixelRatioF());
-    QRectF place({}, indicator.deviceIndependentSize());
-    place.moveCenter(QRectF(rect()).center());
-    painter.drawPixmap(place.topLeft(), indicator);
+    drawBusyIndicator(painter, QRectF(rect()).center(), palette(), step_);
   } else {
     drawLabelFromRight(painter, palette().color(QPalette::Active, QPalette::ButtonText));
   }
