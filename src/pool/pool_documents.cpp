@@ -129,8 +129,8 @@ double hashRateUnitFactor(std::string_view unit) {
 }
 
 std::int64_t satsFromBTCText(std::string_view text) {
-  const std::optional<Decimal> bitcoins = Decimal::parse(text);
-  return bitcoins ? (*bitcoins * satsPerBTC).toInt64() : 0;
+  std::optional<Decimal> bitcoins = Decimal::parse(text);
+  return bitcoins ? (*std::move(bitcoins) * satsPerBTC).toInt64() : 0;
 }
 
 std::int64_t sharesFromPoolFigure(double figure) {

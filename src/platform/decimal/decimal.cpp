@@ -67,16 +67,14 @@ std::optional<Decimal> Decimal::parse(std::string_view text) {
   return result;
 }
 
-Decimal operator+(const Decimal& a, const Decimal& b) {
-  Decimal sum(a);
-  sum.value_->number += b.value_->number;
-  return sum;
+Decimal operator+(Decimal a, const Decimal& b) {
+  a.value_->number += b.value_->number;
+  return a;
 }
 
-Decimal operator*(const Decimal& a, const Decimal& b) {
-  Decimal product(a);
-  product.value_->number *= b.value_->number;
-  return product;
+Decimal operator*(Decimal a, const Decimal& b) {
+  a.value_->number *= b.value_->number;
+  return a;
 }
 
 bool operator==(const Decimal& a, const Decimal& b) { return (a <=> b) == 0; }

@@ -26,8 +26,8 @@ class Decimal {
   /// text, for one of more than 1,000 characters and for an exponent beyond +-1,000.
   [[nodiscard]] static std::optional<Decimal> parse(std::string_view text);
 
-  friend Decimal operator+(const Decimal& a, const Decimal& b);
-  friend Decimal operator*(const Decimal& a, const Decimal& b);
+  friend Decimal operator+(Decimal a, const Decimal& b);
+  friend Decimal operator*(Decimal a, const Decimal& b);
   friend bool operator==(const Decimal& a, const Decimal& b);
   friend std::strong_ordering operator<=>(const Decimal& a, const Decimal& b);
 

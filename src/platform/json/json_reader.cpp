@@ -1,4 +1,7 @@
 #include "platform/json/json_reader.h"
+#include <algorithm>
+#include <numeric>
+#include <tuple>
 
 namespace orvane {
 namespace {
@@ -22,6 +25,17 @@ T readRequired(const std::optional<JsonValue>& member, JsonMatch& match,
   return value.value_or(T{});
 }
 }  // namespace
+
+std::vector<std::size_t> detail::lastOfEachName(const std::vector<std::string_view>& names) {
+  std::vector<std::size_t> order(names.size());
+  std::iota(order.begin(), order.end(), 0);
+  std::ranges::sort(order, [&names](std::size_t a, std::size_t b) {
+    return std::tie(names[a], b) < std::tie(names[b], a);  // the last of a name first
+  });
+  const auto rest = std::ranges::unique(order, {}, [&names](std::size_t at) { return names[at]; });
+  order.erase(rest.begin(), rest.end());
+  return order;
+}
 
 JsonObjectReader::JsonObjectReader(JsonValue object, JsonMatch& match)
     : object_(object), match_(match) {

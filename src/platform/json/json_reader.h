@@ -3,11 +3,9 @@
 #include <algorithm>
 #include <cstdint>
 #include <functional>
-#include <numeric>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <utility>
 #include <vector>
 #include "platform/json/json_document.h"
@@ -92,19 +90,20 @@ using NamedRecords = std::vector<std::pair<std::string, Record>>;
 }
 
 namespace detail {
-/// Brings records in the order of their names, and drops all but the last of each name.
+/// Where in `names` the last of each name stands, in the order of the names.
+[[nodiscard]] std::vector<std::size_t> lastOfEachName(const std::vector<std::string_view>& names);
+
 template <class Record>
 void sortByName(NamedRecords<Record>& records) {
-  std::vector<std::size_t> order(records.size());
-  std::iota(order.begin(), order.end(), 0);
-  std::ranges::sort(order, [&records](std::size_t a, std::size_t b) {
-    return std::tie(records[a].first, a) < std::tie(records[b].first, b);
-  });
+  std::vector<std::string_view> names;
+  names.reserve(records.size());
+  for (const auto& [name, record] : records) {
+    names.push_back(name);
+  }
   NamedRecords<Record> sorted;
   sorted.reserve(records.size());
-  for (const std::size_t next : order) {
-    if (!sorted.empty() && sorted.back().first == records[next].first) { sorted.pop_back(); }
-    sorted.push_back(std::move(records[next]));
+  for (const std::size_t place : lastOfEachName(names)) {
+    sorted.push_back(std::move(records[place]));
   }
   records = std::move(sorted);
 }
