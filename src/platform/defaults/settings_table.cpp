@@ -206,9 +206,12 @@ SettingsState claimDatabase(sqlite3* connection) {
   const std::int64_t version = column(1);
   const bool isEmpty = column(2) == 0;
   sqlite3_reset(owner.statement.get());
-  if (application == 0 && version == 0 && isEmpty) { return createTable(connection); }
-  if (application != applicationId || version != schemaVersion) { return SettingsState::damaged; }
-  return checkStructure(connection);
+  const bool isNobodys = application == 0 && version == 0 && isEmpty;
+  const bool isOurs = application == applicationId && version == schemaVersion;
+  if (!isNobodys && !isOurs) { return SettingsState::damaged; }
+  // Also of one that seems to hold nothing: what is to be set aside must not be changed before.
+  const SettingsState state = checkStructure(connection);
+  return isNobodys && state == SettingsState::usable ? createTable(connection) : state;
 }
 
 bool hasAdditions(sqlite3* connection) {
