@@ -12,11 +12,19 @@ namespace orvane {
 // SQLite's own types where there is one (a list of texts is a JSON array), so that the sqlite3
 // program shows and edits them. What a list has gained since it was written stands in a table of
 // its own, a row a text, so that a list that only grows costs what is new. The database carries our
-// application id and the version of this layout; one with another of either is not ours to use.
+// application id and the version of this layout; one with another of either, or with other tables,
+// is not ours to use.
 
 namespace {
 constexpr std::int64_t applicationId = 0x4F52564E;  // "ORVN"
 constexpr std::int64_t schemaVersion = 1;
+
+/// Our tables, as SQLite's own table of tables has them behind "CREATE TABLE".
+constexpr std::string_view settingsTable =
+    "settings (key TEXT PRIMARY KEY, type TEXT NOT NULL, value ANY NOT NULL) STRICT";
+constexpr std::string_view additionsTable =
+    "additions (key TEXT, position INTEGER, text TEXT NOT NULL, PRIMARY KEY (key, position))"
+    " STRICT, WITHOUT ROWID";
 
 constexpr std::string_view textType = "text";
 constexpr std::string_view dataType = "data";
@@ -160,12 +168,9 @@ SettingsState createTable(sqlite3* connection) {
   SqliteTransaction transaction(connection);
   int code = transaction.beginCode();
   if (code == SQLITE_OK) {
-    code = execute(connection,
-                   fmt::format("CREATE TABLE IF NOT EXISTS settings"
-                               " (key TEXT PRIMARY KEY, type TEXT NOT NULL, value ANY NOT NULL)"
-                               " STRICT;"
-                               "PRAGMA application_id = {}; PRAGMA user_version = {};",
-                               applicationId, schemaVersion));
+    code = execute(connection, fmt::format("CREATE TABLE IF NOT EXISTS {};"
+                                           "PRAGMA application_id = {}; PRAGMA user_version = {};",
+                                           settingsTable, applicationId, schemaVersion));
   }
   if (code == SQLITE_OK) { code = transaction.commit(); }
   return stateOf(code);
@@ -185,8 +190,20 @@ bool endsWithinPage(sqlite3* connection) {
   return !error && !hasLog && size % pageSize != 0;
 }
 
+/// SQLite's own check does not look at all of what it says of the tables: one whose name is bytes
+/// instead of text is there for one statement and not for the next.
+bool hasForeignParts(sqlite3* connection) {
+  const PreparedSql foreign(
+      connection, fmt::format("SELECT type, name, tbl_name, sql FROM sqlite_schema EXCEPT VALUES"
+                              " ('table', 'settings', 'settings', 'CREATE TABLE {}'),"
+                              " ('index', 'sqlite_autoindex_settings_1', 'settings', NULL),"
+                              " ('table', 'additions', 'additions', 'CREATE TABLE {}')",
+                              settingsTable, additionsTable));
+  return foreign.step() == SQLITE_ROW;
+}
+
 SettingsState checkStructure(sqlite3* connection) {
-  if (endsWithinPage(connection)) { return SettingsState::damaged; }
+  if (endsWithinPage(connection) || hasForeignParts(connection)) { return SettingsState::damaged; }
   const PreparedSql check(connection, "PRAGMA integrity_check(1)");
   const int code = check.step();
   const bool isBroken = code == SQLITE_ROW && bytesOf(check.statement.get(), 0) != "ok";
@@ -215,7 +232,7 @@ SettingsState claimDatabase(sqlite3* connection) {
 }
 
 bool hasAdditions(sqlite3* connection) {
-  const PreparedSql table(connection, "SELECT 1 FROM sqlite_schema WHERE name LIKE 'additions'");
+  const PreparedSql table(connection, "SELECT 1 FROM sqlite_schema WHERE name = 'additions'");
   return table.step() == SQLITE_ROW;
 }
 
@@ -234,9 +251,7 @@ int readAdditions(sqlite3* connection, SettingValues& values) {
 
 int writeAdditions(sqlite3* connection, const std::string& key, std::size_t position,
                    const SettingTexts& texts) {
-  int code = execute(connection,
-                     "CREATE TABLE IF NOT EXISTS additions (key TEXT, position INTEGER,"
-                     " text TEXT NOT NULL, PRIMARY KEY (key, position)) STRICT, WITHOUT ROWID");
+  int code = execute(connection, fmt::format("CREATE TABLE IF NOT EXISTS {}", additionsTable));
   if (code != SQLITE_OK) { return code; }
   for (code = SQLITE_DONE; code == SQLITE_DONE && position < texts.size(); ++position) {
     const PreparedSql addition(connection, "INSERT OR REPLACE INTO additions VALUES (?1, ?2, ?3)");

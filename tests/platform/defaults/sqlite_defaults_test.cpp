@@ -343,14 +343,16 @@ TEST_F(SqliteDefaultsTest, AKilledProcessLeavesEveryFinishedWriteAndNoHalfOne) {
 /// Files in the settings' place, and what becomes of them.
 class DamagedSettingsTest : public SqliteDefaultsTest {
  protected:
-  /// A sound file of several pages.
-  std::string soundContent() {
+  /// A sound file of several pages, with a list that has grown, but for what `sql` does to it.
+  std::string soundContent(const std::string& sql = "") {
     const fs::path sound = folder.path() / "sound.sqlite";
     SqliteDefaults defaults(sound);
     for (int index = 0; index < 50; ++index) {
       defaults.setData("data" + std::to_string(index), std::string(1000, 'x'));
     }
-    OtherProgram(sound).run("PRAGMA wal_checkpoint(TRUNCATE)");
+    defaults.setTexts("list", {"first"});
+    defaults.setTexts("list", {"first", "second"});
+    OtherProgram(sound).run(sql + "PRAGMA wal_checkpoint(TRUNCATE)");
     return contentOf(sound);
   }
   std::string databaseOf(const std::string& sql) {
@@ -378,20 +380,25 @@ class DamagedSettingsTest : public SqliteDefaultsTest {
 };
 
 TEST_F(DamagedSettingsTest, AreSetAsideAsTheyWereAndEveryOneIsKept) {
+  constexpr std::size_t pageSize = 4096;
   const std::string sound = soundContent();
   std::string scrambled = sound;
-  for (std::size_t at = 4096; at < scrambled.size(); at += 3) {
+  for (std::size_t at = pageSize; at < scrambled.size(); at += 3) {
     scrambled[at] = '\x5a';
   }
   std::string unreadableIndex = sound;  // which only a look at the whole structure meets
-  unreadableIndex.replace(2 * 4096, 100, 100, '\x5a');
+  unreadableIndex.replace(2 * pageSize, 100, 100, '\x5a');
+  const std::string nameOfAnotherType = soundContent(
+      "PRAGMA writable_schema = ON;"
+      "UPDATE sqlite_schema SET name = CAST(name AS BLOB) WHERE name = 'additions';");
   const std::string ours = "PRAGMA application_id = 1330796110; PRAGMA user_version = ";
   const std::vector<std::pair<const char*, std::string>> contents{
       {"a text", "no database"},
       {"scrambled", scrambled},
       {"an unreadable index", unreadableIndex},
+      {"a table whose name is no text, which SQLite does not mind", nameOfAnotherType},
       {"half of it", sound.substr(0, sound.size() / 2)},
-      {"all but a page", sound.substr(0, sound.size() - 4096)},
+      {"all but a page", sound.substr(0, sound.size() - pageSize)},
       {"all but a byte, which would be read as a zero", sound.substr(0, sound.size() - 1)},
       {"a table of nobody's", databaseOf("CREATE TABLE settings (key, type, value)")},
       {"another program's", databaseOf("CREATE TABLE bookmarks (url);"
