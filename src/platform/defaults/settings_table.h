@@ -63,7 +63,7 @@ void writeAhead(sqlite3* connection);
 /// Whether a database can be used for settings.
 enum class SettingsState {
   usable,
-  damaged,      ///< not a database, a broken one, another program's or a later version's
+  damaged,      ///< not a database, a broken one, or one with other tables than this version's
   unavailable,  ///< it may well be sound but cannot be read or written now
 };
 
