@@ -43,10 +43,9 @@ std::vector<std::string> helpParagraphs() {
       "three, and when it is OK again. “Save History as CSV…” in the menu at the bottom of the "
       "window, or Command-S, saves the daily history for a spreadsheet or a tax return; Command-C "
       "in the table copies a row. “Chart” in its header draws the history instead: rewards as "
-      "bars, "
-      "the average hashrate as a line, with the pointer or the arrow keys to read day by day. "
-      "“Payments…” in the same menu lists what the watched address has received, and opens the "
-      "explorer's page of one payment in your browser. The entry for start at login that comes "
+      "bars, the average hashrate as a line, with the pointer or the arrow keys to read day by "
+      "day. “Payments…” in the same menu lists what the watched address has received, and opens "
+      "the explorer's page of one payment in your browser. The entry for start at login that comes "
       "with the app starts it into the menu bar, without its window."};
 }
 }  // namespace

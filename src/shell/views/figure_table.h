@@ -48,10 +48,12 @@ class RecordTableModel : public QAbstractTableModel {
     } else {
       records_ = records;
     }
-    const int kept = std::min(before, after);
-    if (kept > 0) { Q_EMIT dataChanged(index(0, 0), index(kept - 1, columnCount() - 1)); }
+    announceTexts(std::min(before, after));
     return true;
   }
+
+  /// To be called when the same records are to be told in other words.
+  void retell() { announceTexts(rowCount()); }
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override {
     return parent.isValid() ? 0 : static_cast<int>(records_.size());
@@ -88,6 +90,10 @@ class RecordTableModel : public QAbstractTableModel {
   }
   [[nodiscard]] int alignment(int index) const {
     return static_cast<int>(Qt::AlignVCenter | column(index).side);
+  }
+  /// Those of the first `rows` rows are others now.
+  void announceTexts(int rows) {
+    if (rows > 0) { Q_EMIT dataChanged(index(0, 0), index(rows - 1, columnCount() - 1)); }
   }
 
   Columns columns_;

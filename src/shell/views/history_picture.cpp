@@ -45,7 +45,7 @@ HistoryPicture::HistoryPicture(const HistorySeries& series, const LocaleFormat& 
   plot_ = QRectF(area_).adjusted(left + 2.0 * gap, 1.5 * line + gap, -right - 2.0 * gap,
                                  -2.0 * line - gap);
   plot_ = plot_.toAlignedRect();
-  dayWidth_ = plot_.width() / dayTotal();
+  dayWidth_ = std::max(plot_.width(), 1.0) / dayTotal();
 }
 
 double HistoryPicture::dayTotal() const {

@@ -68,9 +68,8 @@ class PaymentsView::Table final : public FigureTable {
   void showPayments(std::vector<Payment> payments, BalanceUnit unit) {
     const auto chosen = chosenId();
     payments_ = std::move(payments);
-    if (!model_->setRecords(payments_) && std::exchange(unit_, unit) != unit) {
-      viewport()->update();
-    }
+    model_->setRecords(payments_);
+    if (std::exchange(unit_, unit) != unit) { model_->retell(); }
     choose(chosen);
   }
   /// Empty: none.

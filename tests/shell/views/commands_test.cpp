@@ -187,6 +187,21 @@ TEST_F(CommandsTest, PaymentsOpenAPageOrAreCopiedWhenOneIsChosenWhichStaysTheCho
   QDesktopServices::unsetUrlHandler(QStringLiteral("https"));
 }
 
+TEST_F(CommandsTest, PaymentsFollowTheUnitInWhicheverTheirWindowOpened) {
+  for (const auto first : {BalanceUnit::sats, BalanceUnit::btc}) {
+    show(watchedAddress());
+    fakes->store->setUnit(first);
+    PaymentsView payments(*fakes->store, english, "explorer.test");
+    payments.show();
+    settle();
+    auto& table = *payments.findChild<QTableView*>();
+    const int before = table.columnWidth(0);
+    fakes->store->setUnit(first == BalanceUnit::sats ? BalanceUnit::btc : BalanceUnit::sats);
+    settle();
+    EXPECT_NE(table.columnWidth(0), before);  // it fits its texts
+  }
+}
+
 TEST(HelpTest, SaysAllThatItIsToldUnderOneLineAndClosesItsWindow) {
   QWidget window;
   const FennickAppInfo info{
