@@ -93,8 +93,9 @@ void TextLabel::showText(std::string_view text) {
   if (wanted == this->text()) { return; }
   replaceText(wanted);
   applyFont();
-  const auto spoken = toQString(text);
-  if (wanted != spoken) { setAccessibleName(spoken); }
+  const auto plain = toQString(text);
+  const auto spoken = wanted == plain ? QString() : plain;  // empty: as it is drawn
+  if (spoken != accessibleName()) { setAccessibleName(spoken); }
 }
 
 void TextLabel::replaceText(const QString& text) {

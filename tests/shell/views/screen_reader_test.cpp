@@ -28,4 +28,13 @@ TEST_F(ScreenReaderTest, TheCurrencysTextIsTheLabelOfItsPicker) {
   EXPECT_EQ(labels[0].first->object(), label("Preferred currency"));
 }
 
+TEST_F(ScreenReaderTest, ATextIsSpokenWithoutTheMarksThatItIsDrawnWith) {
+  FigureLabel figure(theme::TextStyle::body, theme::TextColor::primary);
+  for (const char* const text : {"٢٠٣ sats", "٢٠٤ sats", "Loading…"}) {
+    figure.showText(text);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&figure)->text(QAccessible::Name).toStdString(),
+              text);
+  }
+}
+
 }}  // namespace orvane::test
