@@ -20,6 +20,8 @@ constexpr std::array<TableColumn, columnTotal> columns{
      {.title = "Confirmations"},
      {.title = "Transaction", .side = Qt::AlignLeft}}};
 
+constexpr const char* shortId = "dddddddd…dddddddd";  ///< as wide as they come
+
 class PaymentsModel final : public RecordTableModel<Payment> {
  public:
   PaymentsModel(const BalanceStore& store, const LocaleFormat& format, QObject* parent)
@@ -63,6 +65,9 @@ class PaymentsView::Table final : public FigureTable {
     // Amounts are never cut off; an id that is has the whole in its tool tip.
     horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     horizontalHeader()->setSectionResizeMode(transaction, QHeaderView::Stretch);
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int section) {
+      if (section != transaction) { updateGeometry(); }
+    });
   }
 
   void showPayments(std::vector<Payment> payments, BalanceUnit unit) {
@@ -77,6 +82,15 @@ class PaymentsView::Table final : public FigureTable {
     const auto rows = selectionModel()->selectedRows();
     return rows.isEmpty() ? std::string()
                           : payments_.at(static_cast<std::size_t>(rows[0].row())).transaction.txid;
+  }
+
+  /// In which all figures show, and ids in their short form.
+  [[nodiscard]] QSize minimumSizeHint() const override {
+    int width = std::max(titleWidth(transaction), cellWidth(transaction, shortId));
+    for (const auto column : {amount, kind, confirmed}) {
+      width += columnWidth(column);
+    }
+    return {width, FigureTable::minimumSizeHint().height()};
   }
 
  private:

@@ -8,6 +8,7 @@
 #include "shell/sample_states.h"
 #include "shell/views/about_and_help.h"
 #include "shell/views/balance_view.h"
+#include "shell/views/payments_view.h"
 
 namespace orvane::test { namespace {
 
@@ -28,6 +29,11 @@ void takeAll(const QString& folder, const QString& suffix) {
     BalanceView view(*fakes.store, format, {.poolWebHost = "pool.braiins.com"}, [] {});
     take(view, path(sample.name));
   }
+  StoreOnFakes fakes;
+  Sample{.name = {}, .figures = watchedAddress()}.showIn(fakes);
+  PaymentsView payments(*fakes.store, format, "explorer.example");
+  payments.resize(720, 420);
+  take(payments, path("payments"));
   FennickAboutView about(orvaneAppInfo(), {}, "https://tools.example/",
                          applicationVersionText("1.0.0", "42"));
   take(about, path("about"));

@@ -187,9 +187,11 @@ TEST_F(CommandsTest, PaymentsOpenAPageOrAreCopiedWhenOneIsChosenWhichStaysTheCho
   QDesktopServices::unsetUrlHandler(QStringLiteral("https"));
 }
 
-TEST_F(CommandsTest, PaymentsFollowTheUnitInWhicheverTheirWindowOpened) {
+TEST_F(CommandsTest, PaymentsFollowTheUnitInWhicheverTheirWindowOpenedAndAreNeverCutOff) {
+  auto figures = watchedAddress();
+  figures.addressSummary->incoming[0].txid.assign(64, 'd');
   for (const auto first : {BalanceUnit::sats, BalanceUnit::btc}) {
-    show(watchedAddress());
+    show(figures);
     fakes->store->setUnit(first);
     PaymentsView payments(*fakes->store, english, "explorer.test");
     payments.show();
@@ -199,6 +201,14 @@ TEST_F(CommandsTest, PaymentsFollowTheUnitInWhicheverTheirWindowOpened) {
     fakes->store->setUnit(first == BalanceUnit::sats ? BalanceUnit::btc : BalanceUnit::sats);
     settle();
     EXPECT_NE(table.columnWidth(0), before);  // it fits its texts
+    payments.resize(1, 1);
+    settle();
+    QStyleOptionViewItem option;
+    option.font = table.font();
+    for (int column = 0; column < table.model()->columnCount(); ++column) {
+      const auto cell = table.model()->index(0, column);
+      EXPECT_GE(table.columnWidth(column), table.itemDelegate()->sizeHint(option, cell).width());
+    }
   }
 }
 
