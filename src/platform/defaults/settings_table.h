@@ -63,7 +63,7 @@ void writeAhead(sqlite3* connection);
 /// Whether a database can be used for settings.
 enum class SettingsState {
   usable,
-  damaged,      ///< not a database, a broken one, or one with other tables than this version's
+  damaged,      ///< not a database, a broken one, or one that is not this version's own
   unavailable,  ///< it may well be sound but cannot be read or written now
 };
 

@@ -20,7 +20,7 @@ constexpr std::array<TableColumn, columnTotal> columns{
      {.title = "Confirmations"},
      {.title = "Transaction", .side = Qt::AlignLeft}}};
 
-constexpr const char* shortId = "dddddddd…dddddddd";  ///< as wide as they come
+constexpr const char* widestId = "dddddddd…dddddddd";  ///< in the form in which ids are shown
 
 class PaymentsModel final : public RecordTableModel<Payment> {
  public:
@@ -86,7 +86,7 @@ class PaymentsView::Table final : public FigureTable {
 
   /// In which all figures show, and ids in their short form.
   [[nodiscard]] QSize minimumSizeHint() const override {
-    int width = std::max(titleWidth(transaction), cellWidth(transaction, shortId));
+    int width = std::max(titleWidth(transaction), cellWidth(transaction, widestId));
     for (const auto column : {amount, kind, confirmed}) {
       width += columnWidth(column);
     }
